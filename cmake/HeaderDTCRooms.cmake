@@ -1,0 +1,49 @@
+# Compiler settings shared by every target, and the two functions with which the
+# rooms under src/ and their tests are declared.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
+endif()
+
+add_library(headerdtc_options INTERFACE)
+target_compile_options(headerdtc_options INTERFACE -Wall -Wextra)
+if(HEADERDTC_WERROR)
+    target_compile_options(headerdtc_options INTERFACE -Werror)
+endif()
+if(HEADERDTC_SANITIZE)
+    target_compile_options(headerdtc_options INTERFACE
+        -fsanitize=${HEADERDTC_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(headerdtc_options INTERFACE -fsanitize=${HEADERDTC_SANITIZE})
+endif()
+target_include_directories(headerdtc_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
+
+# headerdtc_room(name SOURCES a.cpp ... DEPENDS room ... LIBRARIES target ...)
+# One static library for one folder of src/; DEPENDS names the rooms it may include.
+function(headerdtc_room name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
+    add_library(headerdtc_${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(headerdtc_${name} PUBLIC headerdtc_options)
+    foreach(room IN LISTS ARG_DEPENDS)
+        target_link_libraries(headerdtc_${name} PUBLIC headerdtc_${room})
+    endforeach()
+    target_link_libraries(headerdtc_${name} PRIVATE ${ARG_LIBRARIES})
+endfunction()
+
+# headerdtc_test(name SOURCES a.cpp ... DEPENDS room ...)
+# One GoogleTest program; ctest lists its cases one by one.
+function(headerdtc_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    foreach(room IN LISTS ARG_DEPENDS)
+        target_link_libraries(${name} PRIVATE headerdtc_${room})
+    endforeach()
+    target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+    target_link_libraries(${name} PRIVATE headerdtc_options GTest::gmock GTest::gtest_main
+                          ${ARG_LIBRARIES})
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

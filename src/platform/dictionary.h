@@ -1,0 +1,83 @@
+#pragma once
+
+#include <list>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "platform/runtime_error.h"
+
+namespace headerdtc {
+
+// A keyed dictionary: string keys, compared exactly, enumerated in the order in which they were
+// added. As in the established dictionary object, *reading* a missing key adds it with an empty
+// item; that is why item() is not const.
+template <class Item>
+class Dictionary {
+  public:
+    using Entry = std::pair<const std::string, Item>;
+    using const_iterator = typename std::list<Entry>::const_iterator;
+
+    Dictionary() = default;
+    Dictionary(const Dictionary& other) {
+        for (const auto& [key, item] : other) Add(key, item);
+    }
+    Dictionary(Dictionary&&) = default;
+    Dictionary& operator=(Dictionary other) {
+        entries_.swap(other.entries_);
+        index_.swap(other.index_);
+        return *this;
+    }
+
+    // Adds an entry at the end. Raises 457 when the key is present.
+    void Add(std::string_view key, Item item) {
+        if (Exists(key)) throw RuntimeError(ErrorNumber::KeyAlreadyExists);
+        append(key, std::move(item));
+    }
+
+    // The item of a key. A missing key is added at the end with an empty item.
+    Item& item(std::string_view key) {
+        const auto found = index_.find(key);
+        return found != index_.end() ? found->second->second : append(key, Item{});
+    }
+
+    // Sets the item of a key, at its place when present, else at the end.
+    void assign(std::string_view key, Item value) { item(key) = std::move(value); }
+
+    bool Exists(std::string_view key) const { return index_.contains(key); }
+
+    // Removes a key and tells whether it was there; the other entries keep their order.
+    bool Remove(std::string_view key) {
+        const auto found = index_.find(key);
+        if (found == index_.end()) return false;
+        const auto entry = found->second;
+        index_.erase(found);
+        entries_.erase(entry);
+        return true;
+    }
+
+    void RemoveAll() {
+        index_.clear();
+        entries_.clear();
+    }
+
+    int Count() const { return static_cast<int>(entries_.size()); }
+
+    const_iterator begin() const { return entries_.begin(); }
+    const_iterator end() const { return entries_.end(); }
+
+  private:
+    Item& append(std::string_view key, Item item) {
+        entries_.emplace_back(std::string(key), std::move(item));
+        const auto entry = std::prev(entries_.end());
+        index_.emplace(entry->first, entry);
+        return entry->second;
+    }
+
+    std::list<Entry> entries_;
+    // The keys are views of the list's own strings, which never move.
+    std::unordered_map<std::string_view, typename std::list<Entry>::iterator> index_;
+};
+
+}  // namespace headerdtc

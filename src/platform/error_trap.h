@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/message_box.h"
+#include "platform/runtime_error.h"
+
+namespace headerdtc {
+
+// How an error report is joined: the control's usual one has a blank before the number.
+enum class ErrorReportStyle { BlankBeforeNumber, NoBlankBeforeNumber };
+
+// "Error in '" + procedure + "': " + description + " (" + number + ")".
+std::string errorReport(std::string_view procedure, const RuntimeError& error,
+                        ErrorReportStyle style = ErrorReportStyle::BlankBeforeNumber);
+
+// The one error trap: runs a handler's body; a run-time failure ends it, leaves what it has
+// already changed, and is reported in a message box under the given procedure name. Returns
+// whether the body ran to its end.
+template <class Body>
+bool trapErrors(MessageBox& messages, std::string_view procedure, Body&& body,
+                ErrorReportStyle style = ErrorReportStyle::BlankBeforeNumber) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const RuntimeError& error) {
+        messages.show(errorReport(procedure, error, style));
+        return false;
+    }
+}
+
+}  // namespace headerdtc
