@@ -1,0 +1,103 @@
+#include "controls/button.h"
+
+#include "controls/form.h"
+
+#include <algorithm>
+
+namespace headerdtc {
+namespace {
+
+bool isSpace(const Key& key) {
+    return key.kind == Key::Kind::Character && key.character == U' ';
+}
+
+}  // namespace
+
+void Button::Caption(std::string caption) {
+    caption_ = std::move(caption);
+    appearanceChanged.raise();
+}
+
+void Button::press() {
+    takeFocus();
+    Click.raise();
+}
+
+void Button::press(const Key& key) {
+    takeFocus();
+    if (pressTab(key)) return;
+    if (key.kind == Key::Kind::Enter || isSpace(key)) {
+        Click.raise();
+    } else {
+        form().pressDialogKey(key);
+    }
+}
+
+void CheckBox::Value(CheckState value) {
+    if (value_ == value) return;
+    value_ = value;
+    valueChanged.raise();
+    Click.raise();
+}
+
+void CheckBox::toggle() {
+    takeFocus();
+    Value(value_ == CheckState::Unchecked ? CheckState::Checked : CheckState::Unchecked);
+}
+
+void CheckBox::press(const Key& key) {
+    takeFocus();
+    if (pressTab(key)) return;
+    if (isSpace(key)) {
+        toggle();
+    } else {
+        form().pressDialogKey(key);
+    }
+}
+
+OptionButton::OptionButton(Form& form, std::string name, std::string caption, OptionGroup& group)
+    : Control(form, std::move(name)), caption_(std::move(caption)), group_(group) {
+    group_.members_.push_back(this);
+}
+
+OptionButton::~OptionButton() {
+    std::erase(group_.members_, this);
+}
+
+void OptionButton::Value(bool value) {
+    if (value_ == value) return;
+    value_ = value;
+    if (value) {
+        for (OptionButton* other : group_.members_) {
+            if (other != this) other->Value(false);
+        }
+    }
+    valueChanged.raise();
+    if (value) Click.raise();
+}
+
+void OptionButton::pick() {
+    takeFocus();
+    Value(true);
+}
+
+void OptionButton::press(const Key& key) {
+    takeFocus();
+    if (pressTab(key)) return;
+    const bool back = key.kind == Key::Kind::Up || key.kind == Key::Kind::Left;
+    const bool forth = key.kind == Key::Kind::Down || key.kind == Key::Kind::Right;
+    if (back || forth) {
+        const auto& members = group_.members_;
+        const auto count = members.size();
+        const auto here = static_cast<std::size_t>(std::find(members.begin(), members.end(), this) -
+                                                   members.begin());
+        OptionButton* next = members[(here + (forth ? 1 : count - 1)) % count];
+        if (next->Enabled() && next->isShowing()) next->pick();
+    } else if (isSpace(key)) {
+        Value(true);
+    } else {
+        form().pressDialogKey(key);
+    }
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,135 @@
+#include "controls/form.h"
+
+#include "controls/button.h"
+#include "controls/control.h"
+#include "controls/tab_strip.h"
+
+#include <algorithm>
+
+namespace headerdtc {
+
+Form::Form(Desktop& desktop, std::string name, Kind kind, std::string caption)
+    : desktop_(desktop),
+      name_(std::move(name)),
+      caption_(std::move(caption)),
+      kind_(kind),
+      visible_(kind == Kind::Surface) {}
+
+Form::~Form() = default;
+
+Control* Form::find(std::string_view name) const {
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(),
+                     [&](const Control* control) { return control->name() == name; });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+void Form::ShowModal() {
+    if (!loaded_) {
+        loaded_ = true;
+        Load.raise();
+    }
+    // The stack is put right however the form is left: hidden, or by a failure of a handler.
+    struct OnStack {
+        Form& form;
+        explicit OnStack(Form& shown) : form(shown) {
+            form.visible_ = true;
+            form.desktop_.modalForms_.push_back(&form);
+            ++form.desktop_.modalCount_;
+        }
+        ~OnStack() {
+            form.visible_ = false;
+            form.active_ = nullptr;
+            std::erase(form.desktop_.modalForms_, &form);
+            form.desktop_.closed.raise(form);
+        }
+    } onStack(*this);
+    desktop_.opened.raise(*this);
+    Paint.raise();
+    for (Control* control : controls_) {
+        if (!canTakeFocus(*control)) continue;
+        moveFocus(control);
+        break;
+    }
+    if (visible_) desktop_.loop_.run(*this);
+}
+
+void Form::Hide() {
+    visible_ = false;
+}
+
+void Form::press(const Key& key) {
+    if (!isReachable()) throw ActionRefused("'" + name_ + "' is behind a modal dialog");
+    moveFocus(nullptr);
+    if (pressDialogKey(key)) return;
+    KeyPress.raise(key.downCode());
+}
+
+void Form::dismiss() {
+    if (cancelButton) cancelButton->press();
+}
+
+bool Form::isReachable() const {
+    if (!visible_) return false;
+    const auto& modal = desktop_.modalForms_;
+    return modal.empty() ? kind_ == Kind::Surface : modal.back() == this;
+}
+
+void Form::add(Control& control) {
+    controls_.push_back(&control);
+}
+
+void Form::remove(Control& control) {
+    std::erase(controls_, &control);
+    if (active_ == &control) active_ = nullptr;
+}
+
+bool Form::showsTabPage(int page) const {
+    return page < 0 || (tabStrip_ != nullptr && tabStrip_->Tab() == page);
+}
+
+void Form::moveFocus(Control* control, bool again) {
+    if (active_ != control) {
+        Control* left = active_;
+        active_ = control;
+        if (left) left->LostFocus.raise();
+        focusChanged.raise();
+        // A lost-focus handler may have moved the focus on; then that is where it stays.
+        if (active_ != control) return;
+    } else if (!again) {
+        return;
+    }
+    if (control) control->GotFocus.raise();
+}
+
+void Form::focusNext(const Control& from, int direction) {
+    const auto count = static_cast<int>(controls_.size());
+    const auto here = std::find(controls_.begin(), controls_.end(), &from) - controls_.begin();
+    for (int step = 1; step < count; ++step) {
+        const int next = (static_cast<int>(here) + direction * step + count * step) % count;
+        Control* control = controls_[static_cast<std::size_t>(next)];
+        if (!canTakeFocus(*control)) continue;
+        moveFocus(control);
+        return;
+    }
+}
+
+bool Form::pressDialogKey(const Key& key) {
+    if (kind_ != Kind::Dialog) return false;
+    Button* button = key.kind == Key::Kind::Enter    ? defaultButton
+                     : key.kind == Key::Kind::Escape ? cancelButton
+                                                     : nullptr;
+    if (!button || !button->Enabled()) return false;
+    button->press();
+    return true;
+}
+
+void Form::tabPageChanged() {
+    if (active_ && !active_->isShowing()) moveFocus(nullptr);
+}
+
+bool Form::canTakeFocus(const Control& control) const {
+    return control.Enabled() && control.isShowing();
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+namespace headerdtc {
+
+// A sequence with a movable gap: inserting and removing costs the distance to the place of the
+// last change, not the length of the tail. Lists are edited by scans that walk in one direction,
+// so a scan that removes thousands of items stays linear. Indices are 0-based and unchecked.
+template <class T>
+class GapVector {
+  public:
+    int size() const { return static_cast<int>(store_.size()) - gapSize_; }
+    T& operator[](int index) { return store_[place(index)]; }
+    const T& operator[](int index) const { return store_[place(index)]; }
+
+    void insert(int index, T value) {
+        if (gapSize_ == 0) grow();
+        moveGap(index);
+        store_[at(gapStart_)] = std::move(value);
+        ++gapStart_;
+        --gapSize_;
+    }
+
+    void erase(int index) {
+        moveGap(index);
+        store_[at(gapStart_ + gapSize_)] = T{};
+        ++gapSize_;
+    }
+
+    void clear() {
+        store_.clear();
+        gapStart_ = gapSize_ = 0;
+    }
+
+  private:
+    static std::size_t at(int place) { return static_cast<std::size_t>(place); }
+    std::size_t place(int index) const { return at(index < gapStart_ ? index : index + gapSize_); }
+
+    void moveGap(int index) {
+        if (gapSize_ == 0) {
+            gapStart_ = index;
+            return;
+        }
+        for (; gapStart_ > index; --gapStart_)
+            store_[at(gapStart_ + gapSize_ - 1)] = std::move(store_[at(gapStart_ - 1)]);
+        for (; gapStart_ < index; ++gapStart_)
+            store_[at(gapStart_)] = std::move(store_[at(gapStart_ + gapSize_)]);
+    }
+
+    void grow() {
+        const int count = size();
+        gapStart_ = count;
+        gapSize_ = count < 8 ? 8 : count;
+        store_.resize(at(count + gapSize_));
+    }
+
+    std::vector<T> store_;
+    int gapStart_ = 0;
+    int gapSize_ = 0;
+};
+
+}  // namespace headerdtc

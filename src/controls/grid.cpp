@@ -1,0 +1,201 @@
+#include "controls/grid.h"
+
+#include "controls/form.h"
+#include "controls/list_items.h"
+#include "platform/runtime_error.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace headerdtc {
+namespace {
+
+constexpr int DefaultColumnWidth = 960;
+
+template <class Table>
+void checkIndex(long index, const Table& table) {
+    if (index < 0 || index >= static_cast<long>(table.size()))
+        throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
+}
+
+std::size_t at(long index) {
+    return static_cast<std::size_t>(index);
+}
+
+}  // namespace
+
+Grid::Grid(Form& form, std::string name, int columns)
+    : Control(form, std::move(name)),
+      cells_(2, std::vector<std::string>(at(columns))),
+      columnWidths_(at(columns), DefaultColumnWidth) {}
+
+void Grid::Rows(int rows) {
+    if (rows < FixedRows() || rows > MaxListCount)
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    const int before = Rows();
+    if (rows == before) return;
+    cells_.resize(at(rows), std::vector<std::string>(columnWidths_.size()));
+    row_ = std::min(row_, rows - 1);
+    topRow_ = std::clamp(topRow_, FixedRows(), std::max(FixedRows(), rows - 1));
+    if (rows > before) {
+        gridChanged.raise({GridChange::Kind::RowsInserted, before, rows - before});
+    } else {
+        gridChanged.raise({GridChange::Kind::RowsRemoved, rows, before - rows});
+    }
+}
+
+const std::string& Grid::TextMatrix(int row, int column) const {
+    checkIndex(row, cells_);
+    checkIndex(column, columnWidths_);
+    return cells_[at(row)][at(column)];
+}
+
+void Grid::TextMatrix(int row, int column, const std::string& text) {
+    checkIndex(row, cells_);
+    checkIndex(column, columnWidths_);
+    cells_[at(row)][at(column)] = text;
+    gridChanged.raise({GridChange::Kind::CellsChanged, row, 1});
+}
+
+const std::string& Grid::TextArray(long index) const {
+    if (index < 0) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
+    const long row = index / Cols();
+    checkIndex(row, cells_);
+    return TextMatrix(static_cast<int>(row), static_cast<int>(index % Cols()));
+}
+
+void Grid::TextArray(long index, const std::string& text) {
+    if (index < 0) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
+    const long row = index / Cols();
+    checkIndex(row, cells_);
+    TextMatrix(static_cast<int>(row), static_cast<int>(index % Cols()), text);
+}
+
+void Grid::Row(int row) {
+    checkIndex(row, cells_);
+    if (row == row_) return;
+    row_ = row;
+    currentCellMoved();
+}
+
+void Grid::Col(int column) {
+    checkIndex(column, columnWidths_);
+    if (column == column_) return;
+    column_ = column;
+    currentCellMoved();
+}
+
+void Grid::currentCellMoved() {
+    gridChanged.raise({GridChange::Kind::CurrentCell, row_, 1});
+    EnterCell.raise();
+    if (hasFocus()) form().moveFocus(this, true);
+}
+
+void Grid::RemoveItem(int row) {
+    checkIndex(row, cells_);
+    if (Rows() <= FixedRows()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    cells_.erase(cells_.begin() + row);
+    row_ = std::min(row_, Rows() - 1);
+    topRow_ = std::clamp(topRow_, FixedRows(), std::max(FixedRows(), Rows() - 1));
+    gridChanged.raise({GridChange::Kind::RowsRemoved, row, 1});
+}
+
+void Grid::Clear() {
+    for (auto& row : cells_)
+        for (auto& cell : row)
+            cell.clear();
+    gridChanged.raise({GridChange::Kind::CellsChanged, 0, Rows()});
+}
+
+int Grid::ColWidth(int column) const {
+    checkIndex(column, columnWidths_);
+    return columnWidths_[at(column)];
+}
+
+void Grid::ColWidth(int column, int width) {
+    checkIndex(column, columnWidths_);
+    if (width < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    columnWidths_[at(column)] = width;
+    gridChanged.raise({GridChange::Kind::Geometry, 0, 0});
+}
+
+void Grid::RowHeightMin(int height) {
+    if (height < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    rowHeightMin_ = height;
+    gridChanged.raise({GridChange::Kind::Geometry, 0, 0});
+}
+
+int Grid::CellLeft() const {
+    return std::accumulate(columnWidths_.begin(), columnWidths_.begin() + column_, 0);
+}
+
+int Grid::CellTop() const {
+    return row_ < FixedRows() ? row_ * rowHeightMin_
+                              : (FixedRows() + row_ - topRow_) * rowHeightMin_;
+}
+
+void Grid::requireCell(int row, int column) const {
+    requireReachable();
+    if (row < FixedRows() || row >= Rows()) refuse("it has no row " + std::to_string(row));
+    if (column < 0 || column >= Cols()) refuse("it has no column " + std::to_string(column));
+}
+
+void Grid::enter(int row, int column) {
+    row_ = row;
+    column_ = column;
+    gridChanged.raise({GridChange::Kind::CurrentCell, row_, 1});
+    EnterCell.raise();
+    form().moveFocus(this, true);
+}
+
+void Grid::clickCell(int row, int column) {
+    requireCell(row, column);
+    enter(row, column);
+    Click.raise();
+}
+
+void Grid::doubleClickCell(int row, int column) {
+    const int modalBefore = form().desktop().modalCount();
+    clickCell(row, column);
+    if (form().desktop().modalCount() == modalBefore) DblClick.raise();
+}
+
+void Grid::scroll(int topRow) {
+    requireReachable();
+    topRow = std::clamp(topRow, FixedRows(), std::max(FixedRows(), Rows() - 1));
+    if (topRow == topRow_) return;
+    topRow_ = topRow;
+    gridChanged.raise({GridChange::Kind::Geometry, 0, 0});
+    Scroll.raise();
+}
+
+void Grid::press(const Key& key) {
+    takeFocus();
+    if (pressTab(key)) return;
+    int row = row_;
+    int column = column_;
+    switch (key.kind) {
+        case Key::Kind::Up:
+            --row;
+            break;
+        case Key::Kind::Down:
+            ++row;
+            break;
+        case Key::Kind::Left:
+            --column;
+            break;
+        case Key::Kind::Right:
+            ++column;
+            break;
+        case Key::Kind::Character:
+        case Key::Kind::Enter:
+            KeyPress.raise(key.pressCode());
+            return;
+        default:
+            form().pressDialogKey(key);
+            return;
+    }
+    if (row >= FixedRows() && row < Rows() && column >= 0 && column < Cols()) enter(row, column);
+}
+
+}  // namespace headerdtc

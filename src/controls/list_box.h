@@ -1,0 +1,77 @@
+#pragma once
+
+#include "controls/control.h"
+#include "controls/list_items.h"
+
+#include <string>
+#include <vector>
+
+namespace headerdtc {
+
+// A list box. Item positions are 0-based, 16-bit signed, -1 for none. Index errors raise 381 and
+// leave the list unchanged.
+//
+// In a single-selection list the item at ListIndex is the selected one. In a multi-selection list
+// ListIndex is the item with the focus rectangle, which need not be selected.
+class ListBox : public Control {
+  public:
+    enum class Selection { Single, Multiple };
+
+    ListBox(Form& form, std::string name, Selection selection);
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
+
+    bool isMultiSelect() const { return selection_ == Selection::Multiple; }
+
+    // ---- what a program does ---------------------------------------------------------------
+    int ListCount() const { return items_.count(); }
+    const std::string& List(int index) const { return items_.at(index).text; }
+    void List(int index, const std::string& text) { items_.replace(index, text); }
+    // The item's text, or an empty text for an index that is not there.
+    std::string ListOrEmpty(int index) const;
+    // Appends, or inserts before the item at `index` (ListCount appends). Raises 6 when full.
+    void AddItem(const std::string& text) { AddItem(text, ListCount()); }
+    void AddItem(const std::string& text, int index);
+    // When the item at ListIndex is removed, ListIndex becomes -1; it follows its item otherwise.
+    void RemoveItem(int index);
+    void Clear();
+
+    int ListIndex() const { return listIndex_; }
+    // -1 takes the focus rectangle away. Raises Click, also when the index stays the same.
+    void ListIndex(int index);
+    bool Selected(int index) const { return items_.at(index).selected; }
+    // Raises no event. In a single-selection list selecting moves ListIndex too.
+    void Selected(int index, bool selected);
+    int SelCount() const { return selCount_; }
+    // The item at ListIndex, empty when there is none.
+    std::string Text() const { return ListOrEmpty(listIndex_); }
+    // Index of the first equal item, -1 for none (exact comparison).
+    int find(const std::string& text) const { return items_.find(text); }
+
+    // ---- what a person does ----------------------------------------------------------------
+    // Makes exactly these items the selected ones, with the focus on `focusItem`; one Click.
+    void select(const std::vector<int>& items, int focusItem);
+    void doubleClick(int item);
+    // A double click on the empty area: selection and index stay as they are.
+    void doubleClickEmptyArea();
+    void press(const Key& key) override;
+
+    // ---- events ----------------------------------------------------------------------------
+    Event<> Click;
+    Event<> DblClick;
+    // For views: items; selection or ListIndex.
+    Event<const ItemsChange&> itemsChanged;
+    Event<> selectionChanged;
+
+  private:
+    void requireItem(int item) const;
+    void mark(int index, bool selected);
+    void selectOnly(const std::vector<int>& items, int focusItem);
+
+    Selection selection_;
+    ListItems items_;
+    Subscription forwarding_;
+    int listIndex_ = -1;
+    int selCount_ = 0;
+};
+
+}  // namespace headerdtc
