@@ -53,6 +53,7 @@ class Event {
     Event& operator=(const Event&) = delete;
 
     [[nodiscard]] Subscription subscribe(Handler handler) {
+        if (!handlers_) handlers_ = std::make_shared<Handlers>();
         auto slot = std::make_shared<Handler>(std::move(handler));
         handlers_->push_back(slot);
         std::weak_ptr<Handlers> handlers = handlers_;
@@ -63,7 +64,7 @@ class Event {
     }
 
     void raise(Args... args) const {
-        if (handlers_->empty()) return;
+        if (!handlers_ || handlers_->empty()) return;
         const Handlers snapshot = *handlers_;
         for (const auto& slot : snapshot) {
             if (!*slot) continue;
@@ -74,7 +75,8 @@ class Event {
 
   private:
     using Handlers = std::vector<std::shared_ptr<Handler>>;
-    std::shared_ptr<Handlers> handlers_ = std::make_shared<Handlers>();
+    // Made by the first subscriber: a control has many events, most of which nobody listens to.
+    std::shared_ptr<Handlers> handlers_;
 };
 
 }  // namespace headerdtc
