@@ -26,7 +26,7 @@ bool trapErrors(MessageBox& messages, std::string_view procedure, Body&& body,
         std::forward<Body>(body)();
         return true;
     } catch (const RuntimeError& error) {
-        messages.show(errorReport(procedure, error, style));
+        messages.showError(errorReport(procedure, error, style));
         return false;
     }
 }
