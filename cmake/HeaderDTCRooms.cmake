@@ -10,6 +10,13 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
 endif()
 
+# A compiler cache, where there is one, makes a second build from nothing quick.
+find_program(HEADERDTC_CCACHE ccache)
+mark_as_advanced(HEADERDTC_CCACHE)
+if(HEADERDTC_CCACHE AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${HEADERDTC_CCACHE}")
+endif()
+
 add_library(headerdtc_options INTERFACE)
 target_compile_options(headerdtc_options INTERFACE -Wall -Wextra)
 if(HEADERDTC_WERROR)

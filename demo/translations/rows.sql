@@ -1,0 +1,67 @@
+-- Sample rows, the same for every database (UTF-8). The page editor offers labels after
+-- SLBDA1999 and works on the texts of locale 1033; other locales are translated elsewhere.
+
+INSERT INTO I18NTEXT (LABEL, TEXT, LOCALEID, DATECHANGED, STATUS) VALUES
+    ('SLBAA0001', 'Dashboard',          1033, '1/10/2000', 0),
+    ('SLBDA1998', 'Page',               1033, '1/10/2000', 0),
+    ('SLBDA1999', 'of',                 1033, '1/10/2000', 0),
+    ('SLBDA2000', 'Customer',           1033, '2/14/2000', 0),
+    ('SLBDA2001', 'Name',               1033, '2/14/2000', 0),
+    ('SLBDA2002', 'City',               1033, '2/14/2000', 0),
+    ('SLBDA2003', 'Country',            1033, '2/14/2000', 0),
+    ('SLBDA2004', 'Region',             1033, '2/14/2000', 0),
+    ('SLBDA2005', 'Credit limit',       1033, '2/14/2000', 0),
+    ('SLBDA2006', 'Turnover this year', 1033, '2/14/2000', 0),
+    ('SLBDA2007', 'Order',              1033, '3/2/2000',  0),
+    ('SLBDA2008', 'Ordered on',         1033, '3/2/2000',  0),
+    ('SLBDA2009', 'Status',             1033, '3/2/2000',  0),
+    ('SLBDA2010', 'Amount',             1033, '3/2/2000',  0),
+    ('SLBDA2011', 'Item',               1033, '3/2/2000',  0),
+    ('SLBDA2012', 'In stock',           1033, '3/2/2000',  0),
+    ('SLBDB0001', 'Open',               1033, '3/2/2000',  0),
+    ('SLBDB0002', 'Delivered',          1033, '3/2/2000',  0),
+    ('SLBDB0003', 'Invoiced',           1033, '3/2/2000',  0),
+    ('SLBDB0004', 'Cancelled',          1033, '3/2/2000',  0),
+    ('SLBDB0010', 'North',              1033, '3/2/2000',  0),
+    ('SLBDB0011', 'South',              1033, '3/2/2000',  0),
+    ('SLBDB0012', 'Export',             1033, '3/2/2000',  0),
+    ('SLBDA2000', 'Kunde',              1031, '2/14/2000', 0),
+    ('SLBDA2003', 'Land',               1031, '2/14/2000', 0),
+    ('SLBDA2007', 'Auftrag',            1031, '3/2/2000',  0),
+    ('SLBDA2009', 'Status',             1031, '3/2/2000',  0),
+    ('SLBDB0001', 'Offen',              1031, '3/2/2000',  0),
+    ('SLBDB0005', 'Zurückgestellt',     1031, '3/2/2000',  0),
+    ('SLBDA2000', 'Klant',              1043, '2/14/2000', 0),
+    ('SLBDB0001', 'Open',               1043, '3/2/2000',  0);
+
+INSERT INTO I18NFIELDNAMES (PROVIDERNAME, BISTYPE, FIELDNAME, LABEL) VALUES
+    ('Customers', 'zeko', 'CUSTNO',       'SLBDA2000'),
+    ('Customers', 'zeko', 'NAME',         'SLBDA2001'),
+    ('Customers', 'zeko', 'COUNTRY',      'SLBDA2003'),
+    ('Customers', 'zeko', 'REGION',       'SLBDA2004'),
+    ('Customers', 'zeko', 'CREDITLIMIT',  'SLBDA2005'),
+    ('Customers', 'eai',  'CUSTNO',       'SLBDA2000'),
+    ('Customers', 'eai',  'NAME',         'SLBDA2001'),
+    ('Customers', 'eai',  'CITY',         'SLBDA2002'),
+    ('Orders',    'zeko', 'ORDNO',        'SLBDA2007'),
+    ('Orders',    'zeko', 'ORDDATE',      'SLBDA2008'),
+    ('Orders',    'zeko', 'STATUS',       'SLBDA2009'),
+    ('Orders',    'eai',  'ORDNO',        'SLBDA2007'),
+    ('Orders',    'eai',  'STATUS',       'SLBDA2009'),
+    ('Stock',     'eai',  'ITEMNO',       'SLBDA2011'),
+    ('Stock',     'eai',  'ONHAND',       'SLBDA2012');
+
+-- The label SLBDB0005 has no text in locale 1033: the editor does not list that value.
+INSERT INTO I18NFIELDVALUES (PROVIDERNAME, BISTYPE, FIELDNAME, FIELDVALUE, LABEL) VALUES
+    ('Customers', 'zeko', 'REGION', 'N',  'SLBDB0010'),
+    ('Customers', 'zeko', 'REGION', 'S',  'SLBDB0011'),
+    ('Customers', 'zeko', 'REGION', 'X',  'SLBDB0012'),
+    ('Customers', 'eai',  'REGION', 'N',  'SLBDB0010'),
+    ('Customers', 'eai',  'REGION', 'S',  'SLBDB0011'),
+    ('Orders',    'zeko', 'STATUS', '10', 'SLBDB0001'),
+    ('Orders',    'zeko', 'STATUS', '20', 'SLBDB0002'),
+    ('Orders',    'zeko', 'STATUS', '30', 'SLBDB0003'),
+    ('Orders',    'zeko', 'STATUS', '40', 'SLBDB0005'),
+    ('Orders',    'zeko', 'STATUS', '90', 'SLBDB0004'),
+    ('Orders',    'eai',  'STATUS', '10', 'SLBDB0001'),
+    ('Orders',    'eai',  'STATUS', '20', 'SLBDB0002');
