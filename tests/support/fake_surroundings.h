@@ -1,0 +1,407 @@
+#pragma once
+
+#include "controls/form.h"
+#include "platform/clock.h"
+#include "platform/data_source.h"
+#include "platform/database.h"
+#include "platform/design_time_site.h"
+#include "platform/file_dialog.h"
+#include "platform/message_box.h"
+#include "platform/property_bag.h"
+#include "platform/registry.h"
+#include "platform/runtime_error.h"
+#include "platform/surroundings.h"
+#include "platform/text.h"
+#include "platform/text_files.h"
+
+#include <algorithm>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+// Stand-ins for everything that a control asks of its surroundings. They hold plain data that a
+// test fills and reads; nothing here touches files, windows or a database.
+//
+//     FakeSurroundings outside;
+//     outside.dataSources.providers = {{.name = "Orders", .zekoKeyFields = {"ORDNO"}}};
+//     HeaderDTC dtc(outside.all(), outside.modalLoop);
+namespace headerdtc::testing {
+
+// Acknowledges every box at once.
+class RecordingMessageBox : public MessageBox {
+  public:
+    void show(const std::string& text) override {
+        shown.push_back(text);
+        if (onShow) onShow(text);
+    }
+    void showError(const std::string& text) override {
+        errors.push_back(text);
+        show(text);
+    }
+
+    std::vector<std::string> shown;   // every text, in order
+    std::vector<std::string> errors;  // those of them that report a failure
+    std::function<void(const std::string&)> onShow;
+};
+
+// Answers with the queued files, then as an author who cancels.
+class ScriptedFileDialog : public FileDialog {
+  public:
+    std::string open(const FileDialogRequest& request) override {
+        requests.push_back(request);
+        if (answers.empty()) return {};
+        std::string answer = std::move(answers.front());
+        answers.pop_front();
+        return answer;
+    }
+
+    std::deque<std::string> answers;
+    std::vector<FileDialogRequest> requests;
+};
+
+struct LessIgnoringCase {
+    bool operator()(const std::string& a, const std::string& b) const {
+        return upperCase(a) < upperCase(b);
+    }
+};
+
+class MapRegistry : public Registry {
+  public:
+    std::string RegRead(const std::string& path) override {
+        const auto found = values.find(path);
+        if (found == values.end())
+            throw RuntimeError(ErrorNumber::CannotCreateObject, "no registry value " + path);
+        return found->second;
+    }
+
+    std::map<std::string, std::string, LessIgnoringCase> values;
+};
+
+// One data provider of the fake catalogue.
+struct FakeProvider {
+    std::string name;
+    std::vector<std::pair<std::string, std::string>> zekoFields;  // number as text, field name
+    std::vector<std::string> zekoKeyFields;
+    std::vector<std::pair<std::string, std::vector<std::string>>> eaiGroups;  // name, fields
+    std::vector<std::string> eaiKeyFields;
+};
+
+// Makes data-source objects over one catalogue and counts them.
+class FakeDataSources : public DataSourceFactory {
+  public:
+    std::unique_ptr<DataSource> createDataSource() override {
+        if (missing) throw RuntimeError(ErrorNumber::CannotCreateObject);
+        ++created;
+        return std::make_unique<Source>(*this);
+    }
+
+    std::vector<FakeProvider> providers;
+    bool missing = false;  // the component is not there: 429
+    int created = 0;
+    // What was asked for, in order: the operation's name, " " and the provider.
+    std::vector<std::string> requests;
+
+  private:
+    class Source : public DataSource {
+      public:
+        explicit Source(FakeDataSources& owner) : owner_(owner) {}
+
+        std::vector<std::string> providerNames() override {
+            owner_.requests.emplace_back("providerNames");
+            std::vector<std::string> names;
+            for (const auto& provider : owner_.providers)
+                names.push_back(provider.name);
+            return names;
+        }
+        Dictionary<std::string> zekoFields(const std::string& provider) override {
+            Dictionary<std::string> fields;
+            for (const auto& [number, field] : find("zekoFields", provider).zekoFields)
+                fields.Add(number, field);
+            return fields;
+        }
+        Dictionary<std::string> zekoKeyFields(const std::string& provider) override {
+            return numbered(find("zekoKeyFields", provider).zekoKeyFields);
+        }
+        Dictionary<std::string> eaiGroups(const std::string& provider) override {
+            std::vector<std::string> names;
+            for (const auto& [group, fields] : find("eaiGroups", provider).eaiGroups)
+                names.push_back(group);
+            return numbered(names);
+        }
+        Dictionary<std::string> eaiGroupFields(const std::string& provider,
+                                               const std::string& group) override {
+            for (const auto& [name, fields] : find("eaiGroupFields", provider).eaiGroups) {
+                if (name == group) return numbered(fields);
+            }
+            return {};
+        }
+        Dictionary<std::string> eaiKeyFields(const std::string& provider) override {
+            return numbered(find("eaiKeyFields", provider).eaiKeyFields);
+        }
+
+      private:
+        const FakeProvider& find(const std::string& request, const std::string& name) {
+            static const FakeProvider unknown;
+            owner_.requests.push_back(request + " " + name);
+            const auto found =
+                std::find_if(owner_.providers.begin(), owner_.providers.end(),
+                             [&](const FakeProvider& provider) { return provider.name == name; });
+            return found == owner_.providers.end() ? unknown : *found;
+        }
+        static Dictionary<std::string> numbered(const std::vector<std::string>& items) {
+            Dictionary<std::string> dictionary;
+            for (const auto& item : items)
+                dictionary.Add(std::to_string(dictionary.Count() + 1), item);
+            return dictionary;
+        }
+
+        FakeDataSources& owner_;
+    };
+};
+
+// The rows that a statement gives back: column names, then the rows' values.
+struct FakeRows {
+    std::vector<std::string> columns;
+    std::vector<std::vector<std::string>> rows;
+    std::int32_t affected = 0;
+};
+
+// Without an `execute` there is no database: every request fails with 429.
+class FakeDatabase : public Database {
+  public:
+    // Answers one statement; may throw RuntimeError, as a driver does.
+    std::function<FakeRows(const std::string& statement)> execute;
+    std::string connectString = "DSN=Orvane;UID=suite;PWD=";
+    std::string labelString = "DSN=Orvane;UID=label;PWD=";
+    // In order: "Open " + connect string, "BeginTrans", "CommitTrans", "Close", and the
+    // statements as they are.
+    std::vector<std::string> log;
+    std::vector<std::int32_t> kindsAsked;
+
+    std::unique_ptr<Connection> createConnection() override {
+        requireDatabase();
+        return std::make_unique<FakeConnection>(*this);
+    }
+    std::string GetConnectString(std::int32_t kind) override {
+        requireDatabase();
+        kindsAsked.push_back(kind);
+        return connectString;
+    }
+    std::string labelConnectString() override {
+        requireDatabase();
+        return labelString;
+    }
+
+  private:
+    void requireDatabase() const {
+        if (!execute) throw RuntimeError(ErrorNumber::CannotCreateObject);
+    }
+
+    class FakeRecordset : public Recordset {
+      public:
+        explicit FakeRecordset(FakeRows rows) : rows_(std::move(rows)) {}
+        bool EndOfFile() override { return row_ >= rows_.rows.size(); }
+        void MoveNext() override { ++row_; }
+        Field& Item(const std::string& column) override {
+            for (std::size_t i = 0; i < rows_.columns.size() && !EndOfFile(); ++i) {
+                if (!equalIgnoringCase(rows_.columns[i], column)) continue;
+                field_.value = rows_.rows[row_].at(i);
+                return field_;
+            }
+            throw RuntimeError(3265, "Item cannot be found in the collection");
+        }
+
+      private:
+        struct FakeField : Field {
+            std::string Value() override { return value; }
+            std::string value;
+        };
+        FakeRows rows_;
+        std::size_t row_ = 0;
+        FakeField field_;
+    };
+
+    class FakeConnection : public Connection {
+      public:
+        explicit FakeConnection(FakeDatabase& owner) : owner_(owner) {}
+        void ConnectionString(const std::string& connectString) override {
+            connectString_ = connectString;
+        }
+        void Open(const std::string& connectString, const std::string&, const std::string&,
+                  int) override {
+            owner_.log.push_back("Open " +
+                                 (connectString.empty() ? connectString_ : connectString));
+        }
+        std::unique_ptr<Recordset> Execute(const std::string& commandText,
+                                           std::int32_t* recordsAffected, int) override {
+            owner_.log.push_back(commandText);
+            FakeRows rows = owner_.execute(commandText);
+            if (recordsAffected) *recordsAffected = rows.affected;
+            return std::make_unique<FakeRecordset>(std::move(rows));
+        }
+        void BeginTrans() override { owner_.log.emplace_back("BeginTrans"); }
+        void CommitTrans() override { owner_.log.emplace_back("CommitTrans"); }
+        void Close() override { owner_.log.emplace_back("Close"); }
+
+      private:
+        FakeDatabase& owner_;
+        std::string connectString_;
+    };
+};
+
+// Files by their Windows paths, without regard to case.
+class MemoryTextFiles : public TextFiles {
+  public:
+    std::string readText(const std::string& windowsPath) override {
+        failWhereTold(windowsPath);
+        const auto found = files.find(windowsPath);
+        if (found == files.end()) throw RuntimeError(ErrorNumber::FileNotFound);
+        return found->second;
+    }
+    void writeText(const std::string& windowsPath, const std::string& text) override {
+        failWhereTold(windowsPath);
+        files[windowsPath] = text;
+    }
+
+    std::map<std::string, std::string, LessIgnoringCase> files;
+    // Reading or writing these paths fails.
+    std::map<std::string, ErrorNumber, LessIgnoringCase> failures;
+
+  private:
+    void failWhereTold(const std::string& path) const {
+        if (const auto failure = failures.find(path); failure != failures.end())
+            throw RuntimeError(failure->second);
+    }
+};
+
+class FixedClock : public Clock {
+  public:
+    std::string shortDate() override { return today; }
+
+    std::string today = "1/2/2024";
+};
+
+class RecordingPropertyChangeSink : public PropertyChangeSink {
+  public:
+    void propertyChanged(std::string_view property) override {
+        changed.emplace_back(property);
+        if (onChange) onChange(changed.back());
+    }
+
+    std::vector<std::string> changed;  // in the order of the notices
+    std::function<void(const std::string&)> onChange;
+};
+
+// The host's site: "TargetEnvironment" entries by number.
+class FakeSite : public DesignTimeControlSite {
+  public:
+    std::string targetEnvironment(TargetEnvironmentEntry entry) override {
+        const auto found = entries.find(static_cast<int>(entry));
+        if (found == entries.end()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+        return found->second;
+    }
+
+    std::map<int, std::string> entries;
+};
+
+// An ordered, typed property bag that leaves defaults out. With `asText` it reads as a page does:
+// every stored value comes back as a string.
+class OrderedPropertyBag : public PropertyBag {
+  public:
+    PropertyValue ReadProperty(std::string_view name, const PropertyValue& fallback) override {
+        reads.emplace_back(name);
+        if (name == failingName) throw RuntimeError(ErrorNumber::DeviceIoError);
+        const auto found = find(name);
+        if (found == entries.end()) return fallback;
+        return asText ? PropertyValue(textOf(found->second)) : found->second;
+    }
+    void WriteProperty(std::string_view name, const PropertyValue& value,
+                       const PropertyValue& fallback) override {
+        writes.push_back({std::string(name), value, fallback});
+        if (name == failingName) throw RuntimeError(ErrorNumber::DeviceIoError);
+        if (value != fallback) entries.emplace_back(name, value);
+    }
+
+    bool has(std::string_view name) { return find(name) != entries.end(); }
+    // The stored text of a name, nothing when it is not stored.
+    std::optional<std::string> text(std::string_view name) {
+        const auto found = find(name);
+        if (found == entries.end()) return std::nullopt;
+        return textOf(found->second);
+    }
+    void set(std::string_view name, PropertyValue value) {
+        const auto found = find(name);
+        if (found == entries.end()) {
+            entries.emplace_back(name, std::move(value));
+        } else {
+            found->second = std::move(value);
+        }
+    }
+
+    // Booleans are "-1" and "0", as in a page.
+    static std::string textOf(const PropertyValue& value) {
+        if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "-1" : "0";
+        if (const auto* number = std::get_if<std::int16_t>(&value)) return std::to_string(*number);
+        return std::get<std::string>(value);
+    }
+
+    struct Write {
+        std::string name;
+        PropertyValue value;
+        PropertyValue fallback;
+    };
+    std::vector<std::pair<std::string, PropertyValue>> entries;  // what is stored, in order
+    std::vector<std::string> reads;                              // names asked for, in order
+    std::vector<Write> writes;  // every call, those left out included
+    bool asText = false;
+    std::string failingName;  // reading or writing it raises 57
+
+  private:
+    std::vector<std::pair<std::string, PropertyValue>>::iterator find(std::string_view name) {
+        return std::find_if(entries.begin(), entries.end(),
+                            [&](const auto& entry) { return entry.first == name; });
+    }
+};
+
+// Runs one queued script for each modal form, as the person before it, and closes a form that the
+// script leaves open. A form without a script is closed at once.
+class ScriptedModalLoop : public ModalLoop {
+  public:
+    void run(Form& form) override {
+        formsShown.push_back(form.name());
+        if (!scripts.empty()) {
+            const auto script = std::move(scripts.front());
+            scripts.pop_front();
+            script(form);
+        }
+        form.Hide();
+    }
+
+    std::deque<std::function<void(Form&)>> scripts;
+    std::vector<std::string> formsShown;
+};
+
+// All of them together.
+struct FakeSurroundings {
+    RecordingMessageBox messages;
+    ScriptedFileDialog fileDialog;
+    MapRegistry registry;
+    FakeDataSources dataSources;
+    FakeDatabase database;
+    MemoryTextFiles textFiles;
+    FixedClock clock;
+    RecordingPropertyChangeSink changes;
+    FakeSite site;
+    ScriptedModalLoop modalLoop;
+
+    Surroundings all() {
+        return {messages, fileDialog, registry, dataSources, database, textFiles, clock, changes};
+    }
+};
+
+}  // namespace headerdtc::testing
