@@ -3,7 +3,7 @@
 -- The tables compare by code (utf8mb4_bin): names differ by case, and the range of labels offered
 -- for selection is cut by a string comparison. Table names are upper case, which matters on
 -- Linux. DATECHANGED is text: a changed text stores the date as it is written in the author's
--- locale, a new label the value of that date read as an expression (4/26/2000 becomes 0.0001).
+-- locale, a new label the value of that date read as an expression (4/26/2000 becomes a small number).
 -- Only I18NTEXT has a key; the other two may hold a name twice, as installations do.
 
 CREATE TABLE I18NTEXT (
