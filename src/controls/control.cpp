@@ -130,6 +130,7 @@ void Control::requireReachable() const {
 
 void Control::takeFocus() {
     requireReachable();
+    if (!acceptsFocus()) refuse("it takes no focus");
     form_.moveFocus(this);
     requireReachable();
 }

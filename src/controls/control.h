@@ -13,6 +13,7 @@ class CheckBox;
 class ComboBox;
 class Form;
 class Grid;
+class Label;
 class ListBox;
 class OptionButton;
 class TabStrip;
@@ -35,6 +36,7 @@ class ControlVisitor {
     virtual void visit(CheckBox& control) = 0;
     virtual void visit(ComboBox& control) = 0;
     virtual void visit(Grid& control) = 0;
+    virtual void visit(Label& control) = 0;
     virtual void visit(ListBox& control) = 0;
     virtual void visit(OptionButton& control) = 0;
     virtual void visit(TabStrip& control) = 0;
@@ -90,6 +92,8 @@ class Control {
     void SetFocus();
 
     bool hasFocus() const;
+    // Whether the focus can ever be here.
+    virtual bool acceptsFocus() const { return true; }
     // Visible, and on the tab page that is shown.
     bool isShowing() const;
 

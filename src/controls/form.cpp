@@ -129,7 +129,7 @@ void Form::tabPageChanged() {
 }
 
 bool Form::canTakeFocus(const Control& control) const {
-    return control.Enabled() && control.isShowing();
+    return control.acceptsFocus() && control.Enabled() && control.isShowing();
 }
 
 }  // namespace headerdtc

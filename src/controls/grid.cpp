@@ -88,6 +88,7 @@ void Grid::Col(int column) {
 void Grid::currentCellMoved() {
     gridChanged.raise({GridChange::Kind::CurrentCell, row_, 1});
     EnterCell.raise();
+    RowColChange.raise();
     if (hasFocus()) form().moveFocus(this, true);
 }
 
@@ -141,10 +142,13 @@ void Grid::requireCell(int row, int column) const {
 }
 
 void Grid::enter(int row, int column) {
+    const bool moved = row != row_ || column != column_;
     row_ = row;
     column_ = column;
     gridChanged.raise({GridChange::Kind::CurrentCell, row_, 1});
     EnterCell.raise();
+    if (!hasFocus()) form().moveFocus(nullptr);
+    if (moved) RowColChange.raise();
     form().moveFocus(this, true);
 }
 

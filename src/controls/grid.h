@@ -41,8 +41,9 @@ class Grid : public Control {
 
     int Row() const { return row_; }
     int Col() const { return column_; }
-    // Moving the current cell raises EnterCell, and GotFocus after it while the grid has the
-    // focus: a cell entered by a program under the author's hands is entered all the same.
+    // Moving the current cell raises EnterCell, RowColChange, and GotFocus after them while the
+    // grid has the focus: a cell entered by a program under the author's hands is entered all the
+    // same.
     void Row(int row);
     void Col(int column);
 
@@ -64,8 +65,9 @@ class Grid : public Control {
     int TopRow() const { return topRow_; }
 
     // ---- what a person does ----------------------------------------------------------------
-    // Clicks a cell: EnterCell, then lost-focus of an open editor, then the grid's GotFocus
-    // (also when it had the focus), then Click.
+    // Clicks a cell: EnterCell, then lost-focus of an open editor, then RowColChange when another
+    // cell became the current one, then the grid's GotFocus (also when it had the focus), then
+    // Click.
     void clickCell(int row, int column);
     // The same, then DblClick, unless the click opened a dialog, which takes the second press.
     void doubleClickCell(int row, int column);
@@ -76,6 +78,8 @@ class Grid : public Control {
 
     // ---- events ----------------------------------------------------------------------------
     Event<> EnterCell;
+    // The current cell is another, and no editor of the cell left behind has the focus any more.
+    Event<> RowColChange;
     Event<> Click;
     Event<> DblClick;
     Event<int> KeyPress;
