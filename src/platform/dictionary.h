@@ -23,7 +23,7 @@ class Dictionary {
     Dictionary(const Dictionary& other) {
         for (const auto& [key, item] : other) Add(key, item);
     }
-    Dictionary(Dictionary&&) = default;
+    Dictionary(Dictionary&&) noexcept = default;
     Dictionary& operator=(Dictionary other) {
         entries_.swap(other.entries_);
         index_.swap(other.index_);
