@@ -9,10 +9,7 @@
 namespace headerdtc {
 
 ComboBox::ComboBox(Form& form, std::string name, Style style)
-    : Control(form, std::move(name)),
-      style_(style),
-      forwarding_(items_.changed.subscribe(
-          [this](const ItemsChange& change) { itemsChanged.raise(change); })) {}
+    : Control(form, std::move(name)), style_(style) {}
 
 void ComboBox::List(int index, const std::string& text) {
     items_.replace(index, text);

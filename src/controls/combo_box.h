@@ -71,8 +71,7 @@ class ComboBox : public Control {
     void editByKey(const Key& key);
 
     Style style_;
-    ListItems items_;
-    Subscription forwarding_;
+    ListItems items_{itemsChanged};
     int listIndex_ = -1;
     std::string text_;
     int selStart_ = 0;

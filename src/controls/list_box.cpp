@@ -21,24 +21,24 @@ void ListItems::insert(int index, std::string text) {
     if (index < 0 || index > count()) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
     if (count() >= MaxListCount) throw RuntimeError(ErrorNumber::Overflow);
     items_.insert(index, {std::move(text), false});
-    changed.raise({ItemsChange::Kind::Inserted, index, 1});
+    changed_.raise({ItemsChange::Kind::Inserted, index, 1});
 }
 
 void ListItems::remove(int index) {
     at(index);
     items_.erase(index);
-    changed.raise({ItemsChange::Kind::Removed, index, 1});
+    changed_.raise({ItemsChange::Kind::Removed, index, 1});
 }
 
 void ListItems::clear() {
     if (count() == 0) return;
     items_.clear();
-    changed.raise({ItemsChange::Kind::Reset, 0, 0});
+    changed_.raise({ItemsChange::Kind::Reset, 0, 0});
 }
 
 void ListItems::replace(int index, const std::string& text) {
     at(index).text = text;
-    changed.raise({ItemsChange::Kind::Changed, index, 1});
+    changed_.raise({ItemsChange::Kind::Changed, index, 1});
 }
 
 int ListItems::find(const std::string& text, int start) const {
@@ -49,10 +49,7 @@ int ListItems::find(const std::string& text, int start) const {
 }
 
 ListBox::ListBox(Form& form, std::string name, Selection selection)
-    : Control(form, std::move(name)),
-      selection_(selection),
-      forwarding_(items_.changed.subscribe(
-          [this](const ItemsChange& change) { itemsChanged.raise(change); })) {}
+    : Control(form, std::move(name)), selection_(selection) {}
 
 std::string ListBox::ListOrEmpty(int index) const {
     return index >= 0 && index < ListCount() ? List(index) : std::string();

@@ -68,8 +68,7 @@ class ListBox : public Control {
     void selectOnly(const std::vector<int>& items, int focusItem);
 
     Selection selection_;
-    ListItems items_;
-    Subscription forwarding_;
+    ListItems items_{itemsChanged};
     int listIndex_ = -1;
     int selCount_ = 0;
 };

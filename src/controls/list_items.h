@@ -28,6 +28,9 @@ class ListItems {
         bool selected = false;
     };
 
+    // Reports every change through the event of the control that holds the items.
+    explicit ListItems(Event<const ItemsChange&>& changed) : changed_(changed) {}
+
     int count() const { return items_.size(); }
     const Item& at(int index) const;
     Item& at(int index);
@@ -39,9 +42,8 @@ class ListItems {
     // Index of the first item from `start` on that equals the text, -1 for none.
     int find(const std::string& text, int start = 0) const;
 
-    Event<const ItemsChange&> changed;
-
   private:
+    Event<const ItemsChange&>& changed_;
     GapVector<Item> items_;
 };
 

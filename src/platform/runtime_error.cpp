@@ -30,8 +30,14 @@ const char* descriptionOf(ErrorNumber number) {
             return "Invalid property value";
         case ErrorNumber::InvalidPropertyArrayIndex:
             return "Invalid property array index";
+        case ErrorNumber::PropertyIsReadOnly:
+            return "Property is read-only";
         case ErrorNumber::CannotCreateObject:
             return "ActiveX component can't create object";
+        case ErrorNumber::NoSuchProperty:
+            return "Object doesn't support this property or method";
+        case ErrorNumber::WrongNumberOfArguments:
+            return "Wrong number of arguments or invalid property assignment";
         case ErrorNumber::KeyAlreadyExists:
             return "This key is already associated with an element of this collection";
     }

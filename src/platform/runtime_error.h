@@ -20,7 +20,10 @@ enum class ErrorNumber : int {
     ObjectVariableNotSet = 91,
     InvalidPropertyValue = 380,
     InvalidPropertyArrayIndex = 381,
+    PropertyIsReadOnly = 383,
     CannotCreateObject = 429,
+    NoSuchProperty = 438,
+    WrongNumberOfArguments = 450,
     KeyAlreadyExists = 457,
 };
 

@@ -84,11 +84,11 @@ class MapRegistry : public Registry {
 
 // One data provider of the fake catalogue.
 struct FakeProvider {
-    std::string name;
-    std::vector<std::pair<std::string, std::string>> zekoFields;  // number as text, field name
-    std::vector<std::string> zekoKeyFields;
-    std::vector<std::pair<std::string, std::vector<std::string>>> eaiGroups;  // name, fields
-    std::vector<std::string> eaiKeyFields;
+    std::string name = {};
+    std::vector<std::pair<std::string, std::string>> zekoFields = {};  // number as text, name
+    std::vector<std::string> zekoKeyFields = {};
+    std::vector<std::pair<std::string, std::vector<std::string>>> eaiGroups = {};  // name, fields
+    std::vector<std::string> eaiKeyFields = {};
 };
 
 // Makes data-source objects over one catalogue and counts them.

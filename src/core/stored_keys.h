@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/property_bag.h"
+
+#include <optional>
+#include <string_view>
+
+namespace headerdtc {
+
+// The type of a stored property.
+enum class StoredType { Boolean, Integer, String };
+
+// What is known of a stored property by its name alone.
+struct StoredKind {
+    StoredType type;
+    // What reading makes of the property where it is not stored, in the property's type.
+    PropertyValue readingDefault;
+};
+
+// The type of a stored property, nothing for a name that the control never stores. Numbered names
+// are known by their pattern ("ZEKOReturnFields" and a decimal number without leading zeros);
+// names that end in a dictionary suffix belong to the entry before it ("nZEKOCriteriaType" is an
+// Integer, "ZEKOCriteriaType1" a String). Names compare exactly.
+std::optional<StoredType> storedTypeOf(std::string_view name);
+
+// The same, with the default.
+std::optional<StoredKind> storedKindOf(std::string_view name);
+
+}  // namespace headerdtc

@@ -1,0 +1,119 @@
+#include "core/header_dtc.h"
+#include "core/key_buffer.h"
+#include "core/stored_key_table.h"
+#include "platform/error_trap.h"
+#include "platform/text.h"
+
+namespace headerdtc {
+namespace {
+
+// Writes the rows of the table, one after another.
+class PropertyWriter {
+  public:
+    PropertyWriter(const HeaderDTC& dtc, PropertyBag& bag) : dtc_(dtc), bag_(bag) {}
+
+    void write(const stored::Row& row) {
+        row_ = &row;
+        fallback_ = stored::asPropertyValue(row.fallback);
+        std::visit(*this, row.content);
+    }
+
+    // ---- one for each kind of content ------------------------------------------------------
+    void operator()(stored::ExtraFilters) {
+        const bool on = dtc_.EnableExtraFiltersCheck.Value() != CheckState::Unchecked;
+        bag_.WriteProperty(row_->key, on, fallback_);
+    }
+    void operator()(const stored::Items& items) {
+        items.list.in(dtc_, [this](const auto& list) {
+            for (int i = 0; i < list.ListCount(); ++i)
+                putText(keys_.numbered(row_->key, i), list.List(i));
+        });
+    }
+    void operator()(const stored::ItemCount& items) {
+        items.list.in(dtc_, [this](const auto& list) { putNumber(row_->key, list.ListCount()); });
+    }
+    void operator()(const stored::Selection& selection) {
+        const ListBox& list = dtc_.*selection.of.family.*selection.of.list;
+        int number = 0;
+        for (int i = 0; i < list.ListCount(); ++i) {
+            if (list.Selected(i)) putText(keys_.numbered(row_->key, number++), list.List(i));
+        }
+    }
+    void operator()(const stored::SelectionCount& selection) {
+        putNumber(row_->key, (dtc_.*selection.of.family.*selection.of.list).SelCount());
+    }
+    void operator()(const stored::Cells& cells) {
+        const Grid& grid = dtc_.*cells.of.family.*cells.of.grid;
+        for (int row = 1; row < grid.Rows(); ++row) {
+            for (int column = 1; column < grid.Cols(); ++column)
+                putText(keys_.cell(row_->key, row, column), grid.TextMatrix(row, column));
+        }
+    }
+    void operator()(const stored::LinkRows& links) {
+        const Grid& grid = dtc_.*links.of.family.*links.of.grid;
+        for (int row = 1; row < grid.Rows(); ++row) {
+            putText(keys_.numbered(row_->key, row), grid.TextMatrix(row, links_column::From));
+            putText(keys_.numbered(rowBelow().key, row), grid.TextMatrix(row, links_column::To));
+        }
+    }
+    void operator()(const stored::RowCount& rows) {
+        putNumber(row_->key, (dtc_.*rows.of.family.*rows.of.grid).Rows());
+    }
+    void operator()(stored::Provider) { putText(row_->key, dtc_.DataProvidersCombo.Text()); }
+    void operator()(stored::LinkedProvider) { putText(row_->key, dtc_.linkedDataProvider); }
+    void operator()(stored::Stylesheet) { putText(row_->key, dtc_.XSLFilenameText.Text()); }
+    void operator()(stored::ScriptCount) { putNumber(row_->key, dtc_.userDefinedScripts->Count()); }
+    void operator()(stored::Scripts) {
+        putEntries(*dtc_.userDefinedScripts,
+                   [this](std::string_view key, const std::string& script, const PropertyValue&) {
+                       putText(key, script);
+                   });
+    }
+    void operator()(const stored::CriteriaTypes& types) {
+        putEntries((dtc_.*types.family).CriteriaType,
+                   [this](std::string_view key, std::int32_t type, const PropertyValue& fallback) {
+                       bag_.WriteProperty(key, toInt16(type), fallback);
+                   });
+    }
+    void operator()(stored::WithRowAbove) {}
+
+  private:
+    const stored::Row& rowBelow() const { return row_[1]; }
+
+    void putText(std::string_view name, const std::string& text) {
+        std::get<std::string>(text_) = text;
+        bag_.WriteProperty(name, text_, fallback_);
+    }
+    void putNumber(std::string_view name, int number) {
+        bag_.WriteProperty(name, toInt16(number), fallback_);
+    }
+    template <class Item, class PutItem>
+    void putEntries(const Dictionary<Item>& dictionary, PutItem putItem) {
+        const PropertyValue itemFallback = stored::asPropertyValue(rowBelow().fallback);
+        int number = 0;
+        for (const auto& [name, item] : dictionary) {
+            putText(keys_.numbered(row_->key, ++number), name);
+            putItem(keys_.suffixed(name, rowBelow().key), item, itemFallback);
+        }
+    }
+
+    const HeaderDTC& dtc_;
+    PropertyBag& bag_;
+    const stored::Row* row_ = nullptr;
+    PropertyValue fallback_;
+    // Holds the text on its way to the bag, so that its storage serves them all.
+    PropertyValue text_{std::string()};
+    KeyBuffer keys_;
+};
+
+}  // namespace
+
+void HeaderDTC::UserControl_WriteProperties(PropertyBag& bag) {
+    trapErrors(surroundings.messages, "UserControl_WriteProperties", [&] {
+        PropertyWriter writer(*this, bag);
+        for (const stored::Row& row : stored::Table)
+            writer.write(row);
+    });
+}
+
+}  // namespace headerdtc
