@@ -4,7 +4,8 @@
 #include "core/stored_values.h"
 #include "platform/error_trap.h"
 
-#include <algorithm>
+#include <bit>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -28,26 +29,35 @@ void selectItem(ComboBox& combo, const std::string& text) {
     if (const int item = combo.find(text); item >= 0) combo.ListIndex(item);
 }
 
-// Marks items of a list as selected by their texts. A list may have thousands of them, so they
-// are put in order once.
+// Marks items of a list as selected by their texts. A list may have thousands of items, and as
+// many of them selected, so they are hashed once.
 class ItemMarker {
   public:
-    explicit ItemMarker(ListBox& list) : list_(list) {
-        byText_.reserve(static_cast<std::size_t>(list.ListCount()));
-        for (int i = 0; i < list.ListCount(); ++i)
-            byText_.emplace_back(list.List(i), i);
-        std::sort(byText_.begin(), byText_.end());
+    explicit ItemMarker(ListBox& list)
+        : list_(list),
+          firstOfBucket_(std::bit_ceil(static_cast<std::size_t>(list.ListCount()) + 1), None),
+          nextInBucket_(static_cast<std::size_t>(list.ListCount())) {
+        for (int i = list.ListCount() - 1; i >= 0; --i)
+            nextInBucket_[static_cast<std::size_t>(i)] = std::exchange(bucket(list.List(i)), i);
     }
 
-    void markAll(std::string_view text) {
-        const auto first = std::lower_bound(byText_.begin(), byText_.end(), std::pair(text, 0));
-        for (auto item = first; item != byText_.end() && item->first == text; ++item)
-            list_.Selected(item->second, true);
+    // Marks every item of that text.
+    void mark(std::string_view text) {
+        for (int i = bucket(text); i != None; i = nextInBucket_[static_cast<std::size_t>(i)]) {
+            if (list_.List(i) == text) list_.Selected(i, true);
+        }
     }
 
   private:
+    static constexpr int None = -1;
+
+    int& bucket(std::string_view text) {
+        return firstOfBucket_[std::hash<std::string_view>()(text) & (firstOfBucket_.size() - 1)];
+    }
+
     ListBox& list_;
-    std::vector<std::pair<std::string_view, int>> byText_;
+    std::vector<int> firstOfBucket_;
+    std::vector<int> nextInBucket_;
 };
 
 class PropertyReader {
@@ -176,7 +186,7 @@ class PropertyReader {
         if (selected <= 0) return;
         ItemMarker marker(list);
         for (int k = 0; k < selected; ++k)
-            marker.markAll(textNamed(keys_.numbered(names->key, k)));
+            marker.mark(textNamed(keys_.numbered(names->key, k)));
     }
 
     void readLinkedProvider() {
