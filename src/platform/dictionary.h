@@ -17,6 +17,7 @@ template <class Item>
 class Dictionary {
   public:
     using Entry = std::pair<const std::string, Item>;
+    using value_type = Entry;
     using const_iterator = typename std::list<Entry>::const_iterator;
 
     Dictionary() = default;
