@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/dictionary.h"
+
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "platform/dictionary.h"
 
 namespace headerdtc {
 

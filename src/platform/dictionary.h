@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/runtime_error.h"
+
 #include <list>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
-
-#include "platform/runtime_error.h"
 
 namespace headerdtc {
 
@@ -22,7 +22,8 @@ class Dictionary {
 
     Dictionary() = default;
     Dictionary(const Dictionary& other) {
-        for (const auto& [key, item] : other) Add(key, item);
+        for (const auto& [key, item] : other)
+            Add(key, item);
     }
     Dictionary(Dictionary&&) noexcept = default;
     Dictionary& operator=(Dictionary other) {

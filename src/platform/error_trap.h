@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/message_box.h"
+#include "platform/runtime_error.h"
+
 #include <string>
 #include <string_view>
 #include <utility>
-
-#include "platform/message_box.h"
-#include "platform/runtime_error.h"
 
 namespace headerdtc {
 

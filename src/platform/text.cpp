@@ -1,16 +1,20 @@
 #include "platform/text.h"
 
+#include "platform/runtime_error.h"
+
 #include <algorithm>
 #include <limits>
-
-#include "platform/runtime_error.h"
 
 namespace headerdtc {
 namespace {
 
-char lowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+char lowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
 
-bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+bool isContinuation(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
 
 template <class Find>
 std::string replaceFound(std::string_view text, std::string_view from, std::string_view to,
@@ -98,7 +102,8 @@ std::size_t bytesOfCharacters(std::string_view utf8, int count) {
     while (at < utf8.size() && (count > 0 || isContinuation(utf8[at]))) {
         if (!isContinuation(utf8[at])) --count;
         ++at;
-        while (at < utf8.size() && isContinuation(utf8[at])) ++at;
+        while (at < utf8.size() && isContinuation(utf8[at]))
+            ++at;
     }
     return at;
 }
