@@ -1,0 +1,152 @@
+#include "runtime/expansion.h"
+
+#include "runtime/plain_expansion.h"
+
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace headerdtc {
+namespace {
+
+using testing::differenceFromPlain;
+using testing::ExpansionCase;
+
+TEST(Expansion, ReplacesEveryOccurrenceWithoutRegardToCase) {
+    const ReplacementStep steps[] = {{"<NAME>", "Orders"}, {"<EMPTY>", ""}};
+    EXPECT_EQ(expandSteps("<NAME>,<name><Empty>;<nAmE >", steps), "Orders,Orders;<nAmE >");
+}
+
+TEST(Expansion, LaterStepsActOnWhatEarlierOnesBroughtInOrJoined) {
+    const ReplacementStep steps[] = {
+        {"<OUTER>", "<INNER>-<OUTER>"},  // not looked at again in its own step
+        {"<GAP>", ""},
+        {"<INNER>", "in"},
+        {"<PROVIDER>", "OVID"},
+        {"<DATAPROVIDER>", "Orders"},
+        {"<OUTER>", "again"},
+    };
+    EXPECT_EQ(expandSteps("<OUTER> <IN<GAP>NER> <DATAPR<PROVIDER>ER>", steps),
+              "in-again in Orders");
+}
+
+TEST(Expansion, AStepThatHasPassedLeavesItsPlaceholderAlone) {
+    const ReplacementStep steps[] = {
+        {"<EARLY>", "e"}, {"<LATE>", "<EARLY> <EAR"}, {"<END>", "LY>"}};
+    EXPECT_EQ(expandSteps("<EARLY> <LATE><END>", steps), "e <EARLY> <EARLY>");
+}
+
+TEST(Expansion, GivesTheTextAsTheStepsSoFarLeftIt) {
+    const std::string_view placeholders[] = {"<ONE>", "<Two>"};
+    const ExpansionSteps steps(placeholders);
+    Expansion expansion("<one><tWO><t<ONE>wo>", steps);
+    EXPECT_EQ(expansion.text(), "<one><tWO><t<ONE>wo>");
+    expansion.replace("");
+    EXPECT_EQ(expansion.text(), "<tWO><two>");
+    expansion.replace("2");
+    EXPECT_EQ(expansion.text(), "22");
+}
+
+TEST(Expansion, TakesPlaceholdersThatAreNoTagsToo) {
+    const ReplacementStep steps[] = {{"aa", "b"}, {"", "x"}, {"<ba<", "bb"}, {"bb", "c"}};
+    EXPECT_EQ(expandSteps("aaa<ba<b aAAa", steps),
+              "ba"
+              "cb c");
+}
+
+// ---- comparison with the plain way --------------------------------------------------------------
+
+const std::vector<std::string> RuntimePlaceholders = {"<PATH_TO_ROOT>",
+                                                      "<DATAPROVIDER>",
+                                                      "<ADD_EAI_RETURN_FIELDS>",
+                                                      "<SPECIFY_EAI_I18N_FIELDS>",
+                                                      "<SPECIFY_EAI_I18N_FIELDVALUES>",
+                                                      "<ADD_EAI_RETURN_FIELDS>",
+                                                      "<LINKED_FIELDS_VARNAME>",
+                                                      "<LINKED_DATAPROVIDER>",
+                                                      "<LINKED_DATAPROVIDER_VARNAME>",
+                                                      "<DATAPROVIDER_VARNAME>"};
+
+// Short ones that share beginnings and endings: by chance alone they come about all the time.
+const std::vector<std::vector<std::string>> PlaceholderSets = {
+    RuntimePlaceholders,
+    {"<A>", "<AB>", "<B>", "<BA>", "<A>", "<>", "<AAB>", "<B>"},
+    {"<ABCDEFGHIJ>", "<ABC>", "<J>", "<ABCDEFGHIJKLMNOP>", "<ABC>", "<P>"},
+    {"<A>", "<A><B>", "A>", "<B>"},  // no tags: the plain way itself
+};
+
+class CaseMaker {
+  public:
+    explicit CaseMaker(std::uint64_t seed) : random_(seed) {}
+
+    ExpansionCase make() {
+        ExpansionCase made;
+        const auto& placeholders = PlaceholderSets[below(PlaceholderSets.size())];
+        const std::size_t steps = 1 + below(placeholders.size());
+        for (std::size_t i = 0; i < steps; ++i)
+            made.placeholders.push_back(placeholders[below(placeholders.size())]);
+        made.text = text(made.placeholders, 12);
+        for (std::size_t i = 0; i < steps; ++i)
+            made.values.push_back(below(4) == 0 ? "" : text(made.placeholders, 4));
+        return made;
+    }
+
+    std::size_t below(std::size_t bound) { return random_() % bound; }
+
+  private:
+    // Pieces of placeholders: whole, or cut off at either end; now and then something else.
+    std::string text(const std::vector<std::string>& placeholders, std::size_t mostPieces) {
+        static constexpr std::string_view Others[] = {"<", "<<", ">", "A", "x", "\r\n", "_", "<%"};
+        std::string made;
+        for (std::size_t pieces = below(mostPieces + 1); pieces > 0; --pieces) {
+            const std::string& placeholder = placeholders[below(placeholders.size())];
+            const std::size_t cut = below(placeholder.size() + 1);
+            switch (below(6)) {
+                case 0:
+                case 1:
+                    made += placeholder;
+                    break;
+                case 2:
+                    made += placeholder.substr(0, cut);
+                    break;
+                case 3:
+                    made += placeholder.substr(cut);
+                    break;
+                case 4:
+                    made += placeholder.substr(cut, below(4));
+                    break;
+                default:
+                    made += Others[below(std::size(Others))];
+            }
+        }
+        for (char& c : made) {
+            if (c >= 'A' && c <= 'Z' && below(8) == 0) c = static_cast<char>(c + 32);
+        }
+        return made;
+    }
+
+    std::minstd_rand random_;
+};
+
+// HEADERDTC_EXPANSION_CASES sets how many texts are tried, HEADERDTC_EXPANSION_SEED where they
+// begin.
+TEST(Expansion, AgreesWithOneReplacementAfterTheOther) {
+    const auto setting = [](const char* name, std::uint64_t otherwise) {
+        const char* text = std::getenv(name);
+        return text ? std::strtoull(text, nullptr, 10) : otherwise;
+    };
+    const std::uint64_t cases = setting("HEADERDTC_EXPANSION_CASES", 200'000);
+    const std::uint64_t seed = setting("HEADERDTC_EXPANSION_SEED", 1);
+    CaseMaker maker(seed);
+    for (std::uint64_t i = 0; i < cases; ++i) {
+        const ExpansionCase input = maker.make();
+        const std::string difference = differenceFromPlain(input, maker.below(4) == 0);
+        ASSERT_EQ(difference, "") << "case " << i << " of seed " << seed << "\n  text "
+                                  << input.text << "\n  steps "
+                                  << ::testing::PrintToString(input.placeholders) << "\n  values "
+                                  << ::testing::PrintToString(input.values);
+    }
+}
+
+}  // namespace
+}  // namespace headerdtc
