@@ -1,0 +1,265 @@
+#include "host/automation/automation.h"
+
+#include "controls/button.h"
+#include "controls/combo_box.h"
+#include "controls/grid.h"
+#include "controls/list_box.h"
+#include "controls/text_box.h"
+#include "core/header_dtc.h"
+#include "core/property_table.h"
+#include "host/automation/command.h"
+#include "host/automation/control_state.h"
+#include "platform/runtime_error.h"
+
+#include <istream>
+#include <ostream>
+
+namespace headerdtc {
+namespace {
+
+template <class Kind>
+Kind& as(Control& control, const char* kind) {
+    if (auto* found = dynamic_cast<Kind*>(&control)) return *found;
+    throw CommandError("'" + control.name() + "' is no " + kind);
+}
+
+void click(Control& control) {
+    if (auto* button = dynamic_cast<Button*>(&control)) return button->press();
+    if (auto* box = dynamic_cast<CheckBox*>(&control)) return box->toggle();
+    as<OptionButton>(control, "button, check box or option").pick();
+}
+
+void typeText(Control& control, const std::string& text) {
+    if (auto* combo = dynamic_cast<ComboBox*>(&control)) return combo->type(text);
+    as<TextBox>(control, "text box or combo box").type(text);
+}
+
+nlohmann::ordered_json jsonOf(const PublicValue& value) {
+    if (const auto* text = std::get_if<std::string>(&value)) return *text;
+    if (const auto* number = std::get_if<std::int64_t>(&value)) return *number;
+    nlohmann::ordered_json scripts = nlohmann::ordered_json::object();
+    for (const auto& [name, script] : *std::get<std::shared_ptr<ScriptDictionary>>(value))
+        scripts[name] = script;
+    return scripts;
+}
+
+PublicValue publicValueOf(const nlohmann::json& value) {
+    if (value.is_string()) return value.get<std::string>();
+    if (value.is_number_integer()) return value.get<std::int64_t>();
+    if (!value.is_object()) throw CommandError("\"value\" must be a text, an integer or an object");
+    auto scripts = std::make_shared<ScriptDictionary>();
+    for (const auto& [name, script] : value.items()) {
+        if (!script.is_string()) throw CommandError("a script must be a text");
+        scripts->Add(name, script.get<std::string>());
+    }
+    return scripts;
+}
+
+}  // namespace
+
+Automation::Automation(std::istream& in, std::ostream& out, EventLog& events)
+    : in_(in), out_(out), events_(events) {}
+
+Automation::~Automation() = default;
+
+void Automation::converse(AutomationPage& page) {
+    page_ = &page;
+    auto& desktop = page.control.desktop;
+    const auto opened =
+        desktop.opened.subscribe([this](Form& form) { events_.formOpened(form.name()); });
+    const auto closed =
+        desktop.closed.subscribe([this](Form& form) { events_.formClosed(form.name()); });
+    succeed();
+    answer();
+    try {
+        converseWhile([] { return true; }, false);
+    } catch (const EndOfConversation&) {
+        // The end of input leaves all open dialogs as they are: nothing of them is stored.
+    }
+    page_ = nullptr;
+}
+
+void Automation::refuseOpening(const std::string& error) {
+    fail(error);
+    answer();
+}
+
+void Automation::run(Form& form) {
+    answer();
+    converseWhile([&form] { return form.Visible(); }, true);
+}
+
+void Automation::converseWhile(const std::function<bool()>& goOn, bool nested) {
+    std::string line;
+    while (std::getline(in_, line)) {
+        if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
+        executeLine(line, nested);
+        // The command that closed the dialog is answered by the loop behind it.
+        if (!goOn()) return;
+        answer();
+    }
+    throw EndOfConversation{};
+}
+
+void Automation::executeLine(const std::string& line, bool nested) {
+    succeed();
+    try {
+        execute(Command(line));
+    } catch (const ActionRefused& refusal) {
+        fail(refusal.what());
+    } catch (const CommandError& error) {
+        fail(error.what());
+    } catch (const RuntimeError& error) {
+        // Inside a dialog a failure belongs to the handler that opened it.
+        if (nested) throw;
+        events_.show("Run-time error '" + std::to_string(error.number()) +
+                     "': " + error.description());
+    }
+}
+
+void Automation::execute(const Command& command) {
+    if (actOnPage(command) || actOnControl(command)) return;
+    throw CommandError("there is no command \"" + command.verb + "\"");
+}
+
+bool Automation::actOnPage(const Command& command) {
+    const std::string& verb = command.verb;
+    if (verb == "quit") {
+        answer();
+        throw EndOfConversation{};
+    }
+    if (verb == "tab") {
+        page_->control.SSTab1.clickTab(command.integer("index"));
+    } else if (verb == "pick") {
+        events_.queueFile(command.text("file"));
+    } else if (verb == "get") {
+        getProperty(command);
+    } else if (verb == "set") {
+        setProperty(command);
+    } else if (verb == "properties") {
+        reply_["properties"] = page_->properties();
+    } else if (verb == "runtimeText") {
+        reply_["text"] = page_->runtimeText();
+    } else if (verb == "save") {
+        try {
+            const std::string file = page_->save();
+            if (!file.empty()) events_.wrote(file);
+        } catch (const RuntimeError& error) {
+            fail(error.description());
+        } catch (const std::exception& error) {
+            fail(error.what());
+        }
+    } else {
+        return false;
+    }
+    return true;
+}
+
+bool Automation::actOnControl(const Command& command) {
+    const std::string& verb = command.verb;
+    const auto control = [&]() -> Control& { return findControl(command.text("control")); };
+    if (verb == "click") {
+        click(control());
+    } else if (verb == "select") {
+        auto& list = as<ListBox>(control(), "list");
+        const auto items = command.integers("items");
+        const int fallback = items.empty() ? list.ListIndex() : items.back();
+        list.select(items, command.integerIfGiven("focus").value_or(fallback));
+    } else if (verb == "dblclick") {
+        auto& list = as<ListBox>(control(), "list");
+        const auto item = command.integerIfGiven("item");
+        item ? list.doubleClick(*item) : list.doubleClickEmptyArea();
+    } else if (verb == "choose") {
+        auto& combo = as<ComboBox>(control(), "combo box");
+        command.has("item") ? combo.choose(command.integer("item"))
+                            : combo.choose(command.text("text"));
+    } else if (verb == "type") {
+        typeText(control(), command.text("text"));
+    } else if (verb == "cell") {
+        as<Grid>(control(), "grid").clickCell(command.integer("row"), command.integer("column"));
+    } else if (verb == "dblcell") {
+        as<Grid>(control(), "grid")
+            .doubleClickCell(command.integer("row"), command.integer("column"));
+    } else if (verb == "key") {
+        pressKey(command);
+    } else if (verb == "focus") {
+        control().focus();
+    } else if (verb == "read") {
+        reply_["state"] = controlState(control());
+    } else {
+        return false;
+    }
+    return true;
+}
+
+Form* Automation::findForm(const std::string& name) const {
+    HeaderDTC& dtc = page_->control;
+    if (name == dtc.surface.name()) return &dtc.surface;
+    const auto& modal = dtc.desktop.modalForms();
+    for (auto form = modal.rbegin(); form != modal.rend(); ++form) {
+        if ((*form)->name() == name) return *form;
+    }
+    return nullptr;
+}
+
+Control& Automation::findControl(const std::string& name) const {
+    const auto dot = name.find('.');
+    const std::string formName = dot == std::string::npos ? "" : name.substr(0, dot);
+    Form* form = dot == std::string::npos ? &page_->control.surface : findForm(formName);
+    if (!form) throw CommandError("form '" + formName + "' is not open");
+    Control* control = form->find(dot == std::string::npos ? name : name.substr(dot + 1));
+    if (!control) throw CommandError("there is no control '" + name + "'");
+    return *control;
+}
+
+void Automation::pressKey(const Command& command) {
+    const Key key = command.key();
+    const std::string name = command.text("control");
+    if (Form* form = findForm(name)) return form->press(key);
+    findControl(name).press(key);
+}
+
+void Automation::getProperty(const Command& command) {
+    try {
+        reply_["value"] = jsonOf(headerdtc::getProperty(page_->control, command.text("property"),
+                                                        command.integerIfGiven("index")));
+    } catch (const RuntimeError& error) {
+        fail(error.description() + " (" + std::to_string(error.number()) + ")");
+    }
+}
+
+void Automation::setProperty(const Command& command) {
+    try {
+        headerdtc::setProperty(page_->control, command.text("property"),
+                               command.integerIfGiven("index"),
+                               publicValueOf(command.value("value")));
+    } catch (const RuntimeError& error) {
+        fail(error.description() + " (" + std::to_string(error.number()) + ")");
+    }
+}
+
+void Automation::succeed() {
+    reply_ = Json::object();
+    reply_["ok"] = true;
+}
+
+void Automation::fail(const std::string& error) {
+    reply_ = Json::object();
+    reply_["ok"] = false;
+    reply_["error"] = error;
+}
+
+void Automation::answer() {
+    // The events stand before the result, which may be long.
+    Json line = Json::object();
+    for (const char* head : {"ok", "error"}) {
+        if (reply_.contains(head)) line[head] = std::move(reply_[head]);
+    }
+    line["events"] = events_.take();
+    for (auto& [name, value] : reply_.items()) {
+        if (!line.contains(name)) line[name] = std::move(value);
+    }
+    out_ << line.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "controls/event.h"
+#include "controls/form.h"
+#include "host/automation/event_log.h"
+
+#include <functional>
+#include <iosfwd>
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace headerdtc {
+
+class Control;
+class HeaderDTC;
+
+// What automation asks of the page that it drives; all of it may throw std::exception, whose text
+// becomes the error of the reply.
+struct AutomationPage {
+    HeaderDTC& control;
+    // The stored properties and the runtime text, as `show` and the host would get them.
+    std::function<nlohmann::ordered_json()> properties;
+    std::function<std::string()> runtimeText;
+    // Saves the page with the guards of `generate`; the file's name when it was written, empty
+    // when its bytes are the same.
+    std::function<std::string()> save;
+};
+
+// Drives one control by the names of its controls: a JSON object a line in, a JSON object a line
+// out. A command that opens a modal dialog is answered when the dialog stands open; the one that
+// closes it when all that waited behind the dialog has run.
+class Automation : public ModalLoop {
+  public:
+    Automation(std::istream& in, std::ostream& out, EventLog& events);
+    ~Automation() override;
+
+    // Answers the opening of the page, then commands until the end of input or "quit".
+    void converse(AutomationPage& page);
+    // Answers an opening that failed.
+    void refuseOpening(const std::string& error);
+
+    void run(Form& form) override;
+
+  private:
+    using Json = nlohmann::ordered_json;
+    struct Command;
+    struct EndOfConversation {};
+
+    void converseWhile(const std::function<bool()>& goOn, bool nested);
+    void executeLine(const std::string& line, bool nested);
+    void execute(const Command& command);
+    bool actOnControl(const Command& command);
+    bool actOnPage(const Command& command);
+    Control& findControl(const std::string& name) const;
+    Form* findForm(const std::string& name) const;
+    void pressKey(const Command& command);
+    void getProperty(const Command& command);
+    void setProperty(const Command& command);
+    void succeed();
+    void fail(const std::string& error);
+    void answer();
+
+    std::istream& in_;
+    std::ostream& out_;
+    EventLog& events_;
+    AutomationPage* page_ = nullptr;
+    Json reply_;
+};
+
+}  // namespace headerdtc

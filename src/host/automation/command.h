@@ -1,0 +1,40 @@
+#pragma once
+
+#include "controls/keys.h"
+#include "host/automation/automation.h"
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace headerdtc {
+
+// A line that is not a command, or a command that lacks a field: the text says which.
+class CommandError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// One command line, with checked access to its fields.
+struct Automation::Command {
+    // Throws CommandError when the line is no JSON object with a text "do".
+    explicit Command(const std::string& line);
+
+    std::string verb;
+    nlohmann::json fields;
+
+    bool has(const char* field) const { return fields.contains(field); }
+    std::string text(const char* field) const;
+    int integer(const char* field) const;
+    std::optional<int> integerIfGiven(const char* field) const;
+    std::vector<int> integers(const char* field) const;
+    const nlohmann::json& value(const char* field) const;
+    Key key() const;
+
+  private:
+    [[noreturn]] void wrong(const char* field, const char* what) const;
+};
+
+}  // namespace headerdtc

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace headerdtc {
+
+// Why a file of the site, or a page, cannot be used: what() says what, where and what to do, in a
+// form that stands alone ("catalogue.json:3:17: ..."). Places are counted from 1, in bytes.
+class FileError : public std::runtime_error {
+  public:
+    FileError(std::string file, const std::string& problem)
+        : std::runtime_error(file + ": " + problem), file_(std::move(file)), problem_(problem) {}
+    FileError(std::string file, int line, int column, const std::string& problem);
+
+    const std::string& file() const { return file_; }
+    int line() const { return line_; }      // 0 where there is none
+    int column() const { return column_; }  // 0 where there is none
+    const std::string& problem() const { return problem_; }
+
+  private:
+    std::string file_;
+    std::string problem_;
+    int line_ = 0;
+    int column_ = 0;
+};
+
+// The site's configuration is wrong or missing a piece; ends a command with its own exit status.
+class ConfigurationError : public FileError {
+  public:
+    using FileError::FileError;
+};
+
+}  // namespace headerdtc

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <sys/stat.h>
+#include <vector>
+
+namespace headerdtc {
+
+// What tells one state of a file from another without reading it: a file whose stamp is the same
+// was neither rewritten nor replaced. A file that is not there has a stamp of its own.
+struct FileStamp {
+    std::uint64_t device = 0, inode = 0;
+    std::int64_t size = -1;
+    std::int64_t modified = 0, changed = 0;  // nanoseconds
+
+    static FileStamp of(const struct stat& status);
+    static FileStamp of(const std::filesystem::path& path);
+    bool operator==(const FileStamp&) const = default;
+};
+
+struct WholeFile {
+    std::string bytes;
+    FileStamp stamp;  // of the file as it was read
+};
+
+// Reads a file whole. Throws FileError with the system's reason; a folder, a device and a pipe are
+// refused.
+WholeFile readWholeFile(const std::filesystem::path& path);
+
+// Replaces files whole. The bytes go into a new file beside the old one, which is flushed and then
+// renamed over it, so that at every moment, and after a power cut, the name leads to the old bytes
+// or to the new ones. Mode and owner are kept, a symbolic link is followed to the real file, and a
+// file with several names (hard links) is refused because renaming would part them.
+//
+// Flushing costs far more than writing, so replacements are grouped: replace() writes, commit()
+// flushes and renames all that are waiting and then flushes their folders. What was not committed
+// when this is destroyed is discarded, and the files stay as they were. Not thread-safe; each
+// thread has its own.
+class FileReplacer {
+  public:
+    FileReplacer();
+    ~FileReplacer();
+    FileReplacer(const FileReplacer&) = delete;
+    FileReplacer& operator=(const FileReplacer&) = delete;
+
+    // Waits for commit(). `expected` is the stamp of the file that the new bytes were made from;
+    // a file that has become another one since is not overwritten. Throws FileError.
+    void replace(const std::filesystem::path& path, std::string_view bytes,
+                 const FileStamp& expected);
+    // Makes a file that is not there yet; the same promise. Throws FileError when it is there.
+    void create(const std::filesystem::path& path, std::string_view bytes);
+
+    struct Outcome {
+        std::filesystem::path path;  // as it was given
+        std::string problem;         // why it was not replaced; empty when it was
+    };
+    // What became of each, in the order of the calls. Never throws for one file's sake.
+    std::vector<Outcome> commit();
+    std::size_t waiting() const;
+
+  private:
+    struct Waiting;
+    std::vector<Waiting> waiting_;
+};
+
+// One file at once: replace() and commit(). Throws FileError.
+void replaceWholeFile(const std::filesystem::path& path, std::string_view bytes,
+                      const FileStamp& expected);
+
+}  // namespace headerdtc

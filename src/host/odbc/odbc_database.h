@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/database.h"
+
+#include <filesystem>
+#include <string>
+
+namespace headerdtc {
+
+// Databases through ODBC, for one site: its two connect strings, and the file in which its data
+// sources are looked up.
+class OdbcDatabase : public Database {
+  public:
+    struct Settings {
+        std::string connectString;
+        std::string labelConnectString;
+        std::filesystem::path odbcIni;     // empty: whatever ODBC finds by itself
+        std::filesystem::path siteFolder;  // where a relative Database of odbcIni is taken from
+    };
+    explicit OdbcDatabase(Settings settings);
+
+    std::unique_ptr<Connection> createConnection() override;
+    // Kind 8 is the translation database; raises 5 for another kind.
+    std::string GetConnectString(std::int32_t kind) override;
+    std::string labelConnectString() override { return settings_.labelConnectString; }
+
+  private:
+    Settings settings_;
+};
+
+}  // namespace headerdtc

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "host/files/code_page.h"
+#include "host/files/file_error.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace headerdtc {
+
+// The CLASSID of our controls, upper case, without braces.
+inline constexpr std::string_view HeaderDtcClassId = "2F9DAB28-6BB4-469F-A568-9CA7A4217B69";
+
+// Stored properties by name, in the order stored; UTF-8.
+using StoredProperties = std::vector<std::pair<std::string, std::string>>;
+
+// A piece of a page, in bytes.
+struct ByteRange {
+    std::size_t begin = 0, end = 0;
+    std::size_t size() const { return end - begin; }
+};
+
+// One of our controls in a page.
+struct ControlSpan {
+    std::string id;
+    StoredProperties properties;
+    ByteRange whole;        // from the start comment's '<' to the end comment's '>'
+    ByteRange markup;       // the start comment with the OBJECT, and the line end after it
+    ByteRange runtimeText;  // between the two comments
+    int line = 0;           // of the start comment, from 1
+};
+
+// What is written for one control.
+struct ControlContent {
+    std::string id;
+    StoredProperties properties;
+    std::string runtimeText;  // UTF-8; empty, or ending in CR LF
+};
+
+// A page as it was read: its bytes, and where our controls are in them.
+class PageMarkup {
+  public:
+    // Takes the bytes apart. `file` names the page in errors. A UTF-8 byte-order mark makes this
+    // page UTF-8, otherwise it has the site's code page. Throws FileError with the line for a
+    // start without its end, an OBJECT that is not closed, and two properties of one name.
+    PageMarkup(std::string file, std::string bytes, const CodePage& siteCodePage);
+
+    const std::string& file() const { return file_; }
+    const std::string& bytes() const { return bytes_; }
+    const CodePage& codePage() const { return codePage_; }
+    const std::vector<ControlSpan>& controls() const { return controls_; }
+    std::string_view textOf(const ByteRange& range) const;
+    // The runtime text of a control as it stands in the page, decoded.
+    std::string runtimeTextOf(const ControlSpan& control) const;
+
+    // The page's bytes with the controls' contents put in, one for each control in their order.
+    // The markup is kept byte for byte where no property is another (same names in the same order
+    // with the same values), the runtime text where it is the same. Throws FileError when a text
+    // holds an end marker.
+    std::string with(const std::vector<ControlContent>& contents) const;
+    // The page's bytes with one more control, before a line (from 1; one behind the last line is
+    // the end). Throws FileError for a line that is not there or lies inside a control's span of
+    // any kind.
+    std::string withNewControl(int line, const ControlContent& content) const;
+    // "HeaderDTC1", or the first number that no control of the page has.
+    std::string freeId() const;
+
+  private:
+    std::string file_;
+    std::string bytes_;
+    CodePage codePage_;
+    std::vector<ControlSpan> controls_;
+    std::vector<ByteRange> foreignSpans_;  // of other controls
+};
+
+// A whole span as it is written: start comment, runtime text, end comment, with no line end after
+// it. Throws FileError as PageMarkup::with does.
+std::string writeControl(const std::string& file, const ControlContent& content,
+                         const CodePage& codePage);
+
+}  // namespace headerdtc

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "host/page/page_markup.h"
+#include "platform/property_bag.h"
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace headerdtc {
+
+// The properties of a control as a page stores them: text under names. Reading gives strings.
+class StoredPropertyBag : public PropertyBag {
+  public:
+    // The properties must outlive the bag; no name occurs twice.
+    explicit StoredPropertyBag(const StoredProperties& properties);
+    PropertyValue ReadProperty(std::string_view name, const PropertyValue& fallback) override;
+    // Nothing is written into a page that is being read.
+    void WriteProperty(std::string_view, const PropertyValue&, const PropertyValue&) override {}
+
+  private:
+    std::unordered_map<std::string_view, std::string_view> values_;
+};
+
+// Collects what a control writes, defaults left out, typed and in order.
+class CollectingPropertyBag : public PropertyBag {
+  public:
+    PropertyValue ReadProperty(std::string_view, const PropertyValue& fallback) override {
+        return fallback;
+    }
+    void WriteProperty(std::string_view name, const PropertyValue& value,
+                       const PropertyValue& fallback) override;
+
+    const std::vector<std::pair<std::string, PropertyValue>>& written() const { return written_; }
+    // As a page keeps them: Booleans -1 and 0, integers decimal.
+    StoredProperties asStored() const;
+
+  private:
+    std::vector<std::pair<std::string, PropertyValue>> written_;
+};
+
+}  // namespace headerdtc
