@@ -1,0 +1,112 @@
+#include "cli/commands.h"
+#include "cli/version.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+
+namespace {
+
+using namespace headerdtc::cli;
+
+constexpr const char* Examples = R"(Examples:
+  headerdtc generate site/               write the header of every page below site/
+  headerdtc generate --check site/       only list the pages that are out of date
+  headerdtc generate --print page.asp    show the header text of one page
+  headerdtc new page.asp                 make a page with one new control
+  headerdtc show --json page.asp         the stored properties, for other programs
+  headerdtc automate page.asp < steps    drive the editor by name, a JSON command a line
+  headerdtc edit page.asp                open the page editor
+
+The site's configuration is the headerdtc.toml in the page's folder or the nearest one above it;
+--config FILE or the environment variable HEADERDTC_CONFIG names another.
+
+Exit status: 0 done, 1 --check found something, 2 wrong usage or configuration,
+3 at least one page could not be done.)";
+
+CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
+    auto* command = app.add_subcommand("generate", "Write the server script of pages");
+    command->add_option("PATH", options.paths, "pages, or folders with pages (*.asp, *.inc)")
+        ->required();
+    auto* print = command->add_flag("--print", options.print,
+                                    "write the runtime text to standard output, save nothing");
+    auto* check = command->add_flag("--check", options.check,
+                                    "save nothing, list the pages that are out of date");
+    auto* force =
+        command->add_flag("--force", options.force,
+                          "save also where an error was reported or a property would change");
+    command->add_flag("-q,--quiet", options.quiet, "no progress and no summary");
+    command->add_option("-j,--jobs", options.jobs, "pages done at a time (default: one a core)")
+        ->check(CLI::Range(1, 256));
+    print->excludes(check)->excludes(force);
+    check->excludes(force);
+    command->footer(
+        "A page is rewritten only when its bytes change, and left as it was, with the reason, "
+        "when\n"
+        "something would be lost. Written pages are listed on standard output.");
+    return command;
+}
+
+CLI::App* addNew(CLI::App& app, NewOptions& options) {
+    auto* command = app.add_subcommand("new", "Make a page with a new control");
+    command->add_option("PAGE", options.page, "the page")->required();
+    auto* into = command->add_flag("--into", options.into, "add the control to an existing page");
+    command->add_option("--line", options.line, "before this line (from 1) instead of at the start")
+        ->check(CLI::PositiveNumber)
+        ->needs(into);
+    return command;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app{
+        "Keeps the data headers of dashboard pages: reads the configuration that a page "
+        "stores and writes the server script that belongs to it.",
+        "headerdtc"};
+    app.set_version_flag("--version", std::string("headerdtc ") + Version);
+    app.require_subcommand(1);
+    app.fallthrough();
+    app.footer(Examples);
+
+    CommonOptions common;
+    app.add_option("--config", common.configuration, "the site's configuration (headerdtc.toml)")
+        ->envname("HEADERDTC_CONFIG");
+
+    GenerateOptions generateOptions;
+    NewOptions newOptions;
+    ShowOptions showOptions;
+    AutomateOptions automateOptions;
+    EditOptions editOptions;
+    auto* generateCommand = addGenerate(app, generateOptions);
+    auto* newCommand = addNew(app, newOptions);
+    auto* showCommand = app.add_subcommand("show", "Show the stored properties of a page");
+    showCommand->add_option("PAGE", showOptions.page, "the page")->required();
+    showCommand->add_flag("--json", showOptions.json, "as JSON");
+    auto* automateCommand =
+        app.add_subcommand("automate", "Drive the editor by name: JSON commands on standard input");
+    automateCommand->add_option("PAGE", automateOptions.page, "the page")->required();
+    automateCommand->add_option("--control", automateOptions.control, "ID of the control");
+    auto* editCommand = app.add_subcommand("edit", "Open the page editor");
+    editCommand->add_option("PAGE", editOptions.pages, "pages to open");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& help) {
+        return app.exit(help);
+    } catch (const CLI::ParseError& error) {
+        app.exit(error);
+        return WrongUsage;
+    }
+
+    try {
+        if (*generateCommand) return generate(common, generateOptions);
+        if (*newCommand) return newControl(common, newOptions);
+        if (*showCommand) return show(common, showOptions);
+        if (*automateCommand) return automate(common, automateOptions);
+        if (*editCommand) return edit(common, editOptions, argv[0]);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "headerdtc: %s\n", error.what());
+    }
+    return WrongUsage;
+}
