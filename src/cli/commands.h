@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +19,10 @@ enum ExitStatus : int {
 // Options that every command takes.
 struct CommonOptions {
     std::string configuration;  // path of a headerdtc.toml; empty: looked for beside the page
+    std::optional<std::filesystem::path> only() const {
+        if (configuration.empty()) return std::nullopt;
+        return configuration;
+    }
 };
 
 struct GenerateOptions {
@@ -54,6 +60,9 @@ int generate(const CommonOptions& common, const GenerateOptions& options);
 int newControl(const CommonOptions& common, const NewOptions& options);
 int show(const CommonOptions& common, const ShowOptions& options);
 int automate(const CommonOptions& common, const AutomateOptions& options);
-int edit(const CommonOptions& common, const EditOptions& options, const char* programPath);
+int edit(const CommonOptions& common, const EditOptions& options);
+
+// Runs a command's body; what it throws becomes a line on standard error and an exit status.
+int guarded(const std::function<ExitStatus()>& body);
 
 }  // namespace headerdtc::cli

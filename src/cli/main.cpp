@@ -104,7 +104,7 @@ int main(int argc, char** argv) {
         if (*newCommand) return newControl(common, newOptions);
         if (*showCommand) return show(common, showOptions);
         if (*automateCommand) return automate(common, automateOptions);
-        if (*editCommand) return edit(common, editOptions, argv[0]);
+        if (*editCommand) return edit(common, editOptions);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "headerdtc: %s\n", error.what());
     }

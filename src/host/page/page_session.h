@@ -1,8 +1,6 @@
 #pragma once
 
 #include "core/stored_comparison.h"
-#include "host/control_instance.h"
-#include "host/files/whole_file.h"
 #include "host/page/page_markup.h"
 #include "host/site/site.h"
 
@@ -14,7 +12,14 @@
 
 namespace headerdtc {
 
+class FileDialog;
+class HeaderDTC;
+class MessageBox;
+class ModalLoop;
+class PropertyChangeSink;
+
 // What the host of one control supplies besides its site: where messages go, how a person answers.
+// The objects outlive the control.
 struct HostFaces {
     MessageBox& messages;
     FileDialog& fileDialog;
@@ -22,31 +27,43 @@ struct HostFaces {
     ModalLoop& modalLoop;
 };
 
+// What a save would store for one control, and the failures that making it reported.
+struct MadeContent {
+    ControlContent content;
+    std::vector<std::string> errors;
+};
+
 // One of a page's controls come to life: set up, and its stored properties read.
 class OpenControl {
   public:
-    // `index` counts the page's controls from 0. Failures while loading are reported in message
-    // boxes and kept as loadingErrors. Throws what the configuration throws.
+    // `page` says how the page is named in the site; it need not exist. Failures while loading are
+    // reported in message boxes and kept.
     OpenControl(std::shared_ptr<Site> site, const std::filesystem::path& page,
                 const ControlSpan& span, const HostFaces& faces);
     ~OpenControl();
+    OpenControl(const OpenControl&) = delete;
+    OpenControl& operator=(const OpenControl&) = delete;
 
     HeaderDTC& dtc();
     const std::string& id() const;
-    // Reports of failures since the control was made, in order.
-    const std::vector<std::string>& errors() const;
 
-    // What a save would store: properties first, then the runtime text, as the host asks.
-    ControlContent content();
+    // As a host asks: for the properties first, then for the runtime text.
+    MadeContent content();
     StoredProperties properties();
     std::string runtimeText();
-    // The stored properties of the page that would not survive `content()`, an author's own
-    // changes not counted: compared with what was written right after loading.
-    const std::vector<LostProperty>& lossesOfLoading() const;
+
+    // Why the page should be left as it is, found while loading: a reported failure, or stored
+    // properties that would come back different. Nothing when all is well.
+    const std::optional<std::string>& loadingDoubt() const;
+    // The same after making a content.
+    std::optional<std::string> doubtAbout(const MadeContent& made) const;
 
   private:
     struct Parts;
     std::unique_ptr<Parts> parts_;
 };
+
+// The contents of a page as they stand, to be replaced one by one before PageMarkup::with.
+std::vector<ControlContent> contentsOf(const PageMarkup& page);
 
 }  // namespace headerdtc

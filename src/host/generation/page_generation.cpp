@@ -1,0 +1,70 @@
+#include "host/generation/page_generation.h"
+
+#include "host/page/page_session.h"
+#include "host/quiet_host.h"
+
+#include <iterator>
+#include <utility>
+
+namespace headerdtc {
+namespace {
+
+using Verdict = GeneratedPage::Verdict;
+
+std::string leftAlone(const ControlSpan& control, const std::string& doubt) {
+    return "left as it was: " + doubt + " (" + control.id + ", line " +
+           std::to_string(control.line) + "); --force saves it all the same";
+}
+
+void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
+              GeneratedPage& result) {
+    const auto site = sites.forPage(page);
+    WholeFile file = readWholeFile(page);
+    result.stamp = file.stamp;
+    const PageMarkup markup(page.string(), std::move(file.bytes), site->configuration->codePage);
+    if (markup.controls().empty()) return;
+
+    std::vector<ControlContent> contents;
+    std::vector<std::string> doubts;
+    for (const ControlSpan& span : markup.controls()) {
+        QuietHost host;
+        OpenControl control(site, page, span, host.faces());
+        MadeContent made = control.content();
+        std::move(host.messages.begin(), host.messages.end(), std::back_inserter(result.messages));
+        const auto doubt = control.doubtAbout(made);
+        if (doubt && guard == LossGuard::Refuse) doubts.push_back(leftAlone(span, *doubt));
+        contents.push_back(std::move(made.content));
+    }
+    result.after = markup.with(contents);
+    result.verdict = result.after == markup.bytes() ? Verdict::UpToDate : Verdict::Stale;
+    if (result.verdict == Verdict::Stale) {
+        result.before = markup.bytes();
+    } else {
+        result.after.clear();
+    }
+    if (doubts.empty()) return;
+    result.verdict = Verdict::LeftAlone;
+    std::move(doubts.begin(), doubts.end(), std::back_inserter(result.messages));
+}
+
+}  // namespace
+
+GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
+    GeneratedPage result;
+    try {
+        generate(page, sites, guard, result);
+    } catch (const ConfigurationError& error) {
+        result.verdict = Verdict::NotConfigured;
+        result.messages.emplace_back(error.what());
+    } catch (const FileError& error) {
+        result.verdict = Verdict::NotReadable;
+        result.messages.push_back(
+            error.file() == page.string() && error.line() == 0 ? error.problem() : error.what());
+    } catch (const std::exception& error) {
+        result.verdict = Verdict::NotReadable;
+        result.messages.emplace_back(error.what());
+    }
+    return result;
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/files/whole_file.h"
+#include "host/site/site.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace headerdtc {
+
+// What generating one page came to.
+struct GeneratedPage {
+    enum class Verdict {
+        NoControl,      // nothing of ours in it
+        UpToDate,       // the bytes would be the same
+        Stale,          // other bytes
+        LeftAlone,      // something would be lost, or a failure was reported
+        NotReadable,    // the page itself cannot be read or written to
+        NotConfigured,  // its site's configuration is wrong
+    };
+    Verdict verdict = Verdict::NoControl;
+    // Texts of the control's message boxes in order, then the reason for a bad verdict.
+    std::vector<std::string> messages;
+    std::string before, after;  // the page's bytes; after: only of a stale page
+    FileStamp stamp;            // of the file that was read
+
+    bool isFailure() const { return verdict >= Verdict::LeftAlone; }
+};
+
+enum class LossGuard { Refuse, SaveAnyway };
+
+// Opens a page's controls and makes the page anew from them; writes nothing. Never throws for the
+// page's sake. Thread-safe.
+GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard);
+
+}  // namespace headerdtc

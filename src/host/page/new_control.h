@@ -1,0 +1,19 @@
+#pragma once
+
+#include "host/page/page_document.h"
+
+#include <filesystem>
+
+namespace headerdtc {
+
+// Makes a page with one new control in an otherwise empty document. Throws FileError when the file
+// is there already.
+void makeNewPage(const std::filesystem::path& file, const CodePage& codePage);
+
+// Adds a new control to a page, before a line (from 1). Throws FileError.
+void addNewControl(const PageDocument& page, int line);
+
+// What a control stores that was just placed on a page. It has no runtime text yet.
+ControlContent newControlContent(const std::string& id);
+
+}  // namespace headerdtc
