@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# cli_test.sh HEADERDTC PROJECT: runs the command as a user would, on a copy of the demo site.
+set -u
+headerdtc=$1
+project=$2
+folder=$(mktemp -d)
+trap 'chmod -R u+w "$folder"; rm -rf "$folder"' EXIT
+cp -r "$project/demo" "$folder/site"
+cd "$folder" || exit 1
+unset HEADERDTC_CONFIG
+failures=0
+
+# check STATUS COMMAND...: runs it; its output is in $out and $err.
+check() {
+    local expected=$1 status
+    shift
+    "$@" >out 2>err
+    status=$?
+    out=$(cat out) err=$(cat err)
+    ((status == expected)) || fail "'$*' ended with $status instead of $expected: $err"
+}
+fail() {
+    echo "FAILED: $1"
+    failures=$((failures + 1))
+}
+expect() { [[ $1 == *"$2"* ]] || fail "'$2' is missing in: $1"; }
+expect_empty() { [[ -z $1 ]] || fail "this should be empty: $1"; }
+
+full=site/customers/regions/overview.asp
+
+# The committed pages are as generated, and stay untouched.
+check 0 "$headerdtc" generate --check site
+expect_empty "$out$err"
+stamp=$(stat -c %Y%i "$full")
+check 0 "$headerdtc" generate site
+expect_empty "$out$err"
+[[ $stamp == $(stat -c %Y%i "$full") ]] || fail "an unchanged page was rewritten"
+
+# --print gives exactly the bytes that stand in the page.
+check 0 "$headerdtc" generate --print "$full"
+perl -0777 -ne 'print $1 if /2F9DAB28.*?-->\r\n(.*?)<!--METADATA[^>]*endspan-->/s' "$full" >expected
+cmp -s expected out || fail "--print differs from the page"
+
+# Out of date: listed, then written, then up to date; the mode is kept, nothing stays behind.
+sed -i 's/ExtraFilters = /UserFilters = /' site/drive_c/Sites/Main/Orvane/include/DTC_TEMPLATE.ASP
+chmod 640 "$full"
+check 1 "$headerdtc" generate --check site
+expect "$out" "$full"
+check 0 "$headerdtc" generate --jobs 2 site
+[[ $(wc -l <out) == 7 ]] || fail "seven pages should have been written: $out"
+diff <(sort out) out >/dev/null || fail "the order is not stable"
+[[ $(stat -c %a "$full") == 640 ]] || fail "the mode was not kept"
+[[ -z $(find site -name '.headerdtc*') ]] || fail "a stray file stayed behind"
+check 0 "$headerdtc" generate --check site
+
+# A page that fails is said and left, and stops no other; failing outranks out of date.
+sed -i 's/VALUE="Stock"/VALUE="Gone"/' site/stock.asp
+sed -i 's/UserFilters = /ExtraFilters = /' site/drive_c/Sites/Main/Orvane/include/DTC_TEMPLATE.ASP
+cp site/stock.asp before.asp
+check 3 "$headerdtc" generate --check site
+check 3 "$headerdtc" generate site
+expect "$err" "site/stock.asp: left as it was"
+cmp -s site/stock.asp before.asp || fail "a page that would lose its provider was written"
+check 0 "$headerdtc" generate --force site/stock.asp
+cmp -s site/stock.asp before.asp && fail "--force wrote nothing"
+check 3 "$headerdtc" generate nowhere.asp
+expect "$err" "nowhere.asp: "
+
+# Making and showing.
+mkdir plain
+check 0 "$headerdtc" new plain/new.asp
+check 3 "$headerdtc" new plain/new.asp
+check 0 "$headerdtc" new --into plain/new.asp --line 2
+check 0 "$headerdtc" show --json plain/new.asp
+[[ $(jq -c '[.controls[].id]' out) == '["HeaderDTC2","HeaderDTC1"]' ]] || fail "wrong controls: $out"
+expect "$out" '{"name":"XSLFilename","type":"string","value":"xsl/Generic.xsl"}'
+expect "$out" '{"name":"ZEKOCriteriaCount","type":"integer","value":2}'
+check 3 "$headerdtc" new --into plain/new.asp --line 9999
+check 3 "$headerdtc" generate plain/new.asp
+expect "$err" "headerdtc.toml"
+
+# Usage and configuration.
+check 2 "$headerdtc"
+check 2 "$headerdtc" generate
+check 2 "$headerdtc" generate --print --check site
+check 0 "$headerdtc" --help
+expect "$out" "Examples:"
+check 0 "$headerdtc" --version
+check 2 "$headerdtc" --config missing.toml show "$full"
+expect "$err" "missing.toml"
+printf 'colour = "red"\n' >wrong.toml
+HEADERDTC_CONFIG=wrong.toml check 2 "$headerdtc" generate site
+expect "$err" "wrong.toml:1:1"
+
+# Automation over standard input.
+printf '%s\n' '{"do":"get","property":"DataProvider"}' '{"do":"quit"}' >steps
+check 0 "$headerdtc" automate "$full" <steps
+expect "$out" '"value":"Customers"'
+check 3 "$headerdtc" automate nowhere.asp <steps
+expect "$out" '{"ok":false,'
+
+((failures == 0)) && echo "All as expected."
+exit $((failures > 0))

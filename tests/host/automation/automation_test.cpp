@@ -1,0 +1,163 @@
+#include "host/automation/automation_session.h"
+#include "support/temp_site.h"
+
+#include <gmock/gmock.h>
+#include <initializer_list>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+namespace headerdtc {
+namespace {
+
+using testing::TempSite;
+using Json = nlohmann::json;
+using ::testing::HasSubstr;
+
+class AutomationTest : public ::testing::Test {
+  protected:
+    AutomationTest() { site.write("page.asp", TempSite::page(TempSite::ordersParams())); }
+
+    // The replies to some lines, the opening's first.
+    std::vector<Json> converse(std::initializer_list<const char*> lines,
+                               const std::string& control = "") {
+        std::string input;
+        for (const char* line : lines)
+            input += std::string(line) + "\n";
+        std::istringstream in(input);
+        std::ostringstream out;
+        opened = automatePage(sites, site / "page.asp", control, in, out);
+        std::vector<Json> replies;
+        std::istringstream answered(out.str());
+        for (std::string line; std::getline(answered, line);)
+            replies.push_back(Json::parse(line));
+        return replies;
+    }
+
+    TempSite site;
+    Sites sites;
+    bool opened = false;
+};
+
+TEST_F(AutomationTest, AnswersTheOpeningAndEachLineAndEndsWithTheInput) {
+    const auto replies = converse({R"({"do":"read","control":"ZEKOSelectedFieldsList"})", "", "  ",
+                                   R"({"do":"read","control":"SaveCommand"})"});
+    ASSERT_EQ(replies.size(), 3U);
+    EXPECT_EQ(replies[0], Json::parse(R"({"ok":true,"events":[]})"));
+    EXPECT_EQ(replies[1]["state"],
+              Json::parse(R"({"items":["1 - ORDNO"],"selected":[],"listIndex":-1,
+                              "enabled":true,"visible":true})"));
+    EXPECT_EQ(replies[2]["state"]["caption"], "Save");
+}
+
+TEST_F(AutomationTest, LinesThatAreNoCommandsAndActionsThatNobodyCanDoAreRefused) {
+    const char* const refused[] = {
+        "no json",
+        "[]",
+        "{}",
+        R"({"do":5})",
+        R"({"do":"fly"})",
+        R"({"do":"click"})",
+        R"({"do":"click","control":"Nobody"})",
+        R"({"do":"click","control":"ZEKOAddField"})",        // on another tab
+        R"({"do":"click","control":"DataProvidersCombo"})",  // another kind
+        R"({"do":"choose","control":"DataProvidersCombo","item":9})",
+        R"({"do":"choose","control":"DataProvidersCombo","text":"Gone"})",
+        R"({"do":"tab","index":6})",
+        R"({"do":"click","control":"SpecifyCriteriumDialog.OKButton"})",  // not open
+        R"({"do":"key","control":"IncludeASPText","key":"F1"})",
+        R"({"do":"get","property":"Colour"})",
+        R"({"do":"set","property":"ZEKOReturnFieldCount","value":1})",
+        R"({"do":"set","property":"ZEKOReturnFields","index":7,"value":"x"})",
+    };
+    for (const char* line : refused) {
+        const auto replies = converse({line, R"({"do":"properties"})"});
+        ASSERT_EQ(replies.size(), 3U) << line;
+        EXPECT_EQ(replies[1]["ok"], false) << line;
+        EXPECT_NE(replies[1]["error"], "") << line;
+        EXPECT_EQ(replies[1]["events"].size(), 0U) << line;
+        EXPECT_EQ(replies[2]["ok"], true) << line;
+    }
+}
+
+TEST_F(AutomationTest, PropertiesAreReadAndWrittenWithNotices) {
+    const auto replies =
+        converse({R"({"do":"get","property":"ZEKOReturnFields","index":0})",
+                  R"({"do":"set","property":"ZEKOReturnFields","index":0,"value":"2 - CUSTNO"})",
+                  R"({"do":"get","property":"ZEKOReturnFieldCount"})", R"({"do":"runtimeText"})",
+                  R"({"do":"properties"})"});
+    EXPECT_EQ(replies[1]["value"], "1 - ORDNO");
+    EXPECT_EQ(replies[2]["events"], Json::parse(R"([{"changed":"ZEKOReturnFields"}])"));
+    EXPECT_EQ(replies[3]["value"], 1);
+    EXPECT_THAT(replies[4]["text"].get<std::string>(), HasSubstr("Add 2, \"CUSTNO\""));
+    EXPECT_EQ(replies[5]["properties"][0],
+              Json::parse(R"({"name":"ZEKOReturnFields0","type":"string","value":"2 - CUSTNO"})"));
+}
+
+TEST_F(AutomationTest, ADialogIsAnsweredWhenItStandsOpenAndAgainWhenItHasClosed) {
+    const auto replies =
+        converse({R"({"do":"tab","index":2})",
+                  R"({"do":"cell","control":"ZEKOCriteriaGrid","row":1,"column":4})",
+                  R"({"do":"click","control":"ZEKOAddCriteriumCommand"})",
+                  R"({"do":"type","control":"SpecifyCriteriumDialog.NameText","text":"Lowest"})",
+                  R"({"do":"click","control":"SpecifyCriteriumDialog.IncludedScriptOption"})",
+                  R"({"do":"click","control":"SpecifyCriteriumDialog.OKButton"})",
+                  R"({"do":"read","control":"ZEKOCriteriaGrid"})"});
+    EXPECT_EQ(replies[2]["events"].back(), Json::parse(R"({"opened":"SpecifyCriteriumDialog"})"));
+    EXPECT_EQ(replies[3]["ok"], false);
+    EXPECT_THAT(replies[3]["error"].get<std::string>(), HasSubstr("modal dialog"));
+    EXPECT_EQ(replies[6]["events"].front(), Json::parse(R"({"closed":"SpecifyCriteriumDialog"})"));
+    EXPECT_EQ(replies[7]["state"]["cells"][1][3], "Lowest");
+}
+
+TEST_F(AutomationTest, EndingInsideADialogStoresNothing) {
+    for (const char* last : {R"({"do":"quit"})", ""}) {
+        const auto before = site.read("page.asp");
+        const auto replies =
+            converse({R"({"do":"tab","index":2})",
+                      R"({"do":"cell","control":"ZEKOCriteriaGrid","row":1,"column":4})", last});
+        EXPECT_EQ(replies.back()["ok"], true);
+        EXPECT_EQ(site.read("page.asp"), before);
+    }
+}
+
+TEST_F(AutomationTest, SavesLikeGenerateWithTheSameGuards) {
+    const auto replies = converse(
+        {R"({"do":"save"})", R"({"do":"save"})",
+         R"({"do":"choose","control":"DataProvidersCombo","text":"Stock"})", R"({"do":"save"})"});
+    EXPECT_EQ(replies[1]["events"],
+              Json::array({Json::object({{"wrote", (site / "page.asp").string()}})}));
+    EXPECT_EQ(replies[2]["events"], Json::array());
+    // Another provider is the author's own change and no loss.
+    EXPECT_EQ(replies[4]["ok"], true);
+    EXPECT_THAT(site.read("page.asp"), HasSubstr(TempSite::param("DataProvider", "Stock")));
+
+    site.write("page.asp", TempSite::page(TempSite::param("DataProvider", "Gone")));
+    const auto refused = converse({R"({"do":"save"})"});
+    EXPECT_EQ(refused[1]["ok"], false);
+    EXPECT_THAT(refused[1]["error"].get<std::string>(), HasSubstr("DataProvider"));
+    EXPECT_EQ(site.read("page.asp"), TempSite::page(TempSite::param("DataProvider", "Gone")));
+}
+
+TEST_F(AutomationTest, APageThatCannotBeOpenedIsAnsweredOnce) {
+    EXPECT_EQ(converse({R"({"do":"save"})"}, "Other").at(0)["ok"], false);
+    EXPECT_FALSE(opened);
+    std::filesystem::remove(site / "page.asp");
+    const auto replies = converse({R"({"do":"save"})"});
+    ASSERT_EQ(replies.size(), 1U);
+    EXPECT_THAT(replies[0]["error"].get<std::string>(), HasSubstr("page.asp"));
+}
+
+TEST_F(AutomationTest, FileDialogsAreAnsweredFromTheQueue) {
+    const auto replies = converse({R"({"do":"pick","file":"c:\\suite\\Include\\Extra.asp"})",
+                                   R"({"do":"click","control":"BrowseForIncludeASPCommand"})",
+                                   R"({"do":"click","control":"IncludeASPAddCommand"})",
+                                   R"({"do":"key","control":"UserControl","key":"x"})"});
+    EXPECT_EQ(replies[2]["events"], Json::parse(R"([{"fileDialog":{
+        "title":"Browse for include ASP","initialDirectory":"C:\\SUITE\\",
+        "filter":"ASP files (*.asp)|*.asp"}}])"));
+    EXPECT_EQ(replies[3]["events"], Json::parse(R"([{"changed":"ExtraIncludes"}])"));
+    EXPECT_EQ(replies[4]["events"], Json::parse(R"([{"message":"keypress"}])"));
+}
+
+}  // namespace
+}  // namespace headerdtc

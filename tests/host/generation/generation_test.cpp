@@ -1,0 +1,162 @@
+#include "host/generation/site_generation.h"
+#include "host/generation/site_pages.h"
+#include "support/temp_site.h"
+
+#include <gmock/gmock.h>
+#include <map>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using testing::TempSite;
+using Verdict = GeneratedPage::Verdict;
+
+class Generation : public ::testing::Test {
+  protected:
+    GeneratedPage generate(const std::string& page, LossGuard guard = LossGuard::Refuse) {
+        return generatePage(site / page, sites, guard);
+    }
+
+    // Runs over everything in the folder; the results by page, in the order told.
+    std::vector<std::pair<std::string, SiteGeneration::Done>> run(SiteGeneration::Options options) {
+        const SitePages pages = findSitePages({site.path().string()});
+        std::vector<std::pair<std::string, SiteGeneration::Done>> told;
+        SiteGeneration(sites, options).run(pages.pages, [&](const SiteGeneration::Done& done) {
+            told.emplace_back(pages.pages[done.index].lexically_relative(site.path()).string(),
+                              done);
+        });
+        return told;
+    }
+
+    TempSite site;
+    Sites sites;
+};
+
+TEST_F(Generation, WritesTheTextAndKeepsEveryByteAroundTheControl) {
+    const std::string foreign =
+        "<!--METADATA TYPE=\"DesignerControl\" startspan\n<OBJECT ID=\"x\" "
+        "CLASSID=\"clsid:00000000-0000-0000-0000-000000000000\"><PARAM NAME=a></OBJECT>-->\n"
+        "old<!--METADATA TYPE=\"DesignerControl\" endspan-->";
+    const std::string around = std::string("\x81\x00\xff<!--METADATA odd\n", 20) + foreign;
+    site.write("page.asp", around + TempSite::page(TempSite::ordersParams(), "old\r\n") + around);
+    const GeneratedPage made = generate("page.asp");
+    EXPECT_EQ(made.verdict, Verdict::Stale);
+    EXPECT_THAT(made.messages, IsEmpty());
+    const std::string expected =
+        around + TempSite::page(TempSite::ordersParams(), TempSite::ordersText()) + around;
+    EXPECT_EQ(made.after, expected);
+
+    run({});
+    EXPECT_EQ(site.read("page.asp"), expected);
+    EXPECT_EQ(generate("page.asp").verdict, Verdict::UpToDate);
+}
+
+TEST_F(Generation, KeepsAnObjectAsItIsWrittenWhenNoPropertyChanged) {
+    std::string oddly = TempSite::page(TempSite::ordersParams());
+    const auto param = oddly.find("\t<PARAM");
+    oddly.replace(param, 1, "    ");
+    site.write("page.asp", oddly);
+    const GeneratedPage made = generate("page.asp");
+    EXPECT_THAT(made.after, HasSubstr(oddly.substr(0, oddly.find("-->\r\n"))));
+    EXPECT_THAT(made.after, HasSubstr(TempSite::ordersText()));
+}
+
+TEST_F(Generation, LeavesAPageAloneThatWouldLoseSomething) {
+    const std::map<std::string, std::pair<std::string, std::string>> pages = {
+        {"provider.asp",
+         {TempSite::param("DataProvider", "Gone"), "DataProvider is \"Gone\" and would be gone"}},
+        {"count.asp",
+         {TempSite::param("ZEKOReturnFieldCount", "many"), "loading reported an error"}},
+        {"unknown.asp", {TempSite::param("Colour", "red"), "Colour is \"red\""}},
+        {"entry.asp",
+         {TempSite::param("ZEKOReturnFields0", "ORDNO") +
+              TempSite::param("ZEKOReturnFieldCount", "1"),
+          "the generation reported an error"}},
+    };
+    for (const auto& [page, content] : pages) {
+        site.write(page, TempSite::page(content.first));
+        const GeneratedPage made = generate(page);
+        EXPECT_EQ(made.verdict, Verdict::LeftAlone) << page;
+        EXPECT_THAT(made.messages.back(), HasSubstr(content.second));
+        EXPECT_EQ(generate(page, LossGuard::SaveAnyway).verdict, Verdict::Stale) << page;
+    }
+    run({});
+    for (const auto& [page, content] : pages)
+        EXPECT_EQ(site.read(page), TempSite::page(content.first));
+}
+
+TEST_F(Generation, MissingPiecesOfTheSiteFailThePageAndSayWhichFile) {
+    site.write("page.asp", TempSite::page(TempSite::ordersParams()));
+    for (const char* piece : {"velmora.reg", "catalogue.json"}) {
+        const std::string bytes = site.read(piece);
+        std::filesystem::remove(site / piece);
+        const GeneratedPage made = generate("page.asp");
+        EXPECT_EQ(made.verdict, Verdict::LeftAlone) << piece;
+        site.write(piece, bytes);
+    }
+    site.write("catalogue.json", "{\"providers\": [\n  {\"name\": 5}]}");
+    EXPECT_THAT(generate("page.asp").messages.front(), HasSubstr("catalogue.json:2:"));
+
+    site.write("headerdtc.toml", "code_page = 5\n");
+    const GeneratedPage made = generate("page.asp");
+    EXPECT_EQ(made.verdict, Verdict::NotConfigured);
+    EXPECT_THAT(made.messages, ElementsAre(HasSubstr("headerdtc.toml:1:13:")));
+}
+
+TEST_F(Generation, SeesAChangedTemplateAndCatalogueWithTheNextPage) {
+    site.write("page.asp", TempSite::page(TempSite::ordersParams()));
+    EXPECT_THAT(generate("page.asp").after, HasSubstr("<% ' Orders"));
+    site.writeTemplate("<% ' new <DATAPROVIDER>\n");
+    EXPECT_THAT(generate("page.asp").after, HasSubstr("<% ' new Orders"));
+    site.write("catalogue.json", R"({"providers": [{"name": "Other"}]})");
+    EXPECT_EQ(generate("page.asp").verdict, Verdict::LeftAlone);
+}
+
+TEST_F(Generation, SeveralControlsOfAPageAreEachDoneAndTheWayToTheRootIsCounted) {
+    site.writeTemplate("<PATH_TO_ROOT>|<DATAPROVIDER>");
+    site.write("a/b/page.asp",
+               TempSite::control(TempSite::ordersParams()) +
+                   TempSite::control(TempSite::param("DataProvider", "Stock"), "", "Second"));
+    const GeneratedPage made = generate("a/b/page.asp");
+    EXPECT_THAT(made.after, HasSubstr("-->\r\n../../|Orders\r\n<!--"));
+    EXPECT_THAT(made.after, HasSubstr("-->\r\n../../|Stock\r\n<!--"));
+    site.write("root.asp", TempSite::page(TempSite::ordersParams()));
+    EXPECT_THAT(generate("root.asp").after, HasSubstr("-->\r\n|Orders\r\n<!--"));
+}
+
+TEST_F(Generation, ManyPagesAreToldOfInOrderAndAFailureStopsNoOther) {
+    constexpr int Pages = 400;
+    const auto name = [](int i) { return "p" + std::to_string(1000 + i) + ".asp"; };
+    for (int i = 0; i < Pages; ++i)
+        site.write(name(i), TempSite::page(i % 100 == 50 ? TempSite::param("DataProvider", "Gone")
+                                                         : TempSite::ordersParams()));
+    const auto told = run({.jobs = 4});
+    ASSERT_EQ(told.size(), static_cast<std::size_t>(Pages));
+    for (int i = 0; i < Pages; ++i) {
+        const auto& [page, done] = told[static_cast<std::size_t>(i)];
+        EXPECT_EQ(page, name(i));
+        EXPECT_EQ(done.written, i % 100 != 50);
+    }
+    for (const auto& [page, done] : run({.mode = SiteGeneration::Mode::Check, .jobs = 4}))
+        EXPECT_NE(done.page.verdict, Verdict::Stale);
+}
+
+TEST_F(Generation, FindsPagesOfBothKindsOnceAndFollowsNoFolderLoop) {
+    for (const char* page : {"b.asp", "a/x.INC", "a/y.txt", ".hidden/z.asp", "c/k.Asp"})
+        site.write(page, "");
+    std::filesystem::create_directory_symlink(site.path(), site / "a/loop");
+    std::filesystem::create_symlink(site / "b.asp", site / "a/link.asp");
+    const auto found = findSitePages(
+        {(site / "c/k.Asp").string(), site.path().string(), (site / "missing.asp").string()});
+    std::vector<std::string> names;
+    for (const auto& page : found.pages)
+        names.push_back(page.lexically_relative(site.path()).string());
+    EXPECT_THAT(names, ElementsAre("c/k.Asp", "a/link.asp", "a/x.INC",
+                                   "c/Suite/Orvane/include/DTC_TEMPLATE.ASP", "missing.asp"));
+}
+
+}  // namespace
+}  // namespace headerdtc

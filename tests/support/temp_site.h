@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace headerdtc::testing {
+
+// A folder of its own for one test, removed with everything in it.
+class TempFolder {
+  public:
+    TempFolder() {
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "headerdtc-XXXXXX").string();
+        if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
+        path_ = std::filesystem::canonical(pattern);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+    void write(const std::string& name, const std::string& bytes) const {
+        const auto file = path_ / name;
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << bytes;
+    }
+    std::string read(const std::string& name) const {
+        std::ifstream file(path_ / name, std::ios::binary);
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
+    }
+    bool has(const std::string& name) const { return std::filesystem::exists(path_ / name); }
+
+  private:
+    std::filesystem::path path_;
+};
+
+// A complete small site in a folder of its own: configuration, registry export, a catalogue with
+// the providers "Orders" and "Stock", and a template.
+class TempSite : public TempFolder {
+  public:
+    TempSite() {
+        write("headerdtc.toml",
+              "registry = \"velmora.reg\"\n[drives]\nC = \"c\"\n"
+              "[datasource]\ncatalogue = \"catalogue.json\"\n");
+        write("velmora.reg",
+              "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Zarvik\\Zarvik Velmora]\r\n"
+              "\"InstallDir\"=\"C:\\\\Suite\"\r\n");
+        write("catalogue.json", R"({"providers": [
+  {"name": "Orders",
+   "zeko": {"fields": [{"number": 1, "name": "ORDNO"}, {"number": 2, "name": "CUSTNO"},
+                       {"number": 3, "name": "STATUS"}],
+            "keyFields": ["ORDNO", "CUSTNO"]},
+   "eai": {"groups": [{"name": "ORDERS", "fields": ["ORDNO", "CUSTNO"]},
+                      {"name": "DELIVERY", "fields": ["CITY"]}],
+           "keyFields": ["ORDNO"]}},
+  {"name": "Stock",
+   "zeko": {"fields": [{"number": 1, "name": "ITEMNO"}], "keyFields": ["ITEMNO"]}}]})");
+        writeTemplate("<% ' <DATAPROVIDER>\n<ADD_ZEKO_RETURN_FIELDS>\n%>\n");
+    }
+
+    void writeTemplate(const std::string& text) const {
+        write("c/Suite/Orvane/include/DTC_TEMPLATE.ASP", text);
+    }
+
+    // A page with one control that has these PARAM lines and this runtime text.
+    static std::string page(const std::string& params, const std::string& runtimeText = "",
+                            const std::string& id = "HeaderDTC1") {
+        return "<html>\n" + control(params, runtimeText, id) + "\n</html>\n";
+    }
+    static std::string control(const std::string& params, const std::string& runtimeText = "",
+                               const std::string& id = "HeaderDTC1") {
+        return "<!--METADATA TYPE=\"DesignerControl\" startspan\r\n<OBJECT ID=\"" + id +
+               "\" CLASSID=\"clsid:2F9DAB28-6BB4-469F-A568-9CA7A4217B69\">\r\n" + params +
+               "</OBJECT>\r\n-->\r\n" + runtimeText +
+               "<!--METADATA TYPE=\"DesignerControl\" endspan-->";
+    }
+    static std::string param(const std::string& name, const std::string& value) {
+        return "\t<PARAM NAME=\"" + name + "\" VALUE=\"" + value + "\">\r\n";
+    }
+    // One return field of "Orders", with everything that goes with it.
+    static std::string ordersParams() {
+        return param("ZEKOReturnFields0", "1 - ORDNO") + param("ZEKOCriteriaCount", "2") +
+               param("EAICriteriaCount", "2") + param("ZEKOReturnFieldCount", "1") +
+               param("DataProvider", "Orders") + param("XSLFilename", "xsl/Generic.xsl") +
+               param("NrOfZEKOI18NFieldnames", "0") + param("NrOfEAII18NFieldnames", "0") +
+               param("NrOfZEKOI18NFieldValues", "0") + param("NrOfEAII18NFieldValues", "0") +
+               param("LinkedDataProvider", "ZEKOLinkedDataProvidersCombo") +
+               param("NrOfZEKOAvailableFieldsLinked", "0") +
+               param("NrOfEAIAvailableFieldsLinked", "0") +
+               param("NrOfSelectedZEKOLinkedFields", "0") +
+               param("NrOfSelectedEAILinkedFields", "0") + param("NrOfZEKOToLinkKeyFields", "0") +
+               param("NrOfEAIToLinkKeyFields", "0");
+    }
+    // What the template makes of ordersParams().
+    static std::string ordersText() {
+        return "<% ' Orders\r\nmReturnFields.Add 1, \"ORDNO\"\r\n\t\t\t\r\n%>\r\n";
+    }
+};
+
+}  // namespace headerdtc::testing
