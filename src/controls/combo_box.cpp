@@ -19,8 +19,8 @@ void ComboBox::List(int index, const std::string& text) {
     if (index == listIndex_) contentChanged.raise();
 }
 
-void ComboBox::AddItem(const std::string& text, int index) {
-    items_.insert(index, text);
+void ComboBox::AddItem(std::string text, int index) {
+    items_.insert(index, std::move(text));
     if (listIndex_ >= index) ++listIndex_;
     itemsChanged.raise({ItemsChange::Kind::Inserted, index, 1});
 }

@@ -5,6 +5,7 @@
 #include "controls/list_items.h"
 
 #include <string>
+#include <utility>
 
 namespace headerdtc {
 
@@ -26,8 +27,8 @@ class ComboBox : public Control {
     // The text follows when the item is the one at ListIndex.
     void List(int index, const std::string& text);
     // Appends, or inserts before the item at `index` (ListCount appends). Raises 6 when full.
-    void AddItem(const std::string& text) { AddItem(text, ListCount()); }
-    void AddItem(const std::string& text, int index);
+    void AddItem(std::string text) { AddItem(std::move(text), ListCount()); }
+    void AddItem(std::string text, int index);
     // When the item at ListIndex is removed, ListIndex becomes -1 and the text empty; ListIndex
     // follows its item otherwise.
     void RemoveItem(int index);

@@ -58,10 +58,10 @@ const std::string& Grid::TextMatrix(int row, int column) const {
     return cells_[at(row)][at(column)];
 }
 
-void Grid::TextMatrix(int row, int column, const std::string& text) {
+void Grid::TextMatrix(int row, int column, std::string text) {
     checkIndex(row, cells_);
     checkIndex(column, columnWidths_);
-    cells_[at(row)][at(column)] = text;
+    cells_[at(row)][at(column)] = std::move(text);
     gridChanged.raise({GridChange::Kind::CellsChanged, row, 1});
 }
 
@@ -70,9 +70,9 @@ const std::string& Grid::TextArray(long index) const {
     return TextMatrix(row, static_cast<int>(index % Cols()));
 }
 
-void Grid::TextArray(long index, const std::string& text) {
+void Grid::TextArray(long index, std::string text) {
     const int row = rowOfCell(index);
-    TextMatrix(row, static_cast<int>(index % Cols()), text);
+    TextMatrix(row, static_cast<int>(index % Cols()), std::move(text));
 }
 
 int Grid::rowOfCell(long index) const {

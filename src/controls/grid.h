@@ -34,10 +34,10 @@ class Grid : public Control {
     int FixedRows() const { return 1; }
 
     const std::string& TextMatrix(int row, int column) const;
-    void TextMatrix(int row, int column, const std::string& text);
+    void TextMatrix(int row, int column, std::string text);
     // The flat text array: cell index = row * Cols + column.
     const std::string& TextArray(long index) const;
-    void TextArray(long index, const std::string& text);
+    void TextArray(long index, std::string text);
     // The current cell.
     const std::string& Text() const { return TextMatrix(row_, column_); }
 

@@ -20,8 +20,8 @@ std::string ListBox::ListOrEmpty(int index) const {
     return items_.has(index) ? List(index) : std::string();
 }
 
-void ListBox::AddItem(const std::string& text, int index) {
-    items_.insert(index, text);
+void ListBox::AddItem(std::string text, int index) {
+    items_.insert(index, std::move(text));
     if (listIndex_ >= index) ++listIndex_;
     itemsChanged.raise({ItemsChange::Kind::Inserted, index, 1});
 }

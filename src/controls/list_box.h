@@ -4,6 +4,7 @@
 #include "controls/list_items.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace headerdtc {
@@ -29,8 +30,8 @@ class ListBox : public Control {
     // The item's text, or an empty text for an index that is not there.
     std::string ListOrEmpty(int index) const;
     // Appends, or inserts before the item at `index` (ListCount appends). Raises 6 when full.
-    void AddItem(const std::string& text) { AddItem(text, ListCount()); }
-    void AddItem(const std::string& text, int index);
+    void AddItem(std::string text) { AddItem(std::move(text), ListCount()); }
+    void AddItem(std::string text, int index);
     // When the item at ListIndex is removed, ListIndex becomes -1; it follows its item otherwise.
     void RemoveItem(int index);
     void Clear();
