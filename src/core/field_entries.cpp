@@ -18,7 +18,8 @@ std::vector<std::string> numberedFields(DataSource& source, const std::string& p
     for (const auto& [number, field] : fields) {
         const int length = characterCount(number);
         if (length < width) padding.assign(static_cast<std::size_t>(width - length), ' ');
-        entries.push_back(padding + number + separator + field);
+        std::string& entry = entries.emplace_back(padding);
+        entry.append(number).append(separator).append(field);
     }
     return entries;
 }
@@ -28,7 +29,7 @@ std::vector<std::string> groupedFields(DataSource& source, const std::string& pr
     std::vector<std::string> entries;
     for (const auto& [groupKey, group] : source.eaiGroups(provider)) {
         for (const auto& [fieldKey, field] : source.eaiGroupFields(provider, group))
-            entries.push_back(group + separator + field);
+            entries.emplace_back(group).append(separator).append(field);
     }
     return entries;
 }
