@@ -4,6 +4,7 @@
 #include "links/links.h"
 
 #include <string>
+#include <utility>
 
 namespace headerdtc {
 

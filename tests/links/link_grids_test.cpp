@@ -25,12 +25,6 @@ class LinkGridsTest : public LinksTest, public ::testing::WithParamInterface<Fam
     ComboBox& editorOf(int column) {
         return column == From ? family.FromLinkFieldsCombo : family.ToLinkFieldsCombo;
     }
-    std::vector<std::string> column(int column) const {
-        std::vector<std::string> cells;
-        for (int row = 1; row < grid.Rows(); ++row)
-            cells.push_back(grid.TextMatrix(row, column));
-        return cells;
-    }
     // Rows whose marker column has the "*".
     std::vector<int> markedRows() const {
         std::vector<int> rows;
@@ -49,12 +43,12 @@ class LinkGridsTest : public LinksTest, public ::testing::WithParamInterface<Fam
         family.AddLink.focus();
         EXPECT_FALSE(editor.Visible());
     }
-    void expectFields(int column, std::vector<int> numbers) {
-        const char* letter = column == From ? "A" : "X";
-        std::vector<std::string> fields;
-        for (const int number : numbers)
-            fields.push_back(letter + std::to_string(number));
-        EXPECT_EQ(this->column(column), fields) << "column " << column;
+    // A column's cells by the numbers of their fields.
+    void expectFields(int column, const std::string& numbers) {
+        std::string found;
+        for (int row = 1; row < grid.Rows(); ++row)
+            found += grid.TextMatrix(row, column).substr(1);
+        EXPECT_EQ(found, numbers) << "column " << column;
     }
 
     Grid& grid = family.LinksGrid;
@@ -63,29 +57,19 @@ class LinkGridsTest : public LinksTest, public ::testing::WithParamInterface<Fam
 INSTANTIATE_TEST_SUITE_P(Families, LinkGridsTest, ::testing::Values(Family::EAI, Family::ZEKO),
                          [](const auto& info) { return familyName(info.param, ""); });
 
-TEST_P(LinkGridsTest, APickLandsInTheRowThatWasClicked) {
-    for (const int column : {From, To}) {
-        grid.clickCell(2, column);
-        EXPECT_EQ(editorOf(column).ListIndex(), 1);
-        pickAndLeave(column, 3);
-        expectFields(column, {0, 3, 2});
-        EXPECT_THAT(markedRows(), ElementsAre(2));
-    }
-}
-
 TEST_P(LinkGridsTest, APickLandsInTheClickedRowWhileAnotherEditorIsOpen) {
     for (const int column : {From, To}) {
         for (const int other : {From, To}) {
             grid.clickCell(3, other);
             grid.clickCell(1, column);
             pickAndLeave(column, 3);
-            expectFields(column, {3, 1, 2});
+            expectFields(column, "312");
             grid.clickCell(1, column);
             pickAndLeave(column, 0);
         }
     }
-    expectFields(From, {0, 1, 2});
-    expectFields(To, {0, 1, 2});
+    expectFields(From, "012");
+    expectFields(To, "012");
 }
 
 TEST_P(LinkGridsTest, AnEditorThatIsLeftWritesIntoItsOwnRow) {
@@ -96,7 +80,7 @@ TEST_P(LinkGridsTest, AnEditorThatIsLeftWritesIntoItsOwnRow) {
         grid.press(Key::of(Key::Kind::Down));
         grid.press(Key::of(Key::Kind::Enter));
         grid.clickCell(1, 0);
-        expectFields(column, {0, 1, 2});
+        expectFields(column, "012");
     }
     EXPECT_FALSE(family.FromLinkFieldsCombo.Visible());
     EXPECT_FALSE(family.ToLinkFieldsCombo.Visible());
@@ -108,12 +92,12 @@ TEST_P(LinkGridsTest, APickLandsInTheRowThatKeysEntered) {
     for (const int column : {From, To}) {
         grid.press(Key::of(Key::Kind::Enter));
         pickAndLeave(column, 3);
-        expectFields(column, {3, 1, 2});
+        expectFields(column, "312");
         grid.press(Key::of(Key::Kind::Down));
         EXPECT_THAT(markedRows(), ElementsAre(2));
         grid.press(Key::of(Key::Kind::Enter));
         pickAndLeave(column, 0);
-        expectFields(column, {3, 0, 2});
+        expectFields(column, "302");
         grid.press(Key::of(Key::Kind::Up));
         grid.press(Key::of(Key::Kind::Right));
     }
@@ -125,7 +109,7 @@ TEST_P(LinkGridsTest, TheFirstEditOfAllStaysInItsRowWhenAnotherIsClicked) {
     grid.press(Key::of(Key::Kind::Enter));
     editorOf(From).press(Key::of(Key::Kind::Down));
     grid.clickCell(3, From);
-    expectFields(From, {1, 1, 2});
+    expectFields(From, "112");
 }
 
 TEST_P(LinkGridsTest, AddOpensARowThatTakesTheNextPicks) {
@@ -137,8 +121,8 @@ TEST_P(LinkGridsTest, AddOpensARowThatTakesTheNextPicks) {
     pickAndLeave(From, 3);
     grid.clickCell(4, To);
     pickAndLeave(To, 3);
-    expectFields(From, {0, 1, 2, 3});
-    expectFields(To, {0, 1, 2, 3});
+    expectFields(From, "0123");
+    expectFields(To, "0123");
     EXPECT_THAT(takeNotices(), ElementsAre("NrOfLinked" + named("Fields"), named("LinkFromFields"),
                                            named("LinkToFields")));
 }
@@ -146,16 +130,16 @@ TEST_P(LinkGridsTest, AddOpensARowThatTakesTheNextPicks) {
 TEST_P(LinkGridsTest, RemoveTakesTheMarkedRowAndTheNextPickLandsWhereItIsMade) {
     grid.clickCell(2, To);
     family.RemoveLink.press();
-    expectFields(To, {0, 2});
+    expectFields(To, "02");
     EXPECT_THAT(markedRows(), ElementsAre(2));
     grid.press(Key::of(Key::Kind::Enter));
     pickAndLeave(To, 3);
-    expectFields(To, {0, 3});
+    expectFields(To, "03");
     family.RemoveLink.press();
     EXPECT_THAT(markedRows(), ElementsAre(1));
     grid.clickCell(1, From);
     pickAndLeave(From, 3);
-    expectFields(From, {3});
+    expectFields(From, "3");
 }
 
 TEST_P(LinkGridsTest, TheLastLinkIsEmptiedAndKeepsItsRow) {
@@ -163,8 +147,7 @@ TEST_P(LinkGridsTest, TheLastLinkIsEmptiedAndKeepsItsRow) {
     grid.clickCell(1, From);
     family.RemoveLink.press();
     EXPECT_EQ(grid.Rows(), 2);
-    EXPECT_THAT(column(From), ElementsAre(""));
-    EXPECT_THAT(column(To), ElementsAre(""));
+    EXPECT_EQ(grid.TextMatrix(1, From) + grid.TextMatrix(1, To), "");
     EXPECT_EQ(grid.TextMatrix(0, From), "From");
     EXPECT_EQ(grid.TextMatrix(0, To), "To");
     EXPECT_THAT(markedRows(), ElementsAre(1));
@@ -189,25 +172,6 @@ TEST_P(LinkGridsTest, TheScrollBarNarrowsTheToColumnOnce) {
         family.RemoveLink.press();
     EXPECT_EQ(grid.Rows(), 3);
     EXPECT_EQ(grid.ColWidth(To), width);
-}
-
-TEST_P(LinkGridsTest, AFieldThatIsNotOfferedLeavesTheEditorOnWhatItShowed) {
-    grid.TextMatrix(2, To, "GONE");
-    grid.clickCell(2, To);
-    EXPECT_EQ(family.ToLinkFieldsCombo.Text(), "");
-    family.AddLink.focus();
-    grid.clickCell(1, To);
-    family.AddLink.focus();
-    grid.TextMatrix(2, To, "GONE");
-    grid.clickCell(2, To);
-    EXPECT_EQ(family.ToLinkFieldsCombo.Text(), "X0");
-}
-
-TEST_P(LinkGridsTest, TheMarkerColumnHasNoEditor) {
-    grid.clickCell(1, 0);
-    EXPECT_TRUE(grid.hasFocus());
-    grid.press(Key::of(U'x'));
-    EXPECT_TRUE(grid.hasFocus());
 }
 
 TEST_P(LinkGridsTest, AnEditOfARowThatHasGoneIsDroppedByFromAndReportedByTo) {

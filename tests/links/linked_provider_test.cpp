@@ -50,18 +50,11 @@ TEST_F(LinkedProviderTest, AChoiceOnEitherTabFillsBothBeginningWithItsOwn) {
     EXPECT_FALSE(dtc.EAI.RemoveLinkedField.Enabled());
 }
 
-TEST_F(LinkedProviderTest, TheSameChoiceAgainKeepsTheAuthorsFields) {
+TEST_F(LinkedProviderTest, OnlyAnotherChoiceDiscardsTheFieldsOfBothTabs) {
     linkToOrders();
-    takeRequests();
-    open(Family::EAI);
-    dtc.EAI.LinkedDataProvidersCombo.choose("Orders");
-    EXPECT_THAT(takeRequests(), IsEmpty());
-    EXPECT_EQ(dtc.EAI.SelectedLinkedFieldsList.ListCount(), 1);
+    dtc.ZEKO.LinkedDataProvidersCombo.choose("Orders");
+    EXPECT_EQ(dtc.ZEKO.SelectedLinkedFieldsList.ListCount(), 1);
     EXPECT_THAT(takeNotices(), IsEmpty());
-}
-
-TEST_F(LinkedProviderTest, AnotherChoiceDiscardsTheFieldsOfBothTabsAndSaysSo) {
-    linkToOrders();
     dtc.ZEKO.LinkedDataProvidersCombo.choose("Stock");
     EXPECT_EQ(dtc.EAI.SelectedLinkedFieldsList.ListCount(), 0);
     EXPECT_EQ(dtc.ZEKO.LinksGrid.TextMatrix(1, links_column::From), "CUSTNO");
