@@ -70,8 +70,10 @@ class FileReplacer {
   private:
     struct Waiting;
     void wait(Waiting file);
+    void flush();
 
     std::vector<Waiting> waiting_;
+    std::size_t flushed_ = 0;  // of these, from the first on
 };
 
 // One file at once: replace() and commit(). Throws FileError.
