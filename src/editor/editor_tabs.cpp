@@ -1,7 +1,7 @@
 #include "editor/editor_tabs.h"
 
+#include "core/handler.h"
 #include "core/handler_tools.h"
-#include "editor/handler.h"
 #include "platform/message_box.h"
 #include "platform/text_files.h"
 

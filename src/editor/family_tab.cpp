@@ -1,7 +1,7 @@
 #include "editor/family_tab.h"
 
+#include "core/handler.h"
 #include "core/handler_tools.h"
-#include "editor/handler.h"
 #include "platform/data_source.h"
 #include "platform/text.h"
 
