@@ -32,12 +32,6 @@ void prepare(const std::function<void(Family)>& procedure, Family family) {
     if (procedure) procedure(family);
 }
 
-// Whether it is the author who works at a control. Loading a page and a write of a public
-// property come through the same events; the first is no change, the second gives its own notice.
-bool isInAuthorsHands(const Control& control) {
-    return control.hasFocus();
-}
-
 }  // namespace
 
 EditorTabs::EditorTabs(HeaderDTC& dtc) : dtc_(dtc) {
