@@ -15,18 +15,21 @@ namespace fs = std::filesystem;
 // Part of the name of SQLite's driver, or of its library. It takes bytes.
 constexpr std::string_view FileDriver = "SQLITE";
 
-// Time limits that a driver takes from its connect string only.
-struct TimeLimit {
+// What a driver has to be told in its connect string, unless the author has done so.
+struct DriverSetting {
     std::string_view driver;  // part of its name or library, upper case
     std::string_view keyword;
-    enum class Of { LogOn, Statement } of;
-    int perSecond;  // units of the keyword's value in one second
+    enum class Is { Fixed, LogOnTime, StatementTime } is;
+    int value;  // itself, or the units of time in a second
 };
-constexpr TimeLimit TimeLimits[] = {
-    {FileDriver, "Timeout", TimeLimit::Of::Statement, 1000},
-    {"MAODBC", "CONN_TIMEOUT", TimeLimit::Of::LogOn, 1},
-    {"MAODBC", "READ_TIMEOUT", TimeLimit::Of::Statement, 1},
-    {"MAODBC", "WRITE_TIMEOUT", TimeLimit::Of::Statement, 1},
+constexpr DriverSetting DriverSettings[] = {
+    {FileDriver, "Timeout", DriverSetting::Is::StatementTime, 1000},
+    {"MAODBC", "CONN_TIMEOUT", DriverSetting::Is::LogOnTime, 1},
+    {"MAODBC", "READ_TIMEOUT", DriverSetting::Is::StatementTime, 1},
+    {"MAODBC", "WRITE_TIMEOUT", DriverSetting::Is::StatementTime, 1},
+    // Counts the rows that an update has found, also those that are as they were: a label that is
+    // given the text that it has would look like one that is not there.
+    {"MAODBC", "OPTION", DriverSetting::Is::Fixed, 2},
 };
 
 // What the driver manager says, with what exactly was not found.
@@ -87,31 +90,30 @@ std::string useSection(OdbcConnectString& parts, const OdbcDatabase::Settings& s
 OdbcDataSource findDataSource(const std::string& connectString,
                               const OdbcDatabase::Settings& settings) {
     OdbcConnectString parts(connectString);
-    const std::string dsn = parts.value("DSN");
-    std::string driver;
-    if (!parts.value("DRIVER").empty() || !parts.value("FILEDSN").empty()) {
-        driver = driverNames(parts.value("DRIVER"));
-    } else if (!settings.odbcIni.empty()) {
-        driver = useSection(parts, settings);
-    } else {
-        driver = driverNames(odbcsOwnDataSourceKey(dsn, "Driver"));
-    }
+    const bool namesDriver = !parts.value("DRIVER").empty() || !parts.value("FILEDSN").empty();
+    const bool inSite = !namesDriver && !settings.odbcIni.empty();
+    // The data source that ODBC is to find by itself, if any.
+    const std::string dsn = inSite ? "" : parts.value("DSN");
+    const std::string driver = inSite        ? useSection(parts, settings)
+                               : namesDriver ? driverNames(parts.value("DRIVER"))
+                                             : driverNames(odbcsOwnDataSourceKey(dsn, "Driver"));
 
     OdbcDataSource source;
     if (driver.find(FileDriver) != std::string::npos) source.form = OdbcText::Utf8;
-    for (const TimeLimit& limit : TimeLimits) {
-        if (driver.find(limit.driver) == std::string::npos) continue;
-        const bool isOfStatement = limit.of == TimeLimit::Of::Statement;
-        if (isOfStatement) source.boundsStatements = true;
-        const std::string keyword(limit.keyword);
+    for (const auto& [name, keyword, is, value] : DriverSettings) {
+        if (driver.find(name) == std::string::npos) continue;
+        if (is == DriverSetting::Is::StatementTime) source.boundsStatements = true;
         if (!parts.value(keyword).empty()) continue;
-        if (!parts.value("DSN").empty() && !odbcsOwnDataSourceKey(dsn, keyword).empty()) continue;
-        const auto seconds = isOfStatement ? settings.statementTimeout : settings.connectTimeout;
-        parts.add(keyword, std::to_string(seconds.count() * limit.perSecond));
+        if (!dsn.empty() && !odbcsOwnDataSourceKey(dsn, std::string(keyword)).empty()) continue;
+        const auto unit = is == DriverSetting::Is::Fixed       ? std::chrono::seconds(1)
+                          : is == DriverSetting::Is::LogOnTime ? settings.connectTimeout
+                                                               : settings.statementTimeout;
+        parts.add(keyword, std::to_string(unit.count() * value));
     }
     source.connectString = parts.text();
     source.passwords = {parts.value("PWD")};
-    if (!parts.value("DSN").empty()) source.passwords.push_back(odbcsOwnDataSourceKey(dsn, "PWD"));
+    for (const char* keyword : {"PWD", "Password"})
+        source.passwords.push_back(odbcsOwnDataSourceKey(dsn, keyword));
     std::erase(source.passwords, "");
     return source;
 }

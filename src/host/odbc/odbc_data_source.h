@@ -28,8 +28,9 @@ struct OdbcDataSource {
 // relative Database of the section is taken from the site's folder when it is a file: when the
 // driver is SQLite's, or when the name has a slash. To other drivers it is a name on the server.
 //
-// With and without that file, the time limits are added in the words of those drivers that know
-// them only by their connect string, unless the author has set them.
+// With and without that file, some drivers are told more, unless the author has: the time limits,
+// to those that do not take them otherwise, and to MariaDB's to count all rows that an update
+// finds.
 //
 // Raises 53 when odbc_ini or a database file cannot be found, and the driver manager's "Data
 // source name not found" when the section is not there or names no Driver.

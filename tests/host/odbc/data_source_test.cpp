@@ -95,14 +95,16 @@ TEST_F(SitesDataSource, WhatIsMissingIsSaidWithItsFile) {
                 AllOf(HasSubstr((folder.path / "lost.sqlite").string()), HasSubstr("[Lost]")));
 }
 
-TEST_F(SitesDataSource, TheTimeLimitsAreAddedWhereTheDriverNeedsThemThere) {
+TEST_F(SitesDataSource, ADriverIsToldWhatItNeedsUnlessTheAuthorHas) {
     settings.connectTimeout = std::chrono::seconds(3);
     settings.statementTimeout = std::chrono::seconds(7);
     ini("[Maria]\nDriver = /x/libmaodbc.so\nREAD_TIMEOUT = 5\n"
         "[Lite]\nDriver = /x/libsqlite3odbc.so\n"
         "[Postgres]\nDriver = /x/psqlodbcw.so\n");
     EXPECT_EQ(connectString("DSN=Maria;conn_timeout=9"),
-              "conn_timeout=9;DRIVER=/x/libmaodbc.so;READ_TIMEOUT=5;WRITE_TIMEOUT=7");
+              "conn_timeout=9;DRIVER=/x/libmaodbc.so;READ_TIMEOUT=5;WRITE_TIMEOUT=7;OPTION=2");
+    EXPECT_EQ(connectString("DSN=Maria;conn_timeout=9;WRITE_TIMEOUT=1;Options=6"),
+              "conn_timeout=9;WRITE_TIMEOUT=1;Options=6;DRIVER=/x/libmaodbc.so;READ_TIMEOUT=5");
     EXPECT_EQ(connectString("DSN=Lite"), "DRIVER=/x/libsqlite3odbc.so;Timeout=7000");
     EXPECT_EQ(connectString("DSN=Postgres"), "DRIVER=/x/psqlodbcw.so");
     EXPECT_TRUE(findDataSource("DSN=Lite", settings).boundsStatements);

@@ -180,7 +180,7 @@ TEST_F(DatabaseFaults, ALockedRowEndsInAReportAfterTheStatementsTime) {
     };
     const auto begin = std::chrono::steady_clock::now();
     EXPECT_THAT(add(), ElementsAre(reportOf("OKButton_Click")));
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(4));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(15));
     other->CommitTrans();
     EXPECT_THAT(add(), ElementsAre(HasSubstr("Don't forget to translate")));
 }

@@ -94,7 +94,6 @@ Driver   = MariaDB Unicode
 Server   = 127.0.0.1
 Port     = $1
 Database = orvane
-Option   = 2
 END
 }
 
