@@ -164,6 +164,11 @@ void Grid::doubleClickCell(int row, int column) {
     if (form().desktop().modalCount() == modalBefore) DblClick.raise();
 }
 
+void Grid::clickAgain() {
+    takeFocus();
+    DblClick.raise();
+}
+
 void Grid::scroll(int topRow) {
     requireReachable();
     topRow = std::clamp(topRow, FixedRows(), std::max(FixedRows(), Rows() - 1));
