@@ -76,6 +76,9 @@ class Grid : public Control {
     void clickAgain();
     // Scrolls the rows. Raises Scroll when another row comes to the top.
     void scroll(int topRow);
+    // For windows, which bring the current cell into sight by themselves: the row that has come to
+    // the top by that. No event.
+    void shownFrom(int topRow);
     // Arrow keys enter the cell beside; a character or Enter raises KeyPress.
     void press(const Key& key) override;
 
