@@ -167,6 +167,7 @@ void drawDialogs(const QDir& folder) {
 int main(int argc, char** argv) {
     using namespace headerdtc;
     using namespace headerdtc::testing;
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QStringList arguments = QApplication::arguments().mid(1);
     if (arguments.isEmpty()) {

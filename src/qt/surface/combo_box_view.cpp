@@ -7,11 +7,29 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
+#include <QProxyStyle>
 #include <QScopedValueRollback>
 #include <QWheelEvent>
 #include <limits>
 
 namespace headerdtc::qt {
+namespace {
+
+// Some styles drop a combo's items down as a menu, for long lists one as high as the screen. A list
+// with a scroll bar serves any length.
+class ListPopupStyle : public QProxyStyle {
+  public:
+    using QProxyStyle::QProxyStyle;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override {
+        if (hint == SH_ComboBox_Popup) return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
+constexpr int VisibleItems = 15;
+
+}  // namespace
 
 ComboBoxView::ComboBoxView(ComboBox& model, QComboBox& widget, FormFace face)
     : ControlView(model, widget, face),
@@ -21,6 +39,10 @@ ComboBoxView::ComboBoxView(ComboBox& model, QComboBox& widget, FormFace face)
              [&model](int index) -> const std::string& { return model.List(index); }) {
     combo_.setEditable(model_.isEditable());
     combo_.setInsertPolicy(QComboBox::NoInsert);
+    auto* style = new ListPopupStyle;
+    style->setParent(&combo_);
+    combo_.setStyle(style);
+    combo_.setMaxVisibleItems(VisibleItems);
     combo_.setModel(&items_);
     if (auto* list = qobject_cast<QListView*>(combo_.view())) list->setUniformItemSizes(true);
     if (model_.isEditable()) beEditable();

@@ -83,7 +83,8 @@ FormBinder::FormBinder(Form& form, QWidget& formWidget, const QString& takenMnem
     for (const auto& view : views_)
         view->begin();
     assignMnemonics(findLabels(formWidget), takenMnemonics);
-    focus.follow();
+    // Otherwise Qt gives it to the first control, as it does in every window.
+    if (form.ActiveControl()) focus.follow();
 }
 
 FormBinder::~FormBinder() = default;

@@ -1,6 +1,7 @@
 #include "qt/surface/grid_view.h"
 
 #include "qt/surface/focus_keeper.h"
+#include "qt/surface/focus_outline.h"
 #include "qt/surface/key_translation.h"
 
 #include <QHeaderView>
@@ -35,12 +36,13 @@ GridView::GridView(Grid& model, QTableView& widget, FormFace face)
     table_.viewport()->installEventFilter(this);
     QScrollBar& scrollBar = *table_.verticalScrollBar();
     connect(&scrollBar, &QScrollBar::actionTriggered, this, [this] { personScrolls_ = true; });
-    connect(&scrollBar, &QScrollBar::valueChanged, this, [this] { scrolledByPerson(); });
+    connect(&scrollBar, &QScrollBar::valueChanged, this, [this](int row) { scrolled(row); });
     subscriptions_ +=
         model_.gridChanged.subscribe([this](const GridChange& change) { applyChange(change); });
 }
 
 void GridView::setUpTable() {
+    new FocusOutline(table_);
     table_.setModel(&cells_);
     // A press is the model's before it moves the focus: the cell is entered first, then an open
     // editor loses the focus.
@@ -119,10 +121,14 @@ void GridView::showCurrentCell() {
     }
 }
 
-// Other movements of the scroll bar come of rows that appear, vanish or become current.
-void GridView::scrolledByPerson() {
-    if (!std::exchange(personScrolls_, false)) return;
-    act([this] { model_.scroll(table_.verticalScrollBar()->value() + model_.FixedRows()); });
+// Not every movement of the scroll bar is a person's: rows appear, vanish and become current.
+void GridView::scrolled(int firstRow) {
+    const int topRow = firstRow + model_.FixedRows();
+    if (std::exchange(personScrolls_, false)) {
+        act([&] { model_.scroll(topRow); });
+    } else {
+        model_.shownFrom(topRow);
+    }
 }
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {

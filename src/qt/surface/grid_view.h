@@ -37,7 +37,7 @@ class GridView : public ControlView {
     bool viewportEvent(const QEvent& event);
     void pressCell(const QModelIndex& cell);
     void pressKey(const Key& key);
-    void scrolledByPerson();
+    void scrolled(int firstRow);
 
     Grid& model_;
     QTableView& table_;

@@ -1,5 +1,6 @@
 #include "qt/surface/list_box_view.h"
 
+#include "qt/surface/focus_outline.h"
 #include "qt/surface/selection_list.h"
 
 #include <QItemSelectionModel>
@@ -32,6 +33,7 @@ ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
       list_(widget),
       items_(model.ListCount(),
              [&model](int index) -> const std::string& { return model.List(index); }) {
+    new FocusOutline(list_);
     list_.setModel(&items_);
     list_.setSelectionMode(model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
                                                   : QAbstractItemView::SingleSelection);
@@ -49,6 +51,8 @@ ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
 
 void ListBoxView::applyChange(const ItemsChange& change) {
     const SelectionList::Showing showing(list_);
+    // Qt would shift every selected range with each item that goes; show() puts them anew.
+    if (!showPending_) list_.selectionModel()->clear();
     items_.apply(change);
     showLater();
 }
