@@ -32,7 +32,7 @@ bool TextBoxView::keyPressed(const QKeyEvent& event) {
 
 void TextBoxView::edited(const std::optional<std::string>& text, int selStart, int selLength) {
     // Leaving the box takes the selection away in Qt; the model keeps it.
-    if (!text && !model_.hasFocus()) return;
+    if (!text && !widget().hasFocus()) return;
     act([&] {
         // A text can be dropped into a box that does not have the focus.
         if (!model_.hasFocus()) model_.focus();
