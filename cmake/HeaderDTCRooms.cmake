@@ -22,10 +22,20 @@ target_compile_options(headerdtc_options INTERFACE -Wall -Wextra)
 if(HEADERDTC_WERROR)
     target_compile_options(headerdtc_options INTERFACE -Werror)
 endif()
+# Pages and configurations come from anywhere: what goes wrong all the same ends the program.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+target_compile_options(headerdtc_options INTERFACE -fstack-protector-strong)
+target_compile_definitions(headerdtc_options INTERFACE _GLIBCXX_ASSERTIONS)
+target_link_options(headerdtc_options INTERFACE -Wl,-z,relro,-z,now)
 if(HEADERDTC_SANITIZE)
     target_compile_options(headerdtc_options INTERFACE
         -fsanitize=${HEADERDTC_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(headerdtc_options INTERFACE -fsanitize=${HEADERDTC_SANITIZE})
+else()
+    # Needs optimisation, and stands in the sanitizers' way.
+    target_compile_options(headerdtc_options INTERFACE
+        $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
 endif()
 target_include_directories(headerdtc_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
 

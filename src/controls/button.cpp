@@ -3,15 +3,10 @@
 #include "controls/form.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 namespace headerdtc {
-namespace {
-
-bool isSpace(const Key& key) {
-    return key.kind == Key::Kind::Character && key.character == U' ';
-}
-
-}  // namespace
 
 void Button::Caption(std::string caption) {
     caption_ = std::move(caption);
@@ -26,7 +21,7 @@ void Button::press() {
 void Button::press(const Key& key) {
     takeFocus();
     if (pressTab(key)) return;
-    if (key.kind == Key::Kind::Enter || isSpace(key)) {
+    if (key.kind == Key::Kind::Enter || key.isBlank()) {
         Click.raise();
     } else {
         form().pressDialogKey(key);
@@ -48,7 +43,7 @@ void CheckBox::toggle() {
 void CheckBox::press(const Key& key) {
     takeFocus();
     if (pressTab(key)) return;
-    if (isSpace(key)) {
+    if (key.isBlank()) {
         toggle();
     } else {
         form().pressDialogKey(key);
@@ -87,16 +82,23 @@ void OptionButton::press(const Key& key) {
     const bool back = key.kind == Key::Kind::Up || key.kind == Key::Kind::Left;
     const bool forth = key.kind == Key::Kind::Down || key.kind == Key::Kind::Right;
     if (back || forth) {
-        const auto& members = group_.members_;
-        const auto count = members.size();
-        const auto here = static_cast<std::size_t>(std::find(members.begin(), members.end(), this) -
-                                                   members.begin());
-        OptionButton* next = members[(here + (forth ? 1 : count - 1)) % count];
-        if (next->Enabled() && next->isShowing()) next->pick();
-    } else if (isSpace(key)) {
+        pickBeside(forth);
+    } else if (key.isBlank()) {
         Value(true);
     } else {
         form().pressDialogKey(key);
+    }
+}
+
+// The next member of the group that can be used, round and round.
+void OptionButton::pickBeside(bool forth) {
+    const auto& members = group_.members_;
+    const auto count = members.size();
+    auto at =
+        static_cast<std::size_t>(std::find(members.begin(), members.end(), this) - members.begin());
+    for (std::size_t step = 1; step < count; ++step) {
+        at = (at + (forth ? 1 : count - 1)) % count;
+        if (members[at]->Enabled() && members[at]->isShowing()) return members[at]->pick();
     }
 }
 

@@ -2,7 +2,8 @@
 
 #include "controls/control.h"
 
-#include <memory>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace headerdtc {
@@ -84,6 +85,8 @@ class OptionButton : public Control {
     Event<> valueChanged;
 
   private:
+    void pickBeside(bool forth);
+
     std::string caption_;
     OptionGroup& group_;
     bool value_ = false;

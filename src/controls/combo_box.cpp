@@ -5,6 +5,7 @@
 #include "platform/runtime_error.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace headerdtc {
 
@@ -12,38 +13,42 @@ ComboBox::ComboBox(Form& form, std::string name, Style style)
     : Control(form, std::move(name)), style_(style) {}
 
 void ComboBox::List(int index, const std::string& text) {
-    items_.replace(index, text);
-    if (index != listIndex_) return;
-    text_ = text;
-    contentChanged.raise();
+    items_.at(index).text = text;
+    if (index == listIndex_) content_.assign(text);
+    itemsChanged.raise({ItemsChange::Kind::Changed, index, 1});
+    if (index == listIndex_) contentChanged.raise();
 }
 
-void ComboBox::AddItem(const std::string& text, int index) {
-    items_.insert(index, text);
+void ComboBox::AddItem(std::string text, int index) {
+    items_.insert(index, std::move(text));
     if (listIndex_ >= index) ++listIndex_;
+    itemsChanged.raise({ItemsChange::Kind::Inserted, index, 1});
 }
 
 void ComboBox::RemoveItem(int index) {
     items_.remove(index);
-    if (listIndex_ > index) {
-        --listIndex_;
-    } else if (listIndex_ == index) {
+    const bool hadIndex = listIndex_ == index;
+    if (hadIndex) {
         listIndex_ = -1;
-        text_.clear();
-        contentChanged.raise();
+        content_.assign({});
+    } else if (listIndex_ > index) {
+        --listIndex_;
     }
+    itemsChanged.raise({ItemsChange::Kind::Removed, index, 1});
+    if (hadIndex) contentChanged.raise();
 }
 
 void ComboBox::Clear() {
+    const bool hadItems = ListCount() > 0;
     items_.clear();
     listIndex_ = -1;
-    text_.clear();
-    selStart_ = selLength_ = 0;
+    content_.assign({});
+    if (hadItems) itemsChanged.raise({ItemsChange::Kind::Reset, 0, 0});
     contentChanged.raise();
 }
 
 void ComboBox::ListIndex(int index) {
-    if (index < -1 || index >= ListCount()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    if (index != -1 && !items_.has(index)) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     pick(index);
 }
 
@@ -53,39 +58,33 @@ void ComboBox::Text(const std::string& text) {
         if (item < 0 && !text.empty()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
         return pick(item);
     }
-    if (text == text_) return;
+    if (text == Text()) return;
     listIndex_ = -1;
-    text_ = text;
-    selStart_ = selLength_ = 0;
-    contentChanged.raise();
-    Change.raise();
+    content_.assign(text);
+    tellContent(true);
 }
 
 void ComboBox::SelStart(int position) {
-    if (position < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    selStart_ = std::min(position, utf8::length(text_));
-    selLength_ = 0;
-    contentChanged.raise();
+    content_.selectFrom(position);
+    tellContent(false);
 }
 
 void ComboBox::SelLength(int length) {
-    if (length < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    selLength_ = std::min(length, utf8::length(text_) - selStart_);
-    contentChanged.raise();
+    content_.selectCharacters(length);
+    tellContent(false);
 }
 
 void ComboBox::pick(int item) {
+    content_.assign(item < 0 ? std::string() : List(item));
     listIndex_ = item;
-    text_ = item < 0 ? std::string() : List(item);
-    selStart_ = 0;
-    selLength_ = isEditable() ? utf8::length(text_) : 0;
-    contentChanged.raise();
+    if (isEditable()) content_.selectAll();
+    tellContent(false);
     Click.raise();
 }
 
 void ComboBox::choose(int item) {
     requireReachable();
-    if (item < 0 || item >= ListCount()) refuse("it has no item " + std::to_string(item));
+    if (!items_.has(item)) refuse("it has no item " + std::to_string(item));
     takeFocus();
     pick(item);
 }
@@ -110,8 +109,15 @@ void ComboBox::press(const Key& key) {
     if (pressTab(key)) return;
     if (key.kind == Key::Kind::Up) return moveBy(-1);
     if (key.kind == Key::Kind::Down) return moveBy(1);
-    if (form().pressDialogKey(key)) return;
-    if (keyPress(key)) editByKey(key);
+    if (form().pressDialogKey(key) || !keyPress(key)) return;
+    if (isEditable()) {
+        EditableText after = content_;
+        after.press(key.kind, key.character);
+        edited(after.text(), after.selStart(), after.selLength());
+    } else if (key.kind == Key::Kind::Character) {
+        const int next = items_.findNext(listIndex_, key.character);
+        if (next >= 0 && next != listIndex_) pick(next);
+    }
 }
 
 bool ComboBox::keyPress(const Key& key) {
@@ -128,45 +134,15 @@ void ComboBox::moveBy(int step) {
     if (target != listIndex_ && ListCount() > 0) pick(target);
 }
 
-void ComboBox::editByKey(const Key& key) {
-    if (!isEditable()) {
-        if (key.kind != Key::Kind::Character) return;
-        for (int step = 1; step <= ListCount(); ++step) {
-            const int next = (std::max(listIndex_, -1) + step) % ListCount();
-            if (utf8::first(List(next)) != key.character) continue;
-            if (next != listIndex_) pick(next);
-            return;
-        }
-        return;
-    }
-    int start = selStart_;
-    int length = selLength_;
-    std::string typed;
-    if (key.kind == Key::Kind::Character) {
-        typed = utf8::encode(key.character);
-    } else if (key.kind == Key::Kind::Backspace || key.kind == Key::Kind::Delete) {
-        if (length == 0) {
-            if (key.kind == Key::Kind::Backspace && --start < 0) return;
-            length = 1;
-        }
-    } else {
-        return;
-    }
-    const auto from = utf8::offset(text_, start);
-    const auto to = utf8::offset(text_, start + length);
-    std::string text = text_;
-    text.replace(from, to - from, typed);
-    edited(text, start + utf8::length(typed), 0);
+void ComboBox::edited(const std::string& text, int selStart, int selLength) {
+    const bool changed = content_.edit(text, selStart, selLength);
+    if (changed) listIndex_ = -1;
+    tellContent(changed);
 }
 
-void ComboBox::edited(const std::string& text, int selStart, int selLength) {
-    const bool changed = text != text_;
-    if (changed) listIndex_ = -1;
-    text_ = text;
-    selStart_ = std::clamp(selStart, 0, utf8::length(text_));
-    selLength_ = std::clamp(selLength, 0, utf8::length(text_) - selStart_);
+void ComboBox::tellContent(bool textChanged) {
     contentChanged.raise();
-    if (changed) Change.raise();
+    if (textChanged) Change.raise();
 }
 
 }  // namespace headerdtc

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/editable_text.h"
 #include "controls/list_items.h"
 
 #include <string>
+#include <utility>
 
 namespace headerdtc {
 
 // A combo box: a text and a list that drops down. Item positions are 0-based, 16-bit signed, -1
-// for none. Index errors raise 381 and leave the combo unchanged.
+// for none. An index that is not there raises 381 and leaves the combo unchanged.
 class ComboBox : public Control {
   public:
     // A drop-down list shows one of its items or nothing; an editable one takes any text.
@@ -22,9 +24,13 @@ class ComboBox : public Control {
     // ---- what a program does ---------------------------------------------------------------
     int ListCount() const { return items_.count(); }
     const std::string& List(int index) const { return items_.at(index).text; }
+    // The text follows when the item is the one at ListIndex.
     void List(int index, const std::string& text);
-    void AddItem(const std::string& text) { AddItem(text, ListCount()); }
-    void AddItem(const std::string& text, int index);
+    // Appends, or inserts before the item at `index` (ListCount appends). Raises 6 when full.
+    void AddItem(std::string text) { AddItem(std::move(text), ListCount()); }
+    void AddItem(std::string text, int index);
+    // When the item at ListIndex is removed, ListIndex becomes -1 and the text empty; ListIndex
+    // follows its item otherwise.
     void RemoveItem(int index);
     // Empties the list and the text.
     void Clear();
@@ -33,24 +39,28 @@ class ComboBox : public Control {
     // Selects an item, or none (-1), and makes it the text. Raises Click, also when the index
     // stays the same; raises 380 for an item that is not there.
     void ListIndex(int index);
-    const std::string& Text() const { return text_; }
+    const std::string& Text() const { return content_.text(); }
     // Editable: raises Change when the text becomes another; ListIndex becomes -1. Drop-down
-    // list: selects the first equal item like ListIndex; raises 380 when there is none.
+    // list: selects the first equal item like ListIndex, none for an empty text; raises 380 when
+    // there is no such item.
     void Text(const std::string& text);
     // Selection in the text of an editable combo, in characters from 0.
-    int SelStart() const { return selStart_; }
+    int SelStart() const { return content_.selStart(); }
+    // Positions beyond the text are moved to its end; negative ones raise 380.
     void SelStart(int position);
-    int SelLength() const { return selLength_; }
+    int SelLength() const { return content_.selLength(); }
     void SelLength(int length);
     // Index of the first equal item, -1 for none (exact comparison).
     int find(const std::string& text) const { return items_.find(text); }
 
     // ---- what a person does ----------------------------------------------------------------
-    // Picks an item of the list.
+    // Picks an item of the list, or the first one of that text.
     void choose(int item);
     void choose(const std::string& text);
     // Replaces the text of an editable combo.
     void type(const std::string& text);
+    // Up and Down pick the item beside; other keys raise KeyPress and then act on the text, or
+    // pick the next item with that first character.
     void press(const Key& key) override;
     // For windows whose own widget edits: a key is about to act; the text that came of it.
     bool keyPress(const Key& key);
@@ -61,21 +71,20 @@ class ComboBox : public Control {
     Event<> Change;
     // Argument: the key code, which a handler may replace (0: the key is swallowed).
     Event<int&> KeyPress;
-    // For views: items; text, selection or ListIndex.
+    // For views: items were inserted, removed or changed; ListIndex goes with its item.
     Event<const ItemsChange&> itemsChanged;
+    // For views: text, selection or ListIndex is another.
     Event<> contentChanged;
 
   private:
     void pick(int item);
     void moveBy(int step);
-    void editByKey(const Key& key);
+    void tellContent(bool textChanged);
 
     Style style_;
-    ListItems items_{itemsChanged};
+    ListItems items_;
     int listIndex_ = -1;
-    std::string text_;
-    int selStart_ = 0;
-    int selLength_ = 0;
+    EditableText content_;
 };
 
 }  // namespace headerdtc

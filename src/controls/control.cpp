@@ -3,45 +3,9 @@
 #include "controls/form.h"
 #include "platform/runtime_error.h"
 
+#include <utility>
+
 namespace headerdtc {
-
-int Key::downCode() const {
-    switch (kind) {
-        case Kind::Character:
-            return static_cast<int>(character);
-        case Kind::Enter:
-            return key_code::Enter;
-        case Kind::Escape:
-            return key_code::Escape;
-        case Kind::Up:
-            return key_code::Up;
-        case Kind::Down:
-            return key_code::Down;
-        case Kind::Left:
-            return key_code::Left;
-        case Kind::Right:
-            return key_code::Right;
-        case Kind::Delete:
-            return key_code::Delete;
-        case Kind::Backspace:
-            return key_code::Backspace;
-        case Kind::Tab:
-            return key_code::Tab;
-    }
-    return 0;
-}
-
-int Key::pressCode() const {
-    switch (kind) {
-        case Kind::Character:
-        case Kind::Enter:
-        case Kind::Escape:
-        case Kind::Backspace:
-            return downCode();
-        default:
-            return 0;
-    }
-}
 
 Control::Control(Form& form, std::string name) : form_(form), name_(std::move(name)) {
     form_.add(*this);
@@ -105,7 +69,8 @@ void Control::Move(int left, int top) {
 }
 
 void Control::SetFocus() {
-    if (!enabled_ || !isShowing()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    if (!acceptsFocus() || !enabled_ || !isShowing())
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     form_.moveFocus(this);
 }
 

@@ -88,7 +88,8 @@ class Control {
     void Height(int height);
     void Move(int left, int top);
     // Gives the control the focus: lost-focus of the control that had it, then got-focus; nothing
-    // when it has the focus already. Raises 5 when the control is disabled or does not show.
+    // when it has the focus already. Raises 5 when the control is disabled, does not show or
+    // takes no focus.
     void SetFocus();
 
     bool hasFocus() const;

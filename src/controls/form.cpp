@@ -3,8 +3,10 @@
 #include "controls/button.h"
 #include "controls/control.h"
 #include "controls/tab_strip.h"
+#include "platform/runtime_error.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace headerdtc {
 
@@ -25,6 +27,7 @@ Control* Form::find(std::string_view name) const {
 }
 
 void Form::ShowModal() {
+    if (visible_) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     if (!loaded_) {
         loaded_ = true;
         Load.raise();
@@ -62,7 +65,8 @@ void Form::press(const Key& key) {
     if (!isReachable()) throw ActionRefused("'" + name_ + "' is behind a modal dialog");
     moveFocus(nullptr);
     if (pressDialogKey(key)) return;
-    KeyPress.raise(key.downCode());
+    const int code = key.pressCode();
+    KeyPress.raise(code != 0 ? code : key.downCode());
 }
 
 void Form::dismiss() {
@@ -89,17 +93,24 @@ bool Form::showsTabPage(int page) const {
 }
 
 void Form::moveFocus(Control* control, bool again) {
-    if (active_ != control) {
-        Control* left = active_;
-        active_ = control;
-        if (left) left->LostFocus.raise();
-        focusChanged.raise();
-        // A lost-focus handler may have moved the focus on; then that is where it stays.
-        if (active_ != control) return;
-    } else if (!again) {
+    if (active_ == control) {
+        if (again && control) control->GotFocus.raise();
         return;
     }
-    if (control) control->GotFocus.raise();
+    // On its way the focus is nowhere. A lost-focus handler may send it elsewhere, and then that
+    // is where it stays.
+    if (Control* left = std::exchange(active_, nullptr)) {
+        try {
+            left->LostFocus.raise();
+        } catch (...) {
+            focusChanged.raise();
+            throw;
+        }
+        if (active_) return;
+    }
+    if (control && canTakeFocus(*control)) active_ = control;
+    focusChanged.raise();
+    if (control && active_ == control) control->GotFocus.raise();
 }
 
 void Form::focusNext(const Control& from, int direction) {

@@ -65,7 +65,8 @@ class Form {
 
     // ---- what a program does ---------------------------------------------------------------
     // Shows a dialog modally: raises Load the first time, then Paint, gives the first control
-    // that can take it the focus, and returns when the form is hidden.
+    // that can take it the focus, and returns when the form is hidden. Raises 5 when the form is
+    // open already.
     void ShowModal();
     void Hide();
     bool Visible() const { return visible_; }
@@ -73,7 +74,8 @@ class Form {
     Control* ActiveControl() const { return active_; }
 
     // ---- what a person does ----------------------------------------------------------------
-    // A key that reaches the form itself, outside its controls.
+    // A key that reaches the form itself, outside its controls. Every key raises KeyPress here,
+    // also those that raise none in a control.
     void press(const Key& key);
     // Closes a dialog by its window's own means: presses the cancel button.
     void dismiss();
@@ -97,8 +99,9 @@ class Form {
     void remove(Control& control);
     void useTabStrip(TabStrip& strip) { tabStrip_ = &strip; }
     bool showsTabPage(int page) const;
-    // Lost-focus of the control that has the focus, then got-focus of the other (nullptr: none).
-    // With `again`, got-focus also when it has the focus already.
+    // Lost-focus of the control that has the focus, then got-focus of the other (nullptr: none),
+    // unless a handler of the first has sent the focus elsewhere or made the other unusable. With
+    // `again`, got-focus also when it has the focus already.
     void moveFocus(Control* control, bool again = false);
     // Focus to the next (1) or previous (-1) control in tab order that can take it.
     void focusNext(const Control& from, int direction);

@@ -50,11 +50,14 @@ class GapVector {
             store_[at(gapStart_)] = std::move(store_[at(gapStart_ + gapSize_)]);
     }
 
+    // Puts a gap behind the last item, where there is none.
     void grow() {
+        constexpr int SmallestGap = 8;
         const int count = size();
+        const int gap = count < SmallestGap ? SmallestGap : count;
+        store_.resize(at(count + gap));
         gapStart_ = count;
-        gapSize_ = count < 8 ? 8 : count;
-        store_.resize(at(count + gapSize_));
+        gapSize_ = gap;
     }
 
     std::vector<T> store_;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace headerdtc {
 namespace {
@@ -35,13 +36,20 @@ void Grid::Rows(int rows) {
     const int before = Rows();
     if (rows == before) return;
     cells_.resize(at(rows), std::vector<std::string>(columnWidths_.size()));
-    row_ = std::min(row_, rows - 1);
-    topRow_ = std::clamp(topRow_, FixedRows(), std::max(FixedRows(), rows - 1));
     if (rows > before) {
         gridChanged.raise({GridChange::Kind::RowsInserted, before, rows - before});
     } else {
-        gridChanged.raise({GridChange::Kind::RowsRemoved, rows, before - rows});
+        rowsRemoved(rows, before - rows);
     }
+}
+
+// What stays within the rows that are left does not move.
+void Grid::rowsRemoved(int first, int count) {
+    const int last = Rows() - 1;
+    const int rowBefore = std::exchange(row_, std::min(row_, last));
+    topRow_ = std::clamp(topRow_, FixedRows(), std::max(FixedRows(), last));
+    gridChanged.raise({GridChange::Kind::RowsRemoved, first, count});
+    if (row_ != rowBefore) gridChanged.raise({GridChange::Kind::CurrentCell, row_, 1});
 }
 
 const std::string& Grid::TextMatrix(int row, int column) const {
@@ -50,25 +58,29 @@ const std::string& Grid::TextMatrix(int row, int column) const {
     return cells_[at(row)][at(column)];
 }
 
-void Grid::TextMatrix(int row, int column, const std::string& text) {
+void Grid::TextMatrix(int row, int column, std::string text) {
     checkIndex(row, cells_);
     checkIndex(column, columnWidths_);
-    cells_[at(row)][at(column)] = text;
+    cells_[at(row)][at(column)] = std::move(text);
     gridChanged.raise({GridChange::Kind::CellsChanged, row, 1});
 }
 
 const std::string& Grid::TextArray(long index) const {
-    if (index < 0) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
-    const long row = index / Cols();
-    checkIndex(row, cells_);
-    return TextMatrix(static_cast<int>(row), static_cast<int>(index % Cols()));
+    const int row = rowOfCell(index);
+    return TextMatrix(row, static_cast<int>(index % Cols()));
 }
 
-void Grid::TextArray(long index, const std::string& text) {
+void Grid::TextArray(long index, std::string text) {
+    const int row = rowOfCell(index);
+    TextMatrix(row, static_cast<int>(index % Cols()), std::move(text));
+}
+
+int Grid::rowOfCell(long index) const {
+    // Before the division, which would take a small negative index into row 0.
     if (index < 0) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
     const long row = index / Cols();
     checkIndex(row, cells_);
-    TextMatrix(static_cast<int>(row), static_cast<int>(index % Cols()), text);
+    return static_cast<int>(row);
 }
 
 void Grid::Row(int row) {
@@ -94,11 +106,9 @@ void Grid::currentCellMoved() {
 
 void Grid::RemoveItem(int row) {
     checkIndex(row, cells_);
-    if (Rows() <= FixedRows()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    if (row < FixedRows()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
     cells_.erase(cells_.begin() + row);
-    row_ = std::min(row_, Rows() - 1);
-    topRow_ = std::clamp(topRow_, FixedRows(), std::max(FixedRows(), Rows() - 1));
-    gridChanged.raise({GridChange::Kind::RowsRemoved, row, 1});
+    rowsRemoved(row, 1);
 }
 
 void Grid::Clear() {
@@ -137,7 +147,8 @@ int Grid::CellTop() const {
 
 void Grid::requireCell(int row, int column) const {
     requireReachable();
-    if (row < FixedRows() || row >= Rows()) refuse("it has no row " + std::to_string(row));
+    if (row >= 0 && row < FixedRows()) refuse("row " + std::to_string(row) + " is its header");
+    if (row < 0 || row >= Rows()) refuse("it has no row " + std::to_string(row));
     if (column < 0 || column >= Cols()) refuse("it has no column " + std::to_string(column));
 }
 

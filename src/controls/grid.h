@@ -7,7 +7,8 @@
 
 namespace headerdtc {
 
-// What became of a grid, for views that keep step.
+// What became of a grid, for views that keep step. It is told when the grid is in its new state.
+// Geometry is column widths, row height and scrolling.
 struct GridChange {
     enum class Kind { RowsInserted, RowsRemoved, CellsChanged, Geometry, CurrentCell };
     Kind kind = Kind::CellsChanged;
@@ -16,8 +17,9 @@ struct GridChange {
 };
 
 // A grid of text cells. Rows and columns are numbered from 0, header rows included; positions are
-// 16-bit signed. Widths and heights are in twips. An index that is not there raises 381 and
-// leaves the grid unchanged; a row count below FixedRows or above 32,767 raises 380.
+// 16-bit signed. Widths and heights are in twips. An index that is not there raises 381, a row
+// count below FixedRows or above 32,767 and a negative width or height 380; the grid is unchanged
+// then.
 class Grid : public Control {
   public:
     // A grid with one fixed header row and one empty row, the current cell in row 1, column 1.
@@ -32,23 +34,23 @@ class Grid : public Control {
     int FixedRows() const { return 1; }
 
     const std::string& TextMatrix(int row, int column) const;
-    void TextMatrix(int row, int column, const std::string& text);
+    void TextMatrix(int row, int column, std::string text);
     // The flat text array: cell index = row * Cols + column.
     const std::string& TextArray(long index) const;
-    void TextArray(long index, const std::string& text);
+    void TextArray(long index, std::string text);
     // The current cell.
     const std::string& Text() const { return TextMatrix(row_, column_); }
 
     int Row() const { return row_; }
     int Col() const { return column_; }
-    // Moving the current cell raises EnterCell, RowColChange, and GotFocus after them while the
-    // grid has the focus: a cell entered by a program under the author's hands is entered all the
-    // same.
+    // Moving the current cell to another raises EnterCell, RowColChange, and GotFocus after them
+    // while the grid has the focus: a cell entered by a program under the author's hands is
+    // entered all the same.
     void Row(int row);
     void Col(int column);
 
     // Removes a row; the rows below move up, the current row keeps its number or, where that is
-    // gone, becomes the last one. Raises 381.
+    // gone, becomes the last one. Raises 5 for the header row.
     void RemoveItem(int row);
     // Empties every cell, headers included; the rows stay.
     void Clear();
@@ -88,6 +90,8 @@ class Grid : public Control {
     Event<const GridChange&> gridChanged;
 
   private:
+    int rowOfCell(long index) const;
+    void rowsRemoved(int first, int count);
     void requireCell(int row, int column) const;
     void enter(int row, int column);
     void currentCellMoved();

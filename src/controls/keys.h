@@ -2,7 +2,7 @@
 
 namespace headerdtc {
 
-// Key codes as keyboard events carry them: 16-bit, a character's own code for character keys.
+// Key codes as keyboard events carry them.
 namespace key_code {
 inline constexpr int Backspace = 8;
 inline constexpr int Tab = 9;
@@ -25,9 +25,14 @@ struct Key {
     static Key of(Kind kind) { return {kind, 0, false}; }
     static Key of(char32_t character) { return {Kind::Character, character, false}; }
 
-    // The code that a key-down event carries.
+    bool isBlank() const { return kind == Kind::Character && character == U' '; }
+
+    // The code that a key-down event carries. It stands for the key, not for the character: a
+    // letter's key has the code of its capital, the digits and the blank have their own, and the
+    // other characters' keys, which are elsewhere on every keyboard, have 0 here.
     int downCode() const;
-    // The code that a key-press event carries, 0 when the key raises none (arrows, Delete, Tab).
+    // The code that a key-press event carries: a character's code point; 0 when the key raises
+    // none (arrows, Delete, Tab).
     int pressCode() const;
 };
 

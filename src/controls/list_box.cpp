@@ -1,91 +1,60 @@
 #include "controls/list_box.h"
 
 #include "controls/form.h"
-#include "controls/utf8.h"
 #include "platform/runtime_error.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace headerdtc {
-
-const ListItems::Item& ListItems::at(int index) const {
-    if (index < 0 || index >= count()) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
-    return items_[index];
-}
-
-ListItems::Item& ListItems::at(int index) {
-    return const_cast<Item&>(std::as_const(*this).at(index));
-}
-
-void ListItems::insert(int index, std::string text) {
-    if (index < 0 || index > count()) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
-    if (count() >= MaxListCount) throw RuntimeError(ErrorNumber::Overflow);
-    items_.insert(index, {std::move(text), false});
-    changed_.raise({ItemsChange::Kind::Inserted, index, 1});
-}
-
-void ListItems::remove(int index) {
-    at(index);
-    items_.erase(index);
-    changed_.raise({ItemsChange::Kind::Removed, index, 1});
-}
-
-void ListItems::clear() {
-    if (count() == 0) return;
-    items_.clear();
-    changed_.raise({ItemsChange::Kind::Reset, 0, 0});
-}
-
-void ListItems::replace(int index, const std::string& text) {
-    at(index).text = text;
-    changed_.raise({ItemsChange::Kind::Changed, index, 1});
-}
-
-int ListItems::find(const std::string& text, int start) const {
-    for (int i = start; i < count(); ++i) {
-        if (items_[i].text == text) return i;
-    }
-    return -1;
-}
 
 ListBox::ListBox(Form& form, std::string name, Selection selection)
     : Control(form, std::move(name)), selection_(selection) {}
 
-std::string ListBox::ListOrEmpty(int index) const {
-    return index >= 0 && index < ListCount() ? List(index) : std::string();
+void ListBox::List(int index, const std::string& text) {
+    items_.at(index).text = text;
+    itemsChanged.raise({ItemsChange::Kind::Changed, index, 1});
 }
 
-void ListBox::AddItem(const std::string& text, int index) {
-    items_.insert(index, text);
+std::string ListBox::ListOrEmpty(int index) const {
+    return items_.has(index) ? List(index) : std::string();
+}
+
+void ListBox::AddItem(std::string text, int index) {
+    items_.insert(index, std::move(text));
     if (listIndex_ >= index) ++listIndex_;
+    itemsChanged.raise({ItemsChange::Kind::Inserted, index, 1});
 }
 
 void ListBox::RemoveItem(int index) {
     if (items_.at(index).selected) --selCount_;
     items_.remove(index);
-    if (listIndex_ == index) {
+    const bool hadIndex = listIndex_ == index;
+    if (hadIndex) {
         listIndex_ = -1;
-        selectionChanged.raise();
     } else if (listIndex_ > index) {
         --listIndex_;
     }
+    itemsChanged.raise({ItemsChange::Kind::Removed, index, 1});
+    if (hadIndex) selectionChanged.raise();
 }
 
 void ListBox::Clear() {
+    if (ListCount() == 0) return;
+    items_.clear();
     listIndex_ = -1;
     selCount_ = 0;
-    items_.clear();
+    itemsChanged.raise({ItemsChange::Kind::Reset, 0, 0});
     selectionChanged.raise();
 }
 
 void ListBox::ListIndex(int index) {
-    if (index < -1 || index >= ListCount()) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    listIndex_ = index;
+    if (index != -1 && !items_.has(index)) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     if (!isMultiSelect()) {
-        for (int i = 0; selCount_ > 0 && i < ListCount(); ++i)
-            mark(i, false);
+        selectNone();
         if (index >= 0) mark(index, true);
     }
+    listIndex_ = index;
     selectionChanged.raise();
     Click.raise();
 }
@@ -93,15 +62,23 @@ void ListBox::ListIndex(int index) {
 void ListBox::Selected(int index, bool selected) {
     items_.at(index);
     if (!isMultiSelect()) {
-        for (int i = 0; selCount_ > 0 && i < ListCount(); ++i)
-            mark(i, false);
         if (selected) {
+            selectNone();
             listIndex_ = index;
         } else if (listIndex_ == index) {
             listIndex_ = -1;
         }
     }
     mark(index, selected);
+    selectionChanged.raise();
+}
+
+void ListBox::Selected(const std::vector<int>& indices, bool selected) {
+    if (!isMultiSelect()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    for (const int index : indices)
+        items_.at(index);
+    for (const int index : indices)
+        mark(index, selected);
     selectionChanged.raise();
 }
 
@@ -112,27 +89,37 @@ void ListBox::mark(int index, bool selected) {
     selCount_ += selected ? 1 : -1;
 }
 
-void ListBox::requireItem(int item) const {
-    if (item < 0 || item >= ListCount()) refuse("it has no item " + std::to_string(item));
+void ListBox::selectNone() {
+    // Where only one can be selected it is the one at ListIndex.
+    if (!isMultiSelect() && listIndex_ >= 0) mark(listIndex_, false);
+    for (int i = 0; selCount_ > 0 && i < ListCount(); ++i)
+        mark(i, false);
 }
 
 void ListBox::selectOnly(const std::vector<int>& items, int focusItem) {
-    for (int i = 0; selCount_ > 0 && i < ListCount(); ++i)
-        mark(i, false);
+    selectNone();
     for (const int item : items)
         mark(item, true);
     listIndex_ = focusItem;
     selectionChanged.raise();
 }
 
+void ListBox::requireItem(int item) const {
+    if (!items_.has(item)) refuse("it has no item " + std::to_string(item));
+}
+
 void ListBox::select(const std::vector<int>& items, int focusItem) {
     requireReachable();
     for (const int item : items)
         requireItem(item);
-    if (focusItem >= 0) requireItem(focusItem);
-    if (!isMultiSelect() && items.size() > 1) refuse("it takes one selected item only");
-    if (!isMultiSelect() && items.size() == 1 && focusItem != items.front())
-        refuse("the focus of a single-selection list is its selected item");
+    if (focusItem != -1) requireItem(focusItem);
+    if (!isMultiSelect()) {
+        if (items.size() > 1) refuse("it takes one selected item only");
+        if ((items.empty() ? -1 : items.front()) != focusItem)
+            refuse("the focus of a single-selection list is its selected item");
+        if (items.empty() && listIndex_ >= 0)
+            refuse("a single-selection list does not give up its selected item");
+    }
     takeFocus();
     selectOnly(items, focusItem);
     Click.raise();
@@ -145,7 +132,6 @@ void ListBox::doubleClick(int item) {
     selectOnly({item}, item);
     const int modalBefore = form().desktop().modalCount();
     Click.raise();
-    // A dialog opened by the first press has taken the second one away from the list.
     if (form().desktop().modalCount() == modalBefore) DblClick.raise();
 }
 
@@ -157,31 +143,34 @@ void ListBox::doubleClickEmptyArea() {
 void ListBox::press(const Key& key) {
     takeFocus();
     if (pressTab(key) || form().pressDialogKey(key)) return;
-    int target = listIndex_;
+    if (isMultiSelect() && key.isBlank()) {
+        if (listIndex_ < 0) return;
+        mark(listIndex_, !Selected(listIndex_));
+        selectionChanged.raise();
+        Click.raise();
+        return;
+    }
+    const int item = itemReachedBy(key);
+    if (item < 0 || (item == listIndex_ && SelCount() == 1 && Selected(item))) return;
+    selectOnly({item}, item);
+    Click.raise();
+}
+
+// -1 when the key leads nowhere.
+int ListBox::itemReachedBy(const Key& key) const {
+    if (ListCount() == 0) return -1;
     switch (key.kind) {
         case Key::Kind::Up:
         case Key::Kind::Left:
-            target = std::max(0, listIndex_ - 1);
-            break;
+            return std::max(0, listIndex_ - 1);
         case Key::Kind::Down:
         case Key::Kind::Right:
-            target = std::min(ListCount() - 1, listIndex_ + 1);
-            break;
+            return std::min(ListCount() - 1, listIndex_ + 1);
         case Key::Kind::Character:
-            for (int step = 1; step <= ListCount(); ++step) {
-                const int next = (listIndex_ + step) % ListCount();
-                if (utf8::first(List(next)) != key.character) continue;
-                target = next;
-                break;
-            }
-            break;
+            return items_.findNext(listIndex_, key.character);
         default:
-            return;
+            return -1;
     }
-    if (ListCount() == 0 || target < 0) return;
-    if (target == listIndex_ && SelCount() == 1 && Selected(target)) return;
-    selectOnly({target}, target);
-    Click.raise();
 }
 
 }  // namespace headerdtc

@@ -4,12 +4,13 @@
 #include "controls/list_items.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace headerdtc {
 
-// A list box. Item positions are 0-based, 16-bit signed, -1 for none. Index errors raise 381 and
-// leave the list unchanged.
+// A list box. Item positions are 0-based, 16-bit signed, -1 for none. An index that is not there
+// raises 381 and leaves the list unchanged.
 //
 // In a single-selection list the item at ListIndex is the selected one. In a multi-selection list
 // ListIndex is the item with the focus rectangle, which need not be selected.
@@ -25,22 +26,25 @@ class ListBox : public Control {
     // ---- what a program does ---------------------------------------------------------------
     int ListCount() const { return items_.count(); }
     const std::string& List(int index) const { return items_.at(index).text; }
-    void List(int index, const std::string& text) { items_.replace(index, text); }
+    void List(int index, const std::string& text);
     // The item's text, or an empty text for an index that is not there.
     std::string ListOrEmpty(int index) const;
     // Appends, or inserts before the item at `index` (ListCount appends). Raises 6 when full.
-    void AddItem(const std::string& text) { AddItem(text, ListCount()); }
-    void AddItem(const std::string& text, int index);
+    void AddItem(std::string text) { AddItem(std::move(text), ListCount()); }
+    void AddItem(std::string text, int index);
     // When the item at ListIndex is removed, ListIndex becomes -1; it follows its item otherwise.
     void RemoveItem(int index);
     void Clear();
 
     int ListIndex() const { return listIndex_; }
-    // -1 takes the focus rectangle away. Raises Click, also when the index stays the same.
+    // -1 takes the focus rectangle away. Raises Click, also when the index stays the same; raises
+    // 380 for an item that is not there.
     void ListIndex(int index);
     bool Selected(int index) const { return items_.at(index).selected; }
     // Raises no event. In a single-selection list selecting moves ListIndex too.
     void Selected(int index, bool selected);
+    // The same for several items of a multi-selection list, told to the views once.
+    void Selected(const std::vector<int>& indices, bool selected);
     int SelCount() const { return selCount_; }
     // The item at ListIndex, empty when there is none.
     std::string Text() const { return ListOrEmpty(listIndex_); }
@@ -48,27 +52,36 @@ class ListBox : public Control {
     int find(const std::string& text) const { return items_.find(text); }
 
     // ---- what a person does ----------------------------------------------------------------
-    // Makes exactly these items the selected ones, with the focus on `focusItem`; one Click.
+    // Makes exactly these items the selected ones, with the focus on `focusItem` (-1 for none);
+    // one Click. In a single-selection list they are one and the same item.
     void select(const std::vector<int>& items, int focusItem);
+    // Selects the item alone: Click, then DblClick, unless the first press opened a dialog, which
+    // takes the second one.
     void doubleClick(int item);
     // A double click on the empty area: selection and index stay as they are.
     void doubleClickEmptyArea();
+    // Arrows and first characters select another item alone; the blank selects and deselects the
+    // item with the focus of a multi-selection list. Click when something changed.
     void press(const Key& key) override;
 
     // ---- events ----------------------------------------------------------------------------
     Event<> Click;
     Event<> DblClick;
-    // For views: items; selection or ListIndex.
+    // For views: items were inserted, removed or changed. Selection and ListIndex go with their
+    // items without a word of their own.
     Event<const ItemsChange&> itemsChanged;
+    // For views: the selection or ListIndex is another.
     Event<> selectionChanged;
 
   private:
     void requireItem(int item) const;
     void mark(int index, bool selected);
+    void selectNone();
     void selectOnly(const std::vector<int>& items, int focusItem);
+    int itemReachedBy(const Key& key) const;
 
     Selection selection_;
-    ListItems items_{itemsChanged};
+    ListItems items_;
     int listIndex_ = -1;
     int selCount_ = 0;
 };

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "controls/event.h"
 #include "controls/gap_vector.h"
 
 #include <string>
+#include <string_view>
 
 namespace headerdtc {
 
-// What became of a list's items, for views that keep step without re-reading the whole list.
+// What became of a list's items, for views that keep step without re-reading the whole list. It
+// is told when the list is in its new state, ListIndex included.
 struct ItemsChange {
     enum class Kind { Inserted, Removed, Changed, Reset };
     Kind kind = Kind::Reset;
@@ -28,22 +29,33 @@ class ListItems {
         bool selected = false;
     };
 
-    // Reports every change through the event of the control that holds the items.
-    explicit ListItems(Event<const ItemsChange&>& changed) : changed_(changed) {}
-
     int count() const { return items_.size(); }
-    const Item& at(int index) const;
-    Item& at(int index);
+    bool has(int index) const { return index >= 0 && index < count(); }
+    const Item& at(int index) const {
+        require(index);
+        return items_[index];
+    }
+    Item& at(int index) {
+        require(index);
+        return items_[index];
+    }
     // Index count() appends.
     void insert(int index, std::string text);
     void remove(int index);
-    void clear();
-    void replace(int index, const std::string& text);
-    // Index of the first item from `start` on that equals the text, -1 for none.
-    int find(const std::string& text, int start = 0) const;
+    void clear() { items_.clear(); }
+    // Index of the first item that equals the text, -1 for none (exact comparison).
+    int find(std::string_view text) const;
+    // Index of the next item after `index` (-1: from the first) that begins with a character,
+    // beyond the last going on at the first; -1 for none. The case of ASCII letters does not
+    // matter.
+    int findNext(int index, char32_t firstCharacter) const;
 
   private:
-    Event<const ItemsChange&>& changed_;
+    void require(int index) const {
+        if (!has(index)) refuse();
+    }
+    [[noreturn]] static void refuse();
+
     GapVector<Item> items_;
 };
 

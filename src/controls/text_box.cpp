@@ -2,9 +2,6 @@
 
 #include "controls/form.h"
 #include "controls/utf8.h"
-#include "platform/runtime_error.h"
-
-#include <algorithm>
 
 namespace headerdtc {
 
@@ -14,31 +11,27 @@ void TextBox::Locked(bool locked) {
 }
 
 void TextBox::Text(const std::string& text) {
-    if (text == text_) return;
-    text_ = text;
-    selStart_ = selLength_ = 0;
-    contentChanged.raise();
-    Change.raise();
+    if (text == Text()) return;
+    content_.assign(text);
+    tellContent(true);
 }
 
 void TextBox::SelStart(int position) {
-    if (position < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    selStart_ = std::min(position, utf8::length(text_));
-    selLength_ = 0;
-    contentChanged.raise();
+    content_.selectFrom(position);
+    tellContent(false);
 }
 
 void TextBox::SelLength(int length) {
-    if (length < 0) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    selLength_ = std::min(length, utf8::length(text_) - selStart_);
-    contentChanged.raise();
+    content_.selectCharacters(length);
+    tellContent(false);
 }
 
 void TextBox::type(const std::string& text) {
-    takeFocus();
+    requireReachable();
     if (locked_) refuse("it is read-only");
     if (!isMultiLine() && text.find_first_of("\r\n") != std::string::npos)
         refuse("it holds a single line");
+    takeFocus();
     edited(text, utf8::length(text), 0);
 }
 
@@ -48,13 +41,10 @@ void TextBox::press(const Key& key) {
     const bool wantsKey = key.kind == Key::Kind::Enter && isMultiLine();
     if (!wantsKey && form().pressDialogKey(key)) return;
     if (!keyDown(key)) return;
-    int code = key.pressCode();
-    if (code != 0) {
-        KeyPress.raise(code);
-        if (code == 0) return;
-    }
+    const int code = raiseKeyPress(key);
+    const bool swallowed = code == 0 && key.pressCode() != 0;
     // A handler may have moved the focus on; the key then has no text to act upon.
-    if (hasFocus()) applyKey(key, code);
+    if (!swallowed && hasFocus()) tellContent(applyKey(key, code));
 }
 
 bool TextBox::keyDown(const Key& key) {
@@ -64,56 +54,36 @@ bool TextBox::keyDown(const Key& key) {
 }
 
 bool TextBox::keyPress(const Key& key) {
+    const int code = raiseKeyPress(key);
+    const bool swallowed = code == 0 && key.pressCode() != 0;
+    return !swallowed && hasFocus();
+}
+
+// The code that the handlers make of the key's; 0 without an event for a key that raises none.
+int TextBox::raiseKeyPress(const Key& key) {
     int code = key.pressCode();
-    if (code == 0) return hasFocus();
-    KeyPress.raise(code);
-    return code != 0 && hasFocus();
+    if (code != 0) KeyPress.raise(code);
+    return code;
 }
 
 void TextBox::edited(const std::string& text, int selStart, int selLength) {
-    const bool changed = text != text_;
-    text_ = text;
-    const int length = utf8::length(text_);
-    selStart_ = std::clamp(selStart, 0, length);
-    selLength_ = std::clamp(selLength, 0, length - selStart_);
-    contentChanged.raise();
-    if (changed) Change.raise();
+    tellContent(content_.edit(text, selStart, selLength));
 }
 
-void TextBox::replaceSelection(const std::string& replacement) {
-    const auto from = utf8::offset(text_, selStart_);
-    const auto to = utf8::offset(text_, selStart_ + selLength_);
-    std::string text = text_;
-    text.replace(from, to - from, replacement);
-    edited(text, selStart_ + utf8::length(replacement), 0);
-}
-
-void TextBox::applyKey(const Key& key, int code) {
-    const int end = utf8::length(text_);
-    switch (key.kind) {
-        case Key::Kind::Left:
-            return SelStart(std::max(0, selStart_ - 1));
-        case Key::Kind::Right:
-            return SelStart(std::min(end, selStart_ + selLength_ + 1));
-        case Key::Kind::Backspace:
-        case Key::Kind::Delete:
-            if (locked_) return;
-            if (selLength_ == 0) {
-                const bool back = key.kind == Key::Kind::Backspace;
-                if (back ? selStart_ == 0 : selStart_ == end) return;
-                if (back) --selStart_;
-                selLength_ = 1;
-            }
-            return replaceSelection({});
-        case Key::Kind::Enter:
-            if (isMultiLine() && !locked_) replaceSelection("\r\n");
-            return;
-        case Key::Kind::Character:
-            if (!locked_) replaceSelection(utf8::encode(static_cast<char32_t>(code)));
-            return;
-        default:
-            return;
+// Tells whether the text is another.
+bool TextBox::applyKey(const Key& key, int code) {
+    if (key.kind == Key::Kind::Left || key.kind == Key::Kind::Right) {
+        content_.moveCaret(key.kind);
+        return false;
     }
+    if (locked_) return false;
+    if (key.kind == Key::Kind::Enter) return isMultiLine() && content_.insert("\r\n");
+    return content_.press(key.kind, static_cast<char32_t>(code));
+}
+
+void TextBox::tellContent(bool textChanged) {
+    contentChanged.raise();
+    if (textChanged) Change.raise();
 }
 
 }  // namespace headerdtc

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/editable_text.h"
 
 #include <string>
 
@@ -20,13 +21,13 @@ class TextBox : public Control {
     bool Locked() const { return locked_; }
     void Locked(bool locked);
 
-    const std::string& Text() const { return text_; }
-    // Raises Change when the text becomes another. The selection goes to the start.
+    const std::string& Text() const { return content_.text(); }
+    // Raises Change when the text becomes another. The selection goes to the start then.
     void Text(const std::string& text);
-    int SelStart() const { return selStart_; }
+    int SelStart() const { return content_.selStart(); }
     // Positions beyond the text are moved to its end; negative ones raise 380.
     void SelStart(int position);
-    int SelLength() const { return selLength_; }
+    int SelLength() const { return content_.selLength(); }
     void SelLength(int length);
 
     // ---- what a person does ----------------------------------------------------------------
@@ -50,13 +51,12 @@ class TextBox : public Control {
     Event<> contentChanged;
 
   private:
-    void replaceSelection(const std::string& text);
-    void applyKey(const Key& key, int code);
+    int raiseKeyPress(const Key& key);
+    bool applyKey(const Key& key, int code);
+    void tellContent(bool textChanged);
 
     Lines lines_;
-    std::string text_;
-    int selStart_ = 0;
-    int selLength_ = 0;
+    EditableText content_;
     bool locked_ = false;
 };
 

@@ -3,29 +3,11 @@
 namespace headerdtc::utf8 {
 namespace {
 
-bool startsCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-}
-
 char byte(char32_t bits) {
     return static_cast<char>(static_cast<unsigned char>(bits));
 }
 
 }  // namespace
-
-int length(std::string_view text) {
-    int count = 0;
-    for (const char c : text)
-        count += startsCharacter(c) ? 1 : 0;
-    return count;
-}
-
-std::size_t offset(std::string_view text, int position) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (startsCharacter(text[at]) && position-- <= 0) return at;
-    }
-    return text.size();
-}
 
 std::string encode(char32_t c) {
     if (c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) c = 0xFFFD;

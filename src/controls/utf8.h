@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -7,10 +9,14 @@
 namespace headerdtc::utf8 {
 
 // Number of characters (code points) of a UTF-8 text.
-int length(std::string_view text);
+inline int length(std::string_view text) {
+    return characterCount(text);
+}
 
 // Byte offset of a character position; the text's size for positions at or beyond its end.
-std::size_t offset(std::string_view text, int position);
+inline std::size_t offset(std::string_view text, int position) {
+    return bytesOfCharacters(text, position);
+}
 
 // A code point as UTF-8; U+FFFD for what is none.
 std::string encode(char32_t character);

@@ -10,6 +10,10 @@ enum class Family : int { EAI = 1, ZEKO = 2 };
 
 inline constexpr Family BothFamilies[] = {Family::ZEKO, Family::EAI};
 
+// The pages of the tab strip that belong to no family.
+inline constexpr int GeneralTabPage = 0;
+inline constexpr int I18NTabPage = 3;
+
 // What differs between the families wherever a field, a tab or a stored row names one.
 struct FamilyTraits {
     Family family;

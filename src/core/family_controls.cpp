@@ -3,7 +3,7 @@
 namespace headerdtc {
 namespace {
 
-using Multiple = ListBox::Selection;
+constexpr auto MultiSelect = ListBox::Selection::Multiple;
 constexpr auto DropDownList = ComboBox::Style::DropDownList;
 
 // Twips. The grids are as wide as their columns and a scroll bar; one row more than fits brings
@@ -21,10 +21,10 @@ FamilyControls::FamilyControls(Form& surface, Family which)
     : family(which),
       traits(traitsOf(which)),
       DataProviderText(surface, familyName(which, "DataProviderText")),
-      FieldsList(surface, familyName(which, "FieldsList"), Multiple::Multiple),
+      FieldsList(surface, familyName(which, "FieldsList"), MultiSelect),
       AddField(surface, familyName(which, "AddField"), "Add"),
       RemoveField(surface, familyName(which, "RemoveField"), "Delete"),
-      SelectedFieldsList(surface, familyName(which, "SelectedFieldsList"), Multiple::Multiple),
+      SelectedFieldsList(surface, familyName(which, "SelectedFieldsList"), MultiSelect),
       MoveUpCommand(surface, familyName(which, "MoveUpCommand"), "/\\"),
       MoveDownCommand(surface, familyName(which, "MoveDownCommand"), "\\/"),
       CriteriaGrid(surface, familyName(which, "CriteriaGrid"), criteria_column::Count),
@@ -33,16 +33,15 @@ FamilyControls::FamilyControls(Form& surface, Family which)
       KeyFieldValueText(surface, familyName(which, "KeyFieldValueText")),
       AddCriteriumCommand(surface, familyName(which, "AddCriteriumCommand"), "Add"),
       RemoveCriteriumCommand(surface, familyName(which, "RemoveCriteriumCommand"), "Delete"),
-      I18NFieldnamesList(surface, familyName(which, "I18NFieldnamesList"), Multiple::Multiple),
-      I18NFieldValuesList(surface, familyName(which, "I18NFieldValuesList"), Multiple::Multiple),
+      I18NFieldnamesList(surface, familyName(which, "I18NFieldnamesList"), MultiSelect),
+      I18NFieldValuesList(surface, familyName(which, "I18NFieldValuesList"), MultiSelect),
       LinkedDataProvidersCombo(surface, familyName(which, "LinkedDataProvidersCombo"),
                                DropDownList),
       DeleteLinkCommand(surface, familyName(which, "DeleteLinkCommand"), "Delete link"),
-      LinkedFieldsList(surface, familyName(which, "LinkedFieldsList"), Multiple::Multiple),
+      LinkedFieldsList(surface, familyName(which, "LinkedFieldsList"), MultiSelect),
       AddLinkedField(surface, familyName(which, "AddLinkedField"), "Add"),
       RemoveLinkedField(surface, familyName(which, "RemoveLinkedField"), "Delete"),
-      SelectedLinkedFieldsList(surface, familyName(which, "SelectedLinkedFieldsList"),
-                               Multiple::Multiple),
+      SelectedLinkedFieldsList(surface, familyName(which, "SelectedLinkedFieldsList"), MultiSelect),
       MoveUpLinkedField(surface, std::string(traits.moveUpLinkedButton), "/\\"),
       MoveDownLinkedField(surface, std::string(traits.moveDownLinkedButton), "\\/"),
       LinksGrid(surface, familyName(which, "LinksGrid"), links_column::Count),
@@ -71,7 +70,6 @@ FamilyControls::FamilyControls(Form& surface, Family which)
     AddCriteriumCommand.withToolTip("Add a criterion").onTabPage(tab);
     RemoveCriteriumCommand.withToolTip("Remove selected criterion (*)").onTabPage(tab);
 
-    constexpr int I18NTabPage = 3;
     I18NFieldnamesList.labelled("Translate fieldnames:")
         .withToolTip("Select fieldname(s) to translate")
         .onTabPage(I18NTabPage);

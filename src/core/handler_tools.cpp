@@ -61,6 +61,10 @@ void moveAsterisk(Grid& grid, RowTracker& tracker, int row) {
     grid.TextMatrix(tracker.current, MarkerColumn, "*");
 }
 
+bool isInAuthorsHands(const Control& control) {
+    return control.hasFocus();
+}
+
 void layOverCell(Control& editor, const Grid& grid) {
     editor.Width(grid.ColWidth(grid.Col()));
     editor.Move(grid.Left() + grid.CellLeft(), grid.Top() + grid.CellTop());

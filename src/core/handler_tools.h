@@ -48,6 +48,10 @@ class ScrollBarRoom {
 // emptied when that is a data row still there, and the row gets the "*".
 void moveAsterisk(Grid& grid, RowTracker& tracker, int row);
 
+// Whether it is the author who works at a control. Loading a page and a write of a public
+// property come through the same events; the first is no change, the second gives its own notice.
+bool isInAuthorsHands(const Control& control);
+
 // Lays an in-place editor over the grid's current cell, as wide as its column, shows it and gives
 // it the focus.
 void layOverCell(Control& editor, const Grid& grid);

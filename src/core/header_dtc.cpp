@@ -8,9 +8,6 @@
 namespace headerdtc {
 namespace {
 
-constexpr int GeneralTabPage = 0;
-constexpr int I18NTabPage = 3;
-
 constexpr const char* Operators[] = {"==", "<=", ">="};
 
 // Column widths in twips.

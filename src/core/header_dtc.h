@@ -105,7 +105,9 @@ class HeaderDTC {
     // ---- public properties -----------------------------------------------------------------
     // One member function pair for each row of core/properties.def, named as the property.
     // Indices are 0-based item positions, or flat cell indices in a grid; one that is not there
-    // raises 381. A write ends with the property-changed notice.
+    // raises 381. A number beyond 16 bits raises 6, a row count that the grid cannot have and a
+    // text that a drop-down list does not offer 380, no dictionary 91. A write ends with the
+    // property-changed notice; one that fails changes nothing and gives none.
 #define HEADERDTC_INDEXED_TEXT(name, ...) \
     std::string name(int index) const;    \
     void name(int index, const std::string& value);
@@ -116,12 +118,13 @@ class HeaderDTC {
 #define HEADERDTC_TEXT(name, ...) \
     std::string name() const;     \
     void name(const std::string& value);
+#define HEADERDTC_SCRIPTS(name, ...)                       \
+    const std::shared_ptr<ScriptDictionary>& name() const; \
+    void name(std::shared_ptr<ScriptDictionary> scripts);
+#define HEADERDTC_NUMBER(name, ...) \
+    int name() const;               \
+    void name(int number);
 #include "core/properties.def"
-
-    const std::shared_ptr<ScriptDictionary>& UserDefinedScripts() const;
-    void UserDefinedScripts(std::shared_ptr<ScriptDictionary> scripts);
-    int NrOfUserDefinedScripts() const;
-    void NrOfUserDefinedScripts(int count);
 };
 
 // The header texts of a criteria grid ("Key", "Value") and of a links grid ("From", "To").

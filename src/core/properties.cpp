@@ -2,6 +2,8 @@
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
+#include <utility>
+
 namespace headerdtc {
 namespace {
 
@@ -32,7 +34,7 @@ void setTextAt(Grid& grid, int index, const std::string& text) {
 #define HEADERDTC_IN_EAI(control) EAI.control
 #define HEADERDTC_IN_Shared(control) control
 
-#define HEADERDTC_INDEXED_TEXT(name, family, control, kind)      \
+#define HEADERDTC_INDEXED_TEXT(name, family, control)            \
     std::string HeaderDTC::name(int index) const {               \
         return textAt(HEADERDTC_IN_##family(control), index);    \
     }                                                            \
@@ -55,13 +57,32 @@ void setTextAt(Grid& grid, int index, const std::string& text) {
         PropertyChanged(#name);                          \
     }
 
-#define HEADERDTC_TEXT(name, control)                \
-    std::string HeaderDTC::name() const {            \
-        return control.Text();                       \
-    }                                                \
-    void HeaderDTC::name(const std::string& value) { \
-        control.Text(value);                         \
-        PropertyChanged(#name);                      \
+#define HEADERDTC_TEXT(name, family, control)         \
+    std::string HeaderDTC::name() const {             \
+        return HEADERDTC_IN_##family(control).Text(); \
+    }                                                 \
+    void HeaderDTC::name(const std::string& value) {  \
+        HEADERDTC_IN_##family(control).Text(value);   \
+        PropertyChanged(#name);                       \
+    }
+
+#define HEADERDTC_SCRIPTS(name, member)                                      \
+    const std::shared_ptr<ScriptDictionary>& HeaderDTC::name() const {       \
+        return member;                                                       \
+    }                                                                        \
+    void HeaderDTC::name(std::shared_ptr<ScriptDictionary> scripts) {        \
+        if (!scripts) throw RuntimeError(ErrorNumber::ObjectVariableNotSet); \
+        member = std::move(scripts);                                         \
+        PropertyChanged(#name);                                              \
+    }
+
+#define HEADERDTC_NUMBER(name, member) \
+    int HeaderDTC::name() const {      \
+        return member;                 \
+    }                                  \
+    void HeaderDTC::name(int number) { \
+        member = toInt16(number);      \
+        PropertyChanged(#name);        \
     }
 
 #include "core/properties.def"
@@ -69,24 +90,5 @@ void setTextAt(Grid& grid, int index, const std::string& text) {
 #undef HEADERDTC_IN_ZEKO
 #undef HEADERDTC_IN_EAI
 #undef HEADERDTC_IN_Shared
-
-const std::shared_ptr<ScriptDictionary>& HeaderDTC::UserDefinedScripts() const {
-    return userDefinedScripts;
-}
-
-void HeaderDTC::UserDefinedScripts(std::shared_ptr<ScriptDictionary> scripts) {
-    if (!scripts) throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
-    userDefinedScripts = std::move(scripts);
-    PropertyChanged("UserDefinedScripts");
-}
-
-int HeaderDTC::NrOfUserDefinedScripts() const {
-    return nrOfUserDefinedScripts;
-}
-
-void HeaderDTC::NrOfUserDefinedScripts(int count) {
-    nrOfUserDefinedScripts = toInt16(count);
-    PropertyChanged("NrOfUserDefinedScripts");
-}
 
 }  // namespace headerdtc

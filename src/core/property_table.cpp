@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <type_traits>
 
 namespace headerdtc {
 namespace {
@@ -29,31 +28,13 @@ int asInteger(const PublicValue& value) {
     return toInt16(as<std::int64_t>(value));
 }
 
-// The two properties that no control holds differ in type; what they read tells it.
-template <class Value>
-constexpr PropertyType memberType =
-    std::is_same_v<Value, int> ? PropertyType::Integer : PropertyType::Scripts;
-
-template <class Value>
-decltype(auto) asMember(const PublicValue& value) {
-    if constexpr (memberType<Value> == PropertyType::Integer) {
-        return asInteger(value);
-    } else {
-        return as<Value>(value);
-    }
+PublicValue publicValue(int number) {
+    return std::int64_t{number};
 }
 
-template <class Value>
-PublicValue publicValue(const Value& value) {
-    if constexpr (std::is_same_v<Value, int>) {
-        return std::int64_t{value};
-    } else {
-        return value;
-    }
+PublicValue publicValue(PublicValue value) {
+    return value;
 }
-
-#define HEADERDTC_MEMBER_VALUE(name) \
-    std::remove_cvref_t<decltype(std::declval<const HeaderDTC&>().name())>
 
 // Row by row beside each other: what a property is, and how it is reached.
 constexpr PropertyInfo Infos[] = {
@@ -61,7 +42,8 @@ constexpr PropertyInfo Infos[] = {
 #define HEADERDTC_COUNT(name, ...) {#name, PropertyType::Integer, false, false},
 #define HEADERDTC_ROW_COUNT(name, ...) {#name, PropertyType::Integer, false, true},
 #define HEADERDTC_TEXT(name, ...) {#name, PropertyType::Text, false, true},
-#define HEADERDTC_MEMBER(name) {#name, memberType<HEADERDTC_MEMBER_VALUE(name)>, false, true},
+#define HEADERDTC_SCRIPTS(name, ...) {#name, PropertyType::Scripts, false, true},
+#define HEADERDTC_NUMBER(name, ...) {#name, PropertyType::Integer, false, true},
 #include "core/properties.def"
 };
 
@@ -77,15 +59,15 @@ constexpr Accessors Access[] = {
     {HEADERDTC_GET(dtc.name()), HEADERDTC_SET(dtc.name(asInteger(value)))},
 #define HEADERDTC_TEXT(name, ...) \
     {HEADERDTC_GET(dtc.name()), HEADERDTC_SET(dtc.name(as<std::string>(value)))},
-#define HEADERDTC_MEMBER(name)  \
-    {HEADERDTC_GET(dtc.name()), \
-     HEADERDTC_SET(dtc.name(asMember<HEADERDTC_MEMBER_VALUE(name)>(value)))},
+#define HEADERDTC_SCRIPTS(name, ...) \
+    {HEADERDTC_GET(dtc.name()),      \
+     HEADERDTC_SET(dtc.name(as<std::shared_ptr<ScriptDictionary>>(value)))},
+#define HEADERDTC_NUMBER(name, ...) \
+    {HEADERDTC_GET(dtc.name()), HEADERDTC_SET(dtc.name(asInteger(value)))},
 #include "core/properties.def"
 #undef HEADERDTC_GET
 #undef HEADERDTC_SET
 };
-
-#undef HEADERDTC_MEMBER_VALUE
 
 static_assert(std::size(Infos) == std::size(Access));
 

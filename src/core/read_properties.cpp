@@ -16,11 +16,11 @@ using stored::RowOf;
 
 // Where the item is there already it is replaced, else it is appended.
 template <class List>
-void setItem(List& list, int index, const std::string& text) {
+void setItem(List& list, int index, std::string text) {
     if (index < list.ListCount()) {
         list.List(index, text);
     } else {
-        list.AddItem(text, index);
+        list.AddItem(std::move(text), index);
     }
 }
 
@@ -29,11 +29,11 @@ void selectItem(ComboBox& combo, const std::string& text) {
     if (const int item = combo.find(text); item >= 0) combo.ListIndex(item);
 }
 
-// Marks items of a list as selected by their texts. A list may have thousands of items, and as
-// many of them selected, so they are hashed once.
-class ItemMarker {
+// Finds the items of a list by their texts. A list may have thousands of items, and as many of
+// them looked for, so they are hashed once.
+class ItemFinder {
   public:
-    explicit ItemMarker(ListBox& list)
+    explicit ItemFinder(const ListBox& list)
         : list_(list),
           firstOfBucket_(std::bit_ceil(static_cast<std::size_t>(list.ListCount()) + 1), None),
           nextInBucket_(static_cast<std::size_t>(list.ListCount())) {
@@ -41,10 +41,17 @@ class ItemMarker {
             nextInBucket_[static_cast<std::size_t>(i)] = std::exchange(bucket(list.List(i)), i);
     }
 
-    // Marks every item of that text.
-    void mark(std::string_view text) {
-        for (int i = bucket(text); i != None; i = nextInBucket_[static_cast<std::size_t>(i)]) {
-            if (list_.List(i) == text) list_.Selected(i, true);
+    // Appends every item of that text, the first time that it is asked for. They are not kept:
+    // thousands of equal items, asked for thousands of times, would be found millions of times.
+    void take(std::string_view text, std::vector<int>& items) {
+        for (int* link = &bucket(text); *link != None;) {
+            int& next = nextInBucket_[static_cast<std::size_t>(*link)];
+            if (list_.List(*link) == text) {
+                items.push_back(*link);
+                *link = next;
+            } else {
+                link = &next;
+            }
         }
     }
 
@@ -55,7 +62,7 @@ class ItemMarker {
         return firstOfBucket_[std::hash<std::string_view>()(text) & (firstOfBucket_.size() - 1)];
     }
 
-    ListBox& list_;
+    const ListBox& list_;
     std::vector<int> firstOfBucket_;
     std::vector<int> nextInBucket_;
 };
@@ -127,11 +134,11 @@ class PropertyReader {
     void readReturnFields(RowOf count, RowOf items, FamilyControls& family) {
         const int fields = number(count);
         for (int i = 0; i < fields; ++i) {
-            const std::string field = textNamed(keys_.numbered(items->key, i));
+            std::string field = textNamed(keys_.numbered(items->key, i));
             setItem(family.SelectedFieldsList, i, field);
             setItem(family.I18NFieldnamesList, i, field);
             setItem(family.I18NFieldValuesList, i, field);
-            family.FromLinkFieldsCombo.AddItem(field);
+            family.FromLinkFieldsCombo.AddItem(std::move(field));
         }
     }
 
@@ -180,13 +187,21 @@ class PropertyReader {
         readItems("NrOfExtraIncludes", "ExtraIncludes");
     }
 
-    // A name that is no longer among the return fields finds no item and is dropped.
+    // A name that is no longer among the return fields finds no item and is dropped. Those found
+    // before a failure are selected.
     void readSelection(RowOf count, RowOf names, ListBox& list) {
         const int selected = number(count);
         if (selected <= 0) return;
-        ItemMarker marker(list);
-        for (int k = 0; k < selected; ++k)
-            marker.mark(textNamed(keys_.numbered(names->key, k)));
+        ItemFinder finder(list);
+        std::vector<int> items;
+        try {
+            for (int k = 0; k < selected; ++k)
+                finder.take(textNamed(keys_.numbered(names->key, k)), items);
+        } catch (const RuntimeError&) {
+            list.Selected(items, true);
+            throw;
+        }
+        list.Selected(items, true);
     }
 
     void readLinkedProvider() {

@@ -1,7 +1,7 @@
 #include "editor/editor_tabs.h"
 
+#include "core/handler.h"
 #include "core/handler_tools.h"
-#include "editor/handler.h"
 #include "platform/message_box.h"
 #include "platform/text_files.h"
 
@@ -30,12 +30,6 @@ constexpr TabSteps StepsOfTabs[] = {
 // A procedure of a room that is not there does nothing.
 void prepare(const std::function<void(Family)>& procedure, Family family) {
     if (procedure) procedure(family);
-}
-
-// Whether it is the author who works at a control. Loading a page and a write of a public
-// property come through the same events; the first is no change, the second gives its own notice.
-bool isInAuthorsHands(const Control& control) {
-    return control.hasFocus();
 }
 
 }  // namespace

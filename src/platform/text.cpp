@@ -16,6 +16,27 @@ bool isContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
+// The capital of a letter that takes two bytes, as it does itself; empty when windows-1252 has
+// none.
+std::string capitalOf(std::string_view letter) {
+    struct Pair {
+        std::string_view small, capital;
+    };
+    static constexpr Pair Apart[] = {{"š", "Š"}, {"œ", "Œ"}, {"ž", "Ž"}, {"ÿ", "Ÿ"}};
+    for (const auto& [small, capital] : Apart) {
+        if (letter == small) return std::string(capital);
+    }
+    // U+00E0 to U+00FE have theirs 0x20 below, but for the division sign.
+    if (letter.size() != 2 || letter[0] != '\xC3') return {};
+    const auto low = static_cast<unsigned char>(letter[1]);
+    if (low < 0xA0 || low > 0xBE || low == 0xB7) return {};
+    return {letter[0], static_cast<char>(low - 0x20)};
+}
+
+bool startsTwoBytes(char c) {
+    return (static_cast<unsigned char>(c) & 0xE0U) == 0xC0U;
+}
+
 template <class Find>
 std::string replaceFound(std::string_view text, std::string_view from, std::string_view to,
                          Find find) {
@@ -39,6 +60,7 @@ std::string_view trimBlanks(std::string_view text) {
 
 std::vector<std::string_view> splitText(std::string_view text, std::string_view separator) {
     std::vector<std::string_view> pieces;
+    if (separator.empty()) return {text};
     std::size_t start = 0;
     for (auto hit = text.find(separator); hit != std::string_view::npos;
          hit = text.find(separator, start)) {
@@ -59,14 +81,11 @@ std::string_view secondPiece(std::string_view text, std::string_view separator) 
 std::string upperCase(std::string_view text) {
     std::string result(text);
     for (std::size_t i = 0; i < result.size(); ++i) {
-        auto& c = result[i];
-        if (c >= 'a' && c <= 'z') {
-            c = static_cast<char>(c - ('a' - 'A'));
-        } else if (c == '\xC3' && i + 1 < result.size()) {
-            // U+00E0..U+00FE have their capitals 0x20 below, but for the division sign.
-            auto& low = result[i + 1];
-            const auto byte = static_cast<unsigned char>(low);
-            if (byte >= 0xA0 && byte <= 0xBE && byte != 0xB7) low = static_cast<char>(byte - 0x20);
+        if (result[i] >= 'a' && result[i] <= 'z') {
+            result[i] = static_cast<char>(result[i] - ('a' - 'A'));
+        } else if (startsTwoBytes(result[i])) {
+            const std::string capital = capitalOf(std::string_view(result).substr(i, 2));
+            if (!capital.empty()) result.replace(i, 2, capital);
         }
     }
     return result;

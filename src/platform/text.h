@@ -10,14 +10,16 @@ namespace headerdtc {
 // The blanks at both ends removed (blanks only: tabs and line ends stay).
 std::string_view trimBlanks(std::string_view text);
 
-// The pieces of a text between every occurrence of a separator; at least one piece.
+// The pieces of a text between every occurrence of a separator; at least one piece. An empty
+// separator occurs nowhere.
 std::vector<std::string_view> splitText(std::string_view text, std::string_view separator);
 
 // The piece after the first separator, up to the next one. Raises 9 (Subscript out of range)
 // when the separator does not occur.
 std::string_view secondPiece(std::string_view text, std::string_view separator);
 
-// Upper case of ASCII and of the Latin letters of the suite's code page; text is UTF-8.
+// Upper case of ASCII and of the Latin letters of the suite's code page, windows-1252; text is
+// UTF-8.
 std::string upperCase(std::string_view text);
 
 // Equal without regard to the case of ASCII letters.

@@ -23,6 +23,8 @@ class HostBinding {
     void IDesignTimeControl_OnGetChoices() {}
     void IDesignTimeControl_OnHostingChange() {}
     void IDesignTimeControl_OnRebind() {}
+    // The host's one more notification without arguments.
+    void IDesignTimeControl_OnNotification() {}
 
   private:
     HeaderDTC& control_;

@@ -122,13 +122,21 @@ std::span<const RuntimeTextStep> runtimeTextSteps() {
 std::string withLineEnds(std::string_view text) {
     std::string lines;
     lines.reserve(text.size() + text.size() / 16 + 2);
-    while (!text.empty()) {
-        const auto end = std::min(text.find_first_of("\r\n"), text.size());
-        lines.append(text.substr(0, end)).append("\r\n");
-        const bool crLf = text.substr(end).starts_with("\r\n");
-        text.remove_prefix(std::min(text.size(), end + (crLf ? 2 : 1)));
+    std::size_t copied = 0;  // lines that end as they should are copied together
+    std::size_t cr = text.find('\r');
+    std::size_t lf = text.find('\n');
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min({cr, lf, text.size()});
+        const bool crLf = end == cr && lf == end + 1;
+        start = end + (crLf ? 2 : 1);
+        if (!crLf) {
+            lines.append(text.substr(copied, end - copied)).append("\r\n");
+            copied = start;
+        }
+        if (cr < start) cr = text.find('\r', start);
+        if (lf < start) lf = text.find('\n', start);
     }
-    return lines;
+    return copied < text.size() ? lines.append(text.substr(copied)) : lines;
 }
 
 std::string GetRuntimeText(HeaderDTC& control) {

@@ -1,6 +1,6 @@
 #include "core/handler_tools.h"
 
-#include "control_fixture.h"
+#include "core/control_fixture.h"
 
 namespace headerdtc {
 namespace {

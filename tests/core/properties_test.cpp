@@ -1,5 +1,5 @@
-#include "control_fixture.h"
 #include "controls/control.h"
+#include "core/control_fixture.h"
 #include "core/property_table.h"
 
 #include <map>

@@ -1,5 +1,5 @@
-#include "control_fixture.h"
 #include "core/common_dialog.h"
+#include "core/control_fixture.h"
 
 namespace headerdtc {
 namespace {

@@ -29,6 +29,7 @@ TEST(TextTest, SplitsAtEveryOccurrenceAndKeepsEmptyPieces) {
     EXPECT_THAT(splitText("1 - A - B", " - "), ElementsAre("1", "A", "B"));
     EXPECT_THAT(splitText(".A.", "."), ElementsAre("", "A", ""));
     EXPECT_THAT(splitText("", "."), ElementsAre(""));
+    EXPECT_THAT(splitText("A.B", ""), ElementsAre("A.B"));
 }
 
 TEST(TextTest, TheSecondPieceEndsAtTheNextSeparator) {
@@ -38,8 +39,9 @@ TEST(TextTest, TheSecondPieceEndsAtTheNextSeparator) {
 }
 
 TEST(TextTest, UpperCaseReachesTheLettersOfTheCodePage) {
-    EXPECT_EQ(upperCase("c:\\sites\\größe\\éàþ÷ÿ"), "C:\\SITES\\GRÖßE\\ÉÀÞ÷ÿ");
+    EXPECT_EQ(upperCase("c:\\sites\\größe\\éàþ÷ÿšœž"), "C:\\SITES\\GRÖßE\\ÉÀÞ÷ŸŠŒŽ");
     EXPECT_EQ(upperCase("\xC3"), "\xC3");
+    EXPECT_EQ(upperCase("\xC3z"), "\xC3Z");
 }
 
 TEST(TextTest, ReplacementsAreNotScannedAgain) {

@@ -1,4 +1,4 @@
-#include "editor/handler.h"
+#include "core/handler.h"
 
 #include "platform/error_trap.h"
 

@@ -1,0 +1,1 @@
+<!--metadata type=designercontrol STARTSPAN<object classid='CLSID:{2f9dab28-6bb4-469f-a568-9ca7a4217b69}' id=a><param value=1 name='x'></object>--><!--METADATA TYPE="DesignerControl" endspan-->

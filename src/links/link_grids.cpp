@@ -1,0 +1,205 @@
+#include "links/link_grids.h"
+
+#include "core/handler_tools.h"
+#include "platform/error_trap.h"
+
+namespace headerdtc {
+
+struct LinkGrids::Editor {
+    Family family;
+    ComboBox FamilyControls::*combo;
+    int column;
+    std::string_view property;  // without the family's prefix
+    // Completing an edit first moves the "*" to the grid's row.
+    bool movesAsterisk;
+    // Does not write into a row that is no longer there; the others fail then.
+    bool testsRow;
+};
+
+namespace {
+
+using F = FamilyControls;
+using Editor = LinkGrids::Editor;
+
+// The width of a scroll bar, in twips.
+constexpr int ScrollBarWidth = 255;
+
+// clang-format off
+constexpr Editor EaiFrom {Family::EAI,  &F::FromLinkFieldsCombo, links_column::From, "LinkFromFields", true,  true};
+constexpr Editor EaiTo   {Family::EAI,  &F::ToLinkFieldsCombo,   links_column::To,   "LinkToFields",   true,  false};
+constexpr Editor ZekoFrom{Family::ZEKO, &F::FromLinkFieldsCombo, links_column::From, "LinkFromFields", false, true};
+constexpr Editor ZekoTo  {Family::ZEKO, &F::ToLinkFieldsCombo,   links_column::To,   "LinkToFields",   true,  false};
+
+constexpr const Editor* Editors[] = {&EaiFrom, &EaiTo, &ZekoFrom, &ZekoTo};
+
+// What completes an edit, and under which name that reports. Some names are a sister's.
+enum class Trigger { Click, KeyPress, LostFocus };
+struct Completion {
+    const Editor& editor;
+    Trigger trigger;
+    const char* reportedAs;
+};
+constexpr Completion Completions[] = {
+    {EaiFrom,  Trigger::Click,     "EAIFromLinkFieldsCombo_LostFocus"},
+    {EaiFrom,  Trigger::LostFocus, "EAIFromLinkFieldsCombo_LostFocus"},
+    {EaiTo,    Trigger::Click,     "EAIToLinkFieldsCombo_Click"},
+    {EaiTo,    Trigger::KeyPress,  "EAIToLinkFieldsCombo_LostFocus"},
+    {EaiTo,    Trigger::LostFocus, "EAIToLinkFieldsCombo_LostFocus"},
+    {ZekoFrom, Trigger::LostFocus, "ZEKOFromLinkFieldsCombo_LostFocus"},
+    {ZekoTo,   Trigger::Click,     "ZEKOToLinkFieldsCombo_Click"},
+    {ZekoTo,   Trigger::LostFocus, "ZEKOToLinkFieldsCombo_LostFocus"},
+};
+// clang-format on
+
+const Editor* editorOf(Family family, int column) {
+    for (const Editor* editor : Editors) {
+        if (editor->family == family && editor->column == column) return editor;
+    }
+    return nullptr;
+}
+
+std::string rowCountOf(const FamilyControls& family) {
+    return "NrOfLinked" + std::string(family.traits.prefix) + "Fields";
+}
+
+}  // namespace
+
+void noteDiscardedLinks(const FamilyControls& family, ChangedProperties& changed) {
+    const Grid& grid = family.LinksGrid;
+    for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+        if (!grid.TextMatrix(row, links_column::From).empty())
+            changed.add(familyName(family.family, "LinkFromFields"));
+        if (!grid.TextMatrix(row, links_column::To).empty())
+            changed.add(familyName(family.family, "LinkToFields"));
+    }
+}
+
+LinkGrids::LinkGrids(HeaderDTC& dtc) : dtc_(dtc) {
+    for (const Family which : BothFamilies)
+        subscribeGrid(dtc_.family(which));
+    subscribeEditors();
+}
+
+void LinkGrids::subscribeGrid(FamilyControls& family) {
+    Grid& grid = family.LinksGrid;
+    const Family which = family.family;
+    // The names of two handlers are those of others, for both families.
+    subscriptions_ += grid.EnterCell.subscribe([this, &family] {
+        runHandler(dtc_, "EAILinksGrid_EnterCell", [&](ChangedProperties&) { enterCell(family); });
+    });
+    subscriptions_ += handle(family.RemoveLink.Click, dtc_, family, "RemoveCriteriumCommand_Click",
+                             this, &LinkGrids::removeLink);
+    subscriptions_ +=
+        handle(family.AddLink.Click, dtc_, family, "AddLink_Click", this, &LinkGrids::addLink);
+    subscriptions_ += grid.GotFocus.subscribe([this, which] { MoveLinksAsterisk(which); });
+    subscriptions_ +=
+        grid.Click.subscribe([this, which] { LinksGridEdit(which, key_code::Enter); });
+    subscriptions_ +=
+        grid.KeyPress.subscribe([this, which](int key) { LinksGridEdit(which, key); });
+}
+
+void LinkGrids::subscribeEditors() {
+    for (const Completion& completion : Completions) {
+        ComboBox& combo = dtc_.family(completion.editor.family).*completion.editor.combo;
+        const auto complete = [this, &completion] {
+            runHandler(dtc_, completion.reportedAs, [&](ChangedProperties& changed) {
+                completeEdit(completion.editor, changed);
+            });
+        };
+        switch (completion.trigger) {
+            case Trigger::Click:
+                subscriptions_ += combo.Click.subscribe(complete);
+                break;
+            case Trigger::KeyPress:
+                subscriptions_ += combo.KeyPress.subscribe([complete](int&) { complete(); });
+                break;
+            case Trigger::LostFocus:
+                subscriptions_ += combo.LostFocus.subscribe(complete);
+                break;
+        }
+    }
+}
+
+void LinkGrids::MoveLinksAsterisk(Family which) {
+    trapErrors(dtc_.surroundings.messages, "MoveLinksAsterisk", [&] {
+        FamilyControls& family = dtc_.family(which);
+        moveAsterisk(family.LinksGrid, family.linkRows, family.LinksGrid.Row());
+    });
+}
+
+void LinkGrids::LinksGridEdit(Family which, int key) {
+    trapErrors(dtc_.surroundings.messages, "LinksGridEdit", [&] {
+        FamilyControls& family = dtc_.family(which);
+        Grid& grid = family.LinksGrid;
+        const Editor* editor = editorOf(which, grid.Col());
+        if (!editor) return;
+        // However the cell was entered, its row is the previous one from here on: the row that
+        // the edit will be written into.
+        MoveLinksAsterisk(which);
+        ComboBox& combo = family.*editor->combo;
+        if (key == key_code::Enter) {
+            // Each selection clicks the combo and so completes an edit: it writes what the cell
+            // has already, before the editor shows.
+            const std::string text = grid.Text();
+            for (int i = 0; i < combo.ListCount(); ++i) {
+                if (combo.List(i) == text) combo.ListIndex(i);
+            }
+        }
+        layOverCell(combo, grid);
+    });
+}
+
+// An editor that is still open over the cell left behind is closed while its row is the marked
+// one, so that moving the "*" first, as most editors do, leaves that row as the previous one.
+void LinkGrids::enterCell(FamilyControls& family) {
+    for (const Editor* editor : Editors) {
+        if (editor->family != family.family) continue;
+        ComboBox& combo = family.*editor->combo;
+        if (combo.hasFocus()) combo.Visible(false);
+    }
+    MoveLinksAsterisk(family.family);
+}
+
+void LinkGrids::addLink(FamilyControls& family, ChangedProperties& changed) {
+    Grid& grid = family.LinksGrid;
+    ScrollBarRoom room(grid, links_column::To, ScrollBarWidth);
+    grid.Rows(grid.Rows() + 1);
+    changed.add(rowCountOf(family));
+    grid.Row(grid.Rows() - 1);
+    room.adjust();
+    MoveLinksAsterisk(family.family);
+}
+
+// The marked row goes, which need not be the grid's current one. The last link is emptied only.
+void LinkGrids::removeLink(FamilyControls& family, ChangedProperties& changed) {
+    Grid& grid = family.LinksGrid;
+    ScrollBarRoom room(grid, links_column::To, ScrollBarWidth);
+    if (grid.Rows() > grid.FixedRows() + 1) {
+        grid.RemoveItem(family.linkRows.current);
+        changed.add(rowCountOf(family));
+    } else {
+        noteDiscardedLinks(family, changed);
+        grid.Clear();
+        writeLinksHeaders(grid);
+    }
+    room.adjust();
+    MoveLinksAsterisk(family.family);
+}
+
+void LinkGrids::completeEdit(const Editor& editor, ChangedProperties& changed) {
+    FamilyControls& family = dtc_.family(editor.family);
+    Grid& grid = family.LinksGrid;
+    ComboBox& combo = family.*editor.combo;
+    if (editor.movesAsterisk) MoveLinksAsterisk(editor.family);
+    const int row = family.linkRows.previous < 0 ? grid.Row() : family.linkRows.previous;
+    if (!editor.testsRow || row <= grid.Rows() - 1) {
+        const long cell = dtc_.LinksGridIndex(row, editor.column);
+        if (grid.TextArray(cell) != combo.Text()) {
+            changed.add(familyName(editor.family, editor.property));
+            grid.TextArray(cell, combo.Text());
+        }
+    }
+    combo.Visible(false);
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,117 @@
+#include "links/linked_fields.h"
+
+#include "core/handler_tools.h"
+
+namespace headerdtc {
+namespace {
+
+// What differs between the families when the selected fields are added.
+struct AddTraits {
+    Family family;
+    // Nothing selected: nothing happens. Otherwise the selection still moves.
+    bool needsSelection;
+    // Which item of the shortened list is selected afterwards: the one at the place of the last
+    // field that was added, or of the one that had the focus, added or not.
+    enum class Remembers { LastAdded, Focused } remembers;
+};
+
+constexpr AddTraits AddTable[] = {
+    {Family::EAI, false, AddTraits::Remembers::Focused},
+    {Family::ZEKO, true, AddTraits::Remembers::LastAdded},
+};
+
+const AddTraits& addTraitsOf(Family family) {
+    return AddTable[family == Family::EAI ? 0 : 1];
+}
+
+std::string selectedFieldsOf(const FamilyControls& family) {
+    return familyName(family.family, "SelectedLinkedFields");
+}
+
+void refreshButtons(FamilyControls& family) {
+    refreshFieldButtons(family.LinkedFieldsList, family.SelectedLinkedFieldsList,
+                        family.AddLinkedField, family.RemoveLinkedField);
+}
+
+}  // namespace
+
+LinkedFields::LinkedFields(HeaderDTC& dtc) {
+    for (const Family which : BothFamilies) {
+        FamilyControls& family = dtc.family(which);
+        subscriptions_ += handle(family.AddLinkedField.Click, dtc, family, "AddLinkedField_Click",
+                                 this, &LinkedFields::AddLinkedField_Click);
+        subscriptions_ +=
+            handle(family.LinkedFieldsList.DblClick, dtc, family, "LinkedFieldsList_DblClick", this,
+                   &LinkedFields::LinkedFieldsList_DblClick);
+        subscriptions_ +=
+            handle(family.RemoveLinkedField.Click, dtc, family, "RemoveLinkedField_Click", this,
+                   &LinkedFields::RemoveLinkedField_Click);
+        // Both families report under the name that only the ZEKO buttons have.
+        subscriptions_ +=
+            handle(family.MoveUpLinkedField.Click, dtc, family, "MoveUpLinkdFieldCommand_Click",
+                   this, &LinkedFields::MoveUpLinkedField_Click);
+        subscriptions_ +=
+            handle(family.MoveDownLinkedField.Click, dtc, family, "MoveDownLinkdFieldCommand_Click",
+                   this, &LinkedFields::MoveDownLinkedField_Click);
+    }
+}
+
+void LinkedFields::AddLinkedField_Click(FamilyControls& family, ChangedProperties& changed) {
+    const AddTraits& traits = addTraitsOf(family.family);
+    ListBox& available = family.LinkedFieldsList;
+    ListBox& selected = family.SelectedLinkedFieldsList;
+    if (traits.needsSelection && available.SelCount() < 1) return;
+    if (available.SelCount() > 0) changed.add(selectedFieldsOf(family));
+
+    const int focused = available.ListIndex();
+    int lastAdded = 0;
+    for (int i = 0; i < available.ListCount(); ++i) {
+        if (!available.Selected(i)) continue;
+        selected.AddItem(available.List(i));
+        lastAdded = i;
+    }
+    for (int i = available.ListCount() - 1; i >= 0; --i) {
+        if (available.Selected(i)) available.RemoveItem(i);
+    }
+    selectAfterRemoval(available,
+                       traits.remembers == AddTraits::Remembers::Focused ? focused : lastAdded);
+    refreshButtons(family);
+}
+
+void LinkedFields::LinkedFieldsList_DblClick(FamilyControls& family, ChangedProperties& changed) {
+    ListBox& available = family.LinkedFieldsList;
+    if (const int index = available.ListIndex(); index >= 0) {
+        changed.add(selectedFieldsOf(family));
+        family.SelectedLinkedFieldsList.AddItem(available.Text());
+        available.RemoveItem(index);
+        selectAfterRemoval(available, index);
+    }
+    refreshButtons(family);
+}
+
+void LinkedFields::RemoveLinkedField_Click(FamilyControls& family, ChangedProperties& changed) {
+    ListBox& available = family.LinkedFieldsList;
+    ListBox& selected = family.SelectedLinkedFieldsList;
+    if (selected.SelCount() >= 1) {
+        changed.add(selectedFieldsOf(family));
+        int lowestRemoved = 0;
+        for (int i = selected.ListCount() - 1; i >= 0; --i) {
+            if (!selected.Selected(i)) continue;
+            available.AddItem(selected.List(i));
+            selected.RemoveItem(i);
+            lowestRemoved = i;
+        }
+        selectAfterRemoval(selected, lowestRemoved);
+    }
+    refreshButtons(family);
+}
+
+void LinkedFields::MoveUpLinkedField_Click(FamilyControls& family, ChangedProperties& changed) {
+    if (moveItemUp(family.SelectedLinkedFieldsList)) changed.add(selectedFieldsOf(family));
+}
+
+void LinkedFields::MoveDownLinkedField_Click(FamilyControls& family, ChangedProperties& changed) {
+    if (moveItemDown(family.SelectedLinkedFieldsList)) changed.add(selectedFieldsOf(family));
+}
+
+}  // namespace headerdtc

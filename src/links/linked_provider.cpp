@@ -1,0 +1,116 @@
+#include "links/linked_provider.h"
+
+#include "core/field_entries.h"
+#include "core/handler_tools.h"
+#include "links/link_grids.h"
+#include "platform/data_source.h"
+#include "platform/error_trap.h"
+
+namespace headerdtc {
+namespace {
+
+constexpr const char* LinkedDataProviderProperty = "LinkedDataProvider";
+
+void noteDiscardedFields(const FamilyControls& family, ChangedProperties& changed) {
+    if (family.SelectedLinkedFieldsList.ListCount() > 0)
+        changed.add(familyName(family.family, "SelectedLinkedFields"));
+}
+
+}  // namespace
+
+LinkedProvider::LinkedProvider(HeaderDTC& dtc) : dtc_(dtc) {
+    dtc_.procedures.PrepareLinkTab = [this](Family family) { prepare(family); };
+
+    // The twins differ: only the EAI combo keeps still during a deletion, and only its handler has
+    // an error trap.
+    subscriptions_ += dtc_.EAI.LinkedDataProvidersCombo.Click.subscribe([this] {
+        runHandler(dtc_, "EAILinkedDataProvidersCombo_Click", [&](ChangedProperties& changed) {
+            if (!dtc_.deletingLink) LinkedDataProvidersCombo_Click(dtc_.EAI, changed);
+        });
+    });
+    subscriptions_ += dtc_.ZEKO.LinkedDataProvidersCombo.Click.subscribe([this] {
+        ChangedProperties changed;
+        LinkedDataProvidersCombo_Click(dtc_.ZEKO, changed);
+        for (const std::string& property : changed.names())
+            dtc_.PropertyChanged(property);
+    });
+    for (const Family which : BothFamilies) {
+        FamilyControls& family = dtc_.family(which);
+        subscriptions_ += handle(family.DeleteLinkCommand.Click, dtc_, family,
+                                 "DeleteLinkCommand_Click", this, &LinkedProvider::deleteLink);
+    }
+}
+
+void LinkedProvider::prepare(Family which) {
+    FamilyControls& family = dtc_.family(which);
+    const std::string name = "Prepare" + std::string(family.traits.prefix) + "LinkTab";
+    runHandler(dtc_, name, [&](ChangedProperties& changed) {
+        ComboBox& combo = family.LinkedDataProvidersCombo;
+        if (combo.Text() == dtc_.linkedDataProvider) return;
+        for (int i = 0; i < combo.ListCount(); ++i) {
+            if (combo.List(i) == dtc_.linkedDataProvider) combo.ListIndex(i);
+        }
+        updateLinkTab(which, changed);
+    });
+}
+
+void LinkedProvider::LinkedDataProvidersCombo_Click(FamilyControls& family,
+                                                    ChangedProperties& changed) {
+    const ComboBox& combo = family.LinkedDataProvidersCombo;
+    if (combo.Text() == dtc_.linkedDataProvider) return;
+    const bool byAuthor = isInAuthorsHands(combo);
+    ChangedProperties found;
+    found.add(LinkedDataProviderProperty);
+    dtc_.linkedDataProvider = combo.Text();
+    updateLinkTab(family.family, found);
+    updateLinkTab(otherFamily(family.family), found);
+    if (byAuthor) changed = std::move(found);
+}
+
+// Everything is asked of the data source before anything is changed, so that a source that fails
+// costs the author no fields.
+void LinkedProvider::updateLinkTab(Family which, ChangedProperties& changed) {
+    FamilyControls& family = dtc_.family(which);
+    const std::string name = "Update" + std::string(family.traits.prefix) + "LinkTab";
+    trapErrors(dtc_.surroundings.messages, name, [&] {
+        const std::string& provider = dtc_.linkedDataProvider;
+        if (provider.empty()) return;
+        const auto source = dtc_.surroundings.dataSources.createDataSource();
+        const auto fields = fieldEntries(which, *source, provider);
+        const auto keyFields = keyFieldNames(which, *source, provider);
+
+        noteDiscardedFields(family, changed);
+        family.LinkedFieldsList.Clear();
+        family.SelectedLinkedFieldsList.Clear();
+        family.ToLinkFieldsCombo.Clear();
+        for (const std::string& field : fields)
+            family.LinkedFieldsList.AddItem(field);
+        for (const std::string& field : keyFields)
+            family.ToLinkFieldsCombo.AddItem(field);
+        refreshFieldButtons(family.LinkedFieldsList, family.SelectedLinkedFieldsList,
+                            family.AddLinkedField, family.RemoveLinkedField);
+    });
+}
+
+// The provider is shared, so each tab's deletion runs the other tab's first, which finds the flag
+// set and does not call back. The inner one already takes the flag down.
+void LinkedProvider::deleteLink(FamilyControls& family, ChangedProperties& changed) {
+    if (!dtc_.deletingLink) {
+        dtc_.deletingLink = true;
+        FamilyControls& other = dtc_.family(otherFamily(family.family));
+        trapErrors(dtc_.surroundings.messages, familyName(other.family, "DeleteLinkCommand_Click"),
+                   [&] { deleteLink(other, changed); });
+    }
+    if (!dtc_.linkedDataProvider.empty()) changed.add(LinkedDataProviderProperty);
+    noteDiscardedFields(family, changed);
+    noteDiscardedLinks(family, changed);
+    dtc_.linkedDataProvider.clear();
+    family.LinkedFieldsList.Clear();
+    family.SelectedLinkedFieldsList.Clear();
+    family.LinksGrid.Clear();
+    family.ToLinkFieldsCombo.Clear();
+    family.LinkedDataProvidersCombo.ListIndex(-1);
+    dtc_.deletingLink = false;
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,119 @@
+#include "scripts/page_files.h"
+
+#include "core/handler.h"
+#include "core/handler_tools.h"
+#include "platform/message_box.h"
+#include "platform/text.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace headerdtc {
+
+struct PageFiles::Browsing {
+    const char* handler;
+    Button HeaderDTC::*button;
+    TextBox HeaderDTC::*target;
+    const char* property;  // that the target holds; empty for none
+    const char* folder;    // where browsing begins, after the site's root
+    const char* filter;
+    bool refusalNamesRoot;
+};
+
+namespace {
+
+constexpr const char* ExtraIncludesProperty = "ExtraIncludes";
+constexpr const char* StylesheetProperty = "XSLFilename";
+
+// The title of the dialog is the designed one for both.
+constexpr PageFiles::Browsing BrowsingTable[] = {
+    {"BrowseForIncludeASPCommand_Click", &HeaderDTC::BrowseForIncludeASPCommand,
+     &HeaderDTC::IncludeASPText, "", "", "ASP files (*.asp)|*.asp", false},
+    {"BrowseForXSLFileCommand_Click", &HeaderDTC::BrowseForXSLFileCommand,
+     &HeaderDTC::XSLFilenameText, StylesheetProperty, "/xsl", "XSL files (*.xsl)|*.xsl", true},
+};
+
+// A file's path from the site's root, with forward slashes; nothing for a file outside. The root
+// is in capitals, so the case of the file's own path does not matter. The path from an empty root
+// is the whole path.
+std::optional<std::string> siteRelativePath(std::string_view file, std::string_view root) {
+    const std::size_t length = bytesOfCharacters(file, characterCount(root));
+    if (upperCase(file.substr(0, length)) != root) return std::nullopt;
+    return replaceAll(file.substr(length), "\\", "/");
+}
+
+std::string refusal(const PageFiles::Browsing& browsing, const std::string& root) {
+    std::string text = "Can not include a file outside the Velmora site";
+    if (browsing.refusalNamesRoot) text += " '" + root + "'";
+    return text;
+}
+
+}  // namespace
+
+PageFiles::PageFiles(HeaderDTC& dtc) : dtc_(dtc) {
+    for (const Browsing& browsing : BrowsingTable) {
+        subscriptions_ +=
+            (dtc_.*browsing.button).Click.subscribe([this, &browsing] { browse(browsing); });
+    }
+    subscriptions_ +=
+        dtc_.IncludeASPAddCommand.Click.subscribe([this] { IncludeASPAddCommand_Click(); });
+    subscriptions_ +=
+        dtc_.IncludeASPDeleteCommand.Click.subscribe([this] { IncludeASPDeleteCommand_Click(); });
+    subscriptions_ += dtc_.IncludeASPList.Click.subscribe([this] { IncludeASPList_Click(); });
+    subscriptions_ += dtc_.XSLFilenameText.Change.subscribe([this] {
+        if (isInAuthorsHands(dtc_.XSLFilenameText)) dtc_.PropertyChanged(StylesheetProperty);
+    });
+}
+
+// The dialog keeps its file name: cancelling it after a file was chosen once acts on that file
+// again.
+void PageFiles::browse(const Browsing& browsing) {
+    runHandler(dtc_, browsing.handler, [&](ChangedProperties& changed) {
+        const std::string root = dtc_.procedures.GetInstallDir();
+        dtc_.BrowseDialog.InitDir = root + browsing.folder;
+        dtc_.BrowseDialog.Filter = browsing.filter;
+        dtc_.BrowseDialog.ShowOpen();
+        const std::string& file = dtc_.BrowseDialog.FileName;
+        if (file.empty()) return;
+        const auto path = siteRelativePath(file, root);
+        if (!path) return dtc_.surroundings.messages.show(refusal(browsing, root));
+        TextBox& target = dtc_.*browsing.target;
+        if (*browsing.property != '\0' && target.Text() != *path) changed.add(browsing.property);
+        target.Text(*path);
+    });
+}
+
+void PageFiles::IncludeASPAddCommand_Click() {
+    const std::string path = dtc_.IncludeASPText.Text();
+    if (trimBlanks(path).empty()) return;
+    if (dtc_.IncludeASPList.find(path) >= 0) {
+        dtc_.surroundings.messages.show("ASP already included");
+    } else {
+        dtc_.IncludeASPList.AddItem(path);
+        dtc_.PropertyChanged(ExtraIncludesProperty);
+    }
+    dtc_.IncludeASPText.Text("");
+}
+
+// After a removal the item that followed is selected; after that of the last one, the first.
+void PageFiles::IncludeASPDeleteCommand_Click() {
+    ListBox& includes = dtc_.IncludeASPList;
+    const int index = includes.ListIndex();
+    if (index >= 0 && includes.ListCount() > 0) {
+        includes.RemoveItem(index);
+        dtc_.PropertyChanged(ExtraIncludesProperty);
+    }
+    if (index < includes.ListCount()) {
+        includes.ListIndex(index);
+    } else if (includes.ListCount() >= 1) {
+        includes.ListIndex(0);
+    }
+    dtc_.IncludeASPText.Text("");
+}
+
+void PageFiles::IncludeASPList_Click() {
+    dtc_.IncludeASPText.Text(dtc_.IncludeASPList.Text());
+}
+
+}  // namespace headerdtc

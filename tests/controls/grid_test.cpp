@@ -1,0 +1,187 @@
+#include "controls_fixture.h"
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::vector<std::string> cellsOf(const Grid& grid) {
+    std::vector<std::string> cells;
+    for (int i = 0; i < grid.Rows() * grid.Cols(); ++i)
+        cells.push_back(grid.TextArray(i));
+    return cells;
+}
+
+class GridTest : public ControlsTest {
+  protected:
+    GridTest() {
+        grid.Rows(4);
+        for (int i = 0; i < 12; ++i)
+            grid.TextArray(i, std::to_string(i));
+        events.listenTo(surface);
+    }
+    Grid grid{surface, "Grid", 3};
+    TextBox editor{surface, "Editor"};
+};
+
+// ---- what a program does ------------------------------------------------------------------------
+
+TEST_F(GridTest, CellsAreAddressedByRowAndColumnOrFlat) {
+    EXPECT_EQ(grid.TextMatrix(2, 1), "7");
+    grid.TextArray(7, "x");
+    EXPECT_EQ(grid.TextMatrix(2, 1), "x");
+    grid.Row(2);
+    EXPECT_EQ(grid.Text(), "x");
+    grid.Clear();
+    EXPECT_THAT(cellsOf(grid), ::testing::Each(""));
+    EXPECT_EQ(grid.Rows(), 4);
+}
+
+TEST_F(GridTest, AnIndexThatIsNotThereChangesNothing) {
+    const auto before = cellsOf(grid);
+    for (const int row : {-1, 4})
+        EXPECT_EQ(errorOf([&] { grid.TextMatrix(row, 0, "x"); }), 381);
+    for (const int column : {-1, 3})
+        EXPECT_EQ(errorOf([&] { grid.TextMatrix(1, column, "x"); }), 381);
+    for (const long index : {-1L, 12L, 1L << 40}) {
+        EXPECT_EQ(errorOf([&] { grid.TextArray(index, "x"); }), 381);
+        EXPECT_EQ(errorOf([&] { static_cast<void>(grid.TextArray(index)); }), 381);
+    }
+    EXPECT_EQ(errorOf([&] { grid.Row(4); }), 381);
+    EXPECT_EQ(errorOf([&] { grid.Col(-1); }), 381);
+    EXPECT_EQ(errorOf([&] { grid.RemoveItem(4); }), 381);
+    EXPECT_EQ(errorOf([&] { grid.RemoveItem(-1); }), 381);
+    EXPECT_EQ(errorOf([&] { grid.RemoveItem(0); }), 5) << "the header";
+    EXPECT_EQ(errorOf([&] { grid.Rows(0); }), 380);
+    EXPECT_EQ(errorOf([&] { grid.Rows(32768); }), 380);
+    EXPECT_EQ(errorOf([&] { grid.ColWidth(3, 100); }), 381);
+    EXPECT_EQ(errorOf([&] { grid.ColWidth(0, -1); }), 380);
+    EXPECT_EQ(errorOf([&] { grid.RowHeightMin(-1); }), 380);
+    EXPECT_EQ(cellsOf(grid), before);
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_THAT(events.take(), IsEmpty());
+}
+
+TEST_F(GridTest, RowsComeAndGoAtTheEnd) {
+    grid.Row(3);
+    events.take();
+    grid.Rows(5);
+    EXPECT_EQ(grid.TextMatrix(4, 2), "");
+    EXPECT_EQ(grid.Row(), 3);
+    grid.Rows(2);
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(grid.TextMatrix(1, 2), "5");
+    grid.Rows(32767);
+    grid.Rows(1);
+    EXPECT_EQ(grid.Row(), 0);
+    EXPECT_THAT(events.take(), IsEmpty());
+}
+
+TEST_F(GridTest, ARemovedRowLeavesTheCurrentOneItsNumber) {
+    grid.Row(2);
+    grid.RemoveItem(1);
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(grid.TextMatrix(1, 0), "6");
+    grid.RemoveItem(2);
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(grid.Rows(), 2);
+}
+
+TEST_F(GridTest, AProgramMovingTheCellEntersItAndFocusesAgainUnderTheAuthorsHands) {
+    grid.Row(2);
+    grid.Row(2);
+    grid.Col(0);
+    EXPECT_THAT(events.take(), ElementsAre("Grid.EnterCell", "Grid.RowColChange", "Grid.EnterCell",
+                                           "Grid.RowColChange"));
+    grid.SetFocus();
+    grid.Row(1);
+    EXPECT_THAT(events.take(), ElementsAre("Grid.GotFocus", "Grid.EnterCell", "Grid.RowColChange",
+                                           "Grid.GotFocus"));
+}
+
+TEST_F(GridTest, TheCellsPlaceFollowsWidthsHeightAndScrolling) {
+    grid.RowHeightMin(300);
+    for (int column = 0; column < 3; ++column)
+        grid.ColWidth(column, 100 * (column + 1));
+    grid.Row(3);
+    grid.Col(2);
+    EXPECT_EQ(grid.CellLeft(), 300);
+    EXPECT_EQ(grid.CellTop(), 900);
+    events.take();
+    grid.scroll(3);
+    grid.scroll(99);
+    EXPECT_EQ(grid.TopRow(), 3);
+    EXPECT_EQ(grid.CellTop(), 300);
+    EXPECT_THAT(events.take(), ElementsAre("Grid.Scroll"));
+    grid.Rows(2);
+    EXPECT_EQ(grid.TopRow(), 1);
+}
+
+// ---- what a person does -------------------------------------------------------------------------
+
+TEST_F(GridTest, EnteringACellClosesTheOpenEditorBeforeTheGridHasTheFocus) {
+    grid.clickCell(1, 1);
+    EXPECT_THAT(events.take(), ElementsAre("Grid.EnterCell", "Grid.GotFocus", "Grid.Click"));
+    editor.SetFocus();
+    events.take();
+    grid.clickCell(3, 2);
+    EXPECT_THAT(events.take(), ElementsAre("Grid.EnterCell", "Editor.LostFocus",
+                                           "Grid.RowColChange", "Grid.GotFocus", "Grid.Click"));
+    EXPECT_EQ(grid.Row(), 3);
+    EXPECT_EQ(grid.Col(), 2);
+}
+
+TEST_F(GridTest, GotFocusComesAlsoWhenTheGridHadTheFocus) {
+    grid.SetFocus();
+    events.take();
+    grid.doubleClickCell(2, 1);
+    EXPECT_THAT(events.take(), ElementsAre("Grid.EnterCell", "Grid.RowColChange", "Grid.GotFocus",
+                                           "Grid.Click", "Grid.DblClick"));
+}
+
+TEST_F(GridTest, ADialogOpenedByTheFirstPressTakesTheSecond) {
+    Form dialog(desktop, "Dialog", Form::Kind::Dialog);
+    const auto open = grid.Click.subscribe([&] { dialog.ShowModal(); });
+    grid.doubleClickCell(1, 1);
+    EXPECT_THAT(events.take(), ElementsAre("Grid.EnterCell", "Grid.GotFocus", "Grid.Click"));
+}
+
+TEST_F(GridTest, ACellThatIsNotThereIsRefused) {
+    editor.SetFocus();
+    EXPECT_TRUE(isRefused([&] { grid.clickCell(0, 1); }));
+    EXPECT_TRUE(isRefused([&] { grid.clickCell(4, 1); }));
+    EXPECT_TRUE(isRefused([&] { grid.clickCell(1, 3); }));
+    EXPECT_TRUE(isRefused([&] { grid.doubleClickCell(-1, 1); }));
+    grid.Enabled(false);
+    EXPECT_TRUE(isRefused([&] { grid.clickCell(1, 1); }));
+    EXPECT_TRUE(isRefused([&] { grid.scroll(2); }));
+    EXPECT_TRUE(editor.hasFocus());
+    EXPECT_EQ(grid.Row(), 1);
+}
+
+TEST_F(GridTest, ArrowsEnterTheCellBesideUpToTheEdges) {
+    grid.press(Key::of(Key::Kind::Down));
+    EXPECT_THAT(events.take(), ElementsAre("Grid.GotFocus", "Grid.EnterCell", "Grid.RowColChange",
+                                           "Grid.GotFocus"));
+    grid.press(Key::of(Key::Kind::Right));
+    EXPECT_EQ(grid.Row(), 2);
+    EXPECT_EQ(grid.Col(), 2);
+    events.take();
+    grid.press(Key::of(Key::Kind::Right));
+    EXPECT_THAT(events.take(), IsEmpty());
+    grid.press(Key::of(Key::Kind::Up));
+    grid.press(Key::of(Key::Kind::Up));
+    EXPECT_EQ(grid.Row(), 1) << "not into the header";
+}
+
+TEST_F(GridTest, CharactersAndEnterReachTheHandlers) {
+    grid.press(Key::of(U'5'));
+    grid.press(Key::of(Key::Kind::Enter));
+    grid.press(Key::of(Key::Kind::Delete));
+    EXPECT_THAT(events.take(),
+                ElementsAre("Grid.GotFocus", "Grid.KeyPress 53", "Grid.KeyPress 13"));
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,134 @@
+#include "controls_fixture.h"
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class ModalFormTest : public ControlsTest {
+  protected:
+    ModalFormTest() {
+        events.listenTo(surface);
+        events.listenTo(dialog);
+        hidden.Visible(false);
+        dialog.defaultButton = &ok;
+        dialog.cancelButton = &cancel;
+        subscriptions += dialog.Load.subscribe([this] { events.note("Load"); });
+        subscriptions += dialog.Paint.subscribe([this] { events.note("Paint"); });
+        subscriptions +=
+            desktop.opened.subscribe([this](Form& form) { events.note("opened " + form.name()); });
+        subscriptions +=
+            desktop.closed.subscribe([this](Form& form) { events.note("closed " + form.name()); });
+        subscriptions += open.Click.subscribe([this] {
+            dialog.ShowModal();
+            events.note("after the dialog");
+        });
+        subscriptions += ok.Click.subscribe([this] { dialog.Hide(); });
+        subscriptions += cancel.Click.subscribe([this] { dialog.Hide(); });
+    }
+    // What the person before the next dialog does.
+    void then(std::function<void(Form&)> script) { loop.scripts.push_back(std::move(script)); }
+
+    Button open{surface, "Open", "Open..."};
+    Form dialog{desktop, "Dialog", Form::Kind::Dialog, "Question"};
+    TextBox hidden{dialog, "Hidden"};
+    TextBox name{dialog, "Name"};
+    Grid grid{dialog, "Cells", 2};
+    Button ok{dialog, "OK", "OK"};
+    Button cancel{dialog, "Cancel", "Cancel"};
+    Subscriptions subscriptions;
+};
+
+TEST_F(ModalFormTest, OpeningPaintsFocusesTheFirstUsableControlAndWaits) {
+    then([this](Form&) { ok.press(); });
+    open.press();
+    EXPECT_THAT(events.take(),
+                ElementsAre("Open.GotFocus", "Open.Click", "Load", "opened Dialog", "Paint",
+                            "Name.GotFocus", "Name.LostFocus", "OK.GotFocus", "OK.Click",
+                            "closed Dialog", "after the dialog"));
+    open.press();
+    EXPECT_THAT(events.take(), ElementsAre("Open.Click", "opened Dialog", "Paint", "Name.GotFocus",
+                                           "closed Dialog", "after the dialog"))
+        << "loaded once, painted again";
+}
+
+TEST_F(ModalFormTest, OnlyTheTopDialogCanBeReached) {
+    Form second(desktop, "Second", Form::Kind::Dialog);
+    Button more(second, "More", "More");
+    bool checked = false;
+    then([&](Form&) {
+        EXPECT_TRUE(isRefused([&] { open.press(); }));
+        EXPECT_TRUE(isRefused([&] { surface.press(Key::of(U'x')); }));
+        EXPECT_TRUE(isRefused([&] { more.press(); })) << "not open yet";
+        then([&](Form&) {
+            EXPECT_TRUE(isRefused([&] { name.type("x"); }));
+            more.press();
+            checked = true;
+        });
+        second.ShowModal();
+        name.type("reachable again");
+    });
+    open.press();
+    EXPECT_TRUE(checked);
+    EXPECT_EQ(name.Text(), "reachable again");
+    EXPECT_THAT(desktop.modalForms(), IsEmpty());
+    EXPECT_TRUE(isRefused([&] { ok.press(); }));
+}
+
+TEST_F(ModalFormTest, AFailureInsideReachesWhoeverOpenedTheDialog) {
+    subscriptions += name.Change.subscribe([] { throw RuntimeError(ErrorNumber::DiskFull); });
+    then([this](Form&) { name.type("x"); });
+    EXPECT_EQ(errorOf([&] { open.press(); }), 61);
+    EXPECT_FALSE(dialog.Visible());
+    EXPECT_THAT(desktop.modalForms(), IsEmpty());
+    EXPECT_EQ(events.take().back(), "closed Dialog");
+    open.focus();
+    EXPECT_TRUE(open.hasFocus());
+}
+
+TEST_F(ModalFormTest, AFormThatIsOpenCannotBeOpenedAgain) {
+    then([this](Form&) { EXPECT_EQ(errorOf([&] { dialog.ShowModal(); }), 5); });
+    open.press();
+    EXPECT_EQ(errorOf([&] { surface.ShowModal(); }), 5);
+    EXPECT_EQ(desktop.modalCount(), 1);
+}
+
+TEST_F(ModalFormTest, ADialogHiddenBeforeItWaitsIsClosedAtOnce) {
+    subscriptions += dialog.Paint.subscribe([this] { dialog.Hide(); });
+    open.press();
+    EXPECT_THAT(loop.formsShown, IsEmpty());
+    EXPECT_EQ(events.take().back(), "after the dialog");
+}
+
+TEST_F(ModalFormTest, EnterAndEscapePressTheDialogsButtons) {
+    then([this](Form&) { name.press(Key::of(Key::Kind::Enter)); });
+    open.press();
+    EXPECT_THAT(events.take(), ::testing::IsSupersetOf({"Name.LostFocus", "OK.Click"}));
+    then([this](Form& form) { form.dismiss(); });
+    open.press();
+    EXPECT_THAT(events.take(), ::testing::Contains("Cancel.Click"));
+    then([this](Form& form) {
+        grid.press(Key::of(Key::Kind::Enter));
+        EXPECT_TRUE(form.Visible()) << "a grid keeps Enter for its cells";
+        ok.Enabled(false);
+        name.press(Key::of(Key::Kind::Enter));
+        EXPECT_TRUE(form.Visible());
+        form.press(Key::of(Key::Kind::Escape));
+        EXPECT_FALSE(form.Visible());
+    });
+    open.press();
+    open.press(Key::of(Key::Kind::Escape));
+    EXPECT_THAT(events.take(), ::testing::Contains("Cancel.Click").Times(1));
+}
+
+TEST_F(ModalFormTest, FormsFindTheirControlsByName) {
+    EXPECT_EQ(dialog.find("Name"), &name);
+    EXPECT_EQ(dialog.find("name"), nullptr);
+    EXPECT_EQ(surface.find("Name"), nullptr);
+    { const Button passing(dialog, "Passing", ""); }
+    EXPECT_EQ(dialog.find("Passing"), nullptr);
+}
+
+}  // namespace
+}  // namespace headerdtc

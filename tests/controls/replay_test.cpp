@@ -1,0 +1,195 @@
+#include "controls_fixture.h"
+
+#include <random>
+
+// Views keep a copy in step by the changes they are told. Here the copy is plain data, changed
+// only by what the events say, and compared with the model after every one of many random
+// operations, failing ones included.
+namespace headerdtc {
+namespace {
+
+// One copied entry; lists remember too what the entry was when it was copied.
+template <class Entry, class Read>
+void replay(std::vector<Entry>& copy, ItemsChange change, Read read) {
+    const auto first = copy.begin() + change.first;
+    switch (change.kind) {
+        case ItemsChange::Kind::Inserted:
+            copy.insert(first, static_cast<std::size_t>(change.count), Entry{});
+            break;
+        case ItemsChange::Kind::Removed:
+            copy.erase(first, first + change.count);
+            return;
+        case ItemsChange::Kind::Changed:
+            break;
+        case ItemsChange::Kind::Reset:
+            copy.assign(static_cast<std::size_t>(change.count), Entry{});
+            break;
+    }
+    for (int i = change.first; i < change.first + change.count; ++i)
+        copy[static_cast<std::size_t>(i)] = read(i);
+}
+
+class Dice {
+  public:
+    explicit Dice(unsigned seed) : random_(seed) {}
+    int below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
+    // An index, now and then one that is not there.
+    int index(int count) { return below(count + 3) - 1; }
+
+  private:
+    std::minstd_rand random_;
+};
+
+constexpr int Operations = 20'000;
+
+template <class List>
+class ListReplay {
+  public:
+    explicit ListReplay(List& list, unsigned seed) : list_(list), dice_(seed) {}
+
+    void run() {
+        const auto view = list_.itemsChanged.subscribe([this](const ItemsChange& change) {
+            replay(copy_, change, [&](int i) { return list_.List(i); });
+            // Told in the new state: a view asks for the rest at once.
+            ASSERT_LT(list_.ListIndex(), list_.ListCount());
+            ASSERT_EQ(copy_.size(), static_cast<std::size_t>(list_.ListCount()));
+        });
+        for (int i = 0; i < Operations && !::testing::Test::HasFatalFailure(); ++i) {
+            step(std::to_string(i));
+            ASSERT_EQ(copy_, itemsOf(list_)) << "after operation " << i;
+            ASSERT_EQ(list_.Text(), list_.ListIndex() < 0 ? "" : list_.List(list_.ListIndex()));
+        }
+    }
+
+  private:
+    void step(const std::string& text) {
+        const int index = dice_.index(list_.ListCount());
+        errorOf([&] {
+            switch (dice_.below(12)) {
+                case 0:
+                case 1:
+                case 2:
+                    return list_.AddItem(text);
+                case 3:
+                case 4:
+                    return list_.AddItem(text, index);
+                case 5:
+                case 6:
+                case 7:
+                    return list_.RemoveItem(index);
+                case 8:
+                    return list_.List(index, text);
+                case 9:
+                    return dice_.below(40) == 0 ? list_.Clear() : void();
+                default:
+                    return list_.ListIndex(index);
+            }
+        });
+    }
+
+    List& list_;
+    Dice dice_;
+    std::vector<std::string> copy_;
+};
+
+class ReplayTest : public ControlsTest {};
+
+TEST_F(ReplayTest, AListBoxIsKeptInStepByItsChanges) {
+    for (const auto selection : {ListBox::Selection::Single, ListBox::Selection::Multiple}) {
+        ListBox list(surface, "List", selection);
+        ListReplay(list, 7).run();
+    }
+}
+
+TEST_F(ReplayTest, AComboBoxIsKeptInStepByItsChanges) {
+    ComboBox combo(surface, "Combo", ComboBox::Style::DropDownList);
+    ListReplay(combo, 11).run();
+}
+
+TEST_F(ReplayTest, SelectionsGoWithTheirItems) {
+    ListBox list(surface, "List", ListBox::Selection::Multiple);
+    Dice dice(13);
+    std::vector<std::pair<std::string, bool>> copy;
+    const auto view = list.itemsChanged.subscribe([&](const ItemsChange& change) {
+        replay(copy, change, [&](int i) { return std::pair(list.List(i), list.Selected(i)); });
+    });
+    for (int i = 0; i < Operations; ++i) {
+        const int index = dice.index(list.ListCount());
+        const bool selected = dice.below(2) == 0;
+        errorOf([&] {
+            switch (dice.below(5)) {
+                case 0:
+                    return list.RemoveItem(index);
+                case 1:
+                    list.Selected(index, selected);
+                    copy[static_cast<std::size_t>(index)].second = selected;
+                    return;
+                case 2:
+                    return list.List(index, "changed");
+                default:
+                    return list.AddItem(std::to_string(i), index);
+            }
+        });
+        const auto selectedItems =
+            std::count_if(copy.begin(), copy.end(), [](const auto& entry) { return entry.second; });
+        ASSERT_EQ(list.SelCount(), selectedItems) << "after operation " << i;
+        for (int k = 0; k < list.ListCount(); ++k)
+            ASSERT_EQ(list.Selected(k), copy[static_cast<std::size_t>(k)].second);
+    }
+}
+
+TEST_F(ReplayTest, AGridIsKeptInStepByItsChanges) {
+    Grid grid(surface, "Grid", 3);
+    Dice dice(17);
+    using Row = std::vector<std::string>;
+    const auto rowOf = [&](int row) {
+        return Row{grid.TextMatrix(row, 0), grid.TextMatrix(row, 1), grid.TextMatrix(row, 2)};
+    };
+    std::vector<Row> copy{rowOf(0), rowOf(1)};
+    int currentRow = grid.Row();
+    const auto view = grid.gridChanged.subscribe([&](const GridChange& change) {
+        using Items = ItemsChange::Kind;
+        const auto replayAs = [&](Items kind) {
+            replay(copy, ItemsChange{kind, change.firstRow, change.rowCount}, rowOf);
+        };
+        switch (change.kind) {
+            case GridChange::Kind::RowsInserted:
+                return replayAs(Items::Inserted);
+            case GridChange::Kind::RowsRemoved:
+                return replayAs(Items::Removed);
+            case GridChange::Kind::CellsChanged:
+                return replayAs(Items::Changed);
+            case GridChange::Kind::CurrentCell:
+                currentRow = change.firstRow;
+                return;
+            case GridChange::Kind::Geometry:
+                return;
+        }
+    });
+    for (int i = 0; i < Operations; ++i) {
+        const int row = dice.index(grid.Rows());
+        errorOf([&] {
+            switch (dice.below(8)) {
+                case 0:
+                    return grid.Rows(grid.Rows() + 1 + dice.below(3));
+                case 1:
+                    return grid.Rows(grid.Rows() - dice.below(3));
+                case 2:
+                    return grid.RemoveItem(row);
+                case 3:
+                    return dice.below(40) == 0 ? grid.Clear() : void();
+                case 4:
+                    return grid.Row(row);
+                default:
+                    return grid.TextMatrix(row, dice.index(3), std::to_string(i));
+            }
+        });
+        ASSERT_EQ(copy.size(), static_cast<std::size_t>(grid.Rows()));
+        for (int r = 0; r < grid.Rows(); ++r)
+            ASSERT_EQ(copy[static_cast<std::size_t>(r)], rowOf(r)) << "after operation " << i;
+        ASSERT_EQ(currentRow, grid.Row());
+    }
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,205 @@
+#include "runtime/fragments.h"
+
+#include "core/filled_control.h"
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+class FragmentsTest : public ControlTest {
+  protected:
+    void addCriterion(FamilyControls& family, const char* key, const char* op, const char* value) {
+        Grid& grid = family.CriteriaGrid;
+        if (rows_++ > 0) grid.Rows(grid.Rows() + 1);
+        const int row = grid.Rows() - 1;
+        grid.TextMatrix(row, criteria_column::Key, key);
+        grid.TextMatrix(row, criteria_column::Operator, op);
+        grid.TextMatrix(row, criteria_column::Value, value);
+    }
+    void addLink(FamilyControls& family, const char* from, const char* to) {
+        Grid& grid = family.LinksGrid;
+        if (rows_++ > 0) grid.Rows(grid.Rows() + 1);
+        grid.TextMatrix(grid.Rows() - 1, links_column::From, from);
+        grid.TextMatrix(grid.Rows() - 1, links_column::To, to);
+    }
+    const std::vector<std::string>& remarks() { return outside.messages.shown; }
+
+  private:
+    int rows_ = 0;
+};
+
+TEST_F(FragmentsTest, AnUnknownFamilyCodeGivesNothing) {
+    FilledControl filled;
+    for (const auto generator :
+         {GetKeyFieldsRuntimeText, GetReturnFieldsRuntimeText, GetCriteriaRuntimeText,
+          GetI18NFieldnamesRuntimeText, GetI18NFieldValuesRuntimeText}) {
+        EXPECT_NE(generator(filled.dtc, 1), "");
+        EXPECT_NE(generator(filled.dtc, 2), "");
+        for (const int code : {-1, 0, 3, 4, 5})
+            EXPECT_EQ(generator(filled.dtc, code), "");
+    }
+    for (const auto generator : {GetLinkedReturnFieldsRuntimeText, GetLinkedFieldsRuntimeText}) {
+        EXPECT_NE(generator(filled.dtc, 4), "");
+        EXPECT_NE(generator(filled.dtc, 5), "");
+        for (const int code : {-1, 0, 1, 2, 3, 6})
+            EXPECT_EQ(generator(filled.dtc, code), "");
+    }
+    EXPECT_THAT(filled.outside.messages.shown, IsEmpty());
+}
+
+TEST_F(FragmentsTest, KeyFieldsAreOneArray) {
+    EXPECT_EQ(GetKeyFieldsRuntimeText(dtc, 1), "Array()");
+    fill(dtc.EAI.KeyFieldsCombo, {"ORDNO"});
+    EXPECT_EQ(GetKeyFieldsRuntimeText(dtc, 1), "Array(\"ORDNO\")");
+    fill(dtc.EAI.KeyFieldsCombo, {"CUSTNO", ""});
+    EXPECT_EQ(GetKeyFieldsRuntimeText(dtc, 1), "Array(\"ORDNO\", \"CUSTNO\", \"\")");
+    EXPECT_EQ(GetKeyFieldsRuntimeText(dtc, 2), "Array()");
+}
+
+// ---- return fields, own and linked --------------------------------------------------------------
+
+TEST_F(FragmentsTest, EaiFieldsAreNamesWrittenTwice) {
+    fill(dtc.EAI.SelectedFieldsList, {"ORDERS.ORDNO", "PLAIN"});
+    fill(dtc.EAI.SelectedLinkedFieldsList, {"STOCK.ITEM"});
+    EXPECT_EQ(GetReturnFieldsRuntimeText(dtc, 1),
+              "<RETURN_FIELDS_VARNAME>.Add \"ORDERS.ORDNO\", \"ORDERS.ORDNO\"\r\n\t\t\t"
+              "<RETURN_FIELDS_VARNAME>.Add \"PLAIN\", \"PLAIN\"\r\n\t\t\t");
+    EXPECT_EQ(GetLinkedReturnFieldsRuntimeText(dtc, 4),
+              "<LINKED_RETURN_FIELDS_VARNAME>.Add \"STOCK.ITEM\", \"STOCK.ITEM\"\r\n\t\t\t");
+}
+
+TEST_F(FragmentsTest, ZekoFieldsAreANumberAndAName) {
+    fill(dtc.ZEKO.SelectedFieldsList, {"  7 - CUST - NO", "12 - "});
+    fill(dtc.ZEKO.SelectedLinkedFieldsList, {"1 - ITEM"});
+    EXPECT_EQ(GetReturnFieldsRuntimeText(dtc, 2),
+              "<RETURN_FIELDS_VARNAME>.Add   7, \"CUST\"\r\n\t\t\t"
+              "<RETURN_FIELDS_VARNAME>.Add 12, \"\"\r\n\t\t\t");
+    EXPECT_EQ(GetLinkedReturnFieldsRuntimeText(dtc, 5),
+              "<LINKED_RETURN_FIELDS_VARNAME>.Add 1, \"ITEM\"\r\n\t\t\t");
+}
+
+TEST_F(FragmentsTest, AZekoFieldWithoutSeparatorFails) {
+    fill(dtc.ZEKO.SelectedFieldsList, {"1 - ORDNO", "2-CUSTNO"});
+    fill(dtc.ZEKO.SelectedLinkedFieldsList, {"ITEM"});
+    EXPECT_EQ(errorOf([&] { GetReturnFieldsRuntimeText(dtc, 2); }), 9);
+    EXPECT_EQ(errorOf([&] { GetLinkedReturnFieldsRuntimeText(dtc, 5); }), 9);
+}
+
+// ---- criteria -----------------------------------------------------------------------------------
+
+TEST_F(FragmentsTest, AGridWithoutCriteriaGivesNothing) {
+    EXPECT_EQ(GetCriteriaRuntimeText(dtc, 1), "");
+    dtc.EAI.CriteriaGrid.Rows(1);
+    EXPECT_EQ(GetCriteriaRuntimeText(dtc, 1), "");
+    EXPECT_THAT(remarks(), IsEmpty());
+}
+
+TEST_F(FragmentsTest, ConstantsAreQuotedAndFunctionsCalled) {
+    addCriterion(dtc.EAI, " ORDNO ", "==", " 10");
+    addCriterion(dtc.EAI, "CUSTNO", "<=", "local");
+    addCriterion(dtc.EAI, "DATE", ">=", "included");
+    dtc.EAI.CriteriaType.Add("local", USERSCRIPT);
+    dtc.EAI.CriteriaType.Add("included", INCLUDEFUNCTION);
+    dtc.ZEKO.CriteriaType.Add(" 10", USERSCRIPT);
+    EXPECT_EQ(GetCriteriaRuntimeText(dtc, 1),
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"ORDNO\", 0, \" 10\"\r\n\t\t\t"
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"CUSTNO\", 1, local()\r\n\t\t\t"
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"DATE\", 2, included()\r\n\t\t\t");
+    EXPECT_THAT(remarks(), IsEmpty());
+}
+
+TEST_F(FragmentsTest, LookingUpATypeAddsTheValueAsAConstant) {
+    addCriterion(dtc.ZEKO, "ORDNO", "==", "10");
+    addCriterion(dtc.ZEKO, "CUSTNO", "==", "");
+    GetCriteriaRuntimeText(dtc, 2);
+    EXPECT_THAT(dtc.ZEKO.CriteriaType, ElementsAre(Pair("10", CONSTANT)));
+}
+
+TEST_F(FragmentsTest, IncompleteCriteriaAreLeftOutAndRemarkedUponWhenTheyHaveAKey) {
+    addCriterion(dtc.ZEKO, "ORDNO", "==", "");
+    addCriterion(dtc.ZEKO, "", "", "");
+    addCriterion(dtc.ZEKO, "  ", "==", "10");
+    addCriterion(dtc.ZEKO, "CUSTNO", "", "10");
+    addCriterion(dtc.ZEKO, "DATE", "==", " ");
+    EXPECT_EQ(GetCriteriaRuntimeText(dtc, 2),
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"DATE\", 0, \" \"\r\n\t\t\t");
+    EXPECT_THAT(remarks(), ElementsAre("Incomplete criterion on line 1 on the ZEKO tab",
+                                       "Incomplete criterion on line 4 on the ZEKO tab"));
+}
+
+TEST_F(FragmentsTest, AnUnknownOperatorTakesTheNumberOfTheLastKnownOne) {
+    addCriterion(dtc.EAI, "A", "<>", "1");
+    addCriterion(dtc.EAI, "B", ">=", "1");
+    addCriterion(dtc.EAI, "C", "  ", "1");
+    addCriterion(dtc.EAI, "D", "== ", "1");
+    addCriterion(dtc.EAI, "E", "<=", "");
+    addCriterion(dtc.EAI, "F", "!", "1");
+    EXPECT_EQ(GetCriteriaRuntimeText(dtc, 1),
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"A\", 0, \"1\"\r\n\t\t\t"
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"B\", 2, \"1\"\r\n\t\t\t"
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"C\", 2, \"1\"\r\n\t\t\t"
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"D\", 2, \"1\"\r\n\t\t\t"
+              "<DATAPROVIDER_VARNAME>.SetKeyValue \"F\", 2, \"1\"\r\n\t\t\t");
+    EXPECT_THAT(remarks(), ElementsAre("Unknown operator '<>' on criterion 1",
+                                       "Specify operator on criterion 3",
+                                       "Unknown operator '== ' on criterion 4",
+                                       "Incomplete criterion on line 5 on the EAI tab",
+                                       "Unknown operator '!' on criterion 6"));
+}
+
+// ---- translations -------------------------------------------------------------------------------
+
+TEST_F(FragmentsTest, TranslationsNameTheSelectedFieldsInListOrder) {
+    fill(dtc.EAI.I18NFieldnamesList, {"O.A", "O. B .X", "O.C"});
+    EXPECT_EQ(GetI18NFieldnamesRuntimeText(dtc, 1), "");
+    dtc.EAI.I18NFieldnamesList.Selected({2, 1}, true);
+    EXPECT_EQ(GetI18NFieldnamesRuntimeText(dtc, 1),
+              "<DATAPROVIDER_VARNAME>.setTranslatedFieldNames( Array( _\r\n"
+              "\t\t\t\t\"B\",  _\r\n"
+              "\t\t\t\t\"C\" _\r\n"
+              "\t\t\t))");
+    fill(dtc.ZEKO.I18NFieldValuesList, {" 1 - A - B"});
+    dtc.ZEKO.I18NFieldValuesList.Selected(0, true);
+    EXPECT_EQ(GetI18NFieldValuesRuntimeText(dtc, 2),
+              "<DATAPROVIDER_VARNAME>.setTranslatedFieldValues( Array( _\r\n"
+              "\t\t\t\t\"A\" _\r\n"
+              "\t\t\t))");
+    EXPECT_EQ(GetI18NFieldnamesRuntimeText(dtc, 2) + GetI18NFieldValuesRuntimeText(dtc, 1), "");
+}
+
+TEST_F(FragmentsTest, OnlyASelectedItemNeedsItsSeparator) {
+    fill(dtc.EAI.I18NFieldnamesList, {"PLAIN", "O.A"});
+    dtc.EAI.I18NFieldnamesList.Selected(1, true);
+    EXPECT_NE(GetI18NFieldnamesRuntimeText(dtc, 1), "");
+    dtc.EAI.I18NFieldnamesList.Selected(0, true);
+    EXPECT_EQ(errorOf([&] { GetI18NFieldnamesRuntimeText(dtc, 1); }), 9);
+}
+
+// ---- links --------------------------------------------------------------------------------------
+
+TEST_F(FragmentsTest, TheFirstLinkGoesWithoutIndentationAfterIt) {
+    addLink(dtc.ZEKO, "", "ignored");
+    addLink(dtc.ZEKO, "1 - ORDNO", "ITEM");
+    addLink(dtc.ZEKO, "", "");
+    addLink(dtc.ZEKO, "2 -  CUST - NO", "9 - PLACE");
+    addLink(dtc.ZEKO, "3 - DATE", "");
+    EXPECT_EQ(GetLinkedFieldsRuntimeText(dtc, 5),
+              "<LINKED_FIELDS_VARNAME>.Add \"ORDNO\", \"ITEM\"\r\n"
+              "<LINKED_FIELDS_VARNAME>.Add \" CUST\", \"9 - PLACE\"\r\n\t\t\t"
+              "<LINKED_FIELDS_VARNAME>.Add \"DATE\", \"\"\r\n\t\t\t");
+    EXPECT_EQ(GetLinkedFieldsRuntimeText(dtc, 4), "");
+}
+
+TEST_F(FragmentsTest, ALinkFromAFieldWithoutSeparatorFails) {
+    addLink(dtc.EAI, "1 - ORDNO", "ITEM");
+    EXPECT_EQ(errorOf([&] { GetLinkedFieldsRuntimeText(dtc, 4); }), 9);
+    dtc.EAI.LinksGrid.TextMatrix(1, links_column::From, "ORDERS.ORDNO");
+    EXPECT_EQ(GetLinkedFieldsRuntimeText(dtc, 4),
+              "<LINKED_FIELDS_VARNAME>.Add \"ORDNO\", \"ITEM\"\r\n");
+}
+
+}  // namespace
+}  // namespace headerdtc

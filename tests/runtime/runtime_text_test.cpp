@@ -1,0 +1,246 @@
+#include "runtime/runtime_text.h"
+
+#include "platform/text.h"
+#include "runtime/runtime_fixture.h"
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// Line ends as in a page, from those of this file.
+std::string page(std::string_view text) {
+    return replaceAll(text, "\n", "\r\n");
+}
+
+class RuntimeTextTest : public ::testing::Test, protected OnPage<TestControl> {};
+
+// ---- reading the template -----------------------------------------------------------------------
+
+TEST_F(RuntimeTextTest, EveryLineEndsInCrLfWhateverTheFileHas) {
+    EXPECT_EQ(expand("a\nb\r\nc\rd"), "a\r\nb\r\nc\r\nd\r\n");
+    EXPECT_EQ(expand("a\r\n\r\nb\r\n"), "a\r\n\r\nb\r\n");
+    EXPECT_EQ(expand("\n\n\r\r"), "\r\n\r\n\r\n\r\n");
+    EXPECT_EQ(expand("\r\r\n\n\rx"), "\r\n\r\n\r\n\r\nx\r\n");
+    EXPECT_EQ(expand(""), "");
+    EXPECT_EQ(expand("no line end"), "no line end\r\n");
+}
+
+TEST_F(RuntimeTextTest, ThePathIsJoinedWithoutASeparator) {
+    dtc.procedures.GetInstallDir = [] { return std::string(); };
+    outside.textFiles.files["Orvane\\include\\DTC_TEMPLATE.ASP"] = "found";
+    EXPECT_EQ(dtc.IProvideRuntimeText_GetRuntimeText(), "found\r\n");
+}
+
+TEST_F(RuntimeTextTest, AMissingTemplateIsReportedAndGivesNothing) {
+    dtc.site = nullptr;
+    EXPECT_EQ(dtc.IProvideRuntimeText_GetRuntimeText(), "");
+    EXPECT_THAT(messages(),
+                ElementsAre("Error in 'IProvideRuntimeText_GetRuntimeText': File not found(53)"));
+}
+
+// ---- the steps ----------------------------------------------------------------------------------
+
+TEST_F(RuntimeTextTest, ThePlaceholdersAndTheirOrder) {
+    std::vector<std::string_view> placeholders;
+    for (const RuntimeTextStep& step : runtimeTextSteps())
+        placeholders.push_back(step.placeholder);
+    EXPECT_THAT(
+        placeholders,
+        ElementsAre(
+            "<PATH_TO_ROOT>", "<DEFAULTPAGESIZE>", "<INITIAL_ZEKO_SORT_FIELD>",
+            "<INITIAL_EAI_SORT_FIELD>", "<DATAPROVIDER>", "<EXTRA_INCLUDES>", "<XSL_FILENAME>",
+            "<USER_DEFINED_SCRIPTS>", "<SPECIFY_EAI_KEYFIELDS>", "<ADD_EAI_RETURN_FIELDS>",
+            "<SPECIFY_EAI_CRITERIA>", "<SPECIFY_EAI_I18N_FIELDS>", "<SPECIFY_EAI_I18N_FIELDVALUES>",
+            "<ADD_EAI_RETURN_FIELDS>", "<SPECIFY_ZEKO_KEYFIELDS>", "<ADD_ZEKO_RETURN_FIELDS>",
+            "<SPECIFY_ZEKO_CRITERIA>", "<SPECIFY_ZEKO_I18N_FIELDS>",
+            "<SPECIFY_ZEKO_I18N_FIELDVALUES>", "<SPECIFY_EAI_LINKED_FIELDS>",
+            "<SPECIFY_ZEKO_LINKED_FIELDS>", "<SPECIFY_ZEKO_LINKED_FIELDVALUES>",
+            "<SPECIFY_EAI_LINKED_FIELDVALUES>", "<RETURN_FIELDS_VARNAME>",
+            "<LINKED_RETURN_FIELDS_VARNAME>", "<LINKED_FIELDS_VARNAME>", "<LINKED_DATAPROVIDER>",
+            "<LINKED_DATAPROVIDER_VARNAME>", "<DATAPROVIDER_VARNAME>", "<ENABLE_EXTRA_FILTERS>"));
+}
+
+TEST_F(RuntimeTextTest, WhatIsNotConfiguredVanishes) {
+    dtc.DataProvidersCombo.ListIndex(1);
+    EXPECT_EQ(expand("<dataProvider>|<INITIAL_ZEKO_SORT_FIELD>|<INITIAL_EAI_SORT_FIELD>|"
+                     "<EXTRA_INCLUDES><USER_DEFINED_SCRIPTS><SPECIFY_EAI_I18N_FIELDS>|"
+                     "<LINKED_DATAPROVIDER>|<enable_extra_filters>|<DEFAULTPAGESIZE>"),
+              "Stock|||||false|10\r\n");
+    EXPECT_THAT(messages(), IsEmpty());
+}
+
+TEST_F(RuntimeTextTest, AGreyCheckBoxCountsAsOn) {
+    dtc.EnableExtraFiltersCheck.Value(CheckState::Greyed);
+    EXPECT_EQ(expand("<ENABLE_EXTRA_FILTERS>"), "true\r\n");
+}
+
+TEST_F(RuntimeTextTest, IncludesAndScriptsAreBlocksInTheirOrder) {
+    fill(dtc.IncludeASPList, {"b.asp", "Include/a.asp"});
+    dtc.userDefinedScripts->Add("z", "Function z()");
+    dtc.userDefinedScripts->Add("a", "");
+    EXPECT_EQ(expand("[<EXTRA_INCLUDES>][<USER_DEFINED_SCRIPTS>]"),
+              "[<!--#INCLUDE file =\"../../../b.asp\" -->\r\n"
+              "<!--#INCLUDE file =\"../../../Include/a.asp\" -->\r\n]"
+              "[Function z()\r\n\r\n\r\n\r\n]\r\n");
+}
+
+TEST_F(RuntimeTextTest, TheWayToTheRootIsAskedForOnce) {
+    dtc.site = nullptr;
+    fill(dtc.IncludeASPList, {"a.asp"});
+    EXPECT_EQ(expand("<PATH_TO_ROOT><PATH_TO_ROOT><EXTRA_INCLUDES>"),
+              "<!--#INCLUDE file =\"a.asp\" -->\r\n\r\n");
+    EXPECT_THAT(messages(), ElementsAre("Not running in DevStudio..."));
+}
+
+TEST_F(RuntimeTextTest, ALaterStepWorksOnWhatAnEarlierOneBroughtInOrFormed) {
+    dtc.DataProvidersCombo.AddItem("<XSL_FILENAME>");
+    dtc.DataProvidersCombo.AddItem("FIELDS_VAR");
+    dtc.DataProvidersCombo.ListIndex(2);
+    EXPECT_EQ(expand("<DATAPROVIDER>"), "xsl/Generic.xsl\r\n");
+    dtc.DataProvidersCombo.ListIndex(3);
+    EXPECT_EQ(expand("<RETURN_<DATAPROVIDER>NAME>"), "mReturnFields\r\n");
+    dtc.XSLFilenameText.Text("<DATAPROVIDER>");
+    EXPECT_EQ(expand("<XSL_FILENAME>"), "<DATAPROVIDER>\r\n") << "its step has passed";
+    dtc.linkedDataProvider = "<RETURN_FIELDS_VARNAME> <DATAPROVIDER_VARNAME>";
+    EXPECT_EQ(expand("<LINKED_DATAPROVIDER>"), "<RETURN_FIELDS_VARNAME> mDataProvider\r\n");
+}
+
+TEST_F(RuntimeTextTest, TheSecondStepOfTheEaiReturnFieldsActsOnWhatFragmentsBringIn) {
+    fill(dtc.EAI.I18NFieldValuesList, {"O.A"});
+    dtc.EAI.I18NFieldValuesList.Selected(0, true);
+    const std::string values =
+        "mDataProvider.setTranslatedFieldValues( Array( _\r\n"
+        "\t\t\t\t\"A\" _\r\n\t\t\t))";
+    EXPECT_EQ(expand("<ADD_EAI_RETURN_FIELDS>."), ".\r\n");
+    // The fields and the criteria of EAI come before that step, those of ZEKO after it.
+    fill(dtc.EAI.SelectedFieldsList, {"<add_eai_return_fields>"});
+    EXPECT_EQ(expand("<ADD_EAI_RETURN_FIELDS>"),
+              "mReturnFields.Add \"" + values + "\", \"" + values + "\"\r\n\t\t\t\r\n");
+    fill(dtc.ZEKO.KeyFieldsCombo, {"<ADD_EAI_RETURN_FIELDS>"});
+    EXPECT_EQ(expand("<SPECIFY_ZEKO_KEYFIELDS>"), "Array(\"<ADD_EAI_RETURN_FIELDS>\")\r\n");
+    EXPECT_EQ(expand("<INITIAL_ZEKO_SORT_FIELD>"), expand("<ADD_EAI_RETURN_FIELDS>"));
+}
+
+// ---- failures and remarks -----------------------------------------------------------------------
+
+TEST_F(RuntimeTextTest, AFailureInTheMiddleGivesTheTextAsItStood) {
+    dtc.DataProvidersCombo.ListIndex(0);
+    fill(dtc.EAI.SelectedFieldsList, {"O.A"});
+    fill(dtc.ZEKO.SelectedFieldsList, {"no number"});
+    EXPECT_EQ(expand("<DATAPROVIDER> <SPECIFY_ZEKO_KEYFIELDS> <ADD_ZEKO_RETURN_FIELDS> "
+                     "<ADD_EAI_RETURN_FIELDS><ENABLE_EXTRA_FILTERS>"),
+              "Orders Array() <ADD_ZEKO_RETURN_FIELDS> "
+              "<RETURN_FIELDS_VARNAME>.Add \"O.A\", \"O.A\"\r\n\t\t\t<ENABLE_EXTRA_FILTERS>\r\n");
+    EXPECT_THAT(messages(), ElementsAre("Error in 'IProvideRuntimeText_GetRuntimeText': "
+                                        "Subscript out of range(9)"));
+    EXPECT_EQ(outside.messages.errors, messages());
+}
+
+TEST_F(RuntimeTextTest, AGeneratorFailsAlsoWhereTheTemplateDoesNotAskForIt) {
+    dtc.EAI.LinksGrid.TextMatrix(1, links_column::From, "no group");
+    EXPECT_EQ(expand("<RETURN_FIELDS_VARNAME>"), "<RETURN_FIELDS_VARNAME>\r\n");
+    EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(RuntimeTextTest, RemarksOnCriteriaDoNotStopTheExpansion) {
+    dtc.EAI.CriteriaGrid.TextMatrix(1, criteria_column::Key, "ORDNO");
+    EXPECT_EQ(expand("<SPECIFY_EAI_CRITERIA><ENABLE_EXTRA_FILTERS>"), "false\r\n");
+    EXPECT_THAT(messages(), ElementsAre("Incomplete criterion on line 1 on the EAI tab"));
+    EXPECT_THAT(outside.messages.errors, IsEmpty());
+}
+
+// ---- a whole page header ------------------------------------------------------------------------
+
+TEST(WholeTemplateTest, AFilledControlFillsEveryPlaceholder) {
+    OnPage<FilledControl> control;
+    const std::string text =
+        control.expand(R"(<!--#INCLUDE file ="<Path_To_Root>Orvane/include/Query.asp" -->
+<EXTRA_INCLUDES><%
+<USER_DEFINED_SCRIPTS>Sub CreateQuery()
+	Dim <DATAPROVIDER_VARNAME>, <LINKED_DATAPROVIDER_VARNAME>
+	Set <DATAPROVIDER_VARNAME> = OpenProvider( "<dataprovider>", <DEFAULTPAGESIZE> )
+	Set <LINKED_DATAPROVIDER_VARNAME> = OpenProvider( "<LINKED_DATAPROVIDER>", 0 )
+	<DATAPROVIDER_VARNAME>.Filters = <ENABLE_EXTRA_FILTERS>
+	<DATAPROVIDER_VARNAME>.Style = "<PATH_TO_ROOT><XSL_FILENAME>"
+	Select Case <DATAPROVIDER_VARNAME>.Family
+		Case "EAI"
+			SortBy "<INITIAL_EAI_SORT_FIELD>"
+			Keys <SPECIFY_EAI_KEYFIELDS>
+			<ADD_EAI_RETURN_FIELDS><SPECIFY_EAI_CRITERIA><SPECIFY_EAI_I18N_FIELDS>
+			<SPECIFY_EAI_I18N_FIELDVALUES>
+			<SPECIFY_EAI_LINKED_FIELDS><SPECIFY_EAI_LINKED_FIELDVALUES>
+		Case "ZEKO"
+			SortBy "<INITIAL_ZEKO_SORT_FIELD>"
+			Keys <SPECIFY_ZEKO_KEYFIELDS>
+			<ADD_ZEKO_RETURN_FIELDS><SPECIFY_ZEKO_CRITERIA><SPECIFY_ZEKO_I18N_FIELDS>
+			<SPECIFY_ZEKO_I18N_FIELDVALUES>
+			<SPECIFY_ZEKO_LINKED_FIELDS><SPECIFY_ZEKO_LINKED_FIELDVALUES>
+	End Select
+	Show <RETURN_FIELDS_VARNAME>, <LINKED_RETURN_FIELDS_VARNAME>, <LINKED_FIELDS_VARNAME>
+End Sub
+%>)");
+    EXPECT_EQ(text, page(R"(<!--#INCLUDE file ="../../../Orvane/include/Query.asp" -->
+<!--#INCLUDE file ="../../../Include/a.asp" -->
+<!--#INCLUDE file ="../../../b.asp" -->
+<%
+Function getCust()
+End Function
+
+Function other()
+End Function
+
+Sub CreateQuery()
+	Dim mDataProvider, lLinkedDataProvider
+	Set mDataProvider = OpenProvider( "Orders", 10 )
+	Set lLinkedDataProvider = OpenProvider( "Stock", 0 )
+	mDataProvider.Filters = true
+	mDataProvider.Style = "../../../xsl/Orders.xsl"
+	Select Case mDataProvider.Family
+		Case "EAI"
+			SortBy "CUSTNO"
+			Keys Array("CUSTNO")
+			mReturnFields.Add "ORDERS.ORDNO", "ORDERS.ORDNO"
+			mReturnFields.Add "ORDERS.CUSTNO", "ORDERS.CUSTNO"
+			mDataProvider.SetKeyValue "CUSTNO", 2, fromFile()
+			mDataProvider.setTranslatedFieldNames( Array( _
+				"CUSTNO" _
+			))
+			mDataProvider.setTranslatedFieldValues( Array( _
+				"ORDNO",  _
+				"CUSTNO" _
+			))
+			mReturnLinkedFields.Add "STOCK.PLACE", "STOCK.PLACE"
+			mReturnLinkedFields.Add "STOCK.AMOUNT", "STOCK.AMOUNT"
+			mLinkedFields.Add "ORDNO", "PLACE"
+
+		Case "ZEKO"
+			SortBy "ORDNO"
+			Keys Array("ORDNO", "CUSTNO")
+			mReturnFields.Add 1, "ORDNO"
+			mReturnFields.Add 2, "CUSTNO"
+			mReturnFields.Add 3, "DATE"
+			mDataProvider.SetKeyValue "ORDNO", 0, "10"
+			mDataProvider.SetKeyValue "CUSTNO", 1, getCust()
+			mDataProvider.setTranslatedFieldNames( Array( _
+				"ORDNO",  _
+				"DATE" _
+			))
+			mDataProvider.setTranslatedFieldValues( Array( _
+				"CUSTNO" _
+			))
+			mReturnLinkedFields.Add 3, "AMOUNT"
+			mLinkedFields.Add "ORDNO", "ITEM"
+mLinkedFields.Add "CUSTNO", "PLACE"
+			
+	End Select
+	Show mReturnFields, mReturnLinkedFields, mLinkedFields
+End Sub
+%>
+)"));
+    EXPECT_THAT(control.messages(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "core/control_fixture.h"
+#include "scripts/scripts.h"
+
+namespace headerdtc {
+
+inline constexpr const char* InstallDirValue = R"(HKLM\SOFTWARE\Zarvik\Zarvik Velmora\InstallDir)";
+
+// One control with the behaviours of the scripts room, on a site below C:\Sites\Main.
+class ScriptsTest : public ControlTest {
+  protected:
+    ScriptsTest() { outside.registry.values[InstallDirValue] = R"(C:\Sites\Main)"; }
+
+    std::vector<std::string>& notices() { return outside.changes.changed; }
+    std::vector<std::string>& messages() { return outside.messages.shown; }
+
+    Scripts scripts{dtc};
+};
+
+}  // namespace headerdtc
