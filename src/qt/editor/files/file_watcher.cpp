@@ -22,7 +22,7 @@ FileWatcher::FileWatcher(QObject* parent) : QObject(parent) {
             });
     connect(&soon_, &QTimer::timeout, this, [this] {
         watchAgain();
-        emit mayHaveChanged();
+        Q_EMIT mayHaveChanged();
     });
 }
 

@@ -18,7 +18,7 @@ class FileWatcher : public QObject {
 
     void watch(const std::set<std::filesystem::path>& files);
 
-  signals:
+  Q_SIGNALS:
     // Something happened to one of the files, or could have.
     void mayHaveChanged();
 

@@ -19,12 +19,12 @@ void RecentFiles::add(const QString& file) {
     list.removeAll(file);
     list.prepend(file);
     QSettings().setValue(Key, QStringList(list.mid(0, MostFiles)));
-    emit changed();
+    Q_EMIT changed();
 }
 
 void RecentFiles::clear() {
     QSettings().remove(Key);
-    emit changed();
+    Q_EMIT changed();
 }
 
 }  // namespace headerdtc::qt

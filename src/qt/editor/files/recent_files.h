@@ -16,7 +16,7 @@ class RecentFiles : public QObject {
     void add(const QString& file);
     void clear();
 
-  signals:
+  Q_SIGNALS:
     void changed();
 };
 

@@ -32,14 +32,14 @@ void MessageModel::setMessages(const QString& source, std::vector<Message> messa
     for (Message& message : messages)
         entries_.insert(entries_.begin() + at++, {source, std::move(message)});
     endResetModel();
-    emit changed();
+    Q_EMIT changed();
 }
 
 void MessageModel::removeSources(const QString& prefix) {
     beginResetModel();
     std::erase_if(entries_, [&](const Entry& entry) { return entry.source.startsWith(prefix); });
     endResetModel();
-    emit changed();
+    Q_EMIT changed();
 }
 
 int MessageModel::count(Message::Severity atLeast) const {

@@ -30,7 +30,7 @@ class MessageModel : public QAbstractTableModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-  signals:
+  Q_SIGNALS:
     void changed();
 
   private:

@@ -25,7 +25,7 @@ MessagesPanel::MessagesPanel(MessageModel& messages, QWidget* parent)
     view_->header()->setSectionResizeMode(MessageModel::Page, QHeaderView::ResizeToContents);
     view_->header()->setSectionResizeMode(MessageModel::Where, QHeaderView::ResizeToContents);
     connect(view_, &QTreeView::activated, this,
-            [this](const QModelIndex& index) { emit activated(messages_.message(index.row())); });
+            [this](const QModelIndex& index) { Q_EMIT activated(messages_.message(index.row())); });
 
     auto* copy = new QAction(tr("Copy"), view_);
     copy->setShortcut(QKeySequence::Copy);

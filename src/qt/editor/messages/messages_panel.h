@@ -16,7 +16,7 @@ class MessagesPanel : public QWidget {
   public:
     explicit MessagesPanel(MessageModel& messages, QWidget* parent = nullptr);
 
-  signals:
+  Q_SIGNALS:
     void activated(const headerdtc::qt::Message& message);
 
   private:

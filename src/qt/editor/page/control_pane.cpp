@@ -162,7 +162,7 @@ void ControlPane::matchControls() {
     current_ = next ? next : ids_.empty() ? std::nullopt : std::optional<std::size_t>(0);
     fillSelector();
     if (current_) show(*current_);
-    emit currentChanged();
+    Q_EMIT currentChanged();
 }
 
 void ControlPane::rebuildAll() {
@@ -189,7 +189,7 @@ void ControlPane::select(std::size_t control) {
     if (current_ == control || control >= shown_.size()) return;
     finishEditing();
     show(control);
-    emit currentChanged();
+    Q_EMIT currentChanged();
 }
 
 void ControlPane::focusControl() {
@@ -226,7 +226,7 @@ void ControlPane::make(std::size_t control, int tab) {
     connect(shown.live.get(), &LiveControl::propertyChangeNoticed, this, [this] {
         noticed_ = true;
         idle_.start();
-        emit changeNoticed();
+        Q_EMIT changeNoticed();
     });
     const auto saved = page_.saved()->indexOf(span.id);
     if (shown.live->loadingDoubt() && saved &&
@@ -272,7 +272,7 @@ void ControlPane::takeChanges() {
         const QScopedValueRollback taking(taking_, true);
         page_.setProperties(*current_, *change);
     }
-    if (wasNoticed) emit changeNoticed();
+    if (wasNoticed) Q_EMIT changeNoticed();
 }
 
 void ControlPane::finishEditing() {

@@ -51,7 +51,7 @@ class ControlPane : public QWidget {
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-  signals:
+  Q_SIGNALS:
     void currentChanged();
     void changeNoticed();
     void insertRequested();

@@ -51,8 +51,8 @@ PageContentPtr EditedPage::contentOf(std::string bytes) const {
 void EditedPage::step(std::string bytes, Step step) {
     if (bytes == content()->bytes()) return;
     history_.push(contentOf(std::move(bytes)), std::move(step));
-    emit contentChanged();
-    emit stateChanged();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
 }
 
 void EditedPage::replaceText(const ByteRange& range, const std::string& bytes,
@@ -83,20 +83,20 @@ void EditedPage::replaceAll(std::string bytes, const QString& stepName) {
 
 void EditedPage::undo() {
     history_.undo();
-    emit contentChanged();
-    emit stateChanged();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
 }
 
 void EditedPage::redo() {
     history_.redo();
-    emit contentChanged();
-    emit stateChanged();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
 }
 
 // ---- the file -----------------------------------------------------------------------------------
 
 void EditedPage::noteDoubt(const std::string& controlId, const std::string& doubt) {
-    if (doubts_.emplace(controlId, doubt).second) emit stateChanged();
+    if (doubts_.emplace(controlId, doubt).second) Q_EMIT stateChanged();
 }
 
 std::string EditedPage::bytesToSave(const fs::path& file, const std::shared_ptr<Site>& site,
@@ -138,8 +138,8 @@ void EditedPage::save(Guard guard) {
         // The file holds exactly this; only an undone step may stand in between.
         history_.replaceCurrent(saved_);
         doubts_.clear();
-        emit contentChanged();
-        emit stateChanged();
+        Q_EMIT contentChanged();
+        Q_EMIT stateChanged();
         return;
     }
     takeSaved(file_);
@@ -159,7 +159,7 @@ void EditedPage::saveAs(const fs::path& file, Guard guard) {
     }
     site_ = site;
     takeSaved(file);
-    emit placeChanged();
+    Q_EMIT placeChanged();
 }
 
 void EditedPage::takeSaved(const fs::path& file) {
@@ -170,8 +170,8 @@ void EditedPage::takeSaved(const fs::path& file) {
     saved_ = contentOf(std::move(whole.bytes));
     history_.replaceCurrent(saved_);
     doubts_.clear();
-    emit contentChanged();
-    emit stateChanged();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
 }
 
 bool EditedPage::changedOnDisk() const {
@@ -187,18 +187,18 @@ void EditedPage::takeTheirs(WholeFile theirs) {
     saved_ = contentOf(theirs.bytes);
     doubts_.clear();
     step(std::move(theirs.bytes), {.name = tr("reload from disk")});
-    emit stateChanged();
+    Q_EMIT stateChanged();
 }
 
 void EditedPage::keepMine(WholeFile theirs) {
     stamp_ = theirs.stamp;
     saved_ = contentOf(std::move(theirs.bytes));
-    emit stateChanged();
+    Q_EMIT stateChanged();
 }
 
 void EditedPage::keepWithoutFile() {
     hasFile_ = false;
-    emit stateChanged();
+    Q_EMIT stateChanged();
 }
 
 void EditedPage::refreshSite(Sites& sites) {
@@ -207,9 +207,9 @@ void EditedPage::refreshSite(Sites& sites) {
     site_ = std::move(site);
     saved_ = contentOf(saved_->bytes());
     history_.replaceCurrent(contentOf(content()->bytes()));
-    emit placeChanged();
-    emit contentChanged();
-    emit stateChanged();
+    Q_EMIT placeChanged();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
 }
 
 }  // namespace headerdtc::qt

@@ -74,7 +74,7 @@ class EditedPage : public QObject {
     // The site's configuration may be another. Throws ConfigurationError.
     void refreshSite(Sites& sites);
 
-  signals:
+  Q_SIGNALS:
     // The content is another.
     void contentChanged();
     // What is read of the page besides its content: modified, saved, steps, doubts.

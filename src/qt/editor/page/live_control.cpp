@@ -74,7 +74,7 @@ void LiveControl::showError(const std::string& text) {
 
 void LiveControl::propertyChanged(std::string_view property) {
     if (collecting_) return;
-    emit propertyChangeNoticed(
+    Q_EMIT propertyChangeNoticed(
         QString::fromUtf8(property.data(), static_cast<qsizetype>(property.size())));
 }
 

@@ -49,7 +49,7 @@ class LiveControl : public QObject, private MessageBox, private PropertyChangeSi
     const std::optional<std::string>& loadingDoubt() const { return control_->loadingDoubt(); }
     const std::vector<std::string>& loadingMessages() const { return collected_; }
 
-  signals:
+  Q_SIGNALS:
     // The control's own notice that the author changed a property.
     void propertyChangeNoticed(const QString& property);
 

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <utility>
@@ -84,7 +85,7 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     connect(page_.get(), &EditedPage::contentChanged, this, &PageEditor::followPage);
     connect(page_.get(), &EditedPage::stateChanged, this, [this] {
         showDoubts();
-        emit stateChanged();
+        Q_EMIT stateChanged();
     });
     connect(page_.get(), &EditedPage::placeChanged, this, &PageEditor::refreshPreviews);
     connect(controls_, &ControlPane::currentChanged, this, &PageEditor::showPreviewOfCurrent);
@@ -137,7 +138,7 @@ void PageEditor::tellMarkupProblem() {
         message.place.line = problem->line();
         messages.push_back(std::move(message));
     }
-    emit messagesChanged(sourceName("markup"), messages);
+    Q_EMIT messagesChanged(sourceName("markup"), messages);
 }
 
 void PageEditor::showDoubts() {
@@ -249,7 +250,7 @@ void PageEditor::requestPreviews() {
     std::erase_if(previewed_, [&](const auto& entry) { return !ids.contains(entry.first); });
     std::erase_if(previews_, [&](const auto& entry) {
         if (ids.contains(entry.first)) return false;
-        emit messagesChanged(sourceName(entry.first), {});
+        Q_EMIT messagesChanged(sourceName(entry.first), {});
         return true;
     });
     if (ids.empty()) showPreviewOfCurrent();
@@ -271,7 +272,7 @@ void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
         messages.push_back(messageOf(*preview->expansion.doubt, page_->file(), span));
     if (!preview->problem.empty())
         messages.push_back(messageOf(preview->problem, page_->file(), span));
-    emit messagesChanged(sourceName(preview->controlId), messages);
+    Q_EMIT messagesChanged(sourceName(preview->controlId), messages);
     const auto current = controls_->current();
     if (current && page_->content()->controls()[*current].id == preview->controlId)
         showPreviewOfCurrent();

@@ -59,7 +59,7 @@ class PageEditor : public QWidget {
     // What the names of all its message sources begin with.
     QString messageSources() const { return messageSources_; }
 
-  signals:
+  Q_SIGNALS:
     // Title, modified mark, undo and redo are others.
     void stateChanged();
     // What a part of the page would complain about, replacing what it complained about before.

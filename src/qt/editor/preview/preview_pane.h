@@ -26,7 +26,7 @@ class PreviewPane : public QWidget {
     void showNothing(const QString& reason);
     QPlainTextEdit& text() { return *text_; }
 
-  public slots:
+  public Q_SLOTS:
     void goToNextChange();
     void goToPreviousChange();
 

@@ -48,7 +48,7 @@ void PreviewWorker::finish(const std::shared_ptr<const Preview>& preview) {
     working_ = false;
     const bool isLatest = !waiting_.contains(preview->controlId);
     if (!waiting_.empty()) start(std::move(waiting_.extract(waiting_.begin()).mapped()));
-    if (isLatest) emit ready(preview);
+    if (isLatest) Q_EMIT ready(preview);
 }
 
 }  // namespace headerdtc::qt

@@ -37,7 +37,7 @@ class PreviewWorker : public QObject {
     void request(Request request);
     bool isBusy() const { return working_ || !waiting_.empty(); }
 
-  signals:
+  Q_SIGNALS:
     void ready(const std::shared_ptr<const headerdtc::qt::Preview>& preview);
 
   private:

@@ -50,7 +50,7 @@ void ConnectionTest::start(const OdbcDatabase::Settings& settings,
             QMetaObject::invokeMethod(QCoreApplication::instance(), [result, self] {
                 if (!self) return;
                 self->running_ = false;
-                emit self->finished(result.connected, result.text);
+                Q_EMIT self->finished(result.connected, result.text);
             });
         });
 }

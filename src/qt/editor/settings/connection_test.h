@@ -19,7 +19,7 @@ class ConnectionTest : public QObject {
     void start(const OdbcDatabase::Settings& settings, const std::string& connectString);
     bool isRunning() const { return running_; }
 
-  signals:
+  Q_SIGNALS:
     void finished(bool connected, const QString& text);
 
   private:

@@ -27,7 +27,7 @@ class SettingsDialog : public QDialog {
     // Throws FileError when the file is there and cannot be read. One that is not there is made.
     explicit SettingsDialog(std::filesystem::path file, QWidget* parent = nullptr);
 
-  public slots:
+  public Q_SLOTS:
     void accept() override;
 
   private:

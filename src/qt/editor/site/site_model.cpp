@@ -95,7 +95,7 @@ void SiteModel::setResults(const std::vector<PageResult>& results) {
         if (!changed.isValid()) continue;
         // Folders tell of what is in them, too.
         for (QModelIndex node = changed; node.isValid(); node = parent(node))
-            emit dataChanged(node.siblingAtColumn(Name), node.siblingAtColumn(State));
+            Q_EMIT dataChanged(node.siblingAtColumn(Name), node.siblingAtColumn(State));
     }
 }
 

@@ -32,7 +32,7 @@ void SiteRun::start(const fs::path& folder, Mode mode) {
         QStringList problems;
         for (const std::string& problem : site.problems)
             problems += QString::fromStdString(problem);
-        post([this, pages = site.pages, problems] { emit found(pages, problems); });
+        post([this, pages = site.pages, problems] { Q_EMIT found(pages, problems); });
         work(site.pages);
     });
 }
@@ -66,7 +66,7 @@ void SiteRun::work(const std::vector<fs::path>& pages) {
     std::vector<PageResult> results;
     const auto tellResults = [&] {
         if (results.empty()) return;
-        post([this, told = std::exchange(results, {})] { emit done(told); });
+        post([this, told = std::exchange(results, {})] { Q_EMIT done(told); });
     };
     const auto all = static_cast<int>(pages.size());
     generation.run(
@@ -77,7 +77,7 @@ void SiteRun::work(const std::vector<fs::path>& pages) {
         },
         [&](std::size_t finished) {
             tellResults();
-            post([this, finished, all] { emit progressed(static_cast<int>(finished), all); });
+            post([this, finished, all] { Q_EMIT progressed(static_cast<int>(finished), all); });
         });
     tellResults();
     {
@@ -86,7 +86,7 @@ void SiteRun::work(const std::vector<fs::path>& pages) {
     }
     post([this] {
         running_ = false;
-        emit finished(cancelled_);
+        Q_EMIT finished(cancelled_);
     });
 }
 

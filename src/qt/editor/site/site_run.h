@@ -38,7 +38,7 @@ class SiteRun : public QObject {
     // Ends after the pages in work; what was done stays done.
     void cancel();
 
-  signals:
+  Q_SIGNALS:
     // The pages found below the folder, and what could not be looked into.
     void found(const std::vector<std::filesystem::path>& pages, const QStringList& problems);
     void progressed(int finished, int all);

@@ -99,7 +99,7 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
     tree_->header()->setSectionResizeMode(SiteModel::State, QHeaderView::ResizeToContents);
     connect(tree_, &QTreeView::activated, this, [this](const QModelIndex& index) {
         const QString page = index.data(SiteModel::PageRole).toString();
-        if (!page.isEmpty()) emit pageActivated(page);
+        if (!page.isEmpty()) Q_EMIT pageActivated(page);
     });
 
     check_ = new QPushButton(editorIcon("view-refresh"), tr("&Check"));
@@ -147,7 +147,7 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
                 std::vector<Message> messages;
                 for (const QString& problem : problems)
                     messages.push_back({Message::Severity::Error, problem, folder_, {}});
-                emit pageMessages(folder_, messages);
+                Q_EMIT pageMessages(folder_, messages);
             });
     connect(run_, &SiteRun::done, this, &SiteView::takeResults);
     connect(run_, &SiteRun::progressed, this, [this](int finished, int all) {
@@ -204,14 +204,14 @@ void SiteView::takeResults(const std::vector<PageResult>& results) {
     model_->setResults(results);
     for (const PageResult& result : results) {
         written_ += result.written ? 1 : 0;
-        emit pageMessages(result.page, messagesOf(result));
+        Q_EMIT pageMessages(result.page, messagesOf(result));
     }
 }
 
 void SiteView::finish(bool cancelled) {
     showState();
     if (cancelled) summary_->setText(tr("Stopped. %1").arg(summary_->text()));
-    emit runFinished();
+    Q_EMIT runFinished();
     if (!waiting_.empty()) recheckWaiting();
 }
 

@@ -53,7 +53,7 @@ class SiteView : public QWidget {
     // Checks one page of the folder again.
     void recheck(const std::filesystem::path& page);
 
-  signals:
+  Q_SIGNALS:
     void pageActivated(const QString& file);
     // "Generate all" was asked for: whoever has pages open saves them first and then calls
     // generateAll().

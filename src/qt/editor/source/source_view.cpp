@@ -108,14 +108,14 @@ void SourceView::documentChanged(int position, int removed, int added) {
     QMetaObject::invokeMethod(this, &SourceView::synchronize, Qt::QueuedConnection);
     const auto edit = lines_->editOf(position, removed, inserted);
     if (!edit || lines_->touchesControl(edit->range)) {
-        emit editRefused();
+        Q_EMIT editRefused();
         return;
     }
     const bool isLetter = edit->range.size() <= 1 && edit->bytes.size() <= 1 && edit->bytes != "\n";
     const QString kind = !isLetter             ? QString()
                          : edit->bytes.empty() ? QStringLiteral("erase")
                                                : QStringLiteral("write");
-    emit edited(edit->range, edit->bytes, kind);
+    Q_EMIT edited(edit->range, edit->bytes, kind);
     // The next letter may come before the view has been brought in step.
     if (rawText(*document(), 0, length) == lines_->text()) outOfStep_ = false;
 }
@@ -178,7 +178,7 @@ void SourceView::fold() {
     }
     document()->markContentsDirty(0, document()->characterCount());
     auto* layout = static_cast<QPlainTextDocumentLayout*>(document()->documentLayout());
-    emit layout->documentSizeChanged(layout->documentSize());
+    Q_EMIT layout->documentSizeChanged(layout->documentSize());
     viewport()->update();
     gutter_->update();
 }

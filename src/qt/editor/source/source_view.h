@@ -33,7 +33,7 @@ class SourceView : public QPlainTextEdit {
     bool isFolded(const std::string& controlId) const { return folded_.contains(controlId); }
     void setFolded(const std::string& controlId, bool folded);
 
-  signals:
+  Q_SIGNALS:
     // The author replaced bytes of the page. `kind` is the same for letters typed one after the
     // other.
     void edited(headerdtc::ByteRange range, const std::string& bytes, const QString& kind);

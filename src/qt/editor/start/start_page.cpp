@@ -143,7 +143,7 @@ void StartPage::showRecent() {
         button->setAccessibleDescription(file);
         button->setCursor(Qt::PointingHandCursor);
         button->setStyleSheet(QStringLiteral("text-align: left; padding: 3px;"));
-        connect(button, &QPushButton::clicked, this, [this, file] { emit pageRequested(file); });
+        connect(button, &QPushButton::clicked, this, [this, file] { Q_EMIT pageRequested(file); });
         auto* folder = new QLabel(shortened(info.path()));
         folder->setForegroundRole(QPalette::PlaceholderText);
         folder->setContentsMargins(26, 0, 0, 4);

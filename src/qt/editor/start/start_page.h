@@ -16,7 +16,7 @@ class StartPage : public QWidget {
   public:
     explicit StartPage(RecentFiles& recent, QWidget* parent = nullptr);
 
-  signals:
+  Q_SIGNALS:
     void demoRequested();
     void newRequested();
     void openRequested();

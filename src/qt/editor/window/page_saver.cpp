@@ -47,7 +47,7 @@ bool PageSaver::guarded(PageEditor& editor, Save save) {
                                   .arg(editor.title(), QString::fromStdString(error.what())));
         return false;
     }
-    emit saved(&editor);
+    Q_EMIT saved(&editor);
     return true;
 }
 

@@ -23,7 +23,7 @@ class PageSaver : public QObject {
     // author's may be saved.
     bool resolveChangeOnDisk(PageEditor& editor);
 
-  signals:
+  Q_SIGNALS:
     void saved(headerdtc::qt::PageEditor* editor);
 
   private:

@@ -44,7 +44,7 @@ PageTabs::PageTabs(Sites& sites, PageSaver& saver, QWidget* parent)
         const auto all = editors();
         if (std::find(all.begin(), all.end(), left_) != all.end()) left_->finishEditing();
         left_ = current();
-        emit stateChanged();
+        Q_EMIT stateChanged();
     });
 }
 
@@ -76,11 +76,11 @@ PageEditor* PageTabs::add(std::unique_ptr<EditedPage> page) {
     auto* editor = new PageEditor(std::move(page));
     connect(editor, &PageEditor::stateChanged, this, [this, editor] {
         showTitle(editor);
-        emit stateChanged();
+        Q_EMIT stateChanged();
     });
     addTab(editor, QString());
     showTitle(editor);
-    emit opened(editor);
+    Q_EMIT opened(editor);
     setCurrentWidget(editor);
     return editor;
 }
@@ -163,10 +163,10 @@ bool PageTabs::close(PageEditor* editor) {
         if (answer == QMessageBox::Cancel) return false;
         if (answer == QMessageBox::Save && !saver_.save(*editor)) return false;
     }
-    emit closed(editor);
+    Q_EMIT closed(editor);
     removeTab(indexOf(editor));
     delete editor;
-    emit stateChanged();
+    Q_EMIT stateChanged();
     return true;
 }
 

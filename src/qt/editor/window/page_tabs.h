@@ -41,7 +41,7 @@ class PageTabs : public QTabWidget {
     // The sites' configurations may be others.
     void refreshSites();
 
-  signals:
+  Q_SIGNALS:
     void opened(headerdtc::qt::PageEditor* editor);
     void closed(headerdtc::qt::PageEditor* editor);
     // Title, modified mark, undo or redo of a page are others, or another page is current.
