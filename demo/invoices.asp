@@ -49,6 +49,58 @@
 	<PARAM NAME="NrOfEAIToLinkKeyFields" VALUE="0">
 </OBJECT>
 -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "Invoices"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = false
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array()
+			mDataProvider.SortField = ""
+			
+			
+			
+			
+			
+			
+		Case "zeko"
+			mDataProvider.KeyFields = Array("INVNO", "CUSTNO", "CUSTNAME", "CITY")
+			mDataProvider.SortField = "INVNO"
+			mReturnFields.Add 1, "INVNO"
+			mReturnFields.Add 3, "CUSTNAME"
+			mReturnFields.Add 4, "INVDATE"
+			mReturnFields.Add 5, "DUEDATE"
+			mReturnFields.Add 7, "AMOUNT"
+			mReturnFields.Add 8, "PAID"
+			
+			mDataProvider.SetKeyValue "CUSTNAME", 0, "Søren & Co -- Eksport"
+			mDataProvider.SetKeyValue "CITY", 0, "København"
+			
+			
+			
+			
+			
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "ZEKOLinkedDataProvidersCombo"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("xsl/Generic.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <%
 	mDataProvider.Render mReturnFields, mXSLFilename

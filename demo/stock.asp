@@ -48,6 +48,60 @@
 	<PARAM NAME="NrOfEAIToLinkKeyFields" VALUE="0">
 </OBJECT>
 -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "Stock"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = true
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array("ITEMNO", "WHSNO")
+			mDataProvider.SortField = "ITEMNO"
+			mReturnFields.Add "ITEM.ITEMNO", "ITEM.ITEMNO"
+			mReturnFields.Add "ITEM.DESCRIPTION", "ITEM.DESCRIPTION"
+			mReturnFields.Add "WAREHOUSE.WHSNO", "WAREHOUSE.WHSNO"
+			mReturnFields.Add "WAREHOUSE.ONHAND", "WAREHOUSE.ONHAND"
+			mReturnFields.Add "WAREHOUSE.REORDERPOINT", "WAREHOUSE.REORDERPOINT"
+			
+			mDataProvider.SetKeyValue "WHSNO", 0, "01"
+			mDataProvider.SetKeyValue "ITEMNO", 2, "A1000"
+			
+			mDataProvider.setTranslatedFieldNames( Array( _
+				"ITEMNO",  _
+				"ONHAND" _
+			))
+			
+			
+			
+		Case "zeko"
+			mDataProvider.KeyFields = Array()
+			mDataProvider.SortField = ""
+			
+			
+			
+			
+			
+			
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "ZEKOLinkedDataProvidersCombo"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("xsl/Generic.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <% mDataProvider.Render mReturnFields, mXSLFilename %>
 </body>

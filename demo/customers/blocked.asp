@@ -120,27 +120,27 @@
 	<PARAM NAME="ZEKOAvailableFields92" VALUE=" 97 - MARGIN01">
 	<PARAM NAME="ZEKOAvailableFields93" VALUE=" 98 - MARGIN02">
 	<PARAM NAME="ZEKOAvailableFields94" VALUE=" 99 - MARGIN03">
-	<PARAM NAME="ZEKOAvailableFields95" VALUE="100 - MARGIN04">
-	<PARAM NAME="ZEKOAvailableFields96" VALUE="101 - MARGIN05">
-	<PARAM NAME="ZEKOAvailableFields97" VALUE="102 - MARGIN06">
-	<PARAM NAME="ZEKOAvailableFields98" VALUE="103 - MARGIN07">
-	<PARAM NAME="ZEKOAvailableFields99" VALUE="104 - MARGIN08">
-	<PARAM NAME="ZEKOAvailableFields100" VALUE="105 - MARGIN09">
-	<PARAM NAME="ZEKOAvailableFields101" VALUE="106 - MARGIN10">
-	<PARAM NAME="ZEKOAvailableFields102" VALUE="107 - MARGIN11">
-	<PARAM NAME="ZEKOAvailableFields103" VALUE="108 - MARGIN12">
-	<PARAM NAME="ZEKOAvailableFields104" VALUE="109 - REMARK1">
-	<PARAM NAME="ZEKOAvailableFields105" VALUE="110 - REMARK2">
-	<PARAM NAME="ZEKOAvailableFields106" VALUE="111 - REMARK3">
-	<PARAM NAME="ZEKOAvailableFields107" VALUE="112 - REMARK4">
-	<PARAM NAME="ZEKOAvailableFields108" VALUE="113 - REMARK5">
-	<PARAM NAME="ZEKOAvailableFields109" VALUE="114 - REMARK6">
-	<PARAM NAME="ZEKOAvailableFields110" VALUE="115 - ATTRIBUTE1">
-	<PARAM NAME="ZEKOAvailableFields111" VALUE="116 - ATTRIBUTE2">
-	<PARAM NAME="ZEKOAvailableFields112" VALUE="117 - ATTRIBUTE3">
-	<PARAM NAME="ZEKOAvailableFields113" VALUE="118 - ATTRIBUTE4">
-	<PARAM NAME="ZEKOAvailableFields114" VALUE="119 - ATTRIBUTE5">
-	<PARAM NAME="ZEKOAvailableFields115" VALUE="120 - ATTRIBUTE6">
+	<PARAM NAME="ZEKOAvailableFields95" VALUE=" 100 - MARGIN04">
+	<PARAM NAME="ZEKOAvailableFields96" VALUE=" 101 - MARGIN05">
+	<PARAM NAME="ZEKOAvailableFields97" VALUE=" 102 - MARGIN06">
+	<PARAM NAME="ZEKOAvailableFields98" VALUE=" 103 - MARGIN07">
+	<PARAM NAME="ZEKOAvailableFields99" VALUE=" 104 - MARGIN08">
+	<PARAM NAME="ZEKOAvailableFields100" VALUE=" 105 - MARGIN09">
+	<PARAM NAME="ZEKOAvailableFields101" VALUE=" 106 - MARGIN10">
+	<PARAM NAME="ZEKOAvailableFields102" VALUE=" 107 - MARGIN11">
+	<PARAM NAME="ZEKOAvailableFields103" VALUE=" 108 - MARGIN12">
+	<PARAM NAME="ZEKOAvailableFields104" VALUE=" 109 - REMARK1">
+	<PARAM NAME="ZEKOAvailableFields105" VALUE=" 110 - REMARK2">
+	<PARAM NAME="ZEKOAvailableFields106" VALUE=" 111 - REMARK3">
+	<PARAM NAME="ZEKOAvailableFields107" VALUE=" 112 - REMARK4">
+	<PARAM NAME="ZEKOAvailableFields108" VALUE=" 113 - REMARK5">
+	<PARAM NAME="ZEKOAvailableFields109" VALUE=" 114 - REMARK6">
+	<PARAM NAME="ZEKOAvailableFields110" VALUE=" 115 - ATTRIBUTE1">
+	<PARAM NAME="ZEKOAvailableFields111" VALUE=" 116 - ATTRIBUTE2">
+	<PARAM NAME="ZEKOAvailableFields112" VALUE=" 117 - ATTRIBUTE3">
+	<PARAM NAME="ZEKOAvailableFields113" VALUE=" 118 - ATTRIBUTE4">
+	<PARAM NAME="ZEKOAvailableFields114" VALUE=" 119 - ATTRIBUTE5">
+	<PARAM NAME="ZEKOAvailableFields115" VALUE=" 120 - ATTRIBUTE6">
 	<PARAM NAME="ZEKOKeyFieldsCount" VALUE="3">
 	<PARAM NAME="ZEKOKeyFieldnames0" VALUE="CUSTNO">
 	<PARAM NAME="ZEKOKeyFieldnames1" VALUE="COUNTRY">
@@ -160,6 +160,55 @@
 	<PARAM NAME="NrOfEAIToLinkKeyFields" VALUE="0">
 </OBJECT>
 -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "Customers"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = false
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array()
+			mDataProvider.SortField = ""
+			
+			
+			
+			
+			
+			
+		Case "zeko"
+			mDataProvider.KeyFields = Array("CUSTNO", "COUNTRY", "REGION")
+			mDataProvider.SortField = "CUSTNO"
+			mReturnFields.Add   1, "CUSTNO"
+			mReturnFields.Add   2, "NAME"
+			mReturnFields.Add  34, "BLOCKED"
+			mReturnFields.Add  35, "BLOCKREASON"
+			
+			mDataProvider.SetKeyValue "COUNTRY", 0, "NL"
+			
+			
+			
+			
+			
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "ZEKOLinkedDataProvidersCombo"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("../xsl/Generic.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <% mDataProvider.Render mReturnFields, mXSLFilename %>
 </body>

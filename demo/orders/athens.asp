@@ -40,6 +40,55 @@
 	<PARAM NAME="NrOfEAIToLinkKeyFields" VALUE="0">
 </OBJECT>
 -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "Orders"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = false
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array("ORDNO", "CUSTNO")
+			mDataProvider.SortField = "ORDNO"
+			mReturnFields.Add "ORDERS.ORDNO", "ORDERS.ORDNO"
+			mReturnFields.Add "ORDERS.AMOUNT", "ORDERS.AMOUNT"
+			mReturnFields.Add "DELIVERY.DELDATE", "DELIVERY.DELDATE"
+			mReturnFields.Add "DELIVERY.DELCITY", "DELIVERY.DELCITY"
+			
+			mDataProvider.SetKeyValue "CUSTNO", 0, "ΑΘΗΝΑ-1"
+			
+			
+			
+			
+			
+		Case "zeko"
+			mDataProvider.KeyFields = Array()
+			mDataProvider.SortField = ""
+			
+			
+			
+			
+			
+			
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "ZEKOLinkedDataProvidersCombo"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("../xsl/Generic.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <% mDataProvider.Render mReturnFields, mXSLFilename %>
 </body>

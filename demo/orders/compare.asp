@@ -24,11 +24,11 @@
 	<PARAM NAME="ZEKOAvailableFields3" VALUE=" 7 - DELDATE">
 	<PARAM NAME="ZEKOAvailableFields4" VALUE=" 8 - DELNAME">
 	<PARAM NAME="ZEKOAvailableFields5" VALUE=" 9 - DELCITY">
-	<PARAM NAME="ZEKOAvailableFields6" VALUE="10 - DELCOUNTRY">
-	<PARAM NAME="ZEKOAvailableFields7" VALUE="11 - CARRIER">
-	<PARAM NAME="ZEKOAvailableFields8" VALUE="12 - SALESREP">
-	<PARAM NAME="ZEKOAvailableFields9" VALUE="13 - REFERENCE">
-	<PARAM NAME="ZEKOAvailableFields10" VALUE="14 - CHANGEDON">
+	<PARAM NAME="ZEKOAvailableFields6" VALUE=" 10 - DELCOUNTRY">
+	<PARAM NAME="ZEKOAvailableFields7" VALUE=" 11 - CARRIER">
+	<PARAM NAME="ZEKOAvailableFields8" VALUE=" 12 - SALESREP">
+	<PARAM NAME="ZEKOAvailableFields9" VALUE=" 13 - REFERENCE">
+	<PARAM NAME="ZEKOAvailableFields10" VALUE=" 14 - CHANGEDON">
 	<PARAM NAME="ZEKOKeyFieldsCount" VALUE="4">
 	<PARAM NAME="ZEKOKeyFieldnames0" VALUE="ORDNO">
 	<PARAM NAME="ZEKOKeyFieldnames1" VALUE="CUSTNO">
@@ -71,6 +71,64 @@
 	<PARAM NAME="ZEKOLinkToFields1" VALUE="ORDNO">
 </OBJECT>
 -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+Function ChosenCustomer()
+
+	ChosenCustomer = Request.QueryString("customer")
+
+End Function 'ChosenCustomer()
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "Orders"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = false
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array()
+			mDataProvider.SortField = ""
+			
+			
+			
+			
+			
+			
+		Case "zeko"
+			mDataProvider.KeyFields = Array("ORDNO", "CUSTNO", "ORDDATE", "DELCOUNTRY")
+			mDataProvider.SortField = "ORDNO"
+			mReturnFields.Add  1, "ORDNO"
+			mReturnFields.Add  2, "CUSTNO"
+			mReturnFields.Add  6, "AMOUNT"
+			
+			mDataProvider.SetKeyValue "CUSTNO", 0, ChosenCustomer()
+			
+			
+			
+			mReturnLinkedFields.Add 2, "LINENO"
+			mReturnLinkedFields.Add 3, "ITEMNO"
+			mReturnLinkedFields.Add 5, "QUANTITY"
+			
+			mLinkedFields.Add "ORDNO", "ORDNO"
+
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "OrderLines"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("../xsl/Generic.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <% mDataProvider.Render mReturnFields, mXSLFilename %>
 </td><td>
@@ -112,6 +170,57 @@
 	<PARAM NAME="NrOfEAIToLinkKeyFields" VALUE="0">
 </OBJECT>
 -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "OrderLines"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = false
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array()
+			mDataProvider.SortField = ""
+			
+			
+			
+			
+			
+			
+		Case "zeko"
+			mDataProvider.KeyFields = Array("ORDNO", "LINENO")
+			mDataProvider.SortField = "ORDNO"
+			mReturnFields.Add 1, "ORDNO"
+			mReturnFields.Add 2, "LINENO"
+			mReturnFields.Add 3, "ITEMNO"
+			mReturnFields.Add 4, "DESCRIPTION"
+			mReturnFields.Add 5, "QUANTITY"
+			mReturnFields.Add 8, "AMOUNT"
+			
+			mDataProvider.SetKeyValue "ORDNO", 2, "100000"
+			
+			
+			
+			
+			
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "ZEKOLinkedDataProvidersCombo"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("../xsl/Wide.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <% mDataProvider.Render mReturnFields, mXSLFilename %>
 </td></tr></table>

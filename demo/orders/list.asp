@@ -28,11 +28,11 @@
 	<PARAM NAME="ZEKOAvailableFields1" VALUE=" 5 - CURRENCY">
 	<PARAM NAME="ZEKOAvailableFields2" VALUE=" 7 - DELDATE">
 	<PARAM NAME="ZEKOAvailableFields3" VALUE=" 8 - DELNAME">
-	<PARAM NAME="ZEKOAvailableFields4" VALUE="10 - DELCOUNTRY">
-	<PARAM NAME="ZEKOAvailableFields5" VALUE="11 - CARRIER">
-	<PARAM NAME="ZEKOAvailableFields6" VALUE="12 - SALESREP">
-	<PARAM NAME="ZEKOAvailableFields7" VALUE="13 - REFERENCE">
-	<PARAM NAME="ZEKOAvailableFields8" VALUE="14 - CHANGEDON">
+	<PARAM NAME="ZEKOAvailableFields4" VALUE=" 10 - DELCOUNTRY">
+	<PARAM NAME="ZEKOAvailableFields5" VALUE=" 11 - CARRIER">
+	<PARAM NAME="ZEKOAvailableFields6" VALUE=" 12 - SALESREP">
+	<PARAM NAME="ZEKOAvailableFields7" VALUE=" 13 - REFERENCE">
+	<PARAM NAME="ZEKOAvailableFields8" VALUE=" 14 - CHANGEDON">
 	<PARAM NAME="EAIAvailableFields0" VALUE="ORDERS.CUSTNO">
 	<PARAM NAME="EAIAvailableFields1" VALUE="ORDERS.AMOUNT">
 	<PARAM NAME="EAIAvailableFields2" VALUE="DELIVERY.DELDATE">
@@ -71,6 +71,71 @@
 	<PARAM NAME="NrOfEAIToLinkKeyFields" VALUE="0">
 </OBJECT>
 -->
+<!--#INCLUDE file ="../Include/Dates.asp" -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "Orders"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = true
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array("ORDNO", "CUSTNO")
+			mDataProvider.SortField = "ORDNO"
+			mReturnFields.Add "ORDERS.ORDNO", "ORDERS.ORDNO"
+			mReturnFields.Add "ORDERS.ORDDATE", "ORDERS.ORDDATE"
+			mReturnFields.Add "ORDERS.STATUS", "ORDERS.STATUS"
+			
+			
+			mDataProvider.setTranslatedFieldNames( Array( _
+				"ORDNO",  _
+				"STATUS" _
+			))
+			mDataProvider.setTranslatedFieldValues( Array( _
+				"STATUS" _
+			))
+			
+			
+		Case "zeko"
+			mDataProvider.KeyFields = Array("ORDNO", "CUSTNO", "ORDDATE", "DELCOUNTRY")
+			mDataProvider.SortField = "ORDNO"
+			mReturnFields.Add  1, "ORDNO"
+			mReturnFields.Add  3, "ORDDATE"
+			mReturnFields.Add  4, "STATUS"
+			mReturnFields.Add  6, "AMOUNT"
+			mReturnFields.Add  9, "DELCITY"
+			
+			mDataProvider.SetKeyValue "ORDDATE", 2, FirstDayOfMonth()
+			
+			mDataProvider.setTranslatedFieldNames( Array( _
+				"ORDNO",  _
+				"ORDDATE",  _
+				"STATUS" _
+			))
+			mDataProvider.setTranslatedFieldValues( Array( _
+				"STATUS" _
+			))
+			
+			
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "ZEKOLinkedDataProvidersCombo"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("../xsl/Generic.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <h1>Orders of this month</h1>
 <% mDataProvider.Render mReturnFields, mXSLFilename %>

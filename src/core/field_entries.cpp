@@ -6,8 +6,8 @@
 namespace headerdtc {
 namespace {
 
-// The padding is not reset when a number as long as the longest has gone by: a source that gives
-// its numbers out of order gets the padding of the short number before.
+// " 1 - ORDNO": numbers shorter than the longest are padded to its width. The padding is kept, and
+// not taken back, for numbers that need none: after " 9" comes " 10".
 std::vector<std::string> numberedFields(DataSource& source, const std::string& provider,
                                         const std::string& separator) {
     const Dictionary<std::string> fields = source.zekoFields(provider);

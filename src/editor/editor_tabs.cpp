@@ -2,10 +2,9 @@
 
 #include "core/handler.h"
 #include "core/handler_tools.h"
+#include "editor/discarded_work.h"
 #include "platform/message_box.h"
 #include "platform/text_files.h"
-
-#include <iterator>
 
 namespace headerdtc {
 namespace {
@@ -49,8 +48,10 @@ void EditorTabs::SSTab1_Click(int tabLeft) {
     runHandler(dtc_, "SSTab1_Click", [&](ChangedProperties&) {
         const int tabEntered = dtc_.SSTab1.Tab();
         if (tabLeft == tabEntered) return;
-        (this->*StepsOfTabs[tabLeft].save)();
-        (this->*StepsOfTabs[tabEntered].prepare)();
+        const auto save = StepsOfTabs[tabLeft].save;
+        const auto prepare = StepsOfTabs[tabEntered].prepare;
+        (this->*save)();
+        (this->*prepare)();
     });
 }
 
@@ -59,14 +60,13 @@ void EditorTabs::SaveGeneralState() {
                [&](ChangedProperties&) { dtc_.dataProvider = dtc_.DataProvidersCombo.Text(); });
 }
 
-// A data source that was made but does not give its list is not kept: entering the tab again
-// tries again, until the list has been read.
+// The data source is kept as soon as it is there: a list that could not be read is not asked for
+// again, only a data source that could not be made is.
 void EditorTabs::PrepareGeneralTab() {
     runHandler(dtc_, "PrepareGeneralTab", [&](ChangedProperties&) {
         if (dataSource_) return;
-        auto dataSource = dtc_.surroundings.dataSources.createDataSource();
-        const auto providers = dataSource->providerNames();
-        dataSource_ = std::move(dataSource);
+        dataSource_ = dtc_.surroundings.dataSources.createDataSource();
+        const auto providers = dataSource_->providerNames();
         dtc_.DataProvidersCombo.Clear();
         for (const std::string& provider : providers) {
             dtc_.DataProvidersCombo.AddItem(provider);
@@ -89,9 +89,7 @@ void EditorTabs::PrepareI18NTab() {
         for (const Family which : {Family::EAI, Family::ZEKO}) {
             FamilyControls& family = dtc_.family(which);
             if (family.DataProviderText.Text() == dtc_.dataProvider) continue;
-            // The notice of the return fields stands for their translations too.
-            if (family.I18NFieldnamesList.ListCount() > 0)
-                changed.add(familyName(which, "ReturnFields"));
+            noteTranslations(family, changed);
             family.I18NFieldnamesList.Clear();
             family.I18NFieldValuesList.Clear();
         }

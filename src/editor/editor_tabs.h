@@ -28,8 +28,8 @@ class EditorTabs {
     void SaveZEKOLinkState() {}
 
     // ---- entering a tab --------------------------------------------------------------------
-    // Reads the list of data providers, once per control: the first time that the data source
-    // answers.
+    // Reads the list of data providers, once per control: the first time that there is a data
+    // source, whether or not it answers.
     void PrepareGeneralTab();
     void PrepareEAITab();
     void PrepareZEKOTab();
@@ -47,7 +47,7 @@ class EditorTabs {
     void SaveCommand_Click();
 
     HeaderDTC& dtc_;
-    // Kept for the control's life once it has given the list of data providers.
+    // Kept for the control's life.
     std::unique_ptr<DataSource> dataSource_;
     Subscriptions subscriptions_;
 };

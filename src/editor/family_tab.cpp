@@ -3,6 +3,7 @@
 #include "core/field_entries.h"
 #include "core/handler.h"
 #include "core/handler_tools.h"
+#include "editor/discarded_work.h"
 #include "platform/data_source.h"
 
 #include <string>
@@ -16,45 +17,31 @@ const std::string& providerOfFields(Family family, const HeaderDTC& dtc) {
     return family == Family::EAI ? dtc.DataProvidersCombo.Text() : dtc.dataProvider;
 }
 
-bool holdsCriteria(const Grid& grid) {
-    for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-        for (const int column :
-             {criteria_column::Key, criteria_column::Operator, criteria_column::Value}) {
-            if (!grid.TextMatrix(row, column).empty()) return true;
-        }
-    }
-    return false;
-}
-
-// The author's work that goes with the data provider before. What is offered follows from the
-// provider, of which the host has had its notice.
-void noteDiscarded(const FamilyControls& family, ChangedProperties& changed) {
-    if (family.SelectedFieldsList.ListCount() > 0 || family.I18NFieldnamesList.ListCount() > 0)
-        changed.add(familyName(family.family, "ReturnFields"));
-    if (holdsCriteria(family.CriteriaGrid)) changed.add(familyName(family.family, "Criteria"));
-}
-
-// Everything is asked of the data source before anything is changed, so that a source that fails
-// or has vanished costs the author nothing, and the tab still asks for it when entered again.
-void rebuild(HeaderDTC& dtc, FamilyControls& family, ChangedProperties& changed) {
-    const auto source = dtc.surroundings.dataSources.createDataSource();
-    const auto fields = fieldEntries(family.family, *source, providerOfFields(family.family, dtc));
-    const auto keyFields = keyFieldNames(family.family, *source, dtc.dataProvider);
-
-    noteDiscarded(family, changed);
-    family.DataProviderText.Text(dtc.dataProvider);
+void discard(FamilyControls& family, ChangedProperties& changed) {
+    noteFamilyTab(family, changed);
     family.I18NFieldnamesList.Clear();
     family.I18NFieldValuesList.Clear();
     family.FieldsList.Clear();
     family.SelectedFieldsList.Clear();
     family.CriteriaGrid.Clear();
     writeCriteriaHeaders(family.CriteriaGrid);
-    for (const std::string& field : fields)
-        family.FieldsList.AddItem(field);
+}
+
+void refill(HeaderDTC& dtc, FamilyControls& family, ChangedProperties& changed) {
+    const Family which = family.family;
+    const auto source = dtc.surroundings.dataSources.createDataSource();
+    for (const std::string& entry : fieldEntries(which, *source, providerOfFields(which, dtc))) {
+        family.FieldsList.AddItem(entry);
+        changed.add(familyName(which, "AvailableFields"));
+    }
+    const std::string keyFieldnames = familyName(which, "KeyFieldnames");
+    if (family.KeyFieldsCombo.ListCount() > 0) changed.add(keyFieldnames);
     family.KeyFieldsCombo.Clear();
     family.KeyFieldValueText.Text("");
-    for (const std::string& field : keyFields)
+    for (const std::string& field : keyFieldNames(which, *source, dtc.dataProvider)) {
         family.KeyFieldsCombo.AddItem(field);
+        changed.add(keyFieldnames);
+    }
 }
 
 }  // namespace
@@ -67,7 +54,13 @@ void FamilyTab::prepare(Family which) {
     FamilyControls& family = dtc_.family(which);
     const std::string name = "Prepare" + std::string(family.traits.prefix) + "Tab";
     runHandler(dtc_, name, [&](ChangedProperties& changed) {
-        if (family.DataProviderText.Text() != dtc_.dataProvider) rebuild(dtc_, family, changed);
+        if (family.DataProviderText.Text() != dtc_.dataProvider) {
+            // Taken over first: a data source that fails leaves the tab empty, and is not asked
+            // again until another provider is chosen.
+            family.DataProviderText.Text(dtc_.dataProvider);
+            discard(family, changed);
+            refill(dtc_, family, changed);
+        }
         refreshFieldButtons(family.FieldsList, family.SelectedFieldsList, family.AddField,
                             family.RemoveField);
     });

@@ -14,8 +14,8 @@ class FamilyTab {
     FamilyTab(const FamilyTab&) = delete;
     FamilyTab& operator=(const FamilyTab&) = delete;
 
-    // Reports as "PrepareZEKOTab" or "PrepareEAITab". A data source that fails leaves the tab as
-    // it is; the next entry tries again.
+    // Reports as "PrepareZEKOTab" or "PrepareEAITab". A data source that fails leaves the tab
+    // without the fields that it did not give.
     void prepare(Family family);
 
   private:

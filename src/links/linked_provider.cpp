@@ -67,25 +67,22 @@ void LinkedProvider::LinkedDataProvidersCombo_Click(FamilyControls& family,
     if (byAuthor) changed = std::move(found);
 }
 
-// Everything is asked of the data source before anything is changed, so that a source that fails
-// costs the author no fields.
+// What the lists showed is of the provider before, so it goes first: a source that fails leaves
+// them empty.
 void LinkedProvider::updateLinkTab(Family which, ChangedProperties& changed) {
     FamilyControls& family = dtc_.family(which);
     const std::string name = "Update" + std::string(family.traits.prefix) + "LinkTab";
     trapErrors(dtc_.surroundings.messages, name, [&] {
         const std::string& provider = dtc_.linkedDataProvider;
         if (provider.empty()) return;
-        const auto source = dtc_.surroundings.dataSources.createDataSource();
-        const auto fields = fieldEntries(which, *source, provider);
-        const auto keyFields = keyFieldNames(which, *source, provider);
-
         noteDiscardedFields(family, changed);
         family.LinkedFieldsList.Clear();
         family.SelectedLinkedFieldsList.Clear();
         family.ToLinkFieldsCombo.Clear();
-        for (const std::string& field : fields)
+        const auto source = dtc_.surroundings.dataSources.createDataSource();
+        for (const std::string& field : fieldEntries(which, *source, provider))
             family.LinkedFieldsList.AddItem(field);
-        for (const std::string& field : keyFields)
+        for (const std::string& field : keyFieldNames(which, *source, provider))
             family.ToLinkFieldsCombo.AddItem(field);
         refreshFieldButtons(family.LinkedFieldsList, family.SelectedLinkedFieldsList,
                             family.AddLinkedField, family.RemoveLinkedField);

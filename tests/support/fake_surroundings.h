@@ -101,7 +101,8 @@ class FakeDataSources : public DataSourceFactory {
     }
 
     std::vector<FakeProvider> providers;
-    bool missing = false;  // the component is not there: 429
+    bool missing = false;        // the component is not there: 429
+    std::string failingRequest;  // a request, as it stands in `requests`, that fails: 57
     int created = 0;
     // What was asked for, in order: the operation's name, " " and the provider.
     std::vector<std::string> requests;
@@ -112,7 +113,7 @@ class FakeDataSources : public DataSourceFactory {
         explicit Source(FakeDataSources& owner) : owner_(owner) {}
 
         std::vector<std::string> providerNames() override {
-            owner_.requests.emplace_back("providerNames");
+            note("providerNames");
             std::vector<std::string> names;
             for (const auto& provider : owner_.providers)
                 names.push_back(provider.name);
@@ -145,9 +146,13 @@ class FakeDataSources : public DataSourceFactory {
         }
 
       private:
+        void note(const std::string& request) {
+            owner_.requests.push_back(request);
+            if (request == owner_.failingRequest) throw RuntimeError(ErrorNumber::DeviceIoError);
+        }
         const FakeProvider& find(const std::string& request, const std::string& name) {
             static const FakeProvider unknown;
-            owner_.requests.push_back(request + " " + name);
+            note(request + " " + name);
             const auto found =
                 std::find_if(owner_.providers.begin(), owner_.providers.end(),
                              [&](const FakeProvider& provider) { return provider.name == name; });

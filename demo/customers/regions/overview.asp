@@ -15,7 +15,7 @@
 	<PARAM NAME="ZEKOReturnFields3" VALUE="  9 - REGION">
 	<PARAM NAME="ZEKOReturnFields4" VALUE=" 25 - CREDITLIMIT">
 	<PARAM NAME="ZEKOReturnFields5" VALUE=" 47 - TURNOVER">
-	<PARAM NAME="ZEKOReturnFields6" VALUE="108 - MARGIN12">
+	<PARAM NAME="ZEKOReturnFields6" VALUE=" 108 - MARGIN12">
 	<PARAM NAME="EAIReturnFields0" VALUE="CUSTOMER.CUSTNO">
 	<PARAM NAME="EAIReturnFields1" VALUE="CUSTOMER.NAME">
 	<PARAM NAME="EAIReturnFields2" VALUE="ADDRESS.CITY">
@@ -144,26 +144,26 @@
 	<PARAM NAME="ZEKOAvailableFields90" VALUE=" 97 - MARGIN01">
 	<PARAM NAME="ZEKOAvailableFields91" VALUE=" 98 - MARGIN02">
 	<PARAM NAME="ZEKOAvailableFields92" VALUE=" 99 - MARGIN03">
-	<PARAM NAME="ZEKOAvailableFields93" VALUE="100 - MARGIN04">
-	<PARAM NAME="ZEKOAvailableFields94" VALUE="101 - MARGIN05">
-	<PARAM NAME="ZEKOAvailableFields95" VALUE="102 - MARGIN06">
-	<PARAM NAME="ZEKOAvailableFields96" VALUE="103 - MARGIN07">
-	<PARAM NAME="ZEKOAvailableFields97" VALUE="104 - MARGIN08">
-	<PARAM NAME="ZEKOAvailableFields98" VALUE="105 - MARGIN09">
-	<PARAM NAME="ZEKOAvailableFields99" VALUE="106 - MARGIN10">
-	<PARAM NAME="ZEKOAvailableFields100" VALUE="107 - MARGIN11">
-	<PARAM NAME="ZEKOAvailableFields101" VALUE="109 - REMARK1">
-	<PARAM NAME="ZEKOAvailableFields102" VALUE="110 - REMARK2">
-	<PARAM NAME="ZEKOAvailableFields103" VALUE="111 - REMARK3">
-	<PARAM NAME="ZEKOAvailableFields104" VALUE="112 - REMARK4">
-	<PARAM NAME="ZEKOAvailableFields105" VALUE="113 - REMARK5">
-	<PARAM NAME="ZEKOAvailableFields106" VALUE="114 - REMARK6">
-	<PARAM NAME="ZEKOAvailableFields107" VALUE="115 - ATTRIBUTE1">
-	<PARAM NAME="ZEKOAvailableFields108" VALUE="116 - ATTRIBUTE2">
-	<PARAM NAME="ZEKOAvailableFields109" VALUE="117 - ATTRIBUTE3">
-	<PARAM NAME="ZEKOAvailableFields110" VALUE="118 - ATTRIBUTE4">
-	<PARAM NAME="ZEKOAvailableFields111" VALUE="119 - ATTRIBUTE5">
-	<PARAM NAME="ZEKOAvailableFields112" VALUE="120 - ATTRIBUTE6">
+	<PARAM NAME="ZEKOAvailableFields93" VALUE=" 100 - MARGIN04">
+	<PARAM NAME="ZEKOAvailableFields94" VALUE=" 101 - MARGIN05">
+	<PARAM NAME="ZEKOAvailableFields95" VALUE=" 102 - MARGIN06">
+	<PARAM NAME="ZEKOAvailableFields96" VALUE=" 103 - MARGIN07">
+	<PARAM NAME="ZEKOAvailableFields97" VALUE=" 104 - MARGIN08">
+	<PARAM NAME="ZEKOAvailableFields98" VALUE=" 105 - MARGIN09">
+	<PARAM NAME="ZEKOAvailableFields99" VALUE=" 106 - MARGIN10">
+	<PARAM NAME="ZEKOAvailableFields100" VALUE=" 107 - MARGIN11">
+	<PARAM NAME="ZEKOAvailableFields101" VALUE=" 109 - REMARK1">
+	<PARAM NAME="ZEKOAvailableFields102" VALUE=" 110 - REMARK2">
+	<PARAM NAME="ZEKOAvailableFields103" VALUE=" 111 - REMARK3">
+	<PARAM NAME="ZEKOAvailableFields104" VALUE=" 112 - REMARK4">
+	<PARAM NAME="ZEKOAvailableFields105" VALUE=" 113 - REMARK5">
+	<PARAM NAME="ZEKOAvailableFields106" VALUE=" 114 - REMARK6">
+	<PARAM NAME="ZEKOAvailableFields107" VALUE=" 115 - ATTRIBUTE1">
+	<PARAM NAME="ZEKOAvailableFields108" VALUE=" 116 - ATTRIBUTE2">
+	<PARAM NAME="ZEKOAvailableFields109" VALUE=" 117 - ATTRIBUTE3">
+	<PARAM NAME="ZEKOAvailableFields110" VALUE=" 118 - ATTRIBUTE4">
+	<PARAM NAME="ZEKOAvailableFields111" VALUE=" 119 - ATTRIBUTE5">
+	<PARAM NAME="ZEKOAvailableFields112" VALUE=" 120 - ATTRIBUTE6">
 	<PARAM NAME="EAIAvailableFields0" VALUE="CUSTOMER.SEARCHKEY">
 	<PARAM NAME="EAIAvailableFields1" VALUE="CUSTOMER.SALESREP">
 	<PARAM NAME="EAIAvailableFields2" VALUE="ADDRESS.STREET">
@@ -220,11 +220,11 @@
 	<PARAM NAME="ZEKOAvailableFieldsLinked3" VALUE=" 7 - DELDATE">
 	<PARAM NAME="ZEKOAvailableFieldsLinked4" VALUE=" 8 - DELNAME">
 	<PARAM NAME="ZEKOAvailableFieldsLinked5" VALUE=" 9 - DELCITY">
-	<PARAM NAME="ZEKOAvailableFieldsLinked6" VALUE="10 - DELCOUNTRY">
-	<PARAM NAME="ZEKOAvailableFieldsLinked7" VALUE="11 - CARRIER">
-	<PARAM NAME="ZEKOAvailableFieldsLinked8" VALUE="12 - SALESREP">
-	<PARAM NAME="ZEKOAvailableFieldsLinked9" VALUE="13 - REFERENCE">
-	<PARAM NAME="ZEKOAvailableFieldsLinked10" VALUE="14 - CHANGEDON">
+	<PARAM NAME="ZEKOAvailableFieldsLinked6" VALUE=" 10 - DELCOUNTRY">
+	<PARAM NAME="ZEKOAvailableFieldsLinked7" VALUE=" 11 - CARRIER">
+	<PARAM NAME="ZEKOAvailableFieldsLinked8" VALUE=" 12 - SALESREP">
+	<PARAM NAME="ZEKOAvailableFieldsLinked9" VALUE=" 13 - REFERENCE">
+	<PARAM NAME="ZEKOAvailableFieldsLinked10" VALUE=" 14 - CHANGEDON">
 	<PARAM NAME="EAIAvailableFieldsLinked0" VALUE="ORDERS.CUSTNO">
 	<PARAM NAME="EAIAvailableFieldsLinked1" VALUE="ORDERS.ORDDATE">
 	<PARAM NAME="EAIAvailableFieldsLinked2" VALUE="ORDERS.AMOUNT">
@@ -255,6 +255,106 @@
 	<PARAM NAME="EAILinkToFields1" VALUE="CUSTNO">
 </OBJECT>
 -->
+<!--#INCLUDE file ="../../Include/Regions.asp" -->
+<!--#INCLUDE file ="../../Include/Dates.asp" -->
+<%
+	' Data header of this page, written by its design-time control from the settings kept above.
+	' What is changed here by hand is lost when the page is saved: change the settings instead.
+
+Function FirstCustomer()
+
+	' Numbers below 100000 -- the old range -- are dealers & branches.
+	Dim id
+	id = Session("FirstCustomer")
+	If Len(id) < 6 Then id = Right("000000" & id, 6)
+	FirstCustomer = id
+
+End Function 'FirstCustomer()
+
+Function LastCustomer()
+
+	LastCustomer = "199999"
+
+End Function 'LastCustomer()
+
+	Set mReturnFields = Server.CreateObject("Scripting.Dictionary")
+	Set mReturnLinkedFields = Server.CreateObject("Scripting.Dictionary")
+	Set mLinkedFields = Server.CreateObject("Scripting.Dictionary")
+
+	Set mDataProvider = Server.CreateObject("Velmora.DataProvider")
+	mDataProvider.Open "Customers"
+	mDataProvider.PageSize = 10
+	mDataProvider.ExtraFilters = true
+
+	' The provider knows in which of the two ways this installation reaches its data.
+	Select Case mDataProvider.BISType
+		Case "eai"
+			mDataProvider.KeyFields = Array("CUSTNO", "COUNTRY")
+			mDataProvider.SortField = "CUSTNO"
+			mReturnFields.Add "CUSTOMER.CUSTNO", "CUSTOMER.CUSTNO"
+			mReturnFields.Add "CUSTOMER.NAME", "CUSTOMER.NAME"
+			mReturnFields.Add "ADDRESS.CITY", "ADDRESS.CITY"
+			mReturnFields.Add "ADDRESS.REGION", "ADDRESS.REGION"
+			
+			mDataProvider.SetKeyValue "COUNTRY", 0, "NL"
+			mDataProvider.SetKeyValue "CUSTNO", 2, FirstCustomer()
+			mDataProvider.SetKeyValue "CUSTNO", 1, LastCustomer()
+			
+			mDataProvider.setTranslatedFieldNames( Array( _
+				"CUSTNO",  _
+				"NAME",  _
+				"CITY" _
+			))
+			mDataProvider.setTranslatedFieldValues( Array( _
+				"REGION" _
+			))
+			mReturnLinkedFields.Add "ORDERS.ORDNO", "ORDERS.ORDNO"
+			mReturnLinkedFields.Add "ORDERS.STATUS", "ORDERS.STATUS"
+			
+			mLinkedFields.Add "CUSTNO", "CUSTNO"
+
+		Case "zeko"
+			mDataProvider.KeyFields = Array("CUSTNO", "COUNTRY", "REGION")
+			mDataProvider.SortField = "CUSTNO"
+			mReturnFields.Add   1, "CUSTNO"
+			mReturnFields.Add   2, "NAME"
+			mReturnFields.Add   8, "COUNTRY"
+			mReturnFields.Add   9, "REGION"
+			mReturnFields.Add  25, "CREDITLIMIT"
+			mReturnFields.Add  47, "TURNOVER"
+			mReturnFields.Add  108, "MARGIN12"
+			
+			mDataProvider.SetKeyValue "COUNTRY", 0, "NL"
+			mDataProvider.SetKeyValue "REGION", 0, CurrentRegion()
+			mDataProvider.SetKeyValue "CUSTNO", 2, FirstCustomer()
+			
+			mDataProvider.setTranslatedFieldNames( Array( _
+				"CUSTNO",  _
+				"NAME",  _
+				"COUNTRY",  _
+				"REGION" _
+			))
+			mDataProvider.setTranslatedFieldValues( Array( _
+				"REGION" _
+			))
+			mReturnLinkedFields.Add  1, "ORDNO"
+			mReturnLinkedFields.Add  4, "STATUS"
+			mReturnLinkedFields.Add  6, "AMOUNT"
+			
+			mLinkedFields.Add "CUSTNO", "CUSTNO"
+mLinkedFields.Add "COUNTRY", "DELCOUNTRY"
+			
+	End Select
+
+	' A second provider is opened only where fields of the first lead to it.
+	If mLinkedFields.Count > 0 Then
+		Set lLinkedDataProvider = Server.CreateObject("Velmora.DataProvider")
+		lLinkedDataProvider.Open "Orders"
+		mDataProvider.Link lLinkedDataProvider, mLinkedFields
+	End If
+
+	mXSLFilename = Server.MapPath("../../xsl/Wide.xsl")
+%>
 <!--METADATA TYPE="DesignerControl" endspan-->
 <h1>Customers of my region</h1>
 <p>Turnover in €; customers without orders this year are grey.</p>

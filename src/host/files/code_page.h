@@ -35,6 +35,8 @@ class CodePage {
   private:
     struct Table;
     CodePage() = default;
+    template <class Lacking>
+    std::string encodeByTable(std::string_view text, Lacking lacking) const;
 
     std::string name_ = "utf-8";
     std::shared_ptr<const Table> table_;  // empty: UTF-8

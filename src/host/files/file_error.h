@@ -25,6 +25,18 @@ class FileError : public std::runtime_error {
     int column_ = 0;
 };
 
+// A FileError for which the system gave the reason.
+class SystemFileError : public FileError {
+  public:
+    // `failure` says what could not be done ("cannot be read"); the reason is put behind it.
+    SystemFileError(std::string file, const std::string& failure, int error);
+
+    int error() const { return error_; }  // errno
+
+  private:
+    int error_;
+};
+
 // The site's configuration is wrong or missing a piece; ends a command with its own exit status.
 class ConfigurationError : public FileError {
   public:

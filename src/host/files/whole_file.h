@@ -18,16 +18,22 @@ struct FileStamp {
 
     static FileStamp of(const struct stat& status);
     static FileStamp of(const std::filesystem::path& path);
+    // Whether the stamp is older than the steps in which file systems count time, so that the next
+    // change is sure to give the file another one.
+    bool isSettled() const;
     bool operator==(const FileStamp&) const = default;
 };
 
 struct WholeFile {
     std::string bytes;
     FileStamp stamp;  // of the file as it was read
+    // Whether that stamp was settled before the first byte was read: only then does an equal stamp,
+    // later, stand for equal bytes.
+    bool settled = false;
 };
 
-// Reads a file whole. Throws FileError with the system's reason; a folder, a device and a pipe are
-// refused.
+// Reads a file whole. Throws SystemFileError with the system's reason, and FileError for a device,
+// a pipe, and a file that keeps changing meanwhile.
 WholeFile readWholeFile(const std::filesystem::path& path);
 
 // Replaces files whole. The bytes go into a new file beside the old one, which is flushed and then
@@ -63,7 +69,11 @@ class FileReplacer {
 
   private:
     struct Waiting;
+    void wait(Waiting file);
+    void flush();
+
     std::vector<Waiting> waiting_;
+    std::size_t flushed_ = 0;  // of these, from the first on
 };
 
 // One file at once: replace() and commit(). Throws FileError.

@@ -2,13 +2,14 @@
 
 #include "platform/database.h"
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 
 namespace headerdtc {
 
 // Databases through ODBC, for one site: its two connect strings, and the file in which its data
-// sources are looked up.
+// sources are looked up. See odbc_data_source.h for what becomes of a connect string.
 class OdbcDatabase : public Database {
   public:
     struct Settings {
@@ -16,6 +17,9 @@ class OdbcDatabase : public Database {
         std::string labelConnectString;
         std::filesystem::path odbcIni;     // empty: whatever ODBC finds by itself
         std::filesystem::path siteFolder;  // where a relative Database of odbcIni is taken from
+        // How long a log-on and a statement may take, as far as the driver can bound them.
+        std::chrono::seconds connectTimeout{10};
+        std::chrono::seconds statementTimeout{30};
     };
     explicit OdbcDatabase(Settings settings);
 

@@ -59,7 +59,7 @@ class PageMarkup {
     // The page's bytes with the controls' contents put in, one for each control in their order.
     // The markup is kept byte for byte where no property is another (same names in the same order
     // with the same values), the runtime text where it is the same. Throws FileError when a text
-    // holds an end marker.
+    // holds what would end its span, or start another.
     std::string with(const std::vector<ControlContent>& contents) const;
     // The page's bytes with one more control, before a line (from 1; one behind the last line is
     // the end). Throws FileError for a line that is not there or lies inside a control's span of
@@ -69,11 +69,14 @@ class PageMarkup {
     std::string freeId() const;
 
   private:
+    std::size_t placeOfLine(int line) const;
+
     std::string file_;
     std::string bytes_;
     CodePage codePage_;
     std::vector<ControlSpan> controls_;
     std::vector<ByteRange> foreignSpans_;  // of other controls
+    std::vector<std::string> foreignIds_;
 };
 
 // A whole span as it is written: start comment, runtime text, end comment, with no line end after

@@ -54,6 +54,7 @@ class CatalogueDataSources : public DataSourceFactory {
 
   private:
     struct Cache;
+    class Source;
     std::shared_ptr<Cache> cache_;
 };
 

@@ -2,10 +2,13 @@
 
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace headerdtc {
+
+class FolderListings;
 
 // The suite's Windows paths and this machine's, by a table of drives.
 class WindowsPaths {
@@ -22,11 +25,13 @@ class WindowsPaths {
     // drive that the table lacks and 75 for a path that no file can have.
     std::filesystem::path toLocal(std::string_view windowsPath) const;
 
-    // The Windows path of a file: the longest drive folder that contains it gives the letter.
+    // The Windows path of a file: the longest drive folder that contains it, by its name or behind
+    // symbolic links, gives the letter. Raises 76 when none does.
     std::string toWindows(const std::filesystem::path& file) const;
 
   private:
     std::map<char, std::filesystem::path> drives_;
+    std::shared_ptr<FolderListings> listings_;  // shared by copies
 };
 
 }  // namespace headerdtc

@@ -9,6 +9,7 @@
 namespace headerdtc {
 namespace {
 
+using headerdtc::testing::FakeRows;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -80,7 +81,6 @@ class TranslationDialogs : public ::testing::Test {
     std::map<std::string, std::string> texts = {{"SLBDA1", "One"}, {"SLBDA2", "Two"}};
     std::map<std::string, RuntimeError> failing;
     std::int32_t affected = 1;
-    using FakeRows = testing::FakeRows;
 };
 
 TEST_F(TranslationDialogs, AClickAsksOnlyWhenTheFieldNameHasNoTranslation) {

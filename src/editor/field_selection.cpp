@@ -1,0 +1,122 @@
+#include "editor/field_selection.h"
+
+#include "core/handler_tools.h"
+#include "editor/translation_removal.h"
+
+namespace headerdtc {
+namespace {
+
+// Where the twins differ.
+struct MoveTraits {
+    Family family;
+    // The moved field is marked as selected and its list gets the focus.
+    bool marksMovedField;
+};
+
+constexpr MoveTraits MoveTraitsTable[] = {
+    {Family::EAI, true},
+    {Family::ZEKO, false},
+};
+
+const MoveTraits& moveTraitsOf(Family family) {
+    return MoveTraitsTable[family == Family::EAI ? 0 : 1];
+}
+
+void noteReturnFields(const FamilyControls& family, ChangedProperties& changed) {
+    changed.add(familyName(family.family, "ReturnFields"));
+}
+
+void addReturnField(FamilyControls& family, const std::string& field, ChangedProperties& changed) {
+    family.I18NFieldnamesList.AddItem(field);
+    family.I18NFieldValuesList.AddItem(field);
+    family.FromLinkFieldsCombo.AddItem(field);
+    family.SelectedFieldsList.AddItem(field);
+    noteReturnFields(family, changed);
+}
+
+void refreshButtons(FamilyControls& family) {
+    refreshFieldButtons(family.FieldsList, family.SelectedFieldsList, family.AddField,
+                        family.RemoveField);
+}
+
+void finishMove(FamilyControls& family, ChangedProperties& changed) {
+    noteReturnFields(family, changed);
+    if (!moveTraitsOf(family.family).marksMovedField) return;
+    ListBox& fields = family.SelectedFieldsList;
+    fields.Selected(fields.ListIndex(), true);
+    fields.SetFocus();
+}
+
+}  // namespace
+
+FieldSelection::FieldSelection(HeaderDTC& dtc) {
+    for (const Family which : BothFamilies) {
+        FamilyControls& family = dtc.family(which);
+        const auto add = [&](auto& event, std::string_view role, auto body) {
+            subscriptions_ += handle(event, dtc, family, role, this, body);
+        };
+        add(family.AddField.Click, "AddField_Click", &FieldSelection::AddField_Click);
+        add(family.FieldsList.DblClick, "FieldsList_DblClick",
+            &FieldSelection::FieldsList_DblClick);
+        add(family.RemoveField.Click, "RemoveField_Click", &FieldSelection::RemoveField_Click);
+        add(family.MoveUpCommand.Click, "MoveUpCommand_Click",
+            &FieldSelection::MoveUpCommand_Click);
+        add(family.MoveDownCommand.Click, "MoveDownCommand_Click",
+            &FieldSelection::MoveDownCommand_Click);
+    }
+}
+
+// Without a selected field the focus still moves on, and without a focus either this fails.
+void FieldSelection::AddField_Click(FamilyControls& family, ChangedProperties& changed) {
+    ListBox& available = family.FieldsList;
+    const int focus = available.ListIndex();
+    for (int i = 0; i < available.ListCount(); ++i) {
+        if (available.Selected(i)) addReturnField(family, available.List(i), changed);
+    }
+    for (int i = available.ListCount() - 1; i >= 0; --i) {
+        if (available.Selected(i)) available.RemoveItem(i);
+    }
+    selectAfterRemoval(available, focus);
+    refreshButtons(family);
+}
+
+void FieldSelection::FieldsList_DblClick(FamilyControls& family, ChangedProperties& changed) {
+    ListBox& available = family.FieldsList;
+    const int focus = available.ListIndex();
+    if (focus >= 0) {
+        addReturnField(family, available.Text(), changed);
+        available.RemoveItem(focus);
+        selectAfterRemoval(available, focus);
+    }
+    refreshButtons(family);
+}
+
+void FieldSelection::RemoveField_Click(FamilyControls& family, ChangedProperties& changed) {
+    ListBox& selected = family.SelectedFieldsList;
+    if (selected.SelCount() > 0) {
+        TranslationRemoval translations(family);
+        int lowest = 0;
+        for (int i = selected.ListCount() - 1; i >= 0; --i) {
+            if (!selected.Selected(i)) continue;
+            const std::string field = selected.List(i);
+            // Noted first: a removal that fails half way may have taken a translation with it.
+            noteReturnFields(family, changed);
+            translations.remove(field);
+            family.FieldsList.AddItem(field);
+            selected.RemoveItem(i);
+            lowest = i;
+        }
+        selectAfterRemoval(selected, lowest);
+    }
+    refreshButtons(family);
+}
+
+void FieldSelection::MoveUpCommand_Click(FamilyControls& family, ChangedProperties& changed) {
+    if (moveItemUp(family.SelectedFieldsList)) finishMove(family, changed);
+}
+
+void FieldSelection::MoveDownCommand_Click(FamilyControls& family, ChangedProperties& changed) {
+    if (moveItemDown(family.SelectedFieldsList)) finishMove(family, changed);
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,31 @@
+#include "editor/translation_removal.h"
+
+#include <algorithm>
+
+namespace headerdtc {
+
+TranslationRemoval::TranslationRemoval(FamilyControls& family)
+    : names_(family.I18NFieldnamesList),
+      linked_(family.LinkedFieldsList),
+      values_(family.I18NFieldValuesList) {}
+
+void TranslationRemoval::remove(const std::string& field) {
+    const int nameCount = names_.count();
+    names_.seek(field);
+    linked_.seek(field);
+    for (int from = 0;;) {
+        const int inNames = names_.next(from);
+        const int inLinked = linked_.next(from);
+        const int j = std::min(inNames, inLinked);
+        if (j >= nameCount) break;
+        if (inNames == j) names_.remove();
+        if (inLinked == j) linked_.remove();
+        from = j + 1;
+    }
+    const int valueCount = values_.count();
+    values_.seek(field);
+    for (int j = values_.next(0); j < valueCount; j = values_.next(j + 1))
+        values_.remove();
+}
+
+}  // namespace headerdtc

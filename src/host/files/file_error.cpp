@@ -1,0 +1,27 @@
+#include "host/files/file_error.h"
+
+#include <system_error>
+
+namespace headerdtc {
+namespace {
+
+std::string placed(const std::string& file, int line, int column, const std::string& problem) {
+    std::string text = file + ':' + std::to_string(line);
+    if (column > 0) text += ':' + std::to_string(column);
+    return text + ": " + problem;
+}
+
+}  // namespace
+
+FileError::FileError(std::string file, int line, int column, const std::string& problem)
+    : std::runtime_error(placed(file, line, column, problem)),
+      file_(std::move(file)),
+      problem_(problem),
+      line_(line),
+      column_(column) {}
+
+SystemFileError::SystemFileError(std::string file, const std::string& failure, int error)
+    : FileError(std::move(file), failure + ": " + std::generic_category().message(error)),
+      error_(error) {}
+
+}  // namespace headerdtc

@@ -1,0 +1,43 @@
+#include "host/files/fold_case.h"
+
+#include "controls/utf8.h"
+#include "host/files/utf8_scan.h"
+
+#include <algorithm>
+#include <clocale>
+#include <cwctype>
+
+namespace headerdtc {
+namespace {
+
+// Upper case by the C library's own table of Unicode, which is the same in every installation.
+char32_t upperCaseOf(char32_t character) {
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (!unicode) return character;
+    return static_cast<char32_t>(towupper_l(static_cast<std::wint_t>(character), unicode));
+}
+
+}  // namespace
+
+std::string foldCase(std::string_view text) {
+    std::string folded;
+    folded.reserve(text.size());
+    while (!text.empty()) {
+        const auto ascii = text.substr(0, asciiLength(text));
+        std::transform(ascii.begin(), ascii.end(), std::back_inserter(folded), [](char c) {
+            return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+        });
+        text.remove_prefix(ascii.size());
+        if (text.empty()) break;
+        if (const auto length = characterLength(text); length > 0) {
+            folded += utf8::encode(upperCaseOf(utf8::first(text)));
+            text.remove_prefix(length);
+        } else {
+            folded += text.front();
+            text.remove_prefix(1);
+        }
+    }
+    return folded;
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "host/odbc/odbc_database.h"
+#include "host/odbc/odbc_handles.h"
+
+#include <list>
+#include <string>
+#include <vector>
+
+namespace headerdtc {
+
+// A column of a statement's rows, and the type in which it is to be fetched.
+struct OdbcColumn {
+    std::string name;
+    SQLSMALLINT fetchAs;
+};
+
+// One log-on to a database, with the statements that still have rows to give. Whatever fails
+// raises RuntimeError with the driver's text and native number.
+class OdbcSession {
+  public:
+    using Statement = std::list<OdbcStatement>::iterator;
+
+    OdbcSession(const std::string& connectString, const OdbcDatabase::Settings& settings);
+    OdbcSession(const OdbcSession&) = delete;
+    OdbcSession& operator=(const OdbcSession&) = delete;
+    ~OdbcSession() { close(); }
+
+    // False once it was closed; only then may it not be used any more.
+    bool isOpen() const { return open_; }
+    // Frees all statements, undoes an open transaction and logs off.
+    void close();
+
+    void beginTransaction();
+    void commitTransaction();
+
+    Statement execute(const std::string& text);
+    SQLLEN rowCount(Statement statement) const;
+    std::vector<OdbcColumn> columns(Statement statement) const;
+    // Goes to the next row; tells whether there is one.
+    bool fetch(Statement statement);
+    // A value of the current row as UTF-8, NULL as the empty text. Columns count from 0 and have
+    // to be read in ascending order, each once.
+    std::string value(Statement statement, int column, SQLSMALLINT fetchAs) const;
+    void free(Statement statement) { statements_.erase(statement); }
+
+  private:
+    void logOn(const std::string& connectString);
+    OdbcText driversForm() const;
+    OdbcColumn column(Statement statement, SQLUSMALLINT number) const;
+    template <class Char>
+    std::basic_string<Char> read(Statement statement, int column, SQLSMALLINT type) const;
+    void setAutoCommit(bool on);
+
+    OdbcEnvironment environment_;
+    OdbcLogOn logOn_;
+    std::list<OdbcStatement> statements_;
+    // What the driver takes; before the log-on, what it is thought to take.
+    OdbcText form_ = OdbcText::Utf16;
+    bool open_ = false;
+    bool inTransaction_ = false;
+    // Seconds that a statement may take; 0 where the connect string says it to the driver.
+    long statementSeconds_ = 0;
+};
+
+}  // namespace headerdtc

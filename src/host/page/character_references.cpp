@@ -1,0 +1,100 @@
+#include "host/page/character_references.h"
+
+#include "controls/utf8.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+
+namespace headerdtc {
+namespace {
+
+struct NamedCharacter {
+    std::string_view name;
+    char character;
+};
+
+constexpr NamedCharacter NamedCharacters[] = {
+    {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+
+struct EscapedCharacter {
+    char character;
+    std::string_view reference;
+};
+
+constexpr EscapedCharacter EscapedCharacters[] = {{'&', "&amp;"},  {'<', "&lt;"},   {'>', "&gt;"},
+                                                  {'"', "&quot;"}, {'\r', "&#13;"}, {'\n', "&#10;"},
+                                                  {'\t', "&#9;"}};
+
+std::optional<unsigned> digitOf(char c, unsigned base) {
+    unsigned digit = base;
+    if (c >= '0' && c <= '9') digit = static_cast<unsigned>(c - '0');
+    if (c >= 'a' && c <= 'f') digit = static_cast<unsigned>(c - 'a') + 10;
+    if (c >= 'A' && c <= 'F') digit = static_cast<unsigned>(c - 'A') + 10;
+    return digit < base ? std::optional(digit) : std::nullopt;
+}
+
+// "#8364" or "#x20AC".
+std::optional<std::string> numbered(std::string_view body) {
+    body.remove_prefix(1);
+    const bool hexadecimal = body.starts_with('x') || body.starts_with('X');
+    if (hexadecimal) body.remove_prefix(1);
+    if (body.empty()) return std::nullopt;
+    constexpr char32_t Last = 0x10FFFF;
+    char32_t number = 0;
+    for (const char c : body) {
+        const auto digit = digitOf(c, hexadecimal ? 16 : 10);
+        if (!digit) return std::nullopt;
+        number = std::min<char32_t>(number * (hexadecimal ? 16 : 10) + *digit, Last + 1);
+    }
+    if (number > Last || (number >= 0xD800 && number <= 0xDFFF)) return std::nullopt;
+    return utf8::encode(number);
+}
+
+// What stands for the text between '&' and ';'.
+std::optional<std::string> resolved(std::string_view body) {
+    if (body.starts_with('#')) return numbered(body);
+    for (const auto& [name, character] : NamedCharacters) {
+        if (body == name) return std::string(1, character);
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::string escapeReferences(std::string_view text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char c : text) {
+        const auto* found =
+            std::find_if(std::begin(EscapedCharacters), std::end(EscapedCharacters),
+                         [c](const EscapedCharacter& entry) { return entry.character == c; });
+        if (found != std::end(EscapedCharacters)) {
+            escaped += found->reference;
+        } else if (c == '-' && escaped.ends_with('-')) {
+            escaped += "&#45;";
+        } else {
+            escaped += c;
+        }
+    }
+    return escaped;
+}
+
+std::string resolveReferences(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const auto upTo = std::min(text.find('&'), text.size());
+        result.append(text.substr(0, upTo));
+        text.remove_prefix(upTo);
+        if (text.empty()) break;
+        const auto length = std::min(text.find_first_of("&;", 1), text.size());
+        const bool closed = length < text.size() && text[length] == ';';
+        const auto character = closed ? resolved(text.substr(1, length - 1)) : std::nullopt;
+        result.append(character ? *character : std::string(text.substr(0, length)));
+        text.remove_prefix(character ? length + 1 : length);
+    }
+    return result;
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,276 @@
+#include "host/page/markup_reader.h"
+
+#include "host/page/character_references.h"
+#include "host/page/tag_reader.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <unordered_map>
+
+namespace headerdtc {
+namespace {
+
+constexpr std::string_view CommentStart = "<!--";
+constexpr std::string_view CommentEnd = "-->";
+
+std::optional<SpanMarker> markerAt(std::string_view page, std::size_t begin) {
+    TagReader reader(page, begin + CommentStart.size());
+    reader.skipSpace();
+    if (!reader.takeTag("METADATA")) return std::nullopt;
+    std::optional<std::string_view> type;
+    std::optional<SpanMarker::Kind> kind;
+    while (const auto attribute = reader.next()) {
+        if (!type && equalIgnoringCase(attribute->name, "TYPE")) {
+            type = attribute->value;
+        } else if (!kind && equalIgnoringCase(attribute->name, "startspan")) {
+            kind = SpanMarker::Kind::Start;
+        } else if (!kind && equalIgnoringCase(attribute->name, "endspan")) {
+            kind = SpanMarker::Kind::End;
+        }
+    }
+    if (!kind || !type || !equalIgnoringCase(*type, "DesignerControl")) return std::nullopt;
+    // A comment ends at the first "-->", quotes or not: what passed over one is none.
+    const auto header = page.substr(begin, reader.at() - begin);
+    if (header.find(CommentEnd) != std::string_view::npos) return std::nullopt;
+    if (*kind == SpanMarker::Kind::End) {
+        if (!reader.take(CommentEnd)) return std::nullopt;
+    } else if (!reader.atEnd() && !reader.sees("<") && !reader.sees(CommentEnd)) {
+        return std::nullopt;
+    }
+    return SpanMarker{*kind, begin, reader.at()};
+}
+
+enum class Owner { Ours, Another, Nobody };
+
+// What follows a start marker: the tag of an OBJECT.
+struct ObjectTag {
+    Owner owner = Owner::Nobody;
+    std::string_view id;
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    bool closed = false;
+};
+
+bool isOurClass(std::string_view classId) {
+    TagReader reader(classId, 0);
+    reader.skipSpace();
+    reader.take("clsid:");
+    reader.skipSpace();
+    reader.take("{");
+    if (!reader.take(HeaderDtcClassId)) return false;
+    reader.take("}");
+    reader.skipSpace();
+    return reader.atEnd();
+}
+
+// In a tag that is broken, perhaps within the CLASSID itself.
+bool namesOurClass(std::string_view tag) {
+    tag = tag.substr(0, tag.find(CommentStart));
+    tag = tag.substr(0, tag.find(CommentEnd));
+    for (std::size_t at = 0; at + HeaderDtcClassId.size() <= tag.size(); ++at) {
+        if (tag[at] == HeaderDtcClassId.front() && TagReader(tag, at).sees(HeaderDtcClassId))
+            return true;
+    }
+    return false;
+}
+
+ObjectTag readObjectTag(std::string_view page, const SpanMarker& start) {
+    TagReader reader(page, start.end);
+    ObjectTag tag;
+    tag.begin = start.end;
+    tag.end = start.end;
+    if (!reader.takeTag("<OBJECT")) return tag;
+    std::string_view classId;
+    while (const auto attribute = reader.next()) {
+        if (tag.id.empty() && equalIgnoringCase(attribute->name, "ID")) tag.id = attribute->value;
+        if (classId.empty() && equalIgnoringCase(attribute->name, "CLASSID"))
+            classId = attribute->value;
+    }
+    tag.closed = reader.take(">");
+    tag.end = reader.at();
+    if (isOurClass(classId) || (!tag.closed && namesOurClass(page.substr(start.end)))) {
+        tag.owner = Owner::Ours;
+    } else if (tag.closed) {
+        tag.owner = Owner::Another;
+    }
+    return tag;
+}
+
+class PageReader {
+  public:
+    PageReader(const std::string& file, std::string_view page, const CodePage& codePage)
+        : file_(file), page_(page), codePage_(codePage) {}
+
+    ControlsOfPage read() {
+        std::size_t at = 0;
+        while (const auto marker = findSpanMarker(page_, at)) {
+            at = marker->kind == SpanMarker::Kind::Start ? readSpan(*marker) : marker->end;
+        }
+        return std::move(controls_);
+    }
+
+  private:
+    // Gives the span's end.
+    std::size_t readSpan(const SpanMarker& start) {
+        const auto tag = readObjectTag(page_, start);
+        if (tag.owner != Owner::Ours) {
+            const auto end = findEnd(start, tag.end, tag.owner);
+            controls_.others.push_back({start.begin, end.end});
+            controls_.otherIds.push_back(textOf(tag.id));
+            return end.end;
+        }
+        ControlSpan control;
+        control.id = textOf(tag.id);
+        control.line = lineOf(start.begin);
+        control.markup = {start.begin, readProperties(tag, control.properties)};
+        const auto end = findEnd(start, control.markup.end, tag.owner);
+        control.runtimeText = {control.markup.end, end.begin};
+        control.whole = {start.begin, end.end};
+        controls_.ours.push_back(std::move(control));
+        return end.end;
+    }
+
+    // The first end marker closes a span. A control that starts before it means that the span has
+    // lost its own end. Inside another's span only one of ours counts: the rest is its own affair.
+    SpanMarker findEnd(const SpanMarker& start, std::size_t from, Owner owner) {
+        std::vector<SpanMarker> inside;
+        auto marker = findSpanMarker(page_, from);
+        for (; marker && marker->kind == SpanMarker::Kind::Start;
+             marker = findSpanMarker(page_, marker->end))
+            inside.push_back(*marker);
+        if (!marker) {
+            fail(start.begin,
+                 "the designer control that starts here has no end; put <!--METADATA "
+                 "TYPE=\"DesignerControl\" endspan--> behind its text");
+        }
+        const auto text = page_.substr(0, marker->begin);
+        for (const auto& other : inside) {
+            const auto ownerInside = readObjectTag(text, other).owner;
+            if (ownerInside == Owner::Ours ||
+                (ownerInside == Owner::Another && owner == Owner::Ours)) {
+                fail(start.begin,
+                     "the designer control that starts here has no end before the next one, which "
+                     "starts on line " +
+                         std::to_string(lineOf(other.begin)) +
+                         "; put <!--METADATA TYPE=\"DesignerControl\" endspan--> between them");
+            }
+        }
+        return *marker;
+    }
+
+    // Gives the markup's end: behind the comment and the line end that follows.
+    std::size_t readProperties(const ObjectTag& tag, StoredProperties& properties) {
+        if (!tag.closed) fail(tag.begin, "the OBJECT tag is not closed; it has to end in \">\"");
+        TagReader reader(page_, tag.end);
+        std::unordered_map<std::string, std::size_t> places;
+        for (reader.skipSpace(); !takeClosingTag(reader, "</OBJECT"); reader.skipSpace()) {
+            const auto place = reader.at();
+            if (takeClosingTag(reader, "</PARAM")) continue;
+            if (!reader.takeTag("<PARAM")) failInObject(tag, reader);
+            auto property = readParam(reader, place);
+            const auto [first, isNew] = places.emplace(property.first, place);
+            if (!isNew) {
+                fail(place, "the property \"" + property.first +
+                                "\" is there twice, here and on line " +
+                                std::to_string(lineOf(first->second)) + "; remove one of them");
+            }
+            properties.push_back(std::move(property));
+        }
+        reader.skipSpace();
+        if (!reader.take(CommentEnd)) {
+            fail(reader.at(),
+                 "the comment that holds the OBJECT has to end in \"-->\" behind </OBJECT>");
+        }
+        if (!reader.take("\r\n")) reader.take("\n");
+        return reader.at();
+    }
+
+    static bool takeClosingTag(TagReader& reader, std::string_view name) {
+        TagReader ahead = reader;
+        if (!ahead.takeTag(name)) return false;
+        ahead.skipSpace();
+        if (!ahead.take(">")) return false;
+        reader = ahead;
+        return true;
+    }
+
+    StoredProperties::value_type readParam(TagReader& reader, std::size_t place) {
+        std::optional<std::string_view> name;
+        std::optional<std::string_view> value;
+        while (const auto attribute = reader.next()) {
+            if (!name && equalIgnoringCase(attribute->name, "NAME")) name = attribute->value;
+            if (!value && equalIgnoringCase(attribute->name, "VALUE")) value = attribute->value;
+        }
+        if (!reader.take(">"))
+            fail(place, "this PARAM is broken; it has to read <PARAM NAME=\"...\" VALUE=\"...\">");
+        if (!name) fail(place, "this PARAM has no NAME");
+        return {textOf(*name), textOf(value.value_or(std::string_view()))};
+    }
+
+    [[noreturn]] void failInObject(const ObjectTag& tag, const TagReader& reader) {
+        if (reader.atEnd() || reader.sees(CommentEnd) || reader.sees(CommentStart))
+            fail(tag.begin, "the OBJECT is not closed; </OBJECT> is missing");
+        fail(reader.at(), "nothing but PARAM can stand in the OBJECT of a HeaderDTC");
+    }
+
+    std::string textOf(std::string_view bytes) const {
+        return resolveReferences(codePage_.decode(bytes));
+    }
+
+    int lineOf(std::size_t place) {
+        if (place < countedTo_) {
+            countedTo_ = 0;
+            lines_ = 1;
+        }
+        const auto* const begin = page_.data();
+        lines_ += static_cast<int>(std::count(begin + countedTo_, begin + place, '\n'));
+        countedTo_ = place;
+        return lines_;
+    }
+
+    [[noreturn]] void fail(std::size_t place, const std::string& problem) {
+        const auto before = page_.substr(0, place);
+        const auto lineEnd = before.rfind('\n');
+        const auto column = lineEnd == std::string_view::npos ? place : place - lineEnd - 1;
+        throw FileError(file_, lineOf(place), static_cast<int>(column) + 1, problem);
+    }
+
+    const std::string& file_;
+    const std::string_view page_;
+    const CodePage& codePage_;
+    ControlsOfPage controls_;
+    std::size_t countedTo_ = 0;
+    int lines_ = 1;
+};
+
+}  // namespace
+
+std::optional<SpanMarker> findSpanMarker(std::string_view page, std::size_t from) {
+    while (from < page.size()) {
+        const auto* const hit = static_cast<const char*>(memmem(
+            page.data() + from, page.size() - from, CommentStart.data(), CommentStart.size()));
+        if (!hit) break;
+        const auto begin = static_cast<std::size_t>(hit - page.data());
+        if (auto marker = markerAt(page, begin)) return marker;
+        from = begin + CommentStart.size();
+    }
+    return std::nullopt;
+}
+
+bool breaksSpan(std::string_view text) {
+    std::size_t at = 0;
+    while (const auto marker = findSpanMarker(text, at)) {
+        if (marker->kind == SpanMarker::Kind::End) return true;
+        if (readObjectTag(text, *marker).owner != Owner::Nobody) return true;
+        at = marker->end;
+    }
+    return false;
+}
+
+ControlsOfPage readControls(const std::string& file, std::string_view page,
+                            const CodePage& codePage) {
+    return PageReader(file, page, codePage).read();
+}
+
+}  // namespace headerdtc

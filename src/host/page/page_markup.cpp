@@ -1,0 +1,151 @@
+#include "host/page/page_markup.h"
+
+#include "host/page/character_references.h"
+#include "host/page/markup_reader.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace headerdtc {
+namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view LineEnd = "\r\n";
+constexpr std::string_view EndComment = "<!--METADATA TYPE=\"DesignerControl\" endspan-->";
+
+const CodePage& codePageOf(std::string_view bytes, const CodePage& siteCodePage) {
+    return bytes.starts_with(ByteOrderMark) ? CodePage::utf8() : siteCodePage;
+}
+
+std::string attribute(const std::string& text, const CodePage& codePage) {
+    return '"' + codePage.encodeWithReferences(escapeReferences(text)) + '"';
+}
+
+std::string writeMarkup(const ControlContent& content, const CodePage& codePage) {
+    std::string markup = "<!--METADATA TYPE=\"DesignerControl\" startspan\r\n<OBJECT ID=";
+    markup += attribute(content.id, codePage);
+    markup.append(" CLASSID=\"clsid:").append(HeaderDtcClassId).append("\">\r\n");
+    for (const auto& [name, value] : content.properties) {
+        markup += "\t<PARAM NAME=" + attribute(name, codePage);
+        markup += " VALUE=" + attribute(value, codePage) + ">\r\n";
+    }
+    return markup += "</OBJECT>\r\n-->\r\n";
+}
+
+// Throws FileError for a text that would not come back; `line` is 0 where the control is not in the
+// page yet.
+std::string writeRuntimeText(const std::string& file, int line, const ControlContent& content,
+                             const CodePage& codePage) {
+    std::string bytes = codePage.encodeWithReferences(content.runtimeText);
+    if (!breaksSpan(bytes)) return bytes;
+    const std::string problem =
+        "the runtime text of " + content.id +
+        " holds the start or end comment of a designer control (<!--METADATA "
+        "TYPE=\"DesignerControl\" ...), so the page could not be read again; take it out of the "
+        "template or the scripts that it comes from";
+    if (line > 0) throw FileError(file, line, 1, problem);
+    throw FileError(file, problem);
+}
+
+}  // namespace
+
+PageMarkup::PageMarkup(std::string file, std::string bytes, const CodePage& siteCodePage)
+    : file_(std::move(file)),
+      bytes_(std::move(bytes)),
+      codePage_(codePageOf(bytes_, siteCodePage)) {
+    auto controls = readControls(file_, bytes_, codePage_);
+    controls_ = std::move(controls.ours);
+    foreignSpans_ = std::move(controls.others);
+    foreignIds_ = std::move(controls.otherIds);
+}
+
+std::string_view PageMarkup::textOf(const ByteRange& range) const {
+    return std::string_view(bytes_).substr(range.begin, range.size());
+}
+
+std::string PageMarkup::runtimeTextOf(const ControlSpan& control) const {
+    return codePage_.decode(textOf(control.runtimeText));
+}
+
+std::string PageMarkup::with(const std::vector<ControlContent>& contents) const {
+    if (contents.size() != controls_.size())
+        throw std::invalid_argument("a page's controls and their contents differ in number");
+    std::string result;
+    result.reserve(bytes_.size());
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < controls_.size(); ++i) {
+        const auto& control = controls_[i];
+        const auto& content = contents[i];
+        result += textOf({at, control.markup.begin});
+        const bool sameMarkup =
+            content.id == control.id && content.properties == control.properties;
+        result +=
+            sameMarkup ? std::string(textOf(control.markup)) : writeMarkup(content, codePage_);
+        if (content.runtimeText == runtimeTextOf(control)) {
+            result += textOf(control.runtimeText);
+        } else {
+            // Without a line end of its own the markup would take the new text's first one.
+            if (!result.ends_with('\n')) result += LineEnd;
+            result += writeRuntimeText(file_, control.line, content, codePage_);
+        }
+        at = control.runtimeText.end;
+    }
+    return result += textOf({at, bytes_.size()});
+}
+
+std::string PageMarkup::withNewControl(int line, const ControlContent& content) const {
+    auto place = placeOfLine(line);
+    const auto isInside = [&](const ByteRange& span) {
+        return span.begin < place && place < span.end;
+    };
+    if (std::any_of(foreignSpans_.begin(), foreignSpans_.end(), isInside) ||
+        std::any_of(controls_.begin(), controls_.end(),
+                    [&](const ControlSpan& control) { return isInside(control.whole); })) {
+        throw FileError(file_, line, 1,
+                        "this line lies inside a designer control, where no other one can stand");
+    }
+    std::string inserted = writeControl(file_, content, codePage_).append(LineEnd);
+    const auto before = std::string_view(bytes_).substr(0, place);
+    if (!before.empty() && before != ByteOrderMark && !before.ends_with('\n'))
+        inserted.insert(0, LineEnd);
+    return std::string(bytes_).insert(place, inserted);
+}
+
+std::size_t PageMarkup::placeOfLine(int line) const {
+    std::size_t place = bytes_.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
+    int current = 1;
+    while (current < line && place < bytes_.size()) {
+        const auto lineEnd = bytes_.find('\n', place);
+        place = lineEnd == std::string::npos ? bytes_.size() : lineEnd + 1;
+        ++current;
+    }
+    if (line < 1 || current < line) {
+        throw FileError(file_, "has no line " + std::to_string(line) +
+                                   "; a new control can stand before the lines 1 to " +
+                                   std::to_string(current));
+    }
+    return place;
+}
+
+std::string PageMarkup::freeId() const {
+    const auto isTaken = [this](const std::string& id) {
+        const auto isId = [&id](const std::string& taken) { return equalIgnoringCase(taken, id); };
+        return std::any_of(foreignIds_.begin(), foreignIds_.end(), isId) ||
+               std::any_of(controls_.begin(), controls_.end(),
+                           [&](const ControlSpan& control) { return isId(control.id); });
+    };
+    int number = 1;
+    while (isTaken("HeaderDTC" + std::to_string(number)))
+        ++number;
+    return "HeaderDTC" + std::to_string(number);
+}
+
+std::string writeControl(const std::string& file, const ControlContent& content,
+                         const CodePage& codePage) {
+    return writeMarkup(content, codePage)
+        .append(writeRuntimeText(file, 0, content, codePage))
+        .append(EndComment);
+}
+
+}  // namespace headerdtc

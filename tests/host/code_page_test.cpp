@@ -1,0 +1,86 @@
+#include "host/files/code_page.h"
+
+#include "controls/utf8.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <stdexcept>
+#include <string>
+
+namespace headerdtc {
+namespace {
+
+std::string allBytes() {
+    std::string bytes;
+    for (int byte = 0; byte < 256; ++byte)
+        bytes += static_cast<char>(byte);
+    return bytes;
+}
+
+TEST(CodePage, EveryByteComesBackWhetherItIsDefinedOrNot) {
+    for (const char* name : {"windows-1252", "windows-1253", "windows-1251", "windows-1255",
+                             "windows-1258", "iso-8859-7", "koi8-r", "us-ascii", "utf-8"}) {
+        const CodePage page(name);
+        const std::string bytes = allBytes();
+        const std::string text = page.decode(bytes);
+        EXPECT_EQ(page.encode(text), bytes) << name;
+        EXPECT_EQ(page.encodeWithReferences(text), bytes) << name;
+        EXPECT_EQ(CodePage::utf8().decode(text).find("\xEF\xBF\xBD"), std::string::npos) << name;
+    }
+}
+
+TEST(CodePage, RandomBytesOfUtf8FilesComeBack) {
+    std::mt19937 random(1);
+    // Bytes near those of characters, so that valid, broken and reserved sequences all occur.
+    const std::string_view pieces[] = {
+        "a",        "\xC3\xA9",         "\xC3",         "\xA9",
+        "\xEE\xBE", "\xEE\xBE\x80",     "\xEE\xBF\xBF", "\xED\xA0\x80",
+        "\xF4",     "\xF0\x9F\x98\x80", "\xC0\x80",     "\xFF"};
+    for (int round = 0; round < 2000; ++round) {
+        std::string bytes;
+        for (int length = static_cast<int>(random() % 12); length > 0; --length)
+            bytes += pieces[random() % std::size(pieces)];
+        const auto text = CodePage::utf8().decode(bytes);
+        ASSERT_EQ(CodePage::utf8().encode(text), bytes);
+        ASSERT_EQ(CodePage::utf8().encodeWithReferences(text), bytes);
+    }
+}
+
+TEST(CodePage, KnowsItsCharacters) {
+    const CodePage western("Windows-1252");
+    EXPECT_EQ(western.decode("\x80 caf\xE9 \x81"), "€ café \xC2\x81");
+    EXPECT_TRUE(western.has(U'€'));
+    EXPECT_FALSE(western.has(U'Ω'));
+    EXPECT_FALSE(western.has(0x80));  // the byte is the euro sign's
+    EXPECT_EQ(CodePage("windows-1253").decode("\xD9\xE1"), "Ωα");
+    EXPECT_FALSE(CodePage::utf8().has(0xD800));
+    EXPECT_TRUE(CodePage::utf8().has(U'😀'));
+    EXPECT_EQ(western, CodePage("WINDOWS-1252"));
+    EXPECT_EQ(CodePage("UTF8"), CodePage::utf8());
+}
+
+TEST(CodePage, CharactersThatItLacksAreQuestionMarksOrReferences) {
+    const CodePage western("windows-1252");
+    EXPECT_EQ(western.encode("é Ω 😀"), "\xE9 ? ?");
+    EXPECT_EQ(western.encodeWithReferences("é Ω 😀 \xC2\x80"), "\xE9 &#937; &#128512; &#128;");
+    EXPECT_EQ(western.encode("broken \xC3"), "broken ?");
+    // A byte that another code page leaves undefined has no place in this one.
+    const auto undefined = CodePage("windows-1253").decode("\xAA");
+    EXPECT_EQ(western.encodeWithReferences(undefined), "&#61354;");
+}
+
+TEST(CodePage, BytesThatWouldJoinToACharacterAreNamedOneByOne) {
+    const auto first = CodePage::utf8().decode("\xC3");
+    const auto second = CodePage::utf8().decode("\xA9");
+    EXPECT_EQ(CodePage::utf8().encodeWithReferences(first + second), "&#61379;&#61353;");
+    EXPECT_EQ(CodePage::utf8().encodeWithReferences(first + "-" + second), "\xC3-\xA9");
+}
+
+TEST(CodePage, RefusesWhatIsNoCodePageOfSingleBytes) {
+    for (const char* name : {"", "klingon", "shift_jis", "utf-16", "big5", "ibm037", "gb18030",
+                             "windows-1252//TRANSLIT", "latin 1"})
+        EXPECT_THROW(CodePage{name}, std::invalid_argument) << name;
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,232 @@
+#include "host/files/file_error.h"
+#include "host/files/whole_file.h"
+#include "host/temporary_folder.h"
+
+#include <csignal>
+#include <gmock/gmock.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/xattr.h>
+
+namespace headerdtc {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::asPlainUser;
+using ::testing::ElementsAre;
+using testing::errorOf;
+using ::testing::HasSubstr;
+using testing::TemporaryFolder;
+
+struct stat statusOf(const fs::path& file) {
+    struct stat status {};
+    EXPECT_EQ(lstat(file.c_str(), &status), 0) << file;
+    return status;
+}
+
+void replaceNow(const fs::path& file, std::string_view bytes) {
+    replaceWholeFile(file, bytes, FileStamp::of(file));
+}
+
+class FileReplacerTest : public ::testing::Test {
+  protected:
+    TemporaryFolder folder;
+    const fs::path page = folder.write("page.asp", "old");
+    FileReplacer replacer;
+};
+
+TEST_F(FileReplacerTest, ReplacesAGroupAtCommitAndNotBefore) {
+    const auto other = folder.write("sub/other.asp", "old");
+    replacer.replace(page, "new", FileStamp::of(page));
+    replacer.replace(other, "", FileStamp::of(other));
+    replacer.create(folder / "third.asp", "made");
+    EXPECT_EQ(replacer.waiting(), 3U);
+    EXPECT_EQ(folder.read("page.asp"), "old");
+    EXPECT_FALSE(fs::exists(folder / "third.asp"));
+
+    for (const auto& outcome : replacer.commit())
+        EXPECT_EQ(outcome.problem, "") << outcome.path;
+    EXPECT_EQ(folder.read("page.asp"), "new");
+    EXPECT_EQ(folder.read("sub/other.asp"), "");
+    EXPECT_EQ(folder.read("third.asp"), "made");
+    EXPECT_THAT(folder.names(), ElementsAre("page.asp", "sub", "third.asp"));
+    EXPECT_TRUE(replacer.commit().empty());
+}
+
+TEST_F(FileReplacerTest, AGroupMayBeLargerThanTheNumberOfOpenFiles) {
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+    const auto few = rlimit{100, limit.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &few), 0);
+    for (int number = 0; number < 120; ++number) {
+        const auto file = folder.write(std::to_string(number), "old");
+        replacer.replace(file, "new", FileStamp::of(file));
+    }
+    const auto outcomes = replacer.commit();
+    setrlimit(RLIMIT_NOFILE, &limit);
+    ASSERT_EQ(outcomes.size(), 120U);
+    EXPECT_EQ(outcomes[7].path, folder / "7");
+    for (int number = 0; number < 120; ++number)
+        ASSERT_EQ(folder.read(std::to_string(number)), "new");
+}
+
+TEST_F(FileReplacerTest, WhatWasNotCommittedIsDiscarded) {
+    {
+        FileReplacer dropped;
+        dropped.replace(page, "new", FileStamp::of(page));
+        dropped.create(folder / "made.asp", "new");
+    }
+    EXPECT_EQ(folder.read("page.asp"), "old");
+    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
+}
+
+TEST_F(FileReplacerTest, ModeOwnerAndAttributesAreKept) {
+    const bool isRoot = geteuid() == 0;
+    if (isRoot) {
+        ASSERT_EQ(chown(page.c_str(), 1234, 4321), 0);
+    }
+    ASSERT_EQ(chmod(page.c_str(), 02640), 0);
+    const bool hasAttributes = setxattr(page.c_str(), "user.origin", "here", 4, 0) == 0;
+    const auto before = statusOf(page);
+
+    replaceNow(page, "new");
+    const auto after = statusOf(page);
+    EXPECT_NE(after.st_ino, before.st_ino);
+    EXPECT_EQ(after.st_mode, before.st_mode);
+    EXPECT_EQ(after.st_uid, before.st_uid);
+    EXPECT_EQ(after.st_gid, before.st_gid);
+    char value[8] = {};
+    if (hasAttributes) {
+        EXPECT_EQ(getxattr(page.c_str(), "user.origin", value, sizeof value), 4);
+        EXPECT_STREQ(value, "here");
+    }
+}
+
+TEST_F(FileReplacerTest, ASymbolicLinkIsFollowedAndStaysOne) {
+    folder.write("real/page.asp", "old");
+    fs::create_symlink("real/page.asp", folder / "link.asp");
+    replaceNow(folder / "link.asp", "new");
+    EXPECT_TRUE(fs::is_symlink(folder / "link.asp"));
+    EXPECT_EQ(folder.read("real/page.asp"), "new");
+}
+
+TEST_F(FileReplacerTest, RefusesWhatCannotBeReplacedWithoutLoss) {
+    fs::create_hard_link(page, folder / "second.asp");
+    fs::create_symlink("nowhere", folder / "dangling.asp");
+    EXPECT_THAT(errorOf<FileError>([&] { replaceNow(page, "new"); }), HasSubstr("hard links"));
+    EXPECT_THROW(replaceNow(folder / "missing.asp", "new"), FileError);
+    EXPECT_THROW(replaceNow(folder / "dangling.asp", "new"), FileError);
+    EXPECT_THROW(replaceNow(folder.path(), "new"), FileError);
+    EXPECT_THROW(replacer.create(page, "new"), FileError);
+    EXPECT_THROW(replacer.create(folder / "dangling.asp", "new"), FileError);
+    EXPECT_THROW(replacer.create(folder / "no/folder.asp", "new"), FileError);
+    EXPECT_EQ(replacer.waiting(), 0U);
+    EXPECT_EQ(folder.read("page.asp"), "old");
+    EXPECT_THAT(folder.names(), ElementsAre("dangling.asp", "page.asp", "second.asp"));
+}
+
+TEST_F(FileReplacerTest, AFileThatAnotherWriterChangedIsNotOverwritten) {
+    const auto stamp = FileStamp::of(page);
+    const auto second = folder.write("second.asp", "old");
+    const auto third = folder.write("third.asp", "old");
+    replacer.replace(page, "ours", stamp);
+    replacer.replace(second, "ours", FileStamp::of(second));
+    replacer.replace(third, "ours", FileStamp::of(third));
+    replacer.create(folder / "made.asp", "ours");
+    // In the last moment: rewritten, removed, made.
+    usleep(20'000);
+    folder.write("page.asp", "xxx");
+    fs::remove(third);
+    folder.write("made.asp", "theirs");
+
+    const auto outcomes = replacer.commit();
+    ASSERT_EQ(outcomes.size(), 4U);
+    EXPECT_THAT(outcomes[0].problem, HasSubstr("changed by someone else"));
+    EXPECT_EQ(outcomes[1].problem, "");
+    EXPECT_THAT(outcomes[2].problem, HasSubstr("changed by someone else"));
+    EXPECT_THAT(outcomes[3].problem, HasSubstr("File exists"));
+    EXPECT_THAT(errorOf<FileError>([&] { replaceWholeFile(page, "ours", stamp); }),
+                HasSubstr("changed by someone else"));
+    EXPECT_EQ(folder.read("page.asp"), "xxx");
+    EXPECT_EQ(folder.read("second.asp"), "ours");
+    EXPECT_EQ(folder.read("made.asp"), "theirs");
+    EXPECT_THAT(folder.names(), ElementsAre("made.asp", "page.asp", "second.asp"));
+}
+
+TEST_F(FileReplacerTest, PermissionsAreHonoured) {
+    fs::permissions(folder.path(), fs::perms(0777));
+    const auto problemAsPlainUser = [&](const std::string& wanted) {
+        return asPlainUser([&] {
+            const auto problem = errorOf<FileError>([&] { replaceNow(page, "new"); });
+            return problem.find(wanted) != std::string::npos ? 0 : 1;
+        });
+    };
+    fs::permissions(page, fs::perms(0444));
+    EXPECT_EQ(problemAsPlainUser("cannot be written: Permission denied"), 0);
+    if (geteuid() == 0) {
+        // Writable for everybody, but the new file would be somebody else's.
+        fs::permissions(page, fs::perms(0666));
+        EXPECT_EQ(problemAsPlainUser("owner"), 0);
+        fs::permissions(folder.path(), fs::perms(0755));
+        EXPECT_EQ(problemAsPlainUser("in its folder: Permission denied"), 0);
+    }
+    EXPECT_EQ(folder.read("page.asp"), "old");
+    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
+}
+
+TEST_F(FileReplacerTest, AFullDiskLeavesTheOldFileAndNoOther) {
+    EXPECT_EQ(asPlainUser([] { return 0; }), 0);
+    fs::permissions(folder.path(), fs::perms(0777));
+    if (geteuid() == 0) {
+        ASSERT_EQ(chown(page.c_str(), 65534, 65534), 0);
+    }
+    EXPECT_EQ(asPlainUser([&] {
+                  signal(SIGXFSZ, SIG_IGN);
+                  const rlimit small{1000, 1000};
+                  setrlimit(RLIMIT_FSIZE, &small);
+                  const auto problem =
+                      errorOf<SystemFileError>([&] { replaceNow(page, std::string(5000, 'x')); });
+                  return problem.find("cannot be written: File too large") != std::string::npos ? 0
+                                                                                                : 1;
+              }),
+              0);
+    EXPECT_EQ(folder.read("page.asp"), "old");
+    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
+}
+
+TEST_F(FileReplacerTest, WhatAKilledProcessLeftIsRemovedByTheNext) {
+    const pid_t child = fork();
+    if (child == 0) {
+        replacer.replace(page, "half", FileStamp::of(page));
+        raise(SIGKILL);
+    }
+    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    EXPECT_EQ(folder.read("page.asp"), "old");
+    ASSERT_EQ(folder.names().size(), 2U);
+    const auto gone = "-" + std::to_string(child) + "-";
+    EXPECT_THAT(folder.names()[0], HasSubstr(gone));
+
+    // Not for the next to remove: names of others, of living processes, and those that a process
+    // keeps locked which cannot be seen from here.
+    const auto locked = folder.write(".headerdtc" + gone + "900.tmp", "");
+    const int lock = open(locked.c_str(), O_RDONLY);
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+    folder.write(".headerdtc-1-1.tmp", "");
+    folder.write(".headerdtc" + gone + "x.tmp", "");
+    replaceNow(page, "new");
+    close(lock);
+    EXPECT_EQ(folder.read("page.asp"), "new");
+    EXPECT_THAT(folder.names(), ElementsAre(".headerdtc-1-1.tmp", locked.filename().string(),
+                                            ".headerdtc" + gone + "x.tmp", "page.asp"));
+}
+
+TEST_F(FileReplacerTest, NewFilesGetTheUsualMode) {
+    const mode_t before = umask(027);
+    replacer.create(folder / "made.asp", "");
+    replacer.commit();
+    umask(before);
+    EXPECT_EQ(statusOf(folder / "made.asp").st_mode & 07777, 0640U);
+}
+
+}  // namespace
+}  // namespace headerdtc

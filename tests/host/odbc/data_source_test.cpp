@@ -1,0 +1,123 @@
+#include "host/odbc/odbc_data_source.h"
+#include "platform/runtime_error.h"
+#include "translation_database.h"
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+std::string failureOf(const std::function<void()>& body, int number) {
+    try {
+        body();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), number);
+        return error.description();
+    }
+    return "no failure";
+}
+
+// A site with an odbc.ini of its own.
+class SitesDataSource : public ::testing::Test {
+  protected:
+    SitesDataSource() {
+        settings.siteFolder = folder.path;
+        settings.odbcIni = folder.path / "odbc.ini";
+    }
+    void ini(const std::string& text) { folder.write("odbc.ini", text); }
+    std::string connectString(const std::string& text) {
+        return findDataSource(text, settings).connectString;
+    }
+
+    headerdtc::testing::TemporaryFolder folder;
+    OdbcDatabase::Settings settings;
+};
+
+TEST_F(SitesDataSource, StandsInThePlaceOfItsNameAndLosesAgainstTheConnectString) {
+    ini("; comment\n"
+        "[Other]\nDriver = No\n"
+        "[orvane]\n"
+        "Description = a;b\n"
+        "Driver = Some Driver\r\n"
+        "# comment\n"
+        "Servername = db.example\n"
+        "Username = nobody\n"
+        "Password = geheim\n"
+        "Port=\n"
+        "Set = a;{b}\n"
+        "[Orvane2]\nDatabase = wrong\n");
+    EXPECT_EQ(connectString("DSN=Orvane;UID=WWWappsOrvane;PWD="),
+              "UID=WWWappsOrvane;DRIVER=Some Driver;Servername=db.example;Password=geheim;"
+              "Set={a;{b}}}");
+    EXPECT_EQ(connectString(" dsn = {Orvane} ; server={x;y} ;Pwd={p}}q}"),
+              " server={x;y} ;Pwd={p}}q};DRIVER=Some Driver;Username=nobody;Set={a;{b}}}");
+    EXPECT_THAT(findDataSource("DSN=Orvane;PWD={p}}q}", settings).passwords, ElementsAre("p}q"));
+    EXPECT_THAT(findDataSource("DSN=Orvane;PWD=", settings).passwords, ElementsAre("geheim"));
+}
+
+TEST_F(SitesDataSource, ItsDatabaseIsAFileOfTheSiteOnlyForADriverOfFiles) {
+    folder.write("orvane", "");
+    std::filesystem::create_directory(folder.path / "sub");
+    folder.write("sub/t.db", "");
+    const auto databaseOf = [this](const std::string& driver, const std::string& database) {
+        ini("[Orvane]\nDriver = " + driver + "\nDatabase = " + database + "\n");
+        const std::string text = connectString("DSN=Orvane");
+        const auto begin = text.find("Database=") + 9;
+        return text.substr(begin, text.find(';', begin) - begin);
+    };
+    const std::string site = folder.path.string();
+    EXPECT_EQ(databaseOf("SQLite3", "orvane"), site + "/orvane");
+    EXPECT_EQ(databaseOf("/usr/lib/libsqlite3odbc.so", "./sub/../orvane"), site + "/orvane");
+    EXPECT_EQ(databaseOf("SQLite3", site + "/sub/t.db"), site + "/sub/t.db");
+    EXPECT_EQ(databaseOf("SQLite3", ":memory:"), ":memory:");
+    EXPECT_EQ(databaseOf("Some Driver", "sub/t.db"), site + "/sub/t.db");
+    EXPECT_EQ(databaseOf("PostgreSQL Unicode", "orvane"), "orvane");
+    EXPECT_EQ(databaseOf("MariaDB Unicode", "orvane"), "orvane");
+}
+
+TEST_F(SitesDataSource, WhatIsMissingIsSaidWithItsFile) {
+    EXPECT_THAT(failureOf([&] { connectString("DSN=Orvane"); }, 53),
+                HasSubstr(settings.odbcIni.string()));
+    ini("[Orvane]\nDatabase = x\n[Lost]\nDriver = SQLite3\nDatabase = lost.sqlite\n");
+    EXPECT_THAT(failureOf([&] { connectString("DSN=Nowhere;PWD=geheim"); }, 0),
+                AllOf(HasSubstr("Data source name not found"), HasSubstr("[Nowhere]"),
+                      HasSubstr(settings.odbcIni.string())));
+    EXPECT_THAT(failureOf([&] { connectString("UID=a"); }, 0), HasSubstr("[DEFAULT]"));
+    EXPECT_THAT(failureOf([&] { connectString("DSN=Orvane"); }, 0), HasSubstr("names no Driver"));
+    EXPECT_THAT(failureOf([&] { connectString("DSN=Lost"); }, 53),
+                AllOf(HasSubstr((folder.path / "lost.sqlite").string()), HasSubstr("[Lost]")));
+}
+
+TEST_F(SitesDataSource, ADriverIsToldWhatItNeedsUnlessTheAuthorHas) {
+    settings.connectTimeout = std::chrono::seconds(3);
+    settings.statementTimeout = std::chrono::seconds(7);
+    ini("[Maria]\nDriver = /x/libmaodbc.so\nREAD_TIMEOUT = 5\n"
+        "[Lite]\nDriver = /x/libsqlite3odbc.so\n"
+        "[Postgres]\nDriver = /x/psqlodbcw.so\n");
+    EXPECT_EQ(connectString("DSN=Maria;conn_timeout=9"),
+              "conn_timeout=9;DRIVER=/x/libmaodbc.so;READ_TIMEOUT=5;WRITE_TIMEOUT=7;OPTION=2");
+    EXPECT_EQ(connectString("DSN=Maria;conn_timeout=9;WRITE_TIMEOUT=1;Options=6"),
+              "conn_timeout=9;WRITE_TIMEOUT=1;Options=6;DRIVER=/x/libmaodbc.so;READ_TIMEOUT=5");
+    EXPECT_EQ(connectString("DSN=Lite"), "DRIVER=/x/libsqlite3odbc.so;Timeout=7000");
+    EXPECT_EQ(connectString("DSN=Postgres"), "DRIVER=/x/psqlodbcw.so");
+    EXPECT_TRUE(findDataSource("DSN=Lite", settings).boundsStatements);
+    EXPECT_FALSE(findDataSource("DSN=Postgres", settings).boundsStatements);
+}
+
+TEST_F(SitesDataSource, AConnectStringThatNamesADriverNeedsNoFile) {
+    EXPECT_EQ(connectString("DRIVER={Some Driver};Database=x;;odd"),
+              "DRIVER={Some Driver};Database=x;odd");
+    settings.odbcIni.clear();
+    EXPECT_EQ(connectString("DSN=No such thing;UID=a;PWD="), "DSN=No such thing;UID=a;PWD=");
+    EXPECT_THAT(findDataSource("DSN=No such thing;UID=a;PWD=", settings).passwords, IsEmpty());
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "host/odbc/odbc_database.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace headerdtc::testing {
+
+// A folder of its own below the system's temporary folder, removed with its owner.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder();
+
+    std::filesystem::path path;
+    // Writes a file and returns its path.
+    std::filesystem::path write(const std::string& name, const std::string& text) const;
+};
+
+using Rows = std::vector<std::vector<std::string>>;
+
+// Empty translation tables, made by the demo's schema: in an SQLite file, or on the server beside
+// which with-server.sh runs the tests.
+class TranslationDatabase {
+  public:
+    TranslationDatabase();
+
+    // "sqlite", "postgresql" or "mariadb".
+    std::string kind;
+    bool isServer() const { return kind != "sqlite"; }
+    // As a site's: data source Orvane, and 5 seconds for everything.
+    OdbcDatabase::Settings settings;
+
+    void run(const std::string& statement);
+    // Every statement of one of the demo's files.
+    void runFile(const std::string& name);
+    // The named columns of a query's rows.
+    Rows rows(const std::string& query, const std::vector<std::string>& columns);
+    // An open connection, for tests that need one to stay.
+    std::unique_ptr<Connection> connect();
+
+    // How many connections of the data source's user the server has, this question's included; of
+    // SQLite, how many files this process has open.
+    int connectionCount();
+    // The statements on the translation tables that the server has logged since the last call.
+    std::vector<std::string> loggedStatements();
+    // Ends the server at once.
+    void stopServer();
+
+  private:
+    TemporaryFolder folder_;
+    std::uintmax_t logRead_ = 0;
+};
+
+}  // namespace headerdtc::testing

@@ -1,0 +1,101 @@
+#include "host/site/site_text_files.h"
+
+#include "host/temporary_folder.h"
+#include "platform/runtime_error.h"
+
+#include <csignal>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+
+namespace headerdtc {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::asPlainUser;
+using ::testing::ElementsAre;
+using testing::TemporaryFolder;
+
+class SiteTextFilesTest : public ::testing::Test {
+  protected:
+    // "File not found(53)", or the text.
+    std::string read(const std::string& path) {
+        try {
+            return files.readText(path);
+        } catch (const RuntimeError& error) {
+            return error.description() + "(" + std::to_string(error.number()) + ")";
+        }
+    }
+    int write(const std::string& path, const std::string& text) {
+        try {
+            files.writeText(path, text);
+        } catch (const RuntimeError& error) {
+            return error.number();
+        }
+        return 0;
+    }
+
+    TemporaryFolder folder;
+    SiteTextFiles files{WindowsPaths({{'C', folder.path()}}), CodePage("windows-1252")};
+};
+
+TEST_F(SiteTextFilesTest, TextIsInTheSitesCodePage) {
+    folder.write("Include/Template.asp", "\xE9\x80\r\n\n\x81");
+    EXPECT_EQ(read("C:\\INCLUDE\\TEMPLATE.ASP"), "é€\r\n\n\xC2\x81");
+    folder.write("Include/Template.asp", "changed");
+    EXPECT_EQ(read("C:\\INCLUDE\\TEMPLATE.ASP"), "changed");
+    folder.write("marked.asp", "\xEF\xBB\xBFΩ");
+    EXPECT_EQ(read("C:\\marked.asp"), "Ω");
+
+    EXPECT_EQ(write("c:\\include\\out.txt", "é€Ω\r\n"), 0);
+    EXPECT_EQ(folder.read("Include/out.txt"), "\xE9\x80?\r\n");
+    EXPECT_EQ(read("C:\\Include\\OUT.TXT"), "é€?\r\n");
+}
+
+TEST_F(SiteTextFilesTest, WritingReplacesAFileWhole) {
+    folder.write("temp/DTC.TXT", "a long text that was there before");
+    fs::permissions(folder / "temp/DTC.TXT", fs::perms(0640));
+    fs::create_symlink("DTC.TXT", folder / "temp/link.txt");
+    EXPECT_EQ(write("c:\\temp\\link.txt", "short"), 0);
+    EXPECT_EQ(folder.read("temp/DTC.TXT"), "short");
+    EXPECT_TRUE(fs::is_symlink(folder / "temp/link.txt"));
+    EXPECT_EQ(fs::status(folder / "temp/DTC.TXT").permissions(), fs::perms(0640));
+}
+
+TEST_F(SiteTextFilesTest, FailuresHaveTheEstablishedNumbersAndTexts) {
+    folder.write("file.txt", "");
+    EXPECT_EQ(read("C:\\none.asp"), "File not found(53)");
+    EXPECT_EQ(read("C:\\none\\none.asp"), "Path not found(76)");
+    EXPECT_EQ(read("C:\\file.txt\\none.asp"), "Path not found(76)");
+    EXPECT_EQ(read("X:\\none.asp"), "Path not found(76)");
+    EXPECT_EQ(read("C:\\"), "Path/File access error(75)");
+    EXPECT_EQ(read("C:\\" + std::string(300, 'x')), "Path/File access error(75)");
+    EXPECT_EQ(read("Z:\\dev\\zero"), "Path/File access error(75)");
+    EXPECT_EQ(write("c:\\none\\DTC.TXT", "x"), 76);
+    EXPECT_EQ(write("c:\\file.txt\\DTC.TXT", "x"), 76);
+    EXPECT_EQ(write("c:\\", "x"), 75);
+    EXPECT_EQ(write("z:\\dev\\null", "x"), 75);
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST_F(SiteTextFilesTest, PermissionsAndFullDisksAreFailures) {
+    folder.write("locked.txt", "old");
+    fs::permissions(folder / "locked.txt", fs::perms(0000));
+    fs::permissions(folder.path(), fs::perms(0755));
+    if (geteuid() == 0) {
+        EXPECT_EQ(asPlainUser([&] { return write("c:\\new.txt", "x"); }), 70);
+    }
+    EXPECT_EQ(asPlainUser([&] { return read("c:\\locked.txt") == "Permission denied(70)"; }), 1);
+    fs::permissions(folder.path(), fs::perms(0777));
+    EXPECT_EQ(asPlainUser([&] { return write("c:\\locked.txt", "x"); }), 70);
+    EXPECT_EQ(asPlainUser([&] {
+                  signal(SIGXFSZ, SIG_IGN);
+                  const rlimit small{1000, 1000};
+                  setrlimit(RLIMIT_FSIZE, &small);
+                  return write("c:\\new.txt", std::string(5000, 'x'));
+              }),
+              61);
+    EXPECT_THAT(folder.names(), ElementsAre("locked.txt"));
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,191 @@
+#include "i18n/translation_store.h"
+
+#include "support/fake_surroundings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+
+// The store over a database that answers every statement with the same rows and, one after the
+// other, the given record counts.
+class TranslationStoreTest : public ::testing::Test {
+  protected:
+    TranslationStoreTest() {
+        outside.clock.today = "4/26/2000";
+        outside.database.execute = [this](const std::string& statement) {
+            if (!failing.empty() && statement.starts_with(failing))
+                throw RuntimeError(1064, "syntax");
+            testing::FakeRows answer = rows;
+            if (!counts.empty()) {
+                answer.affected = counts.front();
+                counts.pop_front();
+            }
+            return answer;
+        };
+    }
+    const std::vector<std::string>& log() const { return outside.database.log; }
+
+    testing::FakeSurroundings outside;
+    const Surroundings surroundings = outside.all();
+    TranslationStore store{surroundings};
+    testing::FakeRows rows;
+    std::deque<std::int32_t> counts;
+    std::string failing;
+};
+
+constexpr const char* OpenSuite = "Open DSN=Orvane;UID=suite;PWD=";
+constexpr const char* OpenLabel = "Open DSN=Orvane;UID=label;PWD=";
+
+TEST_F(TranslationStoreTest, QueriesOpenAConnectionOfTheirOwnAndCloseIt) {
+    rows = {{"PROVIDERNAME", "FIELDVALUE", "LABEL", "label", "TEXT"},
+            {{"Orders", "10", "SLBDA2001", "other", "Open"}, {"Orders", "20", "", "", ""}}};
+    EXPECT_TRUE(store.FieldnameTranslationExists("Orders", "zeko", "CUSTNO"));
+    EXPECT_THAT(store.ListLabels(), ElementsAre("SLBDA2001", ""));
+    EXPECT_THAT(store.ListRangeLabels(), ElementsAre("SLBDA2001", ""));
+    EXPECT_EQ(store.LabelText("SLBDA2001"), "Open");
+    const auto values = store.ListFieldValueTranslations("Orders", "eai", "STATUS");
+    ASSERT_EQ(values.size(), 2U);
+    EXPECT_EQ(values[0].value, "10");
+    EXPECT_EQ(values[0].label, "SLBDA2001");
+    EXPECT_EQ(values[0].text, "Open");
+    EXPECT_THAT(
+        log(),
+        ElementsAre(
+            OpenSuite,
+            "SELECT * FROM I18NFIELDNAMES LEFT OUTER JOIN I18NTEXT ON "
+            "I18NFIELDNAMES.LABEL=I18NTEXT.LABEL WHERE PROVIDERNAME='Orders' AND BISTYPE='zeko' "
+            "AND FIELDNAME='CUSTNO'",
+            "Close", OpenSuite,
+            "SELECT * FROM I18NTEXT WHERE LOCALEID = 1033 AND LABEL > 'SLBDA1999'", "Close",
+            OpenSuite, "SELECT * FROM I18NTEXT WHERE LOCALEID = 1033 AND LABEL LIKE 'SLBDA%'",
+            "Close", OpenSuite,
+            "SELECT TEXT FROM I18NTEXT WHERE LOCALEID = 1033 AND LABEL = 'SLBDA2001'", "Close",
+            OpenSuite,
+            "SELECT * FROM I18NFIELDVALUES LEFT OUTER JOIN I18NTEXT ON "
+            "I18NFIELDVALUES.LABEL=I18NTEXT.LABEL WHERE PROVIDERNAME='Orders' AND BISTYPE='eai' "
+            "AND FIELDNAME='STATUS' AND I18NTEXT.LOCALEID = 1033",
+            "Close"));
+    EXPECT_THAT(outside.database.kindsAsked, ElementsAre(8, 8, 8, 8, 8));
+
+    rows = {};
+    EXPECT_FALSE(store.FieldnameTranslationExists("Orders", "zeko", "CUSTNO"));
+    EXPECT_EQ(store.LabelText("SLBDA2001"), std::nullopt);
+}
+
+TEST_F(TranslationStoreTest, AFieldNameIsInsertedUnlessTheUpdateAffectedExactlyOne) {
+    const auto assign = [this](std::int32_t affected) {
+        outside.database.log.clear();
+        counts = {affected, 0};
+        store.AssignFieldnameLabel("Orders", "zeko", "CUSTNO", "SLBDA2001");
+        return log();
+    };
+    const char* update =
+        "UPDATE I18NFIELDNAMES SET LABEL = 'SLBDA2001' WHERE  PROVIDERNAME = 'Orders' AND BISTYPE "
+        "= 'zeko' AND FIELDNAME = 'CUSTNO'";
+    const char* insert =
+        "INSERT INTO I18NFIELDNAMES (PROVIDERNAME, BISTYPE, FIELDNAME, LABEL)  VALUES ('Orders', "
+        "'zeko', 'CUSTNO', 'SLBDA2001')";
+    EXPECT_THAT(assign(1), ElementsAre(OpenSuite, update, "Close"));
+    EXPECT_THAT(assign(0), ElementsAre(OpenSuite, update, insert, "Close"));
+    EXPECT_THAT(assign(2), ElementsAre(OpenSuite, update, insert, "Close"));
+    EXPECT_THAT(outside.messages.shown, ElementsAre());
+}
+
+TEST_F(TranslationStoreTest, WritesOfAFieldValueDropTheirConnectionsUnclosed) {
+    store.DeleteFieldValueTranslation("Orders", "zeko", "STATUS", "10");
+    store.ChangeFieldValueTranslation("Orders", "zeko", "STATUS", "10", "SLBDA2001");
+    store.InsertFieldValueTranslation("Orders", "zeko", "STATUS", "10", "SLBDA2001");
+    EXPECT_THAT(
+        log(),
+        ElementsAre(
+            OpenSuite,
+            "DELETE FROM I18NFIELDVALUES WHERE PROVIDERNAME = 'Orders' AND BISTYPE = 'zeko' AND "
+            "FIELDNAME = 'STATUS' AND FIELDVALUE = '10'",
+            OpenSuite,
+            "UPDATE I18NFIELDVALUES SET LABEL = 'SLBDA2001' WHERE PROVIDERNAME = 'Orders' AND "
+            "BISTYPE = 'zeko' AND FIELDNAME = 'STATUS' AND FIELDVALUE = '10'",
+            OpenSuite,
+            "INSERT INTO I18NFIELDVALUES (PROVIDERNAME, BISTYPE, FIELDNAME, FIELDVALUE, LABEL) "
+            "VALUES ('Orders', 'zeko', 'STATUS', '10', 'SLBDA2001')"));
+}
+
+TEST_F(TranslationStoreTest, AddingALabelTellsWhatCameOfIt) {
+    const char* update =
+        "UPDATE I18NTEXT SET TEXT = 'Red', DATECHANGED = '4/26/2000', STATUS = 0 WHERE  LABEL = "
+        "'SLBDA3' AND LOCALEID = 1033";
+    const char* insert =
+        "INSERT INTO I18NTEXT (LABEL, TEXT, LOCALEID, DATECHANGED, STATUS)  VALUES ('SLBDA3', "
+        "'Red', 1033, 4/26/2000, 0)";
+    const char* reminder = "Warning: Don't forget to translate the (new) label to other languages";
+    counts = {1};
+    store.AddLabel("SLBDA3", "Red");
+    EXPECT_THAT(log(), ElementsAre(OpenLabel, update, "Close"));
+
+    outside.database.log.clear();
+    counts = {0, 1};
+    store.AddLabel("SLBDA3", "Red");
+    EXPECT_THAT(log(), ElementsAre(OpenLabel, update, insert, "Close"));
+
+    counts = {0, 0};
+    store.AddLabel("SLBDA3", "Red");
+    EXPECT_THAT(
+        outside.messages.shown,
+        ElementsAre(reminder, reminder,
+                    "Error: No records affected using SQL command '" + std::string(insert) + "'"));
+    EXPECT_THAT(outside.messages.errors, ElementsAre());
+    EXPECT_THAT(outside.database.kindsAsked, ElementsAre());
+}
+
+TEST_F(TranslationStoreTest, TheOneStepAddIsOneTransactionAndCommitsAfterItsMessage) {
+    std::vector<std::string> logAtMessage;
+    outside.messages.onShow = [&](const std::string&) { logAtMessage = log(); };
+    counts = {1, 1};
+    store.AddFieldValueInOneStep("Orders", "zeko", "STATUS", "10", "SLBDA3", "Red");
+    EXPECT_THAT(
+        log(),
+        ElementsAre(OpenSuite, "BeginTrans",
+                    "INSERT INTO I18NTEXT (LOCALEID, LABEL, TEXT, STATUS) VALUES (1033, 'SLBDA3', "
+                    "'Red' ,0)",
+                    "INSERT INTO I18NFIELDVALUES (PROVIDERNAME, BISTYPE, FIELDNAME, FIELDVALUE, "
+                    "LABEL)  VALUES ('Orders', 'zeko', 'STATUS', '10', 'SLBDA3')",
+                    "CommitTrans", "Close"));
+    EXPECT_EQ(logAtMessage.back(), *(log().end() - 3));
+
+    counts = {1, 0};
+    store.AddFieldValueInOneStep("Orders", "zeko", "STATUS", "10", "SLBDA3", "Red");
+    EXPECT_THAT(outside.messages.shown, ElementsAre("1 record(s) affected", "No records affected"));
+
+    outside.database.log.clear();
+    failing = "INSERT INTO I18NFIELDVALUES";
+    EXPECT_THROW(store.AddFieldValueInOneStep("Orders", "zeko", "STATUS", "10", "SLBDA3", "Red"),
+                 RuntimeError);
+    EXPECT_EQ(log().size(), 4U) << "neither committed nor closed";
+}
+
+TEST_F(TranslationStoreTest, ValuesAreSplicedAsTheyAre) {
+    store.ChangeFieldValueTranslation("O'Neill", "zeko", " $x ", "$", "a''b\\");
+    EXPECT_EQ(log().back(),
+              "UPDATE I18NFIELDVALUES SET LABEL = 'a''b\\' WHERE PROVIDERNAME = 'O'Neill' AND "
+              "BISTYPE = 'zeko' AND FIELDNAME = ' $x ' AND FIELDVALUE = '$'");
+}
+
+TEST_F(TranslationStoreTest, WithoutTheDataSourceComponentAnOperationFailsAsItsCreationDoes) {
+    outside.database.execute = nullptr;
+    for (const auto& operation : std::vector<std::function<void()>>{
+             [this] { store.ListLabels(); }, [this] { store.AddLabel("SLBDA3", "Red"); }}) {
+        try {
+            operation();
+            ADD_FAILURE() << "no error";
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.number(), 429);
+        }
+    }
+    EXPECT_THAT(log(), ElementsAre());
+}
+
+}  // namespace
+}  // namespace headerdtc
