@@ -1,0 +1,98 @@
+#include "qt/surface/list_box_view.h"
+
+#include "qt/surface/focus_outline.h"
+#include "qt/surface/selection_list.h"
+
+#include <QItemSelectionModel>
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace headerdtc::qt {
+namespace {
+
+// The selected items as ranges: a list of any length can be selected as a whole.
+QItemSelection selectionOf(const ListBox& model, const ItemsModel& items) {
+    QItemSelection selection;
+    for (int first = 0; model.SelCount() > 0 && first < model.ListCount(); ++first) {
+        if (!model.Selected(first)) continue;
+        int last = first;
+        while (last + 1 < model.ListCount() && model.Selected(last + 1))
+            ++last;
+        selection.select(items.index(first), items.index(last));
+        first = last;
+    }
+    return selection;
+}
+
+}  // namespace
+
+ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
+    : ControlView(model, widget, face),
+      model_(model),
+      list_(widget),
+      items_(model.ListCount(),
+             [&model](int index) -> const std::string& { return model.List(index); }) {
+    new FocusOutline(list_);
+    list_.setModel(&items_);
+    list_.setSelectionMode(model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
+                                                  : QAbstractItemView::SingleSelection);
+    connect(&list_, &SelectionList::actionBegins, this, [this] {
+        if (showPending_) show();
+    });
+    connect(&list_, &SelectionList::selected, this, [this] { select(); });
+    // The item was selected by the first press.
+    connect(&list_, &SelectionList::pressedTwice, this,
+            [this] { act([this] { model_.doubleClickEmptyArea(); }); });
+    subscriptions_ +=
+        model_.itemsChanged.subscribe([this](const ItemsChange& change) { applyChange(change); });
+    subscriptions_ += model_.selectionChanged.subscribe([this] { showLater(); });
+}
+
+void ListBoxView::applyChange(const ItemsChange& change) {
+    const SelectionList::Showing showing(list_);
+    // Qt would shift every selected range with each item that goes; show() puts them anew.
+    if (!showPending_) list_.selectionModel()->clear();
+    items_.apply(change);
+    showLater();
+}
+
+void ListBoxView::showLater() {
+    if (std::exchange(showPending_, true)) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (showPending_) show();
+        },
+        Qt::QueuedConnection);
+}
+
+void ListBoxView::show() {
+    showPending_ = false;
+    const SelectionList::Showing showing(list_);
+    QItemSelectionModel& selection = *list_.selectionModel();
+    const QModelIndex current = items_.index(model_.ListIndex());
+    if (current.isValid() && current != selection.currentIndex()) {
+        selection.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+        list_.scrollTo(current);
+    } else if (!current.isValid()) {
+        selection.clearCurrentIndex();
+    }
+    selection.select(selectionOf(model_, items_), QItemSelectionModel::ClearAndSelect);
+}
+
+void ListBoxView::select() {
+    const QModelIndex current = list_.currentIndex();
+    std::vector<int> items;
+    for (const QItemSelectionRange& range : list_.selectionModel()->selection()) {
+        for (int item = range.top(); item <= range.bottom(); ++item)
+            items.push_back(item);
+    }
+    std::sort(items.begin(), items.end());
+    // Where one item at most is selected, Ctrl does not deselect it.
+    if (!model_.isMultiSelect() && current.isValid()) items = {current.row()};
+    act([&] { model_.select(items, current.isValid() ? current.row() : -1); });
+    show();
+}
+
+}  // namespace headerdtc::qt

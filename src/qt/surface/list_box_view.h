@@ -1,0 +1,30 @@
+#pragma once
+
+#include "controls/list_box.h"
+#include "qt/surface/control_view.h"
+#include "qt/surface/items_model.h"
+
+namespace headerdtc::qt {
+
+class SelectionList;
+
+class ListBoxView : public ControlView {
+  public:
+    ListBoxView(ListBox& model, SelectionList& widget, FormFace face);
+
+  protected:
+    void show() override;
+
+  private:
+    void applyChange(const ItemsChange& change);
+    void showLater();
+    void select();
+
+    ListBox& model_;
+    SelectionList& list_;
+    ItemsModel items_;
+    // A program marks items one by one; the list shows the outcome once.
+    bool showPending_ = false;
+};
+
+}  // namespace headerdtc::qt
