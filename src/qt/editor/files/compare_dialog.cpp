@@ -1,6 +1,7 @@
 #include "qt/editor/files/compare_dialog.h"
 
 #include "qt/editor/window/icons.h"
+#include "qt/editor/window/words.h"
 
 #include <QDialogButtonBox>
 #include <QFontDatabase>
@@ -43,6 +44,8 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
                                            Qt::TextSelectableByKeyboard);
         panes_[i]->setLineWrapMode(QPlainTextEdit::NoWrap);
         panes_[i]->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+        panes_[i]->setTabStopDistance(4 *
+                                      panes_[i]->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
         counts_[i] = new QLabel;
         panes->addWidget(name, 0, column);
         panes->addWidget(panes_[i], 1, column);
@@ -100,12 +103,14 @@ void CompareDialog::fill(const std::vector<AlignedRow>& rows) {
     }
     for (std::size_t pane = 0; pane < PaneCount; ++pane) {
         QString text;
-        int count = 0;
+        int added = 0;
+        int removed = 0;
         for (const AlignedRow& row : rows) {
             const std::string_view line = row.cells[pane].text;
             text += QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
             text += QLatin1Char('\n');
-            count += row.cells[pane].changed ? 1 : 0;
+            added += row.cells[pane].changed ? 1 : 0;
+            removed += row.cells[0].present && !row.cells[pane].present ? 1 : 0;
         }
         text.chop(1);
         panes_[pane]->setPlainText(text);
@@ -121,9 +126,12 @@ void CompareDialog::fill(const std::vector<AlignedRow>& rows) {
             marks.push_back(mark);
         }
         panes_[pane]->setExtraSelections(marks);
-        counts_[pane]->setText(pane == 0    ? tr("%n line(s) changed since", nullptr, count)
-                               : count == 0 ? tr("no line changed")
-                                            : tr("%n line(s) new or changed", nullptr, count));
+        counts_[pane]->setText(
+            pane == 0 ? counted(static_cast<int>(differences_.size()), "difference since",
+                                "differences since")
+            : added + removed == 0
+                ? tr("no difference")
+                : tr("%1 new, %2 removed").arg(counted(added, "line", "lines")).arg(removed));
     }
 }
 

@@ -71,6 +71,7 @@ ControlPane::ControlPane(EditedPage& page, QWidget* parent)
     insert_->setToolTip(tr("Insert a new control before the line of the caret"));
     connect(insert_, &QPushButton::clicked, this, &ControlPane::insertRequested);
     nothing_ = new QWidget;
+    nothing_->setMinimumWidth(280);
     auto* nothingLayout = new QVBoxLayout(nothing_);
     nothingLayout->setContentsMargins(24, 24, 24, 24);
     nothingLayout->addStretch();

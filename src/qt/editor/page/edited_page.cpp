@@ -38,7 +38,7 @@ std::unique_ptr<EditedPage> EditedPage::makeNew(Sites& sites, const fs::path& pl
 }
 
 bool EditedPage::isModified() const {
-    return !hasFile_ || content()->bytes() != saved_->bytes();
+    return fileIsGone_ || content()->bytes() != saved_->bytes();
 }
 
 PageContentPtr EditedPage::contentOf(std::string bytes) const {
@@ -166,6 +166,7 @@ void EditedPage::takeSaved(const fs::path& file) {
     WholeFile whole = readWholeFile(file);
     file_ = file;
     hasFile_ = true;
+    fileIsGone_ = false;
     stamp_ = whole.stamp;
     saved_ = contentOf(std::move(whole.bytes));
     history_.replaceCurrent(saved_);
@@ -198,6 +199,7 @@ void EditedPage::keepMine(WholeFile theirs) {
 
 void EditedPage::keepWithoutFile() {
     hasFile_ = false;
+    fileIsGone_ = true;
     Q_EMIT stateChanged();
 }
 

@@ -92,6 +92,7 @@ class EditedPage : public QObject {
 
     std::filesystem::path file_;
     bool hasFile_ = false;
+    bool fileIsGone_ = false;  // it had one
     FileStamp stamp_;
     std::shared_ptr<Site> site_;
     PageContentPtr saved_;

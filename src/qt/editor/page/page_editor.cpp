@@ -85,6 +85,7 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     connect(page_.get(), &EditedPage::contentChanged, this, &PageEditor::followPage);
     connect(page_.get(), &EditedPage::stateChanged, this, [this] {
         showDoubts();
+        previewTimer_.start();  // the saved text may be another
         Q_EMIT stateChanged();
     });
     connect(page_.get(), &EditedPage::placeChanged, this, &PageEditor::refreshPreviews);

@@ -2,6 +2,7 @@
 
 #include "qt/editor/source/asp_highlighter.h"
 #include "qt/editor/window/icons.h"
+#include "qt/editor/window/words.h"
 
 #include <QEvent>
 #include <QFontDatabase>
@@ -94,13 +95,14 @@ void PreviewPane::showPreview(const std::shared_ptr<const Preview>& preview) {
     if (text_->toPlainText() != all) text_->setPlainText(all);
     text_->verticalScrollBar()->setValue(scrolled);
     paintMarks();
+    if (!showsChange()) goToNextChange();
     if (added + removed == 0) {
         summary_->setText(newLines.empty() ? tr("Nothing would be generated.")
                                            : tr("The page already holds this text."));
     } else {
         summary_->setText(tr("Saving adds %1 and removes %2.")
-                              .arg(tr("%n line(s)", nullptr, static_cast<int>(added)),
-                                   tr("%n line(s)", nullptr, static_cast<int>(removed))));
+                              .arg(counted(static_cast<int>(added), "line", "lines"),
+                                   counted(static_cast<int>(removed), "line", "lines")));
     }
     const bool changes = added + removed > 0;
     previous_->setEnabled(changes);
@@ -139,6 +141,17 @@ void PreviewPane::paintMarks() {
     text_->setExtraSelections(selections);
 }
 
+// Whether a marked line is in view.
+bool PreviewPane::showsChange() const {
+    const int first = text_->cursorForPosition({0, 0}).blockNumber();
+    const int last = text_->cursorForPosition({0, text_->viewport()->height()}).blockNumber();
+    for (auto line = static_cast<std::size_t>(first);
+         line <= static_cast<std::size_t>(last) && line < marks_.size(); ++line) {
+        if (marks_[line] != Mark::None) return true;
+    }
+    return false;
+}
+
 void PreviewPane::goToNextChange() {
     goToChange(1);
 }
@@ -165,7 +178,7 @@ void PreviewPane::goToChange(int direction) {
 
 void PreviewPane::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::PaletteChange) return;
+    if (event->type() != QEvent::PaletteChange || !highlighter_) return;
     highlighter_->usePalette(palette());
     paintMarks();
 }

@@ -38,13 +38,14 @@ class PreviewPane : public QWidget {
 
     void append(QString& all, std::string_view line, Mark mark);
     void paintMarks();
+    bool showsChange() const;
     void goToChange(int direction);
 
     QLabel* summary_;
     QToolButton* previous_;
     QToolButton* next_;
     QPlainTextEdit* text_;
-    AspHighlighter* highlighter_;
+    AspHighlighter* highlighter_ = nullptr;
     std::vector<Mark> marks_;  // of each line shown
 };
 

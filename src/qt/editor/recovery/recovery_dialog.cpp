@@ -1,5 +1,7 @@
 #include "qt/editor/recovery/recovery_dialog.h"
 
+#include "qt/editor/window/words.h"
+
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QHeaderView>
@@ -59,13 +61,13 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryCopy> copies, QWidget* parent
         accept();
     });
     connect(discard, &QPushButton::clicked, this, [this] {
-        const auto count = static_cast<int>(chosen().size());
-        if (QMessageBox::question(this, windowTitle(),
-                                  tr("Discard the unsaved changes of %n page(s)? They cannot be "
-                                     "brought back.",
-                                     nullptr, count),
-                                  QMessageBox::Discard | QMessageBox::Cancel,
-                                  QMessageBox::Cancel) != QMessageBox::Discard)
+        if (QMessageBox::question(
+                this, windowTitle(),
+                tr("Discard the unsaved changes of %1? They cannot be brought "
+                   "back.")
+                    .arg(counted(static_cast<int>(chosen().size()), "page", "pages")),
+                QMessageBox::Discard | QMessageBox::Cancel,
+                QMessageBox::Cancel) != QMessageBox::Discard)
             return;
         answer_ = Answer::Discard;
         accept();

@@ -103,6 +103,8 @@ QWidget* SettingsDialog::drivesBox() {
     drives_->verticalHeader()->hide();
     drives_->setSelectionBehavior(QAbstractItemView::SelectRows);
     drives_->setMinimumHeight(90);
+    drives_->setMaximumHeight(130);
+    drives_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     fillDrives();
     auto* add = new QPushButton(tr("&Add"));
     auto* remove = new QPushButton(tr("Re&move"));

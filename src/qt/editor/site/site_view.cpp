@@ -21,6 +21,9 @@ namespace {
 
 using Verdict = GeneratedPage::Verdict;
 
+// A site of this many pages can be looked over as a whole.
+constexpr std::size_t MostExpanded = 200;
+
 // A page's messages, of a run that had no window of the page to show a place in.
 std::vector<Message> messagesOf(const PageResult& result) {
     std::vector<Message> messages;
@@ -143,7 +146,11 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
     connect(run_, &SiteRun::found, this,
             [this](const std::vector<std::filesystem::path>& pages, const QStringList& problems) {
                 model_->setPages(folder_, pages);
-                tree_->expandToDepth(0);
+                if (pages.size() <= MostExpanded) {
+                    tree_->expandAll();
+                } else {
+                    tree_->expandToDepth(0);
+                }
                 std::vector<Message> messages;
                 for (const QString& problem : problems)
                     messages.push_back({Message::Severity::Error, problem, folder_, {}});
@@ -231,13 +238,13 @@ void SiteView::showState() {
         return;
     }
     QStringList parts;
-    if (written_ > 0) parts += tr("%n written", nullptr, written_);
-    parts += tr("%n up to date", nullptr, model_->count(Verdict::UpToDate));
+    if (written_ > 0) parts += tr("%1 written").arg(written_);
+    parts += tr("%1 up to date").arg(model_->count(Verdict::UpToDate));
     const int stale = model_->count(Verdict::Stale);
-    if (stale > 0) parts += tr("%n out of date", nullptr, stale);
+    if (stale > 0) parts += tr("%1 out of date").arg(stale);
     const int failed = model_->count(Verdict::LeftAlone) + model_->count(Verdict::NotReadable) +
                        model_->count(Verdict::NotConfigured);
-    if (failed > 0) parts += tr("%n not done", nullptr, failed);
+    if (failed > 0) parts += tr("%1 not done").arg(failed);
     summary_->setText(any ? parts.join(QLatin1String(", ")) : QString());
 }
 

@@ -2,6 +2,7 @@
 
 #include "qt/editor/source/asp_highlighter.h"
 #include "qt/editor/source/source_gutter.h"
+#include "qt/editor/window/words.h"
 
 #include <QContextMenuEvent>
 #include <QFontDatabase>
@@ -16,6 +17,7 @@
 namespace headerdtc::qt {
 namespace {
 
+constexpr const char* MarkupBegin = "<!--METADATA";
 constexpr int SpanTint = 28;  // of 255: how strongly a control's span is coloured
 
 // The document's text as it is; toPlainText() would make blanks of no-break spaces.
@@ -127,13 +129,18 @@ QMimeData* SourceView::createMimeDataFromSelection() const {
     return data;
 }
 
+QColor SourceView::spanTint() const {
+    QColor tint = palette().color(QPalette::Highlight);
+    tint.setAlpha(SpanTint);
+    return tint;
+}
+
 // ---- controls' spans ----------------------------------------------------------------------------
 
 void SourceView::markSpans() {
     regions_.clear();
     QList<QTextEdit::ExtraSelection> marks;
-    QColor tint = palette().color(QPalette::Highlight);
-    tint.setAlpha(SpanTint);
+    const QColor tint = spanTint();
     const std::string& bytes = lines_->page().bytes();
     for (const ControlSpan& span : lines_->page().controls()) {
         const int first = lines_->lineOfByte(span.whole.begin);
@@ -237,28 +244,38 @@ bool SourceView::event(QEvent* event) {
 
 void SourceView::resizeEvent(QResizeEvent* event) {
     QPlainTextEdit::resizeEvent(event);
-    placeGutter();
+    if (gutter_) placeGutter();
 }
 
-// Behind the first line of a folded span: whose it is, and how much is hidden.
+// Over the first line of a folded span: whose it is, and how many lines it has. The line's own end
+// says less.
 void SourceView::paintEvent(QPaintEvent* event) {
     QPlainTextEdit::paintEvent(event);
     QPainter painter(viewport());
     painter.setFont(font());
+    painter.setRenderHint(QPainter::Antialiasing);
     for (const Region& region : regions_) {
         if (!isFolded(region.controlId)) continue;
         const QTextBlock block = document()->findBlockByNumber(region.first);
         const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
         if (!place.intersects(event->rect())) continue;
-        const QString text = tr(" %1, %n more lines ", nullptr, region.hiddenEnd - region.first - 1)
-                                 .arg(QString::fromStdString(region.controlId));
-        const double left = place.left() + document()->documentMargin() +
-                            fontMetrics().horizontalAdvance(block.text()) +
-                            fontMetrics().averageCharWidth();
-        QRectF label(left, place.top() + 1, fontMetrics().horizontalAdvance(text),
-                     place.height() - 2);
+        const QString shown = block.text();
+        const auto open = shown.lastIndexOf(QLatin1String(MarkupBegin), -1, Qt::CaseInsensitive);
+        const QString before =
+            open < 0 ? shown : shown.left(open + qstrlen(MarkupBegin)) + QLatin1Char(' ');
+        const QString text = QStringLiteral(" %1, %2 ")
+                                 .arg(QString::fromStdString(region.controlId),
+                                      counted(region.hiddenEnd - region.first, "line", "lines"));
+        const double left =
+            place.left() + document()->documentMargin() + fontMetrics().horizontalAdvance(before);
+        const double textWidth = fontMetrics().horizontalAdvance(text);
+        const double hidden = fontMetrics().horizontalAdvance(shown.mid(before.size()));
+        painter.fillRect(QRectF(left, place.top(), std::max(textWidth, hidden), place.height()),
+                         palette().color(QPalette::Base));
+        painter.fillRect(QRectF(left, place.top(), std::max(textWidth, hidden), place.height()),
+                         spanTint());
+        const QRectF label(left, place.top() + 1, textWidth, place.height() - 2);
         painter.setPen(palette().color(QPalette::Highlight));
-        painter.setRenderHint(QPainter::Antialiasing);
         painter.drawRoundedRect(label, 3, 3);
         painter.setPen(palette().color(QPalette::Text));
         painter.drawText(label, Qt::AlignCenter, text);
@@ -267,6 +284,7 @@ void SourceView::paintEvent(QPaintEvent* event) {
 
 void SourceView::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
+    if (!gutter_) return;  // still being made
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) placeGutter();
     if (event->type() == QEvent::PaletteChange) {
         highlighter_->usePalette(palette());

@@ -65,10 +65,11 @@ class SourceView : public QPlainTextEdit {
     const Region* regionAt(int line) const;
     void toggleFoldAt(int line);
     void placeGutter();
+    QColor spanTint() const;
 
     std::unique_ptr<SourceLines> lines_;
-    AspHighlighter* highlighter_;
-    SourceGutter* gutter_;
+    AspHighlighter* highlighter_ = nullptr;
+    SourceGutter* gutter_ = nullptr;
     std::vector<Region> regions_;
     std::set<std::string> folded_;
     std::set<std::string> known_;  // controls whose folding has been decided

@@ -65,10 +65,10 @@ GuideWindow::GuideWindow(QWidget* parent) : QMainWindow(parent) {
 }
 
 void GuideWindow::showGuide(const QString& heading) {
-    follow(QUrl(QLatin1String(Guide) + QLatin1Char('#') + heading));
     show();
     raise();
     activateWindow();
+    follow(QUrl(QLatin1String(Guide) + QLatin1Char('#') + heading));
 }
 
 void GuideWindow::follow(const QUrl& link) {

@@ -55,7 +55,7 @@ constexpr Info Table[] = {
     {Command::RemoveControl, Menu::Edit, TEXT("Remove &control"), "list-remove", "", Needs::Control, Plain, TEXT("Take the shown control out of the page")},
     {Command::ShowSource, Menu::View, TEXT("&Source"), "", "Ctrl+1", Needs::Nothing, Checkable, TEXT("Show the page's source beside the control")},
     {Command::ShowPreview, Menu::View, TEXT("&Generated text"), "", "Ctrl+2", Needs::Nothing, Checkable, TEXT("Show what would be generated")},
-    {Command::ToggleFold, Menu::View, TEXT("&Fold control in source"), "", "Ctrl+Shift+F", Needs::Control, Separated, TEXT("Hide or show the lines of the control in the source")},
+    {Command::ToggleFold, Menu::View, TEXT("&Fold control in source"), "", "Ctrl+Shift+F", Needs::Control, Plain, TEXT("Hide or show the lines of the control in the source")},
     {Command::NextChange, Menu::View, TEXT("&Next change of the generated text"), "go-down", "F8", Needs::Control, Plain, TEXT("Go to the next line that saving would change")},
     {Command::PreviousChange, Menu::View, TEXT("&Previous change of the generated text"), "go-up", "Shift+F8", Needs::Control, Plain, TEXT("Go to the line before that saving would change")},
     {Command::Refresh, Menu::View, TEXT("&Refresh"), "view-refresh", "F5", Needs::Page, Plain, TEXT("Look again at files, template and catalogue")},

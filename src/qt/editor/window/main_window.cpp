@@ -72,6 +72,7 @@ MainWindow::MainWindow(const Options& options)
     auto* panel = new MessagesPanel(messages_);
     messagesDock_ =
         addDock(tr("Messages"), "MessagesDock", panel, Qt::BottomDockWidgetArea, "Ctrl+4");
+    commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
     status_ = new PageStatus;
     statusBar()->addPermanentWidget(status_);
 
