@@ -2,13 +2,13 @@
 
 #include <random>
 
-// Views keep a copy in step by the changes they are told. Here the copy is plain data, changed
+// Views keep a copy in step by the changes that they are told. Here the copy is plain data, changed
 // only by what the events say, and compared with the model after every one of many random
 // operations, failing ones included.
 namespace headerdtc {
 namespace {
 
-// One copied entry; lists remember too what the entry was when it was copied.
+// Carries a change over to the copy; `read` gives the entry that the model has at an index.
 template <class Entry, class Read>
 void replay(std::vector<Entry>& copy, ItemsChange change, Read read) {
     const auto first = copy.begin() + change.first;

@@ -5,8 +5,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::Contains;
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;

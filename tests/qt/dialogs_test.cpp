@@ -126,6 +126,9 @@ TEST_F(DialogsTest, ScriptsKeepTheirLineEnds) {
         EXPECT_EQ(dialog.form.ActiveControl(), &dialog.ScriptText);
         type(window, "x");
         EXPECT_EQ(dialog.ScriptText.Text(), "");
+        dialog.ScriptText.Enabled(false);
+        click(*in<QPlainTextEdit>(window, "ScriptText").viewport(), {3, 3});
+        EXPECT_EQ(dialog.form.ActiveControl(), nullptr);
         click(in(window, "LocalScriptOption"));
         press(window, Qt::Key_Up);
         EXPECT_TRUE(dialog.IncludedScriptOption.Value());

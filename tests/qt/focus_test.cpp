@@ -96,6 +96,11 @@ TEST_F(FocusTest, TabsTurnAsTheModelsSay) {
     EXPECT_EQ(dtc.SSTab1.Tab(), 4);
     press(Qt::Key_G, Qt::AltModifier);
     EXPECT_EQ(dtc.SSTab1.Tab(), 0);
+    // As assistive technology does.
+    widget<QTabWidget>(dtc.SSTab1).setCurrentIndex(5);
+    EXPECT_EQ(dtc.SSTab1.Tab(), 5);
+    EXPECT_EQ(focused(), "SSTab1");
+    openTab(0);
 
     click(widget(dtc.XSLFilenameText));
     events.take();

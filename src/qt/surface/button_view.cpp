@@ -49,6 +49,13 @@ bool AbstractButtonView::eventFilter(QObject* watched, QEvent* event) {
     return ControlView::eventFilter(watched, event);
 }
 
+bool AbstractButtonView::keyPressed(const QKeyEvent& event) {
+    const auto key = keyOf(event);
+    if (!key || !isArrowKey(*key)) return ControlView::keyPressed(event);
+    act([&] { control().press(*key); });
+    return true;
+}
+
 ButtonView::ButtonView(Button& model, QPushButton& widget, FormFace face)
     : AbstractButtonView(model, widget, face), model_(model) {
     // Enter presses the button that the model says.
@@ -88,21 +95,6 @@ QString OptionButtonView::caption() const {
 void OptionButtonView::show() {
     showCaption();
     radio_.setChecked(model_.Value());
-}
-
-bool OptionButtonView::keyPressed(const QKeyEvent& event) {
-    const auto key = keyOf(event);
-    if (!key) return false;
-    switch (key->kind) {
-        case Key::Kind::Up:
-        case Key::Kind::Down:
-        case Key::Kind::Left:
-        case Key::Kind::Right:
-            act([&] { model_.press(*key); });
-            return true;
-        default:
-            return AbstractButtonView::keyPressed(event);
-    }
 }
 
 }  // namespace headerdtc::qt

@@ -20,6 +20,9 @@ class AbstractButtonView : public ControlView {
 
   protected:
     void show() override { showCaption(); }
+    // The arrow keys too are the model's: options go round their group with them, and nothing else
+    // moves the focus, which Qt would do.
+    bool keyPressed(const QKeyEvent& event) override;
     // The person's click, as an operation of the model; show() follows it, since Qt has changed a
     // check mark by itself and the model has the last word.
     virtual void click() = 0;
@@ -66,8 +69,6 @@ class OptionButtonView : public AbstractButtonView {
   protected:
     void show() override;
     void click() override { model_.pick(); }
-    // The arrow keys too are the model's: they go round its group.
-    bool keyPressed(const QKeyEvent& event) override;
 
   private:
     OptionButton& model_;

@@ -92,7 +92,7 @@ void ComboBoxView::edited() {
     const std::string text = fromQt(edit.text());
     const bool changed = text != model_.Text();
     // Leaving the box takes the selection away in Qt; the model keeps it.
-    if (!changed && !model_.hasFocus()) return;
+    if (!changed && !combo_.hasFocus()) return;
     const LineSelection selection = LineSelection::of(edit);
     act([&] {
         if (!model_.hasFocus()) model_.focus();
@@ -112,7 +112,10 @@ bool ComboBoxView::eventFilter(QObject* watched, QEvent* event) {
 bool ComboBoxView::keyPressed(const QKeyEvent& event) {
     const auto key = keyOf(event);
     if (!key || key->kind == Key::Kind::Tab) return false;
-    if (isDialogKey(*key)) return ControlView::keyPressed(event);
+    if (isDialogKey(*key) || key->kind == Key::Kind::Up || key->kind == Key::Kind::Down) {
+        act([&] { model_.press(*key); });
+        return true;
+    }
     bool goesOn = true;
     act([&] { goesOn = model_.keyPress(*key); });
     return !goesOn;

@@ -25,9 +25,9 @@ void nameFor(Family which, QWidget& page) {
     for (QWidget* widget : page.findChildren<QWidget*>()) {
         const std::string name = fromQt(widget->objectName());
         if (name == drawn.moveUpLinkedButton) {
-            widget->setObjectName(QLatin1String(wanted.moveUpLinkedButton.data()));
+            widget->setObjectName(toQt(std::string(wanted.moveUpLinkedButton)));
         } else if (name == drawn.moveDownLinkedButton) {
-            widget->setObjectName(QLatin1String(wanted.moveDownLinkedButton.data()));
+            widget->setObjectName(toQt(std::string(wanted.moveDownLinkedButton)));
         } else if (name.starts_with(drawn.prefix)) {
             widget->setObjectName(toQt(familyName(which, name.substr(drawn.prefix.size()))));
         }

@@ -41,9 +41,12 @@ void ControlView::act(const std::function<void()>& action) {
 void ControlView::showAppearance() {
     const bool usable = control_.Enabled() && control_.Visible();
     if (!usable) face_.focus.park(widget_);
-    widget_.setEnabled(control_.Enabled());
-    // Showing what shows already would bring widgets out of a page that is not laid out yet.
-    if (widget_.isHidden() == control_.Visible()) widget_.setVisible(control_.Visible());
+    showEnabled(control_.Enabled());
+    widget_.setVisible(control_.Visible());
+}
+
+void ControlView::showEnabled(bool enabled) {
+    widget_.setEnabled(enabled);
 }
 
 void ControlView::describe() {

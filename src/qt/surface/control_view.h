@@ -48,6 +48,7 @@ class ControlView : public QObject {
   protected:
     // What the widget shows of the model besides what all controls have.
     virtual void show() = 0;
+    virtual void showEnabled(bool enabled);
     void act(const std::function<void()>& action);
     // A key pressed with the widget's focus; tells whether the widget is to be kept from it. Here:
     // Enter and Escape, which are the model's.

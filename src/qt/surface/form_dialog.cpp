@@ -20,10 +20,10 @@ FormDialog::FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(for
     binder_ = std::make_unique<FormBinder>(form, *this);
     binder_->actions.onFailure = [this](const std::exception_ptr& failure) {
         failure_ = failure;
-        emit finishedByForm();
+        Q_EMIT finishedByForm();
     };
     binder_->actions.onDone = [this] {
-        if (!form_.Visible()) emit finishedByForm();
+        if (!form_.Visible()) Q_EMIT finishedByForm();
     };
     if (form.defaultButton) {
         if (auto* button = findChild<QPushButton*>(toQt(form.defaultButton->name())))

@@ -33,7 +33,7 @@ class FormDialog : public QDialog {
     // Enter and Escape are the models'.
     void keyPressEvent(QKeyEvent* event) override;
 
-  signals:
+  Q_SIGNALS:
     void finishedByForm();
 
   private:

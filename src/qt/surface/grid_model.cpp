@@ -53,9 +53,9 @@ void GridModel::apply(const GridChange& change) {
             endRemoveRows();
             break;
         case GridChange::Kind::CellsChanged:
-            if (first < 0) emit headerDataChanged(Qt::Horizontal, 0, grid_.Cols() - 1);
+            if (first < 0) Q_EMIT headerDataChanged(Qt::Horizontal, 0, grid_.Cols() - 1);
             if (last >= 0)
-                emit dataChanged(index(std::max(first, 0), 0), index(last, grid_.Cols() - 1));
+                Q_EMIT dataChanged(index(std::max(first, 0), 0), index(last, grid_.Cols() - 1));
             break;
         case GridChange::Kind::Geometry:
         case GridChange::Kind::CurrentCell:

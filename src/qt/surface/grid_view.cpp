@@ -7,7 +7,9 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTableView>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
 
@@ -73,6 +75,11 @@ int GridView::pixels(int twips) const {
     return twips * table_.fontMetrics().height() / DesignedLineHeight;
 }
 
+// Left and right of a cell's text, the line between cells included.
+int GridView::cellMargin() const {
+    return 2 * (table_.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1) + 2;
+}
+
 std::vector<int> GridView::sizes() const {
     std::vector<int> sizes = {model_.RowHeightMin()};
     for (int column = 0; column < model_.Cols(); ++column)
@@ -84,8 +91,7 @@ void GridView::fitCells() {
     fitted_ = sizes();
     QHeaderView& header = *table_.horizontalHeader();
     const QList<int> slackColumns = columnsOf(table_, "slackColumns");
-    const int margin = 2 * (table_.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 2);
-    const int narrowest = table_.fontMetrics().horizontalAdvance("...") + margin;
+    const int narrowest = table_.fontMetrics().horizontalAdvance("...") + cellMargin();
     for (int column = 0; column < model_.Cols(); ++column) {
         const bool titled =
             !cells_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().isEmpty();
@@ -158,12 +164,24 @@ bool GridView::viewportEvent(const QEvent& event) {
             }
             return true;
         }
+        case QEvent::ToolTip:
+            return showCutOffText(static_cast<const QHelpEvent&>(event));
         case QEvent::MouseMove:
         case QEvent::MouseButtonRelease:
             return true;
         default:
             return false;
     }
+}
+
+// A text that its cell is too narrow for shows as a tool tip.
+bool GridView::showCutOffText(const QHelpEvent& event) {
+    const QModelIndex cell = table_.indexAt(event.pos());
+    const QString text = cell.data().toString();
+    const int room = table_.visualRect(cell).width() - cellMargin();
+    if (table_.fontMetrics().horizontalAdvance(text) <= room) return false;
+    QToolTip::showText(event.globalPos(), text, table_.viewport());
+    return true;
 }
 
 void GridView::pressCell(const QModelIndex& cell) {

@@ -7,6 +7,7 @@
 
 #include <vector>
 
+class QHelpEvent;
 class QTableView;
 
 namespace headerdtc::qt {
@@ -33,8 +34,10 @@ class GridView : public ControlView {
     std::vector<int> sizes() const;
     void fitCells();
     int pixels(int twips) const;
+    int cellMargin() const;
     void showCurrentCell();
     bool viewportEvent(const QEvent& event);
+    bool showCutOffText(const QHelpEvent& event);
     void pressCell(const QModelIndex& cell);
     void pressKey(const Key& key);
     void scrolled(int firstRow);

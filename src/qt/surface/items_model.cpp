@@ -42,7 +42,7 @@ void ItemsModel::apply(const ItemsChange& change) {
             endRemoveRows();
             break;
         case ItemsChange::Kind::Changed:
-            emit dataChanged(index(change.first), index(last));
+            Q_EMIT dataChanged(index(change.first), index(last));
             break;
         case ItemsChange::Kind::Reset:
             beginResetModel();

@@ -48,4 +48,9 @@ bool isDialogKey(const Key& key) {
     return key.kind == Key::Kind::Enter || key.kind == Key::Kind::Escape;
 }
 
+bool isArrowKey(const Key& key) {
+    return key.kind == Key::Kind::Up || key.kind == Key::Kind::Down ||
+           key.kind == Key::Kind::Left || key.kind == Key::Kind::Right;
+}
+
 }  // namespace headerdtc::qt

@@ -12,7 +12,8 @@ namespace headerdtc::qt {
 // for those held with Ctrl, Alt or Meta, which are commands to the window.
 std::optional<Key> keyOf(const QKeyEvent& event);
 
-// Whether the key belongs to the models' Enter and Escape.
+// Enter and Escape, which dialogs have buttons for.
 bool isDialogKey(const Key& key);
+bool isArrowKey(const Key& key);
 
 }  // namespace headerdtc::qt

@@ -1,6 +1,7 @@
 #include "qt/surface/list_box_view.h"
 
 #include "qt/surface/focus_outline.h"
+#include "qt/surface/key_translation.h"
 #include "qt/surface/selection_list.h"
 
 #include <QItemSelectionModel>
@@ -79,6 +80,14 @@ void ListBoxView::show() {
         selection.clearCurrentIndex();
     }
     selection.select(selectionOf(model_, items_), QItemSelectionModel::ClearAndSelect);
+}
+
+bool ListBoxView::keyPressed(const QKeyEvent& event) {
+    const auto key = keyOf(event);
+    if (!key || key->shift || !isArrowKey(*key)) return ControlView::keyPressed(event);
+    act([&] { model_.press(*key); });
+    if (showPending_) show();
+    return true;
 }
 
 void ListBoxView::select() {

@@ -14,6 +14,8 @@ class ListBoxView : public ControlView {
 
   protected:
     void show() override;
+    // The arrow keys are the model's; Qt's list knows Shift, Ctrl, pages and searching by typing.
+    bool keyPressed(const QKeyEvent& event) override;
 
   private:
     void applyChange(const ItemsChange& change);

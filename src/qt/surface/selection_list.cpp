@@ -19,7 +19,7 @@ void SelectionList::changed() {
 
 void SelectionList::endAction() {
     acting_ = false;
-    if (std::exchange(changed_, false)) emit selected();
+    if (std::exchange(changed_, false)) Q_EMIT selected();
 }
 
 // Presses beside the items leave the selection alone.
@@ -27,7 +27,7 @@ void SelectionList::mousePressEvent(QMouseEvent* event) {
     dragging_ = false;
     if (event->button() != Qt::LeftButton || !indexAt(event->position().toPoint()).isValid())
         return;
-    emit actionBegins();
+    Q_EMIT actionBegins();
     dragging_ = acting_ = changed_ = true;
     QListView::mousePressEvent(event);
     endAction();
@@ -47,11 +47,11 @@ void SelectionList::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void SelectionList::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) emit pressedTwice();
+    if (event->button() == Qt::LeftButton) Q_EMIT pressedTwice();
 }
 
 void SelectionList::keyPressEvent(QKeyEvent* event) {
-    emit actionBegins();
+    Q_EMIT actionBegins();
     acting_ = true;
     QListView::keyPressEvent(event);
     endAction();

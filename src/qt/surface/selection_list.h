@@ -24,7 +24,7 @@ class SelectionList : public QListView {
         SelectionList& list_;
     };
 
-  signals:
+  Q_SIGNALS:
     // The person is about to act on what is shown.
     void actionBegins();
     // An item was pressed, or selection or current item are other ones now.

@@ -32,7 +32,7 @@ bool TextBoxView::keyPressed(const QKeyEvent& event) {
 
 void TextBoxView::edited(const std::optional<std::string>& text, int selStart, int selLength) {
     // Leaving the box takes the selection away in Qt; the model keeps it.
-    if (!text && !model_.hasFocus()) return;
+    if (!text && !widget().hasFocus()) return;
     act([&] {
         // A text can be dropped into a box that does not have the focus.
         if (!model_.hasFocus()) model_.focus();
@@ -78,7 +78,7 @@ LinesView::LinesView(TextBox& model, QPlainTextEdit& widget, FormFace face)
 
 void LinesView::show() {
     const QScopedValueRollback showing(showing_, true);
-    edit_.setReadOnly(model_.Locked());
+    edit_.setReadOnly(model_.Locked() || !model_.Enabled());
     const QString text = toDocument(model_.Text());
     if (edit_.document()->toRawText() != text) edit_.setPlainText(text);
     const int start = documentPosition(text, model_.SelStart());
@@ -88,6 +88,16 @@ void LinesView::show() {
     cursor.setPosition(start);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
     edit_.setTextCursor(cursor);
+}
+
+void LinesView::showEnabled(bool enabled) {
+    edit_.setFocusPolicy(enabled ? Qt::StrongFocus : Qt::NoFocus);
+    QPalette palette;
+    if (!enabled) {
+        for (const auto role : {QPalette::Text, QPalette::Base})
+            palette.setBrush(role, edit_.palette().brush(QPalette::Disabled, role));
+    }
+    edit_.setPalette(palette);
 }
 
 bool LinesView::isModelKey(const Key& key) const {

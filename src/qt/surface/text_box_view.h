@@ -49,6 +49,8 @@ class LinesView : public TextBoxView {
 
   protected:
     void show() override;
+    // A text that cannot be edited can still be scrolled through.
+    void showEnabled(bool enabled) override;
     bool isModelKey(const Key& key) const override;
     bool applyKey(const Key& key) override;
 
