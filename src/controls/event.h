@@ -57,7 +57,7 @@ class Event {
     [[nodiscard]] Subscription subscribe(Handler handler) {
         if (!state_) state_ = std::make_shared<State>();
         const auto slot = std::make_shared<Slot>(std::move(handler));
-        state_->subscribed.push_back(slot);
+        state_->slots.push_back(slot);
         return Subscription([state = std::weak_ptr(state_), slot = std::weak_ptr(slot)] {
             const auto cancelled = slot.lock();
             const auto left = state.lock();
@@ -69,12 +69,12 @@ class Event {
     }
 
     void raise(Args... args) const {
-        if (!state_ || state_->subscribed.empty()) return;
+        if (!state_ || state_->slots.empty()) return;
         const Raising raising(state_);
-        auto& subscribed = raising.state->subscribed;
-        for (std::size_t i = 0, count = subscribed.size(); i < count; ++i) {
+        auto& slots = raising.state->slots;
+        for (std::size_t i = 0, count = slots.size(); i < count; ++i) {
             // Kept here: a handler that subscribes makes the list move.
-            const std::shared_ptr<Slot> slot = subscribed[i];
+            const std::shared_ptr<Slot> slot = slots[i];
             if (slot->active) slot->handler(args...);
         }
     }
@@ -86,18 +86,18 @@ class Event {
         bool active = true;
     };
     struct State {
-        std::vector<std::shared_ptr<Slot>> subscribed;
+        std::vector<std::shared_ptr<Slot>> slots;
         int raisings = 0;        // under way, one inside the other
-        bool cancelled = false;  // some of them are no longer active
+        bool cancelled = false;  // slots that are no longer active may be there
 
         void tidy() {
             if (!cancelled || raisings > 0) return;
             cancelled = false;
-            const auto gone = std::stable_partition(subscribed.begin(), subscribed.end(),
+            const auto gone = std::stable_partition(slots.begin(), slots.end(),
                                                     [](const auto& slot) { return slot->active; });
             // Destroyed last: what a handler holds may itself be a subscription to this event.
-            const std::vector<std::shared_ptr<Slot>> dying(gone, subscribed.end());
-            subscribed.erase(gone, subscribed.end());
+            const std::vector<std::shared_ptr<Slot>> dying(gone, slots.end());
+            slots.erase(gone, slots.end());
         }
     };
     struct Raising {
