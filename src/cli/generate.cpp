@@ -19,6 +19,12 @@ void printLine(std::FILE* stream, const std::string& line) {
     std::fputc('\n', stream);
 }
 
+void printMessage(const std::string& page, const std::string& message) {
+    std::string line = page;
+    line.append(": ").append(message);
+    printLine(stderr, line);
+}
+
 // What a run came to, page by page, and the exit status that follows from all of it.
 class Outcome {
   public:
@@ -66,7 +72,7 @@ class Outcome {
 
   private:
     void say(const std::string& page, const std::string& message, Verdict verdict) {
-        if (verdict != Verdict::NotConfigured) return printLine(stderr, page + ": " + message);
+        if (verdict != Verdict::NotConfigured) return printMessage(page, message);
         // One wrong configuration is said once, not for each of its pages.
         if (said_.insert(message).second) printLine(stderr, message);
     }
@@ -92,7 +98,7 @@ ExitStatus print(Sites& sites, const std::string& page) {
         OpenControl control(site, page, span, host.faces());
         const MadeContent made = control.content();
         for (const std::string& message : host.messages)
-            printLine(stderr, page + ": " + message);
+            printMessage(page, message);
         failed = failed || !made.errors.empty();
         const std::string bytes = markup.codePage().encodeWithReferences(made.content.runtimeText);
         std::fwrite(bytes.data(), 1, bytes.size(), stdout);
