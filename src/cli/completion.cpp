@@ -10,6 +10,7 @@ namespace {
 struct Word {
     std::string text, description;
     bool takesValue = false;
+    bool takesFile = false;
 };
 struct Level {
     std::string path;  // "translations import"; empty: the program itself
@@ -27,10 +28,14 @@ std::string plain(std::string text) {
 void addOptions(const CLI::App& app, Level& level) {
     for (const CLI::Option* option : app.get_options()) {
         const bool takesValue = option->get_items_expected_max() > 0;
+        const auto add = [&](const std::string& name) {
+            level.options.push_back({name, plain(option->get_description()), takesValue,
+                                     takesValue && option->get_type_name() == FileType});
+        };
         for (const std::string& name : option->get_lnames())
-            level.options.push_back({"--" + name, plain(option->get_description()), takesValue});
+            add("--" + name);
         for (const std::string& name : option->get_snames())
-            level.options.push_back({"-" + name, plain(option->get_description()), takesValue});
+            add("-" + name);
     }
 }
 
@@ -67,46 +72,53 @@ std::string withUnderscores(std::string path) {
 
 // ---- bash --------------------------------------------------------------------------------------
 
+std::string named(const std::vector<Word>& words, bool Word::*which) {
+    std::vector<Word> chosen;
+    std::copy_if(words.begin(), words.end(), std::back_inserter(chosen),
+                 [&](const Word& word) { return word.*which; });
+    return joined(chosen);
+}
+
 std::string bash(const std::vector<Level>& levels) {
     std::string cases;
     for (const Level& level : levels) {
-        std::string valued;
-        for (const Word& option : level.options) {
-            if (option.takesValue) valued += (valued.empty() ? "" : " ") + option.text;
-        }
-        cases += "        \"" + level.path + "\")\n            commands='" +
-                 joined(level.commands) + "'\n            options='" + joined(level.options) +
-                 "'\n            valued='" + valued + "' ;;\n";
+        cases += "        '" + level.path + "')\n            commands='" + joined(level.commands) +
+                 "'\n            options='" + joined(level.options) + "'\n            valued='" +
+                 named(level.options, &Word::takesValue) + "'\n            filed='" +
+                 named(level.options, &Word::takesFile) + "' ;;\n";
     }
     return "# Completions of headerdtc for bash; headerdtc completion bash writes them.\n"
            "_headerdtc_level() {\n"
            "    case $1 in\n" +
-           cases +
-           "        *) return 1 ;;\n"
-           "    esac\n"
-           "}\n"
-           "_headerdtc() {\n"
-           "    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}\n"
-           "    local path='' commands options valued i\n"
-           "    _headerdtc_level ''\n"
-           "    for ((i = 1; i < COMP_CWORD; i++)); do\n"
-           "        case \" $commands \" in\n"
-           "            *\" ${COMP_WORDS[i]} \"*)\n"
-           "                path=${path:+$path }${COMP_WORDS[i]}\n"
-           "                _headerdtc_level \"$path\" ;;\n"
-           "        esac\n"
-           "    done\n"
-           "    if [[ \" $valued \" == *\" $before \"* ]]; then\n"
-           "        mapfile -t COMPREPLY < <(compgen -f -- \"$word\")\n"
-           "    elif [[ $word == -* ]]; then\n"
-           "        mapfile -t COMPREPLY < <(compgen -W \"$options\" -- \"$word\")\n"
-           "    elif [[ -n $commands ]]; then\n"
-           "        mapfile -t COMPREPLY < <(compgen -W \"$commands\" -- \"$word\")\n"
-           "    else\n"
-           "        mapfile -t COMPREPLY < <(compgen -f -- \"$word\")\n"
-           "    fi\n"
-           "}\n"
-           "complete -o filenames -F _headerdtc headerdtc\n";
+           cases + R"(        *) return 1 ;;
+    esac
+}
+_headerdtc() {
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
+    local path='' commands options valued filed i
+    _headerdtc_level ''
+    for ((i = 1; i < COMP_CWORD; i++)); do
+        case " $commands " in
+            *" ${COMP_WORDS[i]} "*)
+                path=${path:+$path }${COMP_WORDS[i]}
+                _headerdtc_level "$path" ;;
+        esac
+    done
+    COMPREPLY=()
+    if [[ " $filed " == *" $before "* ]]; then
+        mapfile -t COMPREPLY < <(compgen -f -- "$word")
+    elif [[ " $valued " == *" $before "* ]]; then
+        :  # only the author knows
+    elif [[ $word == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
+    elif [[ -n $commands ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$word")
+    else
+        mapfile -t COMPREPLY < <(compgen -o plusdirs -f -- "$word")
+    fi
+}
+complete -o filenames -F _headerdtc headerdtc
+)";
 }
 
 // ---- zsh ---------------------------------------------------------------------------------------
@@ -119,7 +131,10 @@ std::string zsh(const std::vector<Level>& levels) {
         functions += name + "() {\n    _arguments -s \\\n";
         for (const Word& option : level.options)
             functions += "        '" + option.text + "[" + option.description + "]" +
-                         (option.takesValue ? ":value:_files" : "") + "' \\\n";
+                         (option.takesFile    ? ":file:_files"
+                          : option.takesValue ? ":value:"
+                                              : "") +
+                         "' \\\n";
         if (level.commands.empty()) {
             functions += "        '*:file:_files'\n}\n";
             continue;
@@ -167,7 +182,10 @@ std::string fish(const std::vector<Level>& levels) {
             const bool isLong = option.text.starts_with("--");
             lines += begin +
                      (isLong ? " -l " + option.text.substr(2) : " -s " + option.text.substr(1)) +
-                     (option.takesValue ? " -r" : "") + " -d '" + option.description + "'\n";
+                     (option.takesFile    ? " -r"
+                      : option.takesValue ? " -x"
+                                          : "") +
+                     " -d '" + option.description + "'\n";
         }
     }
     return lines;

@@ -1,4 +1,5 @@
 #include "cli/commands.h"
+#include "cli/completion.h"
 #include "cli/site_commands.h"
 #include "cli/version.h"
 
@@ -84,7 +85,8 @@ int main(int argc, char** argv) {
 
     CommonOptions common;
     app.add_option("--config", common.configuration, "the site's configuration (headerdtc.toml)")
-        ->envname("HEADERDTC_CONFIG");
+        ->envname("HEADERDTC_CONFIG")
+        ->type_name(FileType);
 
     GenerateOptions generateOptions;
     NewOptions newOptions;

@@ -79,8 +79,10 @@ Command addWhere(CLI::App& app, const CommonOptions& common) {
     command->add_option("--provider", words->provider,
                         "a data provider; with --field: only that provider's field");
     command->add_option("--field", words->field, "a field, by its name or its whole entry");
-    command->add_option("--include", words->include, "an include file, by its path or name");
-    command->add_option("--stylesheet", words->stylesheet, "a stylesheet, by its path or name");
+    command->add_option("--include", words->include, "an include file, by its path or name")
+        ->type_name(FileType);
+    command->add_option("--stylesheet", words->stylesheet, "a stylesheet, by its path or name")
+        ->type_name(FileType);
     command->add_option("--label", words->label,
                         "a label that translates fields or values (asks the database)");
     command->add_option("PATH", words->options.paths,
@@ -187,7 +189,8 @@ std::vector<Command> addTranslations(CLI::App& app, const CommonOptions& common)
                      "may be given several times (default: all that there are)")
         ->allow_extra_args(false)
         ->check(CLI::Range(1, 999999999));
-    exporting->add_option("-o,--output", exported->output, "the file (default: standard output)");
+    exporting->add_option("-o,--output", exported->output, "the file (default: standard output)")
+        ->type_name(FileType);
     exporting->add_flag("--gaps", exported->onlyGaps, "only labels that lack a text");
     exporting->add_flag("--bom", exported->byteOrderMark,
                         "begin with a byte-order mark, by which spreadsheets know UTF-8");
@@ -217,7 +220,8 @@ void addCatalogueOptions(CLI::App& command, CatalogueOptions& options) {
                     "the ODBC connect string of the database (\"DSN=Data;UID=reader\")")
         ->required()
         ->envname("HEADERDTC_CONNECT");
-    command.add_option("--catalogue", options.file, "the catalogue (default: the site's)");
+    command.add_option("--catalogue", options.file, "the catalogue (default: the site's)")
+        ->type_name(FileType);
     command
         .add_option("--table", options.filter.patterns,
                     "only tables of this name; * and ? stand for any characters; may be given\n"

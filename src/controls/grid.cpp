@@ -175,11 +175,20 @@ void Grid::doubleClickCell(int row, int column) {
     if (form().desktop().modalCount() == modalBefore) DblClick.raise();
 }
 
+void Grid::clickAgain() {
+    takeFocus();
+    DblClick.raise();
+}
+
+void Grid::shownFrom(int topRow) {
+    topRow_ = std::clamp(topRow, FixedRows(), std::max(FixedRows(), Rows() - 1));
+}
+
 void Grid::scroll(int topRow) {
     requireReachable();
-    topRow = std::clamp(topRow, FixedRows(), std::max(FixedRows(), Rows() - 1));
-    if (topRow == topRow_) return;
-    topRow_ = topRow;
+    const int before = topRow_;
+    shownFrom(topRow);
+    if (topRow_ == before) return;
     gridChanged.raise({GridChange::Kind::Geometry, 0, 0});
     Scroll.raise();
 }

@@ -73,8 +73,14 @@ class Grid : public Control {
     void clickCell(int row, int column);
     // The same, then DblClick, unless the click opened a dialog, which takes the second press.
     void doubleClickCell(int row, int column);
+    // For windows, which learn of a double click only when its first press was a clickCell: the
+    // second press, a DblClick in the current cell.
+    void clickAgain();
     // Scrolls the rows. Raises Scroll when another row comes to the top.
     void scroll(int topRow);
+    // For windows, which bring the current cell into sight by themselves: the row that has come to
+    // the top by that. No event.
+    void shownFrom(int topRow);
     // Arrow keys enter the cell beside; a character or Enter raises KeyPress.
     void press(const Key& key) override;
 

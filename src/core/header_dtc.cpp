@@ -43,9 +43,9 @@ HeaderDTC::HeaderDTC(const Surroundings& outside, ModalLoop& modalLoop)
       BrowseForXSLFileCommand(surface, "BrowseForXSLFileCommand", "..."),
       EnableExtraFiltersCheck(surface, "EnableExtraFiltersCheck",
                               "Enable end user to filter on available filters"),
+      I18NDataProviderText(surface, "I18NDataProviderText"),
       EAI(surface, Family::EAI),
       ZEKO(surface, Family::ZEKO),
-      I18NDataProviderText(surface, "I18NDataProviderText"),
       BrowseDialog(outside.fileDialog, "Browse for include ASP"),
       userDefinedScripts(std::make_shared<ScriptDictionary>()) {
     DataProvidersCombo.labelled("DataProvider:").withToolTip("Select a dataprovider");

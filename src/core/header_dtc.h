@@ -47,8 +47,8 @@ class HeaderDTC {
     TextBox XSLFilenameText;
     Button BrowseForXSLFileCommand;
     CheckBox EnableExtraFiltersCheck;
+    TextBox I18NDataProviderText;  // before the lists of the I18N tab, which are the families'
     FamilyControls EAI, ZEKO;
-    TextBox I18NDataProviderText;
     CommonDialog BrowseDialog;
 
     FamilyControls& family(Family which) { return which == Family::EAI ? EAI : ZEKO; }

@@ -21,8 +21,6 @@ void ScriptCriteria::ShowSpecifyCriteriumDialog(int tab, int row, const std::str
     dialog.NameValue(name);
     dialog.TextValue(name.empty() ? std::string() : script);
     dialog.form.ShowModal();
-    for (const std::string& property : dialog.changed().names())
-        dtc_.PropertyChanged(property);
 }
 
 }  // namespace headerdtc

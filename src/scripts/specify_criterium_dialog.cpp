@@ -1,9 +1,6 @@
 #include "scripts/specify_criterium_dialog.h"
 
-#include "platform/text.h"
 #include "scripts/script_text.h"
-
-#include <optional>
 
 namespace headerdtc {
 namespace {
@@ -20,12 +17,6 @@ constexpr KindOption KindOptions[] = {
     {&SpecifyCriteriumDialog::IncludedScriptOption, INCLUDEFUNCTION},
     {&SpecifyCriteriumDialog::ConstantOption, CONSTANT},
 };
-
-// Not by item() alone, which would add the name.
-std::optional<std::string> storedScript(ScriptDictionary& scripts, const std::string& name) {
-    if (!scripts.Exists(name)) return std::nullopt;
-    return scripts.item(name);
-}
 
 }  // namespace
 
@@ -103,11 +94,7 @@ void SpecifyCriteriumDialog::OKButton_Click() {
         valueType_ = type;
         break;
     }
-    const std::string name(trimBlanks(NameText.Text()));
-    const auto before = storedScript(*dtc_.userDefinedScripts, name);
     dtc_.SetCriteriumValue(TabValue, RowValue, NameText.Text(), ScriptText.Text(), valueType_);
-    changed_.add(familyName(static_cast<Family>(TabValue), "Criteria"));
-    if (storedScript(*dtc_.userDefinedScripts, name) != before) changed_.add("UserDefinedScripts");
     form.Hide();
 }
 

@@ -3,7 +3,7 @@
 #include "controls/button.h"
 #include "controls/form.h"
 #include "controls/text_box.h"
-#include "core/handler.h"
+#include "core/header_dtc.h"
 
 #include <cstdint>
 #include <string>
@@ -40,9 +40,6 @@ class SpecifyCriteriumDialog {
     // The stored function of a local script.
     void TextValue(const std::string& function);
 
-    // What OK has changed; nothing when the dialog was cancelled.
-    const ChangedProperties& changed() const { return changed_; }
-
   private:
     void declareNotApplicable();
     void LocalScriptOption_Click();
@@ -52,7 +49,6 @@ class SpecifyCriteriumDialog {
 
     HeaderDTC& dtc_;
     std::int32_t valueType_ = 0;
-    ChangedProperties changed_;
     Subscriptions subscriptions_;
 };
 

@@ -65,6 +65,8 @@ check 0 "$headerdtc" completion bash
 expect "$(completed headerdtc translations import --)" "--dry-run"
 expect "$(completed headerdtc generate --ch)" "--check"
 [[ $(completed headerdtc check si) == site ]] || fail "no completion of a folder"
+[[ $(completed headerdtc --config st) == steps ]] || fail "no completion of a file: "
+expect_empty "$(completed headerdtc where --field s)"
 for shell in zsh fish; do
     check 0 "$headerdtc" completion "$shell"
     ! command -v "$shell" >/dev/null || "$shell" -n out || fail "$shell refuses its completions"

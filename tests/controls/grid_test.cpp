@@ -7,9 +7,9 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 std::vector<std::string> cellsOf(const Grid& grid) {
-    std::vector<std::string> cells;
-    for (int i = 0; i < grid.Rows() * grid.Cols(); ++i)
-        cells.push_back(grid.TextArray(i));
+    std::vector<std::string> cells(static_cast<std::size_t>(grid.Rows() * grid.Cols()));
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        cells[i] = grid.TextArray(static_cast<long>(i));
     return cells;
 }
 

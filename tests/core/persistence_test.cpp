@@ -1,12 +1,10 @@
 #include "core/filled_control.h"
 
-#include <chrono>
+#include <ctime>
 
 namespace headerdtc {
 namespace {
 
-using ::testing::Contains;
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
@@ -350,9 +348,9 @@ TEST_F(PersistenceTest, CountsThatLieGiveEmptyItemsInReasonableTime) {
           "ZEKOAvailableFieldsCount", "EAIKeyFieldsCount", "NrOfExtraIncludes",
           "NrOfZEKOI18NFieldnames", "NrOfEAII18NFieldValues", "NrOfLinkedZEKOFields"})
         bag.set(count, std::int16_t{32767});
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();
     read(bag);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 15) << "seconds";
     EXPECT_THAT(errors(), IsEmpty());
     EXPECT_EQ(dtc.ZEKO.SelectedFieldsList.ListCount(), 32767);
     EXPECT_EQ(dtc.ZEKO.I18NFieldnamesList.SelCount(), 32767);

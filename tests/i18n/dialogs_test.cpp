@@ -236,6 +236,50 @@ TEST_F(FieldValueDialog, AChosenLabelShowsItsTextAndOnlyThatChangeIsWritten) {
     EXPECT_THAT(written(), ElementsAre(HasSubstr("SET LABEL = 'SLBDA2' WHERE PROVIDERNAME")));
 }
 
+TEST_F(FieldValueDialog, ATypedCharacterBeginsTheEditorOfTheCellWithTheCaretAfterIt) {
+    open([](Form& form, Grid& grid, TextBox& edit, ComboBox& labels) {
+        grid.clickCell(1, 3);
+        EXPECT_FALSE(edit.Visible() || labels.Visible());
+        grid.press(Key::of(U'é'));
+        EXPECT_FALSE(edit.Visible() || labels.Visible());
+        grid.press(Key::of(Key::Kind::Left));
+        grid.press(Key::of(U'é'));
+        EXPECT_TRUE(labels.hasFocus());
+        EXPECT_EQ(labels.Text(), "é");
+        EXPECT_EQ(labels.SelStart(), 1);
+        grid.clickCell(2, 3);
+        EXPECT_FALSE(labels.Visible());
+        EXPECT_EQ(grid.TextMatrix(1, 2), "SLBDA1");
+        grid.press(Key::of(Key::Kind::Left));
+        grid.press(Key::of(Key::Kind::Left));
+        grid.press(Key::of(U'x'));
+        EXPECT_TRUE(edit.hasFocus());
+        EXPECT_EQ(edit.Text(), "x");
+        EXPECT_EQ(edit.SelStart(), 1);
+        EXPECT_EQ(edit.SelLength(), 0);
+        form.find("CancelButton")->focus();
+        EXPECT_EQ(grid.TextMatrix(2, 1), "x");
+        grid.press(Key::of(Key::Kind::Enter));
+        EXPECT_EQ(edit.SelLength(), 1);
+    });
+}
+
+TEST_F(FieldValueDialog, TheTextColumnMakesRoomForTheScrollBarWhileTheRowsOverflow) {
+    open([](Form& form, Grid& grid, TextBox&, ComboBox&) {
+        const int width = grid.ColWidth(3);
+        while (grid.Rows() * grid.RowHeightMin() <= grid.Height()) {
+            EXPECT_EQ(grid.ColWidth(3), width);
+            press(form, "AddCommand");
+        }
+        EXPECT_EQ(grid.ColWidth(3), width - 300);
+        press(form, "AddCommand");
+        EXPECT_EQ(grid.ColWidth(3), width - 300);
+        press(form, "DeleteCommand");
+        press(form, "DeleteCommand");
+        EXPECT_EQ(grid.ColWidth(3), width);
+    });
+}
+
 TEST_F(FieldValueDialog, ALabelWithoutTextShowsEmptyAndAnEmptyValueTakesNoLabel) {
     valueRows = {{"A", "GONE", "x"}};
     open([this](Form& form, Grid& grid, TextBox&, ComboBox& labels) {

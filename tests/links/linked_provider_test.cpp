@@ -112,7 +112,7 @@ TEST_F(LinkedProviderTest, ThePaddingOfAShortNumberIsKeptForTheLongOnesAfterIt) 
     EXPECT_EQ(items.back(), " 11 - F");
 }
 
-TEST_F(LinkedProviderTest, ASourceThatFailsIsReportedForEachTabAndCostsNoFields) {
+TEST_F(LinkedProviderTest, ASourceThatFailsIsReportedForEachTabAndLeavesItsListsEmpty) {
     linkToOrders();
     outside.dataSources.missing = true;
     dtc.EAI.LinkedDataProvidersCombo.ListIndex(1);
@@ -121,7 +121,7 @@ TEST_F(LinkedProviderTest, ASourceThatFailsIsReportedForEachTabAndCostsNoFields)
                             "(429)",
                             "Error in 'UpdateZEKOLinkTab': ActiveX component can't create object "
                             "(429)"));
-    EXPECT_EQ(dtc.ZEKO.SelectedLinkedFieldsList.ListCount(), 1);
+    EXPECT_EQ(dtc.ZEKO.SelectedLinkedFieldsList.ListCount(), 0);
 }
 
 TEST_F(LinkedProviderTest, OnlyTheZekoComboLetsAFailedNoticeOut) {

@@ -111,7 +111,7 @@ TEST_F(PageFilesTest, DeletingSelectsTheNextIncludeAndAfterTheLastOneTheFirst) {
     remove(2);
     EXPECT_EQ(includes.Text(), "a");
     EXPECT_THAT(itemsOf(includes), ElementsAre("a", "c"));
-    includes.select({}, -1);
+    includes.ListIndex(-1);
     dtc.IncludeASPDeleteCommand.press();
     EXPECT_EQ(includes.ListIndex(), -1);
     EXPECT_EQ(notices().size(), 2U);

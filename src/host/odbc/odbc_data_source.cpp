@@ -6,6 +6,7 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <system_error>
 
 namespace headerdtc {
 namespace {
@@ -53,8 +54,9 @@ bool isFileOf(const std::string& database, const std::string& driverNames) {
 // the driver would make an empty one.
 std::string databaseFile(const std::string& database, const fs::path& siteFolder,
                          const std::string& section) {
-    const fs::path path = fs::absolute(siteFolder / database).lexically_normal();
-    if (!fs::exists(path))
+    std::error_code failed;
+    const fs::path path = fs::absolute(siteFolder / database, failed).lexically_normal();
+    if (failed || !fs::exists(path, failed))
         throw RuntimeError(ErrorNumber::FileNotFound,
                            path.string() + ", the Database of " + section);
     return path.string();
@@ -72,7 +74,7 @@ std::string useSection(OdbcConnectString& parts, const OdbcDatabase::Settings& s
     if (driver == section->end() || driver->second.empty())
         throw dataSourceNotFound(name + " names no Driver");
 
-    const std::string names = driverNames(driver->second);
+    std::string names = driverNames(driver->second);
     parts.remove("DSN");
     parts.add("DRIVER", driver->second);
     for (const auto& [key, value] : *section) {

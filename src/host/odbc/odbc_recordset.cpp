@@ -11,9 +11,8 @@ OdbcRecordset::OdbcRecordset(std::shared_ptr<OdbcSession> session, OdbcSession::
     : session_(std::move(session)),
       statement_(statement),
       columns_(session_->columns(statement)),
-      fields_(columns_.size()) {
-    if (!columns_.empty()) MoveNext();
-}
+      fields_(columns_.size()),
+      hasRow_(!columns_.empty() && session_->fetch(statement)) {}
 
 OdbcRecordset::~OdbcRecordset() {
     if (session_->isOpen()) session_->free(statement_);

@@ -36,7 +36,7 @@ class OdbcRecordset : public Recordset {
     std::vector<OdbcColumn> columns_;
     std::vector<OdbcField> fields_;  // of the current row
     std::size_t fieldsRead_ = 0;
-    bool hasRow_ = false;
+    bool hasRow_;
 };
 
 }  // namespace headerdtc

@@ -6,8 +6,8 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cstdint>
-#include <locale.h>
 #include <sqlext.h>
 #include <sqlucode.h>
 

@@ -5,7 +5,6 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <cstring>
 #include <unordered_map>
 
 namespace headerdtc {
@@ -247,13 +246,9 @@ class PageReader {
 }  // namespace
 
 std::optional<SpanMarker> findSpanMarker(std::string_view page, std::size_t from) {
-    while (from < page.size()) {
-        const auto* const hit = static_cast<const char*>(memmem(
-            page.data() + from, page.size() - from, CommentStart.data(), CommentStart.size()));
-        if (!hit) break;
-        const auto begin = static_cast<std::size_t>(hit - page.data());
+    for (auto begin = page.find(CommentStart, from); begin != std::string_view::npos;
+         begin = page.find(CommentStart, begin + CommentStart.size())) {
         if (auto marker = markerAt(page, begin)) return marker;
-        from = begin + CommentStart.size();
     }
     return std::nullopt;
 }

@@ -28,11 +28,6 @@ struct NoSurroundings : Registry, DataSourceFactory, Database, TextFiles, Clock 
     static std::string fail() { throw RuntimeError(ErrorNumber::CannotCreateObject); }
 };
 
-std::string emptyDocument(const std::string& control) {
-    return "<%@ LANGUAGE=\"VBScript\" %>\r\n" + control +
-           "\r\n<html>\r\n<head>\r\n<title></title>\r\n</head>\r\n<body>\r\n</body>\r\n</html>\r\n";
-}
-
 }  // namespace
 
 ControlContent newControlContent(const std::string& id) {
@@ -48,10 +43,15 @@ ControlContent newControlContent(const std::string& id) {
     return {id, bag.asStored(), {}};
 }
 
+std::string newPage(const std::filesystem::path& file, const CodePage& codePage) {
+    return "<%@ LANGUAGE=\"VBScript\" %>\r\n" +
+           writeControl(file.string(), newControlContent("HeaderDTC1"), codePage) +
+           "\r\n<html>\r\n<head>\r\n<title></title>\r\n</head>\r\n<body>\r\n</body>\r\n</html>\r\n";
+}
+
 void makeNewPage(const std::filesystem::path& file, const CodePage& codePage) {
     FileReplacer replacer;
-    replacer.create(file, emptyDocument(writeControl(file.string(), newControlContent("HeaderDTC1"),
-                                                     codePage)));
+    replacer.create(file, newPage(file, codePage));
     const std::string problem = replacer.commit().front().problem;
     if (!problem.empty()) throw FileError(file.string(), problem);
 }

@@ -3,8 +3,13 @@
 #include "host/page/page_document.h"
 
 #include <filesystem>
+#include <string>
 
 namespace headerdtc {
+
+// The bytes of a page with one new control in an otherwise empty document; `file` names it in
+// errors.
+std::string newPage(const std::filesystem::path& file, const CodePage& codePage);
 
 // Makes a page with one new control in an otherwise empty document. Throws FileError when the file
 // is there already.

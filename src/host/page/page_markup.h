@@ -44,8 +44,11 @@ struct ControlContent {
 class PageMarkup {
   public:
     // Takes the bytes apart. `file` names the page in errors. A UTF-8 byte-order mark makes this
-    // page UTF-8, otherwise it has the site's code page. Throws FileError with the line for a
-    // start without its end, an OBJECT that is not closed, and two properties of one name.
+    // page UTF-8, otherwise it has the site's code page. A span reaches from its start to the first
+    // end behind it; what is inside another's is its own affair. Throws FileError with the line for
+    // a start without its end (any control's, since ours could be what follows), another control
+    // inside one of ours or one of ours inside another, an OBJECT of ours that is not closed, and
+    // two properties of one name.
     PageMarkup(std::string file, std::string bytes, const CodePage& siteCodePage);
 
     const std::string& file() const { return file_; }
@@ -57,6 +60,7 @@ class PageMarkup {
     std::string runtimeTextOf(const ControlSpan& control) const;
 
     // The page's bytes with the controls' contents put in, one for each control in their order.
+    // Throws std::invalid_argument for another number of contents.
     // The markup is kept byte for byte where no property is another (same names in the same order
     // with the same values), the runtime text where it is the same. Throws FileError when a text
     // holds what would end its span, or start another.

@@ -36,7 +36,7 @@ std::optional<std::string> FolderListings::find(const fs::path& folder, const st
         return in(known->second.names);
 
     auto names = namesIn(folder);
-    const auto result = in(names);
+    auto result = in(names);
     // A folder that changed a moment ago may get one more file without another stamp.
     constexpr std::size_t Folders = 256;
     if (listings_.size() >= Folders) listings_.clear();

@@ -165,7 +165,7 @@ class ConfigurationReader {
         auto drives = result_.drives.drives();
         for (const auto& [letter, folder] : drives_)
             drives[letter] = folder;
-        result_.drives = WindowsPaths(std::move(drives));
+        result_.drives = WindowsPaths(drives);
     }
 
     [[noreturn]] void failType(const toml::key& key, const toml::node& value,

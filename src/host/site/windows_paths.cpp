@@ -81,7 +81,7 @@ fs::path behindLinks(const fs::path& path) {
 
 }  // namespace
 
-WindowsPaths::WindowsPaths(std::map<char, fs::path> drives)
+WindowsPaths::WindowsPaths(const std::map<char, fs::path>& drives)
     : listings_(std::make_shared<FolderListings>()) {
     drives_['Z'] = "/";
     for (const auto& [letter, folder] : drives)

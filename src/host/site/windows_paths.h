@@ -14,7 +14,7 @@ class FolderListings;
 class WindowsPaths {
   public:
     // Letters 'A' to 'Z' with absolute folders. Z is "/" unless it is given.
-    explicit WindowsPaths(std::map<char, std::filesystem::path> drives = {});
+    explicit WindowsPaths(const std::map<char, std::filesystem::path>& drives = {});
 
     const std::map<char, std::filesystem::path>& drives() const { return drives_; }
 

@@ -25,8 +25,8 @@ class Generation : public ::testing::Test {
         const SitePages pages = findSitePages({site.path().string()});
         std::vector<std::pair<std::string, SiteGeneration::Done>> told;
         SiteGeneration(sites, options).run(pages.pages, [&](const SiteGeneration::Done& done) {
-            told.emplace_back(pages.pages[done.index].lexically_relative(site.path()).string(),
-                              done);
+            const auto page = pages.pages[done.index].lexically_relative(site.path());
+            if (*page.begin() != "c") told.emplace_back(page.string(), done);
         });
         return told;
     }

@@ -2,6 +2,7 @@
 #include "translation_database.h"
 
 #include <clocale>
+#include <cstdlib>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -144,6 +145,21 @@ TEST_F(OdbcDatabaseTest, TheSitesFolderMayHaveANameOfAnyLanguage) {
                             folder / "translations.sqlite");
     translations.settings.siteFolder = folder;
     EXPECT_TRUE(translations.rows("SELECT * FROM I18NTEXT", {}).empty());
+}
+
+TEST_F(OdbcDatabaseTest, WithoutAFileOfTheSiteOdbcFindsDataSourcesByItself) {
+    const headerdtc::testing::TemporaryFolder folder;
+    const auto file = translations.settings.siteFolder / "translations.sqlite";
+    setenv("ODBCINI",
+           folder.write("own.ini", "[OrvaneOwn]\nDriver = SQLite3\nDatabase = " + file.string())
+               .c_str(),
+           1);
+    translations.settings.odbcIni.clear();
+    translations.settings.connectString = "DSN=OrvaneOwn;UID=WWWappsOrvane;PWD=";
+    EXPECT_TRUE(translations.rows("SELECT * FROM I18NTEXT", {}).empty());
+    translations.settings.connectString = "DSN=OrvaneNowhere;UID=WWWappsOrvane;PWD=";
+    EXPECT_THROW(translations.connect(), RuntimeError);
+    unsetenv("ODBCINI");
 }
 
 TEST_F(OdbcDatabaseTest, OnlyTheTranslationDatabaseHasAConnectString) {

@@ -1,0 +1,161 @@
+#include "qt/editor/files/compare_dialog.h"
+
+#include "qt/editor/window/icons.h"
+#include "qt/editor/window/words.h"
+
+#include <QDialogButtonBox>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QVBoxLayout>
+
+namespace headerdtc::qt {
+namespace {
+
+constexpr std::size_t PaneCount = 3;
+
+}  // namespace
+
+CompareDialog::CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
+                             const PageContent& theirs, QWidget* parent)
+    : QDialog(parent) {
+    setObjectName(QStringLiteral("CompareDialog"));
+    setWindowTitle(tr("Compare %1").arg(title));
+    auto* panes = new QGridLayout;
+    panes->setHorizontalSpacing(4);
+    const QString names[PaneCount] = {tr("As it was read"), tr("Mine, in the editor"),
+                                      tr("Theirs, on disk")};
+    for (std::size_t i = 0; i < PaneCount; ++i) {
+        const auto column = static_cast<int>(i);
+        auto* name = new QLabel(names[i]);
+        QFont bold = name->font();
+        bold.setBold(true);
+        name->setFont(bold);
+        panes_[i] = new QPlainTextEdit;
+        panes_[i]->setObjectName(QStringLiteral("ComparePane%1").arg(i));
+        panes_[i]->setAccessibleName(names[i]);
+        panes_[i]->setReadOnly(true);
+        panes_[i]->setTextInteractionFlags(Qt::TextSelectableByMouse |
+                                           Qt::TextSelectableByKeyboard);
+        panes_[i]->setLineWrapMode(QPlainTextEdit::NoWrap);
+        panes_[i]->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+        panes_[i]->setTabStopDistance(4 *
+                                      panes_[i]->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
+        counts_[i] = new QLabel;
+        panes->addWidget(name, 0, column);
+        panes->addWidget(panes_[i], 1, column);
+        panes->addWidget(counts_[i], 2, column);
+        panes->setColumnStretch(column, 1);
+    }
+    const std::string baseText = base.codePage().decode(base.bytes());
+    const std::string mineText = mine.codePage().decode(mine.bytes());
+    const std::string theirsText = theirs.codePage().decode(theirs.bytes());
+    fill(alignTexts(baseText, mineText, theirsText));
+    scrollTogether();
+
+    auto* buttons = new QDialogButtonBox;
+    auto* keep = buttons->addButton(tr("&Keep mine"), QDialogButtonBox::AcceptRole);
+    keep->setToolTip(tr("The next save replaces what is on disk"));
+    auto* take = buttons->addButton(tr("&Take theirs"), QDialogButtonBox::AcceptRole);
+    take->setToolTip(tr("The page becomes what is on disk; undo brings yours back"));
+    auto* later = buttons->addButton(tr("Decide &later"), QDialogButtonBox::RejectRole);
+    later->setDefault(true);
+    const auto end = [this](Answer answer) {
+        answer_ = answer;
+        accept();
+    };
+    connect(keep, &QPushButton::clicked, this, [end] { end(Answer::KeepMine); });
+    connect(take, &QPushButton::clicked, this, [end] { end(Answer::TakeTheirs); });
+    connect(later, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* previous = new QPushButton(editorIcon("go-up"), tr("&Previous difference"));
+    auto* next = new QPushButton(editorIcon("go-down"), tr("&Next difference"));
+    connect(previous, &QPushButton::clicked, this, [this] { goToDifference(-1); });
+    connect(next, &QPushButton::clicked, this, [this] { goToDifference(1); });
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(previous);
+    bottom->addWidget(next);
+    bottom->addStretch();
+    bottom->addWidget(buttons);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(panes, 1);
+    layout->addLayout(bottom);
+    resize(1100, 650);
+    if (!differences_.empty()) goToDifference(1);
+}
+
+void CompareDialog::fill(const std::vector<AlignedRow>& rows) {
+    const bool dark = palette().color(QPalette::Base).lightnessF() < 0.5;
+    const QColor changed[PaneCount] = {
+        dark ? QColor(0x4a, 0x3a, 0x14) : QColor(0xfb, 0xef, 0xd0),
+        dark ? QColor(0x1f, 0x4a, 0x2c) : QColor(0xd8, 0xf3, 0xdc),
+        dark ? QColor(0x22, 0x36, 0x4f) : QColor(0xdf, 0xea, 0xf8),
+    };
+    const QColor missing = palette().color(QPalette::AlternateBase).darker(dark ? 80 : 106);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i].differs() && (i == 0 || !rows[i - 1].differs()))
+            differences_.push_back(static_cast<int>(i));
+    }
+    for (std::size_t pane = 0; pane < PaneCount; ++pane) {
+        QString text;
+        int added = 0;
+        int removed = 0;
+        for (const AlignedRow& row : rows) {
+            const std::string_view line = row.cells[pane].text;
+            text += QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
+            text += QLatin1Char('\n');
+            added += row.cells[pane].changed ? 1 : 0;
+            removed += row.cells[0].present && !row.cells[pane].present ? 1 : 0;
+        }
+        text.chop(1);
+        panes_[pane]->setPlainText(text);
+        QList<QTextEdit::ExtraSelection> marks;
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const AlignedRow::Cell& cell = rows[i].cells[pane];
+            if (cell.present && !cell.changed) continue;
+            QTextEdit::ExtraSelection mark;
+            mark.cursor =
+                QTextCursor(panes_[pane]->document()->findBlockByNumber(static_cast<int>(i)));
+            mark.format.setBackground(cell.present ? changed[pane] : missing);
+            mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+            marks.push_back(mark);
+        }
+        panes_[pane]->setExtraSelections(marks);
+        counts_[pane]->setText(
+            pane == 0 ? counted(static_cast<int>(differences_.size()), "difference since",
+                                "differences since")
+            : added + removed == 0
+                ? tr("no difference")
+                : tr("%1 new, %2 removed").arg(counted(added, "line", "lines")).arg(removed));
+    }
+}
+
+void CompareDialog::scrollTogether() {
+    for (const QPlainTextEdit* from : panes_) {
+        for (const QPlainTextEdit* to : panes_) {
+            if (from == to) continue;
+            connect(from->verticalScrollBar(), &QScrollBar::valueChanged, to->verticalScrollBar(),
+                    &QScrollBar::setValue);
+            connect(from->horizontalScrollBar(), &QScrollBar::valueChanged,
+                    to->horizontalScrollBar(), &QScrollBar::setValue);
+        }
+    }
+}
+
+void CompareDialog::goToDifference(int direction) {
+    if (differences_.empty()) return;
+    const auto count = static_cast<int>(differences_.size());
+    shown_ = (shown_ + direction + count) % count;
+    const int line = differences_[static_cast<std::size_t>(shown_)];
+    for (QPlainTextEdit* pane : panes_) {
+        pane->setTextCursor(QTextCursor(pane->document()->findBlockByNumber(line)));
+        pane->centerCursor();
+    }
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,315 @@
+#include "qt/editor/page/control_pane.h"
+
+#include "core/header_dtc.h"
+#include "qt/surface/control_surface.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace headerdtc::qt {
+namespace {
+
+// Long enough for the control to have done all that follows from one action, too short to notice.
+constexpr int IdleMilliseconds = 150;
+
+// Events after which the author may have changed something.
+bool isAction(QEvent::Type type) {
+    switch (type) {
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::KeyRelease:
+        case QEvent::KeyPress:
+        case QEvent::InputMethod:
+        case QEvent::Wheel:
+        case QEvent::Drop:
+        case QEvent::FocusOut:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+ControlPane::ControlPane(EditedPage& page, QWidget* parent)
+    : QWidget(parent), page_(page), faces_(this, [this]() -> const WindowsPaths& {
+          return page_.site()->configuration->drives;
+      }) {
+    setObjectName(QStringLiteral("ControlPane"));
+    selector_ = new QComboBox;
+    selector_->setObjectName(QStringLiteral("ControlSelector"));
+    selector_->setAccessibleName(tr("Control of the page"));
+    auto* caption = new QLabel(tr("&Control:"));
+    caption->setBuddy(selector_);
+    bar_ = new QWidget;
+    auto* barLayout = new QHBoxLayout(bar_);
+    barLayout->setContentsMargins(6, 4, 6, 0);
+    barLayout->addWidget(caption);
+    barLayout->addWidget(selector_, 1);
+    connect(selector_, &QComboBox::activated, this,
+            [this](int index) { select(static_cast<std::size_t>(index)); });
+
+    area_ = new QScrollArea;
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setWidgetResizable(true);
+
+    reason_ = new QLabel;
+    reason_->setWordWrap(true);
+    reason_->setAlignment(Qt::AlignCenter);
+    reason_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    insert_ = new QPushButton(tr("&Insert control"));
+    insert_->setObjectName(QStringLiteral("InsertControlButton"));
+    insert_->setToolTip(tr("Insert a new control before the line of the caret"));
+    connect(insert_, &QPushButton::clicked, this, &ControlPane::insertRequested);
+    nothing_ = new QWidget;
+    nothing_->setMinimumWidth(280);
+    auto* nothingLayout = new QVBoxLayout(nothing_);
+    nothingLayout->setContentsMargins(24, 24, 24, 24);
+    nothingLayout->addStretch();
+    nothingLayout->addWidget(reason_);
+    nothingLayout->addWidget(insert_, 0, Qt::AlignCenter);
+    nothingLayout->addStretch();
+
+    stack_ = new QStackedWidget;
+    stack_->addWidget(area_);
+    stack_->addWidget(nothing_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(bar_);
+    layout->addWidget(stack_);
+
+    idle_.setSingleShot(true);
+    idle_.setInterval(IdleMilliseconds);
+    connect(&idle_, &QTimer::timeout, this, &ControlPane::takeChanges);
+    connect(&page_, &EditedPage::contentChanged, this, &ControlPane::followPage);
+    connect(&page_, &EditedPage::placeChanged, this, &ControlPane::rebuildAll);
+    qApp->installEventFilter(this);
+    followPage();
+}
+
+ControlPane::~ControlPane() {
+    for (Shown& shown : shown_)
+        drop(shown);
+}
+
+ControlSurface* ControlPane::surface() const {
+    return current_ ? shown_[*current_].surface : nullptr;
+}
+
+LiveControl* ControlPane::live() const {
+    return current_ ? shown_[*current_].live.get() : nullptr;
+}
+
+bool ControlPane::isBusy() const {
+    return live() && live()->isBusy();
+}
+
+// ---- from the page ------------------------------------------------------------------------------
+
+void ControlPane::followPage() {
+    matchControls();
+    const auto& controls = page_.content()->controls();
+    for (std::size_t i = 0; i < shown_.size(); ++i) {
+        Shown& shown = shown_[i];
+        if (!shown.live || shown.live->properties() == controls[i].properties) continue;
+        if (taking_) {
+            // The page writes down what the control has, perhaps in other words.
+            shown.live->wasStoredAs(controls[i].properties);
+        } else if (current_ == i) {
+            make(i, shown.live->dtc().SSTab1.Tab());
+        } else {
+            drop(shown);
+        }
+    }
+    if (current_ && !shown_[*current_].live) make(*current_, 0);
+}
+
+// One entry for each control; those that are still there keep what has been made for them.
+void ControlPane::matchControls() {
+    std::vector<std::string> ids;
+    for (const ControlSpan& span : page_.content()->controls())
+        ids.push_back(span.id);
+    if (ids == ids_ && (!ids.empty() || !page_.content()->problem())) {
+        if (ids.empty()) fillSelector();
+        return;
+    }
+    const std::string shownId = current_ ? ids_[*current_] : std::string();
+    std::vector<Shown> kept(ids.size());
+    std::optional<std::size_t> next;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        for (std::size_t old = 0; old < ids_.size(); ++old) {
+            if (ids_[old] != ids[i] || !shown_[old].live) continue;
+            kept[i] = std::exchange(shown_[old], {});
+            break;
+        }
+        if (ids[i] == shownId) next = i;
+        // A control that is new beside others is what the author has just inserted.
+        if (!ids_.empty() && std::find(ids_.begin(), ids_.end(), ids[i]) == ids_.end()) next = i;
+    }
+    for (Shown& shown : shown_)
+        drop(shown);
+    shown_ = std::move(kept);
+    ids_ = std::move(ids);
+    current_ = next ? next : ids_.empty() ? std::nullopt : std::optional<std::size_t>(0);
+    fillSelector();
+    if (current_) show(*current_);
+    Q_EMIT currentChanged();
+}
+
+void ControlPane::rebuildAll() {
+    for (Shown& shown : shown_)
+        drop(shown);
+    if (current_) make(*current_, 0);
+}
+
+void ControlPane::fillSelector() {
+    selector_->clear();
+    for (const ControlSpan& span : page_.content()->controls())
+        selector_->addItem(tr("%1 (line %2)").arg(QString::fromStdString(span.id)).arg(span.line));
+    if (current_) selector_->setCurrentIndex(static_cast<int>(*current_));
+    bar_->setVisible(ids_.size() > 1);
+    const auto& problem = page_.content()->problem();
+    reason_->setText(problem ? tr("The controls of this page cannot be read:\n%1")
+                                   .arg(QString::fromStdString(problem->what()))
+                             : tr("This page has no control."));
+    insert_->setVisible(!problem);
+    if (ids_.empty()) stack_->setCurrentWidget(nothing_);
+}
+
+void ControlPane::select(std::size_t control) {
+    if (current_ == control || control >= shown_.size()) return;
+    finishEditing();
+    show(control);
+    Q_EMIT currentChanged();
+}
+
+void ControlPane::focusControl() {
+    if (surface()) surface()->setFocus();
+}
+
+void ControlPane::show(std::size_t control) {
+    current_ = control;
+    selector_->setCurrentIndex(static_cast<int>(control));
+    if (shown_[control].live) {
+        if (QWidget* before = area_->takeWidget()) before->hide();
+        area_->setWidget(shown_[control].surface);
+        shown_[control].surface->show();
+    } else {
+        make(control, 0);
+    }
+    stack_->setCurrentWidget(area_);
+}
+
+// A control made anew from the page, with the tab and the place in it where the author was.
+void ControlPane::make(std::size_t control, int tab) {
+    Shown& shown = shown_[control];
+    const ControlSpan& span = page_.content()->controls()[control];
+    const bool hadFocus = shown.surface && QApplication::focusWidget() &&
+                          shown.surface->isAncestorOf(QApplication::focusWidget());
+    const int scrolled = area_->verticalScrollBar()->value();
+    drop(shown);
+
+    const auto live = [&] {
+        return std::make_unique<LiveControl>(page_.site(), page_.file(), span, faces_.faces());
+    };
+    shown.live = live();
+    if (!shown.live->showTab(tab)) shown.live = live();
+    connect(shown.live.get(), &LiveControl::propertyChangeNoticed, this, [this] {
+        noticed_ = true;
+        idle_.start();
+        Q_EMIT changeNoticed();
+    });
+    const auto saved = page_.saved()->indexOf(span.id);
+    if (shown.live->loadingDoubt() && saved &&
+        page_.saved()->controls()[*saved].properties == span.properties)
+        page_.noteDoubt(span.id, *shown.live->loadingDoubt());
+
+    shown.surface = new ControlSurface(shown.live->dtc());
+    if (QWidget* before = area_->takeWidget()) before->hide();
+    area_->setWidget(shown.surface);
+    stack_->setCurrentWidget(area_);
+    area_->verticalScrollBar()->setValue(scrolled);
+    if (hadFocus) shown.surface->setFocus();
+}
+
+void ControlPane::drop(Shown& shown) {
+    if (shown.surface && area_->widget() == shown.surface) area_->takeWidget();
+    delete std::exchange(shown.surface, nullptr);
+    shown.live.reset();
+}
+
+// ---- from the author ----------------------------------------------------------------------------
+
+bool ControlPane::belongsToControl(const QObject* object) const {
+    const auto* widget = qobject_cast<const QWidget*>(object);
+    if (!widget || !current_) return false;
+    if (shown_[*current_].surface && shown_[*current_].surface->isAncestorOf(widget)) return true;
+    // Lists that drop down and dialogs of the control are windows of their own.
+    return widget->window() != window() && isVisible();
+}
+
+bool ControlPane::eventFilter(QObject* watched, QEvent* event) {
+    if (isAction(event->type()) && belongsToControl(watched)) idle_.start();
+    return QWidget::eventFilter(watched, event);
+}
+
+void ControlPane::takeChanges() {
+    idle_.stop();
+    LiveControl* control = live();
+    if (!control || taking_) return;
+    const auto change = control->takeChange();
+    const bool wasNoticed = std::exchange(noticed_, false);
+    if (change) {
+        const QScopedValueRollback taking(taking_, true);
+        page_.setProperties(*current_, *change);
+    }
+    if (wasNoticed) Q_EMIT changeNoticed();
+}
+
+void ControlPane::finishEditing() {
+    if (!live() || isBusy()) return;
+    Control* active = live()->dtc().surface.ActiveControl();
+    if (dynamic_cast<TextBox*>(active) || dynamic_cast<ComboBox*>(active)) {
+        const QPointer<QWidget> focused = QApplication::focusWidget();
+        surface()->finishEditing();
+        // Back to where the author was, unless it is gone: an editor that lay over a grid's cell.
+        try {
+            if (active->isShowing() && active->Enabled()) active->focus();
+        } catch (const std::runtime_error&) {
+            // It stays at the tabs.
+        }
+        if (focused && !surface()->isAncestorOf(focused)) focused->setFocus();
+    }
+    takeChanges();
+}
+
+void ControlPane::goTo(const Place& place) {
+    const auto control = page_.content()->indexOf(place.control);
+    if (!control) return;
+    select(*control);
+    HeaderDTC& dtc = live()->dtc();
+    try {
+        surface()->setFocus();
+        if (place.tab >= 0) dtc.SSTab1.clickTab(place.tab);
+        for (const Family family : BothFamilies) {
+            Grid& grid = dtc.family(family).CriteriaGrid;
+            if (grid.tabPage() == place.tab && place.row > 0 && place.row < grid.Rows())
+                grid.clickCell(place.row, criteria_column::Key);
+        }
+    } catch (const std::runtime_error&) {
+        // The control has shown by itself why it cannot.
+    }
+    idle_.start();
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,217 @@
+#include "qt/editor/page/edited_page.h"
+
+#include "host/page/new_control.h"
+#include "qt/editor/page/step_name.h"
+#include "qt/editor/preview/expansion.h"
+
+#include <utility>
+
+namespace headerdtc::qt {
+
+namespace fs = std::filesystem;
+
+EditedPage::EditedPage(std::shared_ptr<Site> site, fs::path file, PageContentPtr content)
+    : file_(std::move(file)),
+      site_(std::move(site)),
+      saved_(content),
+      history_(std::move(content)) {}
+
+std::unique_ptr<EditedPage> EditedPage::open(Sites& sites, const fs::path& file) {
+    auto site = sites.forPage(file);
+    WholeFile whole = readWholeFile(file);
+    auto content = std::make_shared<const PageContent>(file, std::move(whole.bytes),
+                                                       site->configuration->codePage);
+    std::unique_ptr<EditedPage> page(new EditedPage(std::move(site), file, std::move(content)));
+    page->hasFile_ = true;
+    page->stamp_ = whole.stamp;
+    page->sites_ = &sites;
+    return page;
+}
+
+std::unique_ptr<EditedPage> EditedPage::makeNew(Sites& sites, const fs::path& place) {
+    auto site = sites.forPage(place);
+    const CodePage& codePage = site->configuration->codePage;
+    auto content = std::make_shared<const PageContent>(place, newPage(place, codePage), codePage);
+    std::unique_ptr<EditedPage> page(new EditedPage(std::move(site), place, std::move(content)));
+    page->sites_ = &sites;
+    return page;
+}
+
+bool EditedPage::isModified() const {
+    return fileIsGone_ || content()->bytes() != saved_->bytes();
+}
+
+PageContentPtr EditedPage::contentOf(std::string bytes) const {
+    return std::make_shared<const PageContent>(file_, std::move(bytes),
+                                               site_->configuration->codePage);
+}
+
+// ---- steps --------------------------------------------------------------------------------------
+
+void EditedPage::step(std::string bytes, Step step) {
+    if (bytes == content()->bytes()) return;
+    history_.push(contentOf(std::move(bytes)), std::move(step));
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
+}
+
+void EditedPage::replaceText(const ByteRange& range, const std::string& bytes,
+                             const QString& kind) {
+    step(content()->withText(range, bytes), {.name = tr("source text"), .kind = kind});
+}
+
+void EditedPage::setProperties(std::size_t control, const StoredProperties& properties) {
+    const ControlSpan& span = content()->controls().at(control);
+    Step step{
+        .name = describeChange(span.properties, properties),
+        .kind = QString::fromStdString(span.id) + ' ' + changedNames(span.properties, properties),
+        .control = span.id};
+    this->step(content()->withProperties(control, properties, *saved_), std::move(step));
+}
+
+void EditedPage::insertControl(int line) {
+    step(content()->withNewControl(line), {.name = tr("insertion of a control")});
+}
+
+void EditedPage::removeControl(std::size_t control) {
+    step(content()->withoutControl(control), {.name = tr("removal of a control")});
+}
+
+void EditedPage::replaceAll(std::string bytes, const QString& stepName) {
+    step(std::move(bytes), {.name = stepName});
+}
+
+void EditedPage::undo() {
+    history_.undo();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
+}
+
+void EditedPage::redo() {
+    history_.redo();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
+}
+
+// ---- the file -----------------------------------------------------------------------------------
+
+void EditedPage::noteDoubt(const std::string& controlId, const std::string& doubt) {
+    if (doubts_.emplace(controlId, doubt).second) Q_EMIT stateChanged();
+}
+
+std::string EditedPage::bytesToSave(const fs::path& file, const std::shared_ptr<Site>& site,
+                                    Guard guard) const {
+    if (content()->problem()) {
+        if (guard == Guard::RefuseLosses) throw SaveRefused(content()->problem()->what());
+        return content()->bytes();
+    }
+    std::vector<ControlContent> contents;
+    std::string reasons;
+    const auto doubt = [&](const std::string& id, const std::string& reason) {
+        reasons += (reasons.empty() ? "" : "\n") + id + ": " + reason;
+    };
+    for (const ControlSpan& span : content()->controls()) {
+        Expansion expansion = expand(site, file, span);
+        if (const auto noted = doubts_.find(span.id); noted != doubts_.end()) {
+            doubt(span.id, noted->second);
+        } else if (expansion.doubt) {
+            doubt(span.id, *expansion.doubt);
+        }
+        // What would not come back the same is kept as the author has it.
+        if (expansion.doubt) expansion.content.properties = span.properties;
+        contents.push_back(std::move(expansion.content));
+    }
+    if (!reasons.empty() && guard == Guard::RefuseLosses) throw SaveRefused(reasons);
+    return content()->withContents(contents);
+}
+
+void EditedPage::save(Guard guard) {
+    const std::string bytes = bytesToSave(file_, site_, guard);
+    if (!hasFile_) {
+        FileReplacer replacer;
+        replacer.create(file_, bytes);
+        const std::string problem = replacer.commit().front().problem;
+        if (!problem.empty()) throw FileError(file_.string(), problem);
+    } else if (bytes != saved_->bytes()) {
+        replaceWholeFile(file_, bytes, stamp_);
+    } else {
+        // The file holds exactly this; only an undone step may stand in between.
+        history_.replaceCurrent(saved_);
+        doubts_.clear();
+        Q_EMIT contentChanged();
+        Q_EMIT stateChanged();
+        return;
+    }
+    takeSaved(file_);
+}
+
+void EditedPage::saveAs(const fs::path& file, Guard guard) {
+    const auto site = sites_->forPage(file);
+    const std::string bytes = bytesToSave(file, site, guard);
+    std::error_code failure;
+    if (fs::exists(file, failure)) {
+        replaceWholeFile(file, bytes, FileStamp::of(file));
+    } else {
+        FileReplacer replacer;
+        replacer.create(file, bytes);
+        const std::string problem = replacer.commit().front().problem;
+        if (!problem.empty()) throw FileError(file.string(), problem);
+    }
+    site_ = site;
+    takeSaved(file);
+    Q_EMIT placeChanged();
+}
+
+void EditedPage::takeSaved(const fs::path& file) {
+    WholeFile whole = readWholeFile(file);
+    file_ = file;
+    hasFile_ = true;
+    fileIsGone_ = false;
+    stamp_ = whole.stamp;
+    saved_ = contentOf(std::move(whole.bytes));
+    history_.replaceCurrent(saved_);
+    doubts_.clear();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
+}
+
+bool EditedPage::changedOnDisk() const {
+    return hasFile_ && FileStamp::of(file_) != stamp_;
+}
+
+WholeFile EditedPage::readTheirs() const {
+    return readWholeFile(file_);
+}
+
+void EditedPage::takeTheirs(WholeFile theirs) {
+    stamp_ = theirs.stamp;
+    saved_ = contentOf(theirs.bytes);
+    doubts_.clear();
+    step(std::move(theirs.bytes), {.name = tr("reload from disk")});
+    Q_EMIT stateChanged();
+}
+
+void EditedPage::keepMine(WholeFile theirs) {
+    stamp_ = theirs.stamp;
+    saved_ = contentOf(std::move(theirs.bytes));
+    Q_EMIT stateChanged();
+}
+
+void EditedPage::keepWithoutFile() {
+    hasFile_ = false;
+    fileIsGone_ = true;
+    Q_EMIT stateChanged();
+}
+
+void EditedPage::refreshSite(Sites& sites) {
+    auto site = sites.forPage(file_);
+    if (site == site_) return;
+    site_ = std::move(site);
+    saved_ = contentOf(saved_->bytes());
+    history_.replaceCurrent(contentOf(content()->bytes()));
+    Q_EMIT placeChanged();
+    Q_EMIT contentChanged();
+    Q_EMIT stateChanged();
+}
+
+}  // namespace headerdtc::qt

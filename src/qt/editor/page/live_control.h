@@ -1,0 +1,73 @@
+#pragma once
+
+#include "host/page/page_session.h"
+#include "platform/design_time_site.h"
+#include "platform/message_box.h"
+
+#include <QObject>
+#include <QString>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace headerdtc::qt {
+
+// A control of an open page, in the author's hands. It tells what the author has changed in it
+// since it was last asked.
+class LiveControl : public QObject, private MessageBox, private PropertyChangeSink {
+    Q_OBJECT
+
+  public:
+    // What a person answers with; the objects outlive the control.
+    struct Faces {
+        MessageBox& messages;
+        FileDialog& fileDialog;
+        ModalLoop& modalLoop;
+    };
+
+    // Boxes of the loading are collected, not shown. Throws what OpenControl throws.
+    LiveControl(std::shared_ptr<Site> site, const std::filesystem::path& page,
+                const ControlSpan& span, const Faces& faces);
+    ~LiveControl() override;
+
+    HeaderDTC& dtc() { return control_->dtc(); }
+    const std::string& id() const { return control_->id(); }
+    // A dialog of the control is open.
+    bool isBusy();
+
+    // What the page stores for this control, as of the last change taken.
+    const StoredProperties& properties() const { return properties_; }
+    // The stored properties, if the author has changed any since; they are properties() then.
+    std::optional<StoredProperties> takeChange();
+    // The page stores these for the control as it is now.
+    void wasStoredAs(const StoredProperties& properties);
+    // Shows a tab page, unless that would change the control by itself: tells whether it is shown.
+    bool showTab(int page);
+
+    // Why saving the page would lose something, found while loading.
+    const std::optional<std::string>& loadingDoubt() const { return control_->loadingDoubt(); }
+    const std::vector<std::string>& loadingMessages() const { return collected_; }
+
+  Q_SIGNALS:
+    // The control's own notice that the author changed a property.
+    void propertyChangeNoticed(const QString& property);
+
+  private:
+    void show(const std::string& text) override;
+    void showError(const std::string& text) override;
+    void propertyChanged(std::string_view property) override;
+    // What would be stored now; boxes of this are not shown.
+    StoredProperties snapshot();
+
+    MessageBox& messages_;
+    bool collecting_ = true;
+    std::vector<std::string> collected_;
+    std::unique_ptr<OpenControl> control_;
+    StoredProperties properties_;
+    // What the control wrote when its properties were properties_. It may say more than they do:
+    // defaults that were never stored.
+    StoredProperties written_;
+};
+
+}  // namespace headerdtc::qt

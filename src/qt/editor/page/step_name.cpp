@@ -1,0 +1,115 @@
+#include "qt/editor/page/step_name.h"
+
+#include <algorithm>
+#include <set>
+#include <vector>
+
+namespace headerdtc::qt {
+namespace {
+
+constexpr int General = 0;
+constexpr int Eai = 1;
+constexpr int Zeko = 2;
+constexpr int Translations = 3;
+constexpr int EaiLink = 4;
+constexpr int ZekoLink = 5;
+
+struct Known {
+    std::string_view word;  // in the property's name
+    const char* caption;
+    int tab;
+};
+
+// What an author chooses comes first, what follows from it last. The first row whose word occurs in
+// the name holds, so a word stands above those that it contains.
+constexpr Known Table[] = {
+    {"LinkedDataProvider", "linked data provider", ZekoLink},
+    {"DataProvider", "data provider", General},
+    {"EnableExtraFilters", "extra filters", General},
+    {"ExtraIncludes", "include files", General},
+    {"XSLFilename", "stylesheet", General},
+    {"UserDefinedScript", "scripts", Zeko},
+    {"ZEKOReturnField", "ZEKO return fields", Zeko},
+    {"EAIReturnField", "EAI return fields", Eai},
+    {"ZEKOSelectedLinkedFields", "ZEKO linked fields", ZekoLink},
+    {"SelectedZEKOLinkedFields", "ZEKO linked fields", ZekoLink},
+    {"EAISelectedLinkedFields", "EAI linked fields", EaiLink},
+    {"SelectedEAILinkedFields", "EAI linked fields", EaiLink},
+    {"ZEKOI18NFieldnames", "ZEKO translated names", Translations},
+    {"EAII18NFieldnames", "EAI translated names", Translations},
+    {"ZEKOI18NFieldValues", "ZEKO translated values", Translations},
+    {"EAII18NFieldValues", "EAI translated values", Translations},
+    {"ZEKOCriteria", "ZEKO criteria", Zeko},
+    {"EAICriteria", "EAI criteria", Eai},
+    {"ZEKOLinkFromFields", "ZEKO links", ZekoLink},
+    {"ZEKOLinkToFields", "ZEKO links", ZekoLink},
+    {"LinkedZEKOFields", "ZEKO links", ZekoLink},
+    {"EAILinkFromFields", "EAI links", EaiLink},
+    {"EAILinkToFields", "EAI links", EaiLink},
+    {"LinkedEAIFields", "EAI links", EaiLink},
+    {"ZEKOKeyField", "ZEKO key fields", Zeko},
+    {"EAIKeyField", "EAI key fields", Eai},
+    {"ZEKOAvailableFieldsLinked", "linked provider's ZEKO fields", ZekoLink},
+    {"EAIAvailableFieldsLinked", "linked provider's EAI fields", EaiLink},
+    {"ZEKOAvailableFields", "ZEKO available fields", Zeko},
+    {"EAIAvailableFields", "EAI available fields", Eai},
+    {"ZEKOToLinkKeyFields", "linked provider's ZEKO key fields", ZekoLink},
+    {"EAIToLinkKeyFields", "linked provider's EAI key fields", EaiLink},
+};
+
+const Known* find(std::string_view name) {
+    for (const Known& known : Table) {
+        if (name.find(known.word) != std::string_view::npos) return &known;
+    }
+    return nullptr;
+}
+
+std::vector<std::string_view> differing(const StoredProperties& before,
+                                        const StoredProperties& after) {
+    const std::set<StoredProperties::value_type> old(before.begin(), before.end());
+    const std::set<StoredProperties::value_type> now(after.begin(), after.end());
+    std::vector<std::string_view> names;
+    for (const auto& property : before) {
+        if (!now.contains(property)) names.emplace_back(property.first);
+    }
+    for (const auto& property : after) {
+        if (!old.contains(property)) names.emplace_back(property.first);
+    }
+    return names;
+}
+
+}  // namespace
+
+QString propertyCaption(std::string_view storedName) {
+    const Known* known = find(storedName);
+    return known ? QString::fromLatin1(known->caption)
+                 : QString::fromUtf8(storedName.data(), static_cast<qsizetype>(storedName.size()));
+}
+
+QString describeChange(const StoredProperties& before, const StoredProperties& after) {
+    const Known* first = nullptr;
+    for (const std::string_view name : differing(before, after)) {
+        const Known* known = find(name);
+        if (known && (!first || known < first)) first = known;
+    }
+    return first ? QString::fromLatin1(first->caption) : QStringLiteral("configuration");
+}
+
+QString changedNames(const StoredProperties& before, const StoredProperties& after) {
+    auto names = differing(before, after);
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    std::string joined;
+    for (const std::string_view name : names) {
+        joined += name;
+        joined += ' ';
+    }
+    return QString::fromStdString(joined);
+}
+
+int tabOfProperty(std::string_view storedName) {
+    const Known* known = find(storedName);
+    return known ? known->tab : General;
+}
+
+}  // namespace headerdtc::qt

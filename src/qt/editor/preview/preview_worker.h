@@ -1,0 +1,51 @@
+#pragma once
+
+#include "qt/editor/preview/expansion.h"
+#include "qt/editor/preview/text_diff.h"
+
+#include <QObject>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace headerdtc::qt {
+
+// The generated text of a control beside the text that the page's file holds.
+struct Preview {
+    std::string controlId;
+    Expansion expansion;
+    std::string savedText;
+    std::string problem;  // why there is no expansion
+    std::vector<DiffRun> changes;
+};
+
+// Makes previews aside, so that nobody waits for them while typing. Of requests for one control
+// that come faster than they are done only the latest is.
+class PreviewWorker : public QObject {
+    Q_OBJECT
+
+  public:
+    struct Request {
+        std::shared_ptr<Site> site;
+        std::filesystem::path page;
+        ControlSpan stored;
+        std::string savedText;
+    };
+
+    using QObject::QObject;
+    void request(Request request);
+    bool isBusy() const { return working_ || !waiting_.empty(); }
+
+  Q_SIGNALS:
+    void ready(const std::shared_ptr<const headerdtc::qt::Preview>& preview);
+
+  private:
+    void start(Request request);
+    void finish(const std::shared_ptr<const Preview>& preview);
+
+    bool working_ = false;
+    std::map<std::string, Request> waiting_;  // by control
+};
+
+}  // namespace headerdtc::qt

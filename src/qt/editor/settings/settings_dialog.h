@@ -1,0 +1,68 @@
+#pragma once
+
+#include "host/files/whole_file.h"
+#include "qt/editor/settings/configuration_text.h"
+#include "qt/editor/settings/connection_test.h"
+
+#include <QDialog>
+#include <filesystem>
+#include <map>
+#include <vector>
+
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableWidget;
+
+namespace headerdtc::qt {
+
+// A site's configuration as a form over its headerdtc.toml. Saving changes the values in the file
+// and leaves all else in it as it is; a file that could not be read afterwards is not written.
+class SettingsDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    // Throws FileError when the file is there and cannot be read. One that is not there is made.
+    explicit SettingsDialog(std::filesystem::path file, QWidget* parent = nullptr);
+
+  public Q_SLOTS:
+    void accept() override;
+
+  private:
+    struct Field {
+        std::string section, key;
+        QLineEdit* edit;
+        QString fallback;  // what holds without the key
+    };
+
+    QWidget* siteBox();
+    QWidget* drivesBox();
+    QWidget* translationsBox();
+    QLineEdit* addField(QFormLayout& form, const QString& label, const char* section,
+                        const char* key, const QString& fallback);
+    QLineEdit* addPathField(QFormLayout& form, const QString& label, const char* section,
+                            const char* key, const QString& fallback, bool folder);
+    void browse(QLineEdit& edit, bool folder);
+    QString relative(const QString& path) const;
+    void fillDrives();
+    void addDrive(const QString& letter, const QString& folder);
+    void testConnection();
+    std::string changed() const;
+    // Why a text cannot be the file's; empty when it can.
+    QString problemOf(const std::string& bytes) const;
+    std::string valueOf(const char* section, const char* key) const;
+
+    std::filesystem::path file_;
+    WholeFile old_;
+    ConfigurationText text_;
+    std::vector<Field> fields_;
+    QComboBox* codePage_;
+    QTableWidget* drives_;
+    QPushButton* test_;
+    QLabel* testResult_;
+    ConnectionTest connection_;
+};
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,183 @@
+#include "qt/editor/site/site_model.h"
+
+#include "qt/editor/window/icons.h"
+
+#include <QFile>
+#include <algorithm>
+
+namespace headerdtc::qt {
+namespace {
+
+namespace fs = std::filesystem;
+using Verdict = GeneratedPage::Verdict;
+
+struct VerdictLook {
+    Verdict verdict;
+    const char* icon;
+    const char* word;
+};
+
+constexpr VerdictLook Looks[] = {
+    {Verdict::NoControl, "", QT_TRANSLATE_NOOP("SiteModel", "no control")},
+    {Verdict::UpToDate, "dialog-ok", QT_TRANSLATE_NOOP("SiteModel", "up to date")},
+    {Verdict::Stale, "view-refresh", QT_TRANSLATE_NOOP("SiteModel", "out of date")},
+    {Verdict::LeftAlone, "dialog-warning", QT_TRANSLATE_NOOP("SiteModel", "would lose something")},
+    {Verdict::NotReadable, "dialog-error", QT_TRANSLATE_NOOP("SiteModel", "failed")},
+    {Verdict::NotConfigured, "dialog-error", QT_TRANSLATE_NOOP("SiteModel", "wrong configuration")},
+};
+
+const VerdictLook& lookOf(Verdict verdict) {
+    return *std::find_if(std::begin(Looks), std::end(Looks),
+                         [&](const VerdictLook& look) { return look.verdict == verdict; });
+}
+
+// A page that was written is as it should be now.
+Verdict nowOf(const PageResult& result) {
+    return result.written ? Verdict::UpToDate : result.verdict;
+}
+
+}  // namespace
+
+struct SiteModel::Node {
+    Node* parent = nullptr;
+    QString name;
+    fs::path path;
+    bool isPage = false;
+    int row = 0;
+    std::vector<std::unique_ptr<Node>> children;
+    std::map<fs::path, Node*> folders;
+};
+
+SiteModel::SiteModel(QObject* parent)
+    : QAbstractItemModel(parent), root_(std::make_unique<Node>()) {}
+
+SiteModel::~SiteModel() = default;
+
+SiteModel::Node& SiteModel::folderOf(const fs::path& folder) {
+    if (folder == rootFolder_ || !folder.has_relative_path()) return *root_;
+    Node& parent = folderOf(folder.parent_path());
+    Node*& found = parent.folders[folder];
+    if (found) return *found;
+    auto node = std::make_unique<Node>();
+    node->parent = &parent;
+    node->name = QFile::decodeName(folder.filename().c_str());
+    node->path = folder;
+    node->row = static_cast<int>(parent.children.size());
+    found = node.get();
+    parent.children.push_back(std::move(node));
+    return *found;
+}
+
+void SiteModel::setPages(const fs::path& root, const std::vector<fs::path>& pages) {
+    beginResetModel();
+    rootFolder_ = root;
+    root_ = std::make_unique<Node>();
+    pages_.clear();
+    for (const fs::path& page : pages) {
+        Node& folder = folderOf(page.parent_path());
+        auto node = std::make_unique<Node>();
+        node->parent = &folder;
+        node->name = QFile::decodeName(page.filename().c_str());
+        node->path = page;
+        node->isPage = true;
+        node->row = static_cast<int>(folder.children.size());
+        pages_[page] = node.get();
+        folder.children.push_back(std::move(node));
+    }
+    std::erase_if(results_, [&](const auto& result) { return !pages_.contains(result.first); });
+    endResetModel();
+}
+
+void SiteModel::setResults(const std::vector<PageResult>& results) {
+    for (const PageResult& result : results) {
+        results_[result.page] = result;
+        const QModelIndex changed = indexOf(result.page);
+        if (!changed.isValid()) continue;
+        // Folders tell of what is in them, too.
+        for (QModelIndex node = changed; node.isValid(); node = parent(node))
+            Q_EMIT dataChanged(node.siblingAtColumn(Name), node.siblingAtColumn(State));
+    }
+}
+
+int SiteModel::count(Verdict verdict) const {
+    return static_cast<int>(std::count_if(results_.begin(), results_.end(), [&](const auto& entry) {
+        return nowOf(entry.second) == verdict;
+    }));
+}
+
+QModelIndex SiteModel::indexOf(const fs::path& page) const {
+    const auto found = pages_.find(page);
+    return found == pages_.end() ? QModelIndex()
+                                 : createIndex(found->second->row, Name, found->second);
+}
+
+SiteModel::Node& SiteModel::nodeOf(const QModelIndex& index) const {
+    return index.isValid() ? *static_cast<Node*>(index.internalPointer()) : *root_;
+}
+
+QModelIndex SiteModel::index(int row, int column, const QModelIndex& parent) const {
+    if (!hasIndex(row, column, parent)) return {};
+    return createIndex(row, column, nodeOf(parent).children[static_cast<std::size_t>(row)].get());
+}
+
+QModelIndex SiteModel::parent(const QModelIndex& index) const {
+    if (!index.isValid()) return {};
+    Node* parent = nodeOf(index).parent;
+    return parent == root_.get() ? QModelIndex() : createIndex(parent->row, Name, parent);
+}
+
+int SiteModel::rowCount(const QModelIndex& parent) const {
+    return parent.column() > 0 ? 0 : static_cast<int>(nodeOf(parent).children.size());
+}
+
+int SiteModel::columnCount(const QModelIndex&) const {
+    return ColumnCount;
+}
+
+QVariant SiteModel::data(const QModelIndex& index, int role) const {
+    const Node& node = nodeOf(index);
+    switch (role) {
+        case PageRole:
+            return node.isPage ? QFile::decodeName(node.path.c_str()) : QVariant();
+        case Qt::DisplayRole:
+            if (index.column() == Name) return node.name;
+            break;
+        case Qt::DecorationRole:
+            if (index.column() == Name) return editorIcon(node.isPage ? "text-html" : "folder");
+            break;
+        default:
+            break;
+    }
+    return stateOf(node, role);
+}
+
+QVariant SiteModel::stateOf(const Node& node, int role) const {
+    const auto result = results_.find(node.path);
+    if (!node.isPage || result == results_.end()) return {};
+    const Verdict now = nowOf(result->second);
+    switch (role) {
+        case HasControlRole:
+            return now != Verdict::NoControl;
+        case NeedsWorkRole:
+            return now != Verdict::NoControl && now != Verdict::UpToDate;
+        case Qt::DisplayRole:
+            return tr(lookOf(now).word);
+        case Qt::DecorationRole:
+            return *lookOf(now).icon ? editorIcon(lookOf(now).icon) : QVariant();
+        case Qt::ToolTipRole: {
+            QStringList lines;
+            for (const std::string& message : result->second.messages)
+                lines += QString::fromStdString(message);
+            return lines.join(QLatin1Char('\n'));
+        }
+        default:
+            return {};
+    }
+}
+
+QVariant SiteModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    return section == Name ? tr("Page") : tr("State");
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "qt/editor/messages/message.h"
+#include "qt/editor/site/site_model.h"
+#include "qt/editor/site/site_run.h"
+
+#include <QSortFilterProxyModel>
+#include <QWidget>
+#include <optional>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QTreeView;
+
+namespace headerdtc::qt {
+
+// The tree's rows that a person asked for: by name, and by what a check found.
+class SiteFilter : public QSortFilterProxyModel {
+    Q_OBJECT
+
+  public:
+    enum Show { AllPages, WithControl, NeedingWork };
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+    void setShow(Show show);
+
+  protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+
+  private:
+    Show show_ = AllPages;
+};
+
+// The web project: its pages, which of them hold a control, which are out of date, and the run that
+// generates them all.
+class SiteView : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit SiteView(Sites& sites, QWidget* parent = nullptr);
+
+    // Shows the pages below a folder and checks them.
+    void openFolder(const std::filesystem::path& folder);
+    const std::filesystem::path& folder() const { return folder_; }
+    SiteModel& model() { return *model_; }
+    SiteRun& run() { return *run_; }
+
+    void checkAll();
+    // Generates every page of the folder.
+    void generateAll();
+    // Checks one page of the folder again.
+    void recheck(const std::filesystem::path& page);
+
+  Q_SIGNALS:
+    void pageActivated(const QString& file);
+    // "Generate all" was asked for: whoever has pages open saves them first and then calls
+    // generateAll().
+    void generateRequested();
+    void folderRequested();
+    // What was said of a page in the last run, in place of what was said before.
+    void pageMessages(const std::filesystem::path& page,
+                      const std::vector<headerdtc::qt::Message>& messages);
+    void runFinished();
+
+  private:
+    void start(SiteRun::Mode mode);
+    void recheckWaiting();
+    void takeResults(const std::vector<PageResult>& results);
+    void showState();
+    void finish(bool cancelled);
+
+    std::filesystem::path folder_;
+    SiteModel* model_;
+    SiteFilter* filter_;
+    SiteRun* run_;
+    std::vector<std::filesystem::path> waiting_;  // to be checked again after the run
+    int written_ = 0;
+
+    QLabel* title_;
+    QLineEdit* search_;
+    QComboBox* show_;
+    QTreeView* tree_;
+    QPushButton* check_;
+    QPushButton* generate_;
+    QPushButton* stop_;
+    QProgressBar* progress_;
+    QLabel* summary_;
+};
+
+}  // namespace headerdtc::qt

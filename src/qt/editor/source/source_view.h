@@ -1,0 +1,80 @@
+#pragma once
+
+#include "qt/editor/source/source_lines.h"
+
+#include <QPlainTextEdit>
+#include <memory>
+#include <set>
+#include <string>
+
+namespace headerdtc::qt {
+
+class AspHighlighter;
+class SourceGutter;
+
+// A page's source. Text around the controls can be written like any other; each change is told as
+// an exchange of bytes, and the view then shows whatever page it is given. The spans of controls
+// are marked and folded; they are the controls' own, and what is written into them is taken back.
+class SourceView : public QPlainTextEdit {
+    Q_OBJECT
+
+  public:
+    explicit SourceView(QWidget* parent = nullptr);
+    ~SourceView() override;
+
+    // Shows a page, keeping caret, scroll position and folding where they are.
+    void showPage(const PageContentPtr& page);
+    const SourceLines* lines() const { return lines_.get(); }
+
+    // Lines of the page, from 1.
+    int caretLine() const;
+    // Puts the caret on a line and unfolds what hides it.
+    void goToLine(int line);
+    bool isFolded(const std::string& controlId) const { return folded_.contains(controlId); }
+    void setFolded(const std::string& controlId, bool folded);
+
+  Q_SIGNALS:
+    // The author replaced bytes of the page. `kind` is the same for letters typed one after the
+    // other.
+    void edited(headerdtc::ByteRange range, const std::string& bytes, const QString& kind);
+    // The author wrote where only a control writes.
+    void editRefused();
+
+  protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+
+  private:
+    friend class SourceGutter;
+
+    // The lines of a control's span, from 0: the first, and those that folding hides.
+    struct Region {
+        std::string controlId;
+        int first, hiddenEnd;
+    };
+
+    void documentChanged(int position, int removed, int added);
+    void synchronize();
+    void replaceDifference(const QString& text);
+    void markSpans();
+    void fold();
+    const Region* regionAt(int line) const;
+    void toggleFoldAt(int line);
+    void placeGutter();
+    QColor spanTint() const;
+
+    std::unique_ptr<SourceLines> lines_;
+    AspHighlighter* highlighter_ = nullptr;
+    SourceGutter* gutter_ = nullptr;
+    std::vector<Region> regions_;
+    std::set<std::string> folded_;
+    std::set<std::string> known_;  // controls whose folding has been decided
+    bool showing_ = false;         // the view itself writes into the document
+    bool outOfStep_ = false;       // the document differs from the page until it is written anew
+};
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,106 @@
+#include "qt/editor/start/guide_window.h"
+
+#include "qt/editor/window/icons.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QToolBar>
+#include <QUrl>
+
+namespace headerdtc::qt {
+namespace {
+
+constexpr const char* Folder = ":/docs/";
+constexpr const char* Guide = "guide.md";
+
+// How a heading is named in links to it: lower case, blanks as hyphens, no punctuation.
+QString anchorOf(const QString& heading) {
+    QString anchor;
+    for (const QChar c : heading.toLower()) {
+        if (c.isLetterOrNumber() || c == QLatin1Char('-') || c == QLatin1Char('_')) anchor += c;
+        if (c == QLatin1Char(' ')) anchor += QLatin1Char('-');
+    }
+    return anchor;
+}
+
+}  // namespace
+
+GuideWindow::GuideWindow(QWidget* parent) : QMainWindow(parent) {
+    setObjectName(QStringLiteral("GuideWindow"));
+    setWindowTitle(tr("HeaderDTC guide"));
+    text_ = new QTextBrowser;
+    text_->setAccessibleName(tr("Guide"));
+    text_->setOpenLinks(false);
+    text_->setSearchPaths({QLatin1String(Folder)});
+    text_->document()->setDocumentMargin(14);
+    connect(text_, &QTextBrowser::anchorClicked, this, &GuideWindow::follow);
+    setCentralWidget(text_);
+
+    search_ = new QLineEdit;
+    search_->setPlaceholderText(tr("Find in the guide"));
+    search_->setAccessibleName(search_->placeholderText());
+    search_->setClearButtonEnabled(true);
+    search_->setMaximumWidth(260);
+    connect(search_, &QLineEdit::returnPressed, this, &GuideWindow::find);
+    auto* bar = addToolBar(tr("Guide"));
+    bar->setMovable(false);
+    bar->addAction(editorIcon("help-contents"), tr("Contents"), this, [this] { showGuide(); });
+    auto* gap = new QWidget;
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(gap);
+    bar->addWidget(search_);
+    auto* findAction = new QAction(this);
+    findAction->setShortcut(QKeySequence::Find);
+    connect(findAction, &QAction::triggered, search_, qOverload<>(&QLineEdit::setFocus));
+    addAction(findAction);
+    auto* close = new QAction(this);
+    close->setShortcuts({QKeySequence::Close, QKeySequence(Qt::Key_Escape)});
+    connect(close, &QAction::triggered, this, &QWidget::close);
+    addAction(close);
+    resize(820, 720);
+}
+
+void GuideWindow::showGuide(const QString& heading) {
+    show();
+    raise();
+    activateWindow();
+    follow(QUrl(QLatin1String(Guide) + QLatin1Char('#') + heading));
+}
+
+void GuideWindow::follow(const QUrl& link) {
+    if (!link.isRelative()) {
+        QDesktopServices::openUrl(link);
+        return;
+    }
+    const QString name = QFileInfo(link.path()).fileName();
+    if (!name.isEmpty()) {
+        QFile file(QLatin1String(Folder) + name);
+        if (!file.open(QIODevice::ReadOnly)) return;
+        text_->document()->setMarkdown(QString::fromUtf8(file.readAll()));
+        text_->moveCursor(QTextCursor::Start);
+    }
+    goTo(link.fragment());
+}
+
+void GuideWindow::goTo(const QString& heading) {
+    if (heading.isEmpty()) return;
+    for (QTextBlock block = text_->document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 0 || anchorOf(block.text()) != heading) continue;
+        // The heading comes to the top of the window, not to its bottom.
+        text_->moveCursor(QTextCursor::End);
+        text_->setTextCursor(QTextCursor(block));
+        return;
+    }
+}
+
+void GuideWindow::find() {
+    if (text_->find(search_->text())) return;
+    text_->moveCursor(QTextCursor::Start);
+    text_->find(search_->text());
+}
+
+}  // namespace headerdtc::qt

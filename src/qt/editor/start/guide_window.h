@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QMainWindow>
+
+class QLineEdit;
+class QTextBrowser;
+class QUrl;
+
+namespace headerdtc::qt {
+
+// The guide that comes with the program, and the pages that it leads to.
+class GuideWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit GuideWindow(QWidget* parent = nullptr);
+
+    // Shows a heading of the guide ("setting-up-a-site"); the beginning without one.
+    void showGuide(const QString& heading = {});
+
+  private:
+    void follow(const QUrl& link);
+    void goTo(const QString& heading);
+    void find();
+
+    QTextBrowser* text_;
+    QLineEdit* search_;
+};
+
+}  // namespace headerdtc::qt

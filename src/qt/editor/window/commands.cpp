@@ -1,0 +1,154 @@
+#include "qt/editor/window/commands.h"
+
+#include "qt/editor/window/icons.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+namespace headerdtc::qt {
+namespace {
+
+enum class Menu { File, Edit, View, Site, Help };
+
+constexpr const char* MenuTitles[] = {
+    QT_TRANSLATE_NOOP("Commands", "&File"), QT_TRANSLATE_NOOP("Commands", "&Edit"),
+    QT_TRANSLATE_NOOP("Commands", "&View"), QT_TRANSLATE_NOOP("Commands", "&Site"),
+    QT_TRANSLATE_NOOP("Commands", "&Help")};
+
+// When a command can be given.
+enum class Needs { Nothing, Page, Control, Site, Own };
+
+enum : unsigned { Plain = 0, Separated = 1, InToolBar = 2, Checkable = 4 };
+
+struct Info {
+    Command command;
+    Menu menu;
+    const char* text;
+    const char* icon;
+    const char* keys;  // portable
+    Needs needs;
+    unsigned flags;
+    const char* tip;
+};
+
+#define TEXT(words) QT_TRANSLATE_NOOP("Commands", words)
+// clang-format off
+constexpr Info Table[] = {
+    {Command::New, Menu::File, TEXT("&New page"), "document-new", "Ctrl+N", Needs::Nothing, InToolBar, TEXT("Begin a page with one new control")},
+    {Command::Open, Menu::File, TEXT("&Open..."), "document-open", "Ctrl+O", Needs::Nothing, InToolBar, TEXT("Open pages")},
+    {Command::OpenSite, Menu::File, TEXT("Open s&ite folder..."), "folder-open", "Ctrl+Shift+O", Needs::Nothing, Plain, TEXT("Show the pages of a web project")},
+    {Command::OpenDemo, Menu::File, TEXT("Try the &demo site..."), "system-run", "", Needs::Nothing, Plain, TEXT("Copy the demo site and open a page of it")},
+    {Command::Save, Menu::File, TEXT("&Save"), "document-save", "Ctrl+S", Needs::Page, Separated | InToolBar, TEXT("Generate the page's controls and save it")},
+    {Command::SaveAs, Menu::File, TEXT("Save &as..."), "document-save-as", "Ctrl+Shift+S", Needs::Page, Plain, TEXT("Save the page into another file")},
+    {Command::SaveAll, Menu::File, TEXT("Save a&ll"), "", "Ctrl+Alt+S", Needs::Page, Plain, TEXT("Save all open pages that have changes")},
+    {Command::Revert, Menu::File, TEXT("Re&load from disk"), "document-revert", "", Needs::Page, Plain, TEXT("Read the file again; undo brings the page back as it was")},
+    {Command::Close, Menu::File, TEXT("&Close"), "window-close", "Ctrl+W", Needs::Page, Separated, TEXT("Close the page")},
+    {Command::Quit, Menu::File, TEXT("&Quit"), "application-exit", "Ctrl+Q", Needs::Nothing, Plain, TEXT("Close all pages and end")},
+    {Command::Undo, Menu::Edit, TEXT("&Undo"), "edit-undo", "Ctrl+Z", Needs::Own, InToolBar | Separated, TEXT("Take the last change of the page back; what was written to the translation database stays")},
+    {Command::Redo, Menu::Edit, TEXT("&Redo"), "edit-redo", "Ctrl+Shift+Z", Needs::Own, InToolBar, TEXT("Make the change again")},
+    {Command::Find, Menu::Edit, TEXT("&Find in source..."), "edit-find", "Ctrl+F", Needs::Page, Separated, TEXT("Find text in the page's source")},
+    {Command::InsertControl, Menu::Edit, TEXT("&Insert control"), "list-add", "Ctrl+I", Needs::Page, Separated | InToolBar, TEXT("Insert a new control before the line of the caret")},
+    {Command::RemoveControl, Menu::Edit, TEXT("Remove &control"), "list-remove", "", Needs::Control, Plain, TEXT("Take the shown control out of the page")},
+    {Command::ShowSource, Menu::View, TEXT("&Source"), "", "Ctrl+1", Needs::Nothing, Checkable, TEXT("Show the page's source beside the control")},
+    {Command::ShowPreview, Menu::View, TEXT("&Generated text"), "", "Ctrl+2", Needs::Nothing, Checkable, TEXT("Show what would be generated")},
+    {Command::ToggleFold, Menu::View, TEXT("&Fold control in source"), "", "Ctrl+Shift+F", Needs::Control, Plain, TEXT("Hide or show the lines of the control in the source")},
+    {Command::NextChange, Menu::View, TEXT("&Next change of the generated text"), "go-down", "F8", Needs::Control, Plain, TEXT("Go to the next line that saving would change")},
+    {Command::PreviousChange, Menu::View, TEXT("&Previous change of the generated text"), "go-up", "Shift+F8", Needs::Control, Plain, TEXT("Go to the line before that saving would change")},
+    {Command::Refresh, Menu::View, TEXT("&Refresh"), "view-refresh", "F5", Needs::Page, Plain, TEXT("Look again at files, template and catalogue")},
+    {Command::FocusControl, Menu::View, TEXT("Go to the &control"), "", "F6", Needs::Control, Separated, TEXT("Move the focus to the control")},
+    {Command::FocusSource, Menu::View, TEXT("Go to the s&ource"), "", "Shift+F6", Needs::Page, Plain, TEXT("Move the focus to the source")},
+    {Command::NextPage, Menu::View, TEXT("Ne&xt page"), "", "Ctrl+Tab", Needs::Page, Plain, TEXT("Show the next open page")},
+    {Command::PreviousPage, Menu::View, TEXT("Pre&vious page"), "", "Ctrl+Shift+Tab", Needs::Page, Plain, TEXT("Show the open page before")},
+    {Command::CheckSite, Menu::Site, TEXT("&Check all pages"), "view-refresh", "Ctrl+F5", Needs::Site, Plain, TEXT("Find out which pages are out of date; writes nothing")},
+    {Command::GenerateAll, Menu::Site, TEXT("&Generate all pages"), "system-run", "Ctrl+G", Needs::Site, InToolBar | Plain, TEXT("Write every page of the site that is out of date")},
+    {Command::PageSite, Menu::Site, TEXT("Show the site of this &page"), "folder", "", Needs::Page, Plain, TEXT("Show the web project that the page belongs to")},
+    {Command::Settings, Menu::Site, TEXT("&Settings..."), "preferences-system", "", Needs::Own, Separated, TEXT("Folders, catalogue and database of the site")},
+    {Command::Guide, Menu::Help, TEXT("&Guide"), "help-contents", "F1", Needs::Nothing, Plain, TEXT("Open the guide")},
+    {Command::About, Menu::Help, TEXT("&About"), "help-about", "", Needs::Nothing, Separated, TEXT("What this program is")},
+};
+// clang-format on
+#undef TEXT
+
+bool isComplete() {
+    for (std::size_t i = 0; i < std::size(Table); ++i) {
+        if (static_cast<std::size_t>(Table[i].command) != i) return false;
+    }
+    return std::size(Table) == static_cast<std::size_t>(Command::Count);
+}
+
+}  // namespace
+
+Commands::Commands(QMainWindow& window) : QObject(&window) {
+    Q_ASSERT(isComplete());
+    std::array<QMenu*, std::size(MenuTitles)> menus{};
+    for (std::size_t i = 0; i < menus.size(); ++i)
+        menus[i] = window.menuBar()->addMenu(tr(MenuTitles[i]));
+    view_ = menus[static_cast<std::size_t>(Menu::View)];
+    auto* toolBar = window.addToolBar(tr("Tools"));
+    toolBar->setObjectName(QStringLiteral("ToolBar"));
+    toolBar->setMovable(false);
+
+    for (const Info& info : Table) {
+        auto* action = new QAction(tr(info.text), &window);
+        if (*info.icon) action->setIcon(editorIcon(info.icon));
+        if (*info.keys) action->setShortcut(QKeySequence(QLatin1String(info.keys)));
+        action->setStatusTip(tr(info.tip));
+        QString toolTip = tr(info.tip);
+        if (*info.keys)
+            toolTip +=
+                QStringLiteral(" (%1)").arg(action->shortcut().toString(QKeySequence::NativeText));
+        action->setToolTip(toolTip);
+        action->setCheckable((info.flags & Checkable) != 0);
+        QMenu* menu = menus[static_cast<std::size_t>(info.menu)];
+        if ((info.flags & Separated) != 0) {
+            if (!menu->isEmpty()) menu->addSeparator();
+            if ((info.flags & InToolBar) != 0) toolBar->addSeparator();
+        }
+        menu->addAction(action);
+        if ((info.flags & InToolBar) != 0) toolBar->addAction(action);
+        if (info.command == Command::Open) {
+            recent_ = menu->addMenu(tr("Open &recent"));
+        }
+        actions_[static_cast<std::size_t>(info.command)] = action;
+    }
+    // The other usual key of each.
+    (*this)[Command::Redo]->setShortcuts(
+        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
+    (*this)[Command::ShowSource]->setChecked(true);
+    (*this)[Command::ShowPreview]->setChecked(true);
+}
+
+void Commands::follow(const State& state) {
+    for (const Info& info : Table) {
+        bool enabled = true;
+        switch (info.needs) {
+            case Needs::Nothing:
+                break;
+            case Needs::Page:
+                enabled = state.page;
+                break;
+            case Needs::Control:
+                enabled = state.control;
+                break;
+            case Needs::Site:
+                enabled = state.site;
+                break;
+            case Needs::Own:
+                continue;
+        }
+        (*this)[info.command]->setEnabled(enabled);
+    }
+    (*this)[Command::Settings]->setEnabled(state.page || state.site);
+    QAction* undo = (*this)[Command::Undo];
+    undo->setEnabled(!state.undo.isEmpty());
+    undo->setText(state.undo.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(state.undo));
+    QAction* redo = (*this)[Command::Redo];
+    redo->setEnabled(!state.redo.isEmpty());
+    redo->setText(state.redo.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(state.redo));
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,440 @@
+#include "qt/editor/window/main_window.h"
+
+#include "host/site/site_configuration.h"
+#include "qt/editor/messages/messages_panel.h"
+#include "qt/editor/page/control_pane.h"
+#include "qt/editor/page/page_editor.h"
+#include "qt/editor/preview/preview_pane.h"
+#include "qt/editor/recovery/recovery_dialog.h"
+#include "qt/editor/settings/settings_dialog.h"
+#include "qt/editor/site/site_view.h"
+#include "qt/editor/source/source_view.h"
+#include "qt/editor/start/about_dialog.h"
+#include "qt/editor/start/demo_site.h"
+#include "qt/editor/start/guide_window.h"
+#include "qt/editor/start/start_page.h"
+#include "qt/editor/window/icons.h"
+#include "qt/editor/window/page_status.h"
+#include "qt/editor/window/page_tabs.h"
+#include "qt/surface/control_surface.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QFile>
+#include <QFileDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+
+namespace headerdtc::qt {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* GeometryKey = "window/geometry";
+constexpr const char* StateKey = "window/state";
+
+fs::path toPath(const QString& name) {
+    return QFile::encodeName(name).toStdString();
+}
+
+QString toName(const fs::path& path) {
+    return QFile::decodeName(path.c_str());
+}
+
+}  // namespace
+
+MainWindow::MainWindow(const Options& options)
+    : sites_(options.configuration),
+      saver_(*this),
+      store_(options.recoveryFolder),
+      tabs_(new PageTabs(sites_, saver_)),
+      recovery_(store_, [this] { return tabs_->editors(); }) {
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowIcon(applicationIcon());
+    setAcceptDrops(true);
+    setDockOptions(AnimatedDocks | AllowTabbedDocks);
+    commands_ = new Commands(*this);
+    auto* start = new StartPage(recent_);
+    centre_ = new QStackedWidget;
+    centre_->addWidget(start);
+    centre_->addWidget(tabs_);
+    setCentralWidget(centre_);
+
+    site_ = new SiteView(sites_);
+    siteDock_ = addDock(tr("Site"), "SiteDock", site_, Qt::LeftDockWidgetArea, "Ctrl+3");
+    auto* panel = new MessagesPanel(messages_);
+    messagesDock_ =
+        addDock(tr("Messages"), "MessagesDock", panel, Qt::BottomDockWidgetArea, "Ctrl+4");
+    commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
+    status_ = new PageStatus;
+    statusBar()->addPermanentWidget(status_);
+
+    connect(panel, &MessagesPanel::activated, this, &MainWindow::activate);
+    connect(start, &StartPage::demoRequested, this, &MainWindow::chooseDemoFolder);
+    connect(start, &StartPage::newRequested, (*commands_)[Command::New], &QAction::trigger);
+    connect(start, &StartPage::openRequested, this, &MainWindow::choosePages);
+    connect(start, &StartPage::siteRequested, this, &MainWindow::chooseSite);
+    connect(start, &StartPage::guideRequested, this, &MainWindow::showGuide);
+    connect(start, &StartPage::pageRequested, this,
+            [this](const QString& file) { open(toPath(file)); });
+    connectCommands();
+    connectParts();
+
+    resize(1360, 860);
+    resizeDocks({siteDock_}, {280}, Qt::Horizontal);
+    resizeDocks({messagesDock_}, {130}, Qt::Vertical);
+    const QSettings settings;
+    restoreGeometry(settings.value(GeometryKey).toByteArray());
+    restoreState(settings.value(StateKey).toByteArray());
+    showRecent();
+    follow();
+}
+
+MainWindow::~MainWindow() {
+    // Pages tell of their going, which nobody here is to hear any more.
+    tabs_->disconnect(this);
+}
+
+QDockWidget* MainWindow::addDock(const QString& title, const char* name, QWidget* content,
+                                 Qt::DockWidgetArea area, const char* keys) {
+    auto* dock = new QDockWidget(title);
+    dock->setObjectName(QLatin1String(name));
+    dock->setWidget(content);
+    addDockWidget(area, dock);
+    QAction* toggle = dock->toggleViewAction();
+    toggle->setShortcut(QKeySequence(QLatin1String(keys)));
+    commands_->viewMenu()->insertAction((*commands_)[Command::ToggleFold], toggle);
+    return dock;
+}
+
+void MainWindow::connectCommands() {
+    const auto on = [this](Command command, auto act) {
+        connect((*commands_)[command], &QAction::triggered, this, act);
+    };
+    // Commands that a page is needed for.
+    const auto onPage = [this, on](Command command, auto act) {
+        on(command, [this, act] {
+            PageEditor* editor = tabs_->current();
+            if (editor && !editor->isBusy()) act(*editor);
+        });
+    };
+    on(Command::New, [this] { tabs_->openNew(workFolder()); });
+    on(Command::Open, [this] { choosePages(); });
+    on(Command::OpenSite, [this] { chooseSite(); });
+    on(Command::OpenDemo, [this] { chooseDemoFolder(); });
+    onPage(Command::Save, [this](PageEditor& editor) { saver_.save(editor); });
+    onPage(Command::SaveAs, [this](PageEditor& editor) { saver_.saveAs(editor); });
+    on(Command::SaveAll, [this] { saveAll(); });
+    on(Command::Revert, [this] { revert(); });
+    onPage(Command::Close, [this](PageEditor& editor) { tabs_->close(&editor); });
+    on(Command::Quit, [this] { close(); });
+    onPage(Command::Undo, [](PageEditor& editor) { editor.undo(); });
+    onPage(Command::Redo, [](PageEditor& editor) { editor.redo(); });
+    onPage(Command::Find, [](PageEditor& editor) { editor.find(); });
+    onPage(Command::InsertControl, [](PageEditor& editor) { editor.insertControl(); });
+    onPage(Command::RemoveControl, [](PageEditor& editor) { editor.removeControl(); });
+    const auto showParts = [this] {
+        for (PageEditor* editor : tabs_->editors())
+            editor->showParts((*commands_)[Command::ShowSource]->isChecked(),
+                              (*commands_)[Command::ShowPreview]->isChecked());
+    };
+    on(Command::ShowSource, showParts);
+    on(Command::ShowPreview, showParts);
+    onPage(Command::ToggleFold, [](PageEditor& editor) { editor.toggleFold(); });
+    onPage(Command::NextChange, [](PageEditor& editor) { editor.preview().goToNextChange(); });
+    onPage(Command::PreviousChange,
+           [](PageEditor& editor) { editor.preview().goToPreviousChange(); });
+    on(Command::Refresh, [this] {
+        tabs_->checkDisk();
+        tabs_->refreshSites();
+    });
+    onPage(Command::FocusControl, [](PageEditor& editor) { editor.controls().focusControl(); });
+    onPage(Command::FocusSource, [](PageEditor& editor) { editor.source().setFocus(); });
+    const auto turn = [this](int by) {
+        tabs_->setCurrentIndex((tabs_->currentIndex() + by + tabs_->count()) % tabs_->count());
+    };
+    onPage(Command::NextPage, [turn](PageEditor&) { turn(1); });
+    onPage(Command::PreviousPage, [turn](PageEditor&) { turn(-1); });
+    on(Command::CheckSite, [this] { site_->checkAll(); });
+    on(Command::GenerateAll, [this] { generateAll(); });
+    onPage(Command::PageSite, [this](PageEditor& editor) {
+        site_->openFolder(editor.page().site()->configuration->projectRoot);
+        siteDock_->show();
+    });
+    on(Command::Settings, [this] { editSettings(); });
+    on(Command::Guide, [this] { showGuide(); });
+    on(Command::About, [this] { showAbout(this); });
+}
+
+void MainWindow::connectParts() {
+    connect(tabs_, &PageTabs::opened, this, [this](PageEditor* editor) {
+        editor->showParts((*commands_)[Command::ShowSource]->isChecked(),
+                          (*commands_)[Command::ShowPreview]->isChecked());
+        connect(editor, &PageEditor::messagesChanged, this,
+                [this, editor](const QString& source, const std::vector<Message>& messages) {
+                    // The open page knows better than the last run over the site.
+                    messages_.setMessages(toName(editor->page().file()), {});
+                    messages_.setMessages(source, messages);
+                });
+        if (editor->page().hasFile()) recent_.add(toName(editor->page().file()));
+        const SiteConfiguration& configuration = *editor->page().site()->configuration;
+        if (site_->folder().empty() && !configuration.file.empty())
+            site_->openFolder(configuration.projectRoot);
+    });
+    connect(tabs_, &PageTabs::closed, this, [this](PageEditor* editor) {
+        recovery_.forget(editor);
+        messages_.removeSources(editor->messageSources());
+    });
+    connect(tabs_, &PageTabs::stateChanged, this, &MainWindow::follow);
+    connect(&saver_, &PageSaver::saved, this, [this](PageEditor* editor) {
+        recovery_.forget(editor);
+        recent_.add(toName(editor->page().file()));
+        site_->recheck(editor->page().file());
+        statusBar()->showMessage(tr("%1 is saved.").arg(editor->title()), 4000);
+    });
+    connect(&watcher_, &FileWatcher::mayHaveChanged, tabs_, qOverload<>(&PageTabs::checkDisk));
+    connect(&recent_, &RecentFiles::changed, this, &MainWindow::showRecent);
+    connect(site_, &SiteView::pageActivated, this,
+            [this](const QString& file) { open(toPath(file)); });
+    connect(site_, &SiteView::folderRequested, this, &MainWindow::chooseSite);
+    connect(site_, &SiteView::generateRequested, this, &MainWindow::generateAll);
+    connect(site_, &SiteView::runFinished, this, [this] {
+        tabs_->checkDisk();
+        follow();
+    });
+    connect(site_, &SiteView::pageMessages, this,
+            [this](const fs::path& page, const std::vector<Message>& messages) {
+                if (!tabs_->find(page)) messages_.setMessages(toName(page), messages);
+            });
+}
+
+// ---- opening ------------------------------------------------------------------------------------
+
+fs::path MainWindow::workFolder() const {
+    if (PageEditor* editor = tabs_->current()) return editor->page().file().parent_path();
+    if (!site_->folder().empty()) return site_->folder();
+    const QStringList recent = recent_.files();
+    const QString folder = recent.isEmpty() ? QString() : QFileInfo(recent.first()).path();
+    return toPath(QFile::exists(folder) ? folder : QDir::homePath());
+}
+
+void MainWindow::open(const fs::path& file) {
+    tabs_->open(file);
+    follow();
+}
+
+void MainWindow::openAnything(const fs::path& path) {
+    std::error_code failure;
+    if (fs::is_directory(path, failure)) {
+        site_->openFolder(fs::absolute(path).lexically_normal());
+        siteDock_->show();
+    } else {
+        open(path);
+    }
+}
+
+void MainWindow::choosePages() {
+    const QStringList files =
+        QFileDialog::getOpenFileNames(this, tr("Open pages"), toName(workFolder()),
+                                      tr("ASP pages (*.asp *.inc *.ASP *.INC);;All files (*)"));
+    for (const QString& file : files)
+        open(toPath(file));
+}
+
+void MainWindow::chooseSite() {
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, tr("Open site folder"), toName(workFolder()));
+    if (!folder.isEmpty()) openAnything(toPath(folder));
+}
+
+void MainWindow::chooseDemoFolder() {
+    const QString folder = QFileDialog::getSaveFileName(
+        this, tr("Folder for the copy of the demo site"),
+        QDir::homePath() + QLatin1String("/headerdtc-demo"), tr("Folders (*)"), nullptr,
+        QFileDialog::ShowDirsOnly | QFileDialog::DontConfirmOverwrite);
+    if (!folder.isEmpty()) openDemo(toPath(folder));
+}
+
+void MainWindow::openDemo(const fs::path& folder) {
+    const auto demo = findDemoSite();
+    if (!demo) {
+        QMessageBox::warning(this, tr("Demo site"),
+                             tr("The demo site is not installed. It belongs to the package "
+                                "headerdtc."));
+        return;
+    }
+    try {
+        const QString remark = copyDemoSite(*demo, folder);
+        openAnything(folder);
+        open(demoPage(folder));
+        if (!remark.isEmpty()) QMessageBox::information(this, tr("Demo site"), remark);
+    } catch (const std::exception& error) {
+        QMessageBox::warning(this, tr("Demo site"),
+                             tr("The demo site could not be copied to %1.\n\n%2")
+                                 .arg(toName(folder), QString::fromStdString(error.what())));
+    }
+}
+
+void MainWindow::offerRecovery() {
+    const auto copies = store_.leftBehind();
+    if (copies.empty()) return;
+    RecoveryDialog dialog(copies, this);
+    dialog.exec();
+    if (dialog.answer() == RecoveryDialog::Answer::Later) return;
+    for (const RecoveryCopy& copy : dialog.chosen()) {
+        if (dialog.answer() == RecoveryDialog::Answer::Recover && !tabs_->recover(copy)) continue;
+        // The page is kept anew, under this editor, before the old copy goes.
+        recovery_.keepAll();
+        store_.flush();
+        RecoveryStore::discard(copy);
+    }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    for (const QUrl& url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) openAnything(toPath(url.toLocalFile()));
+    }
+}
+
+void MainWindow::showRecent() {
+    QMenu* menu = commands_->recentMenu();
+    menu->clear();
+    for (const QString& file : recent_.files()) {
+        QString text = file;
+        menu->addAction(text.replace(QLatin1Char('&'), QLatin1String("&&")), this,
+                        [this, file] { open(toPath(file)); });
+    }
+    menu->addSeparator();
+    menu->addAction(tr("&Clear list"), &recent_, &RecentFiles::clear);
+    menu->setEnabled(!recent_.files().isEmpty());
+}
+
+// ---- saving, generating, closing ----------------------------------------------------------------
+
+void MainWindow::saveAll() {
+    for (PageEditor* editor : tabs_->editors()) {
+        if (editor->isModified() && !saver_.save(*editor)) return;
+    }
+}
+
+void MainWindow::generateAll() {
+    bool unsaved = false;
+    for (PageEditor* editor : tabs_->editors()) {
+        editor->finishEditing();
+        unsaved = unsaved || editor->isModified();
+    }
+    if (unsaved) {
+        const auto answer = QMessageBox::question(
+            this, tr("Generate all pages"),
+            tr("Some open pages have unsaved changes. Save them first?\n\nPages are generated from "
+               "what is in their files."),
+            QMessageBox::SaveAll | QMessageBox::Ignore | QMessageBox::Cancel, QMessageBox::SaveAll);
+        if (answer == QMessageBox::Cancel) return;
+        if (answer == QMessageBox::SaveAll) saveAll();
+    }
+    siteDock_->show();
+    messagesDock_->show();
+    site_->generateAll();
+}
+
+void MainWindow::revert() {
+    PageEditor* editor = tabs_->current();
+    if (!editor || editor->isBusy() || !editor->page().hasFile()) return;
+    editor->finishEditing();
+    try {
+        editor->page().takeTheirs(editor->page().readTheirs());
+    } catch (const FileError& error) {
+        QMessageBox::critical(this, tr("Reload from disk"), QString::fromStdString(error.what()));
+    }
+}
+
+// The configuration that holds for the current page, or else for the open site; where there is
+// none, the place for one.
+fs::path MainWindow::settingsFile() const {
+    PageEditor* editor = tabs_->current();
+    if (editor && !editor->page().site()->configuration->file.empty())
+        return editor->page().site()->configuration->file;
+    const fs::path folder = editor ? editor->page().file().parent_path() : site_->folder();
+    return findSiteConfiguration(folder).value_or(folder / "headerdtc.toml");
+}
+
+void MainWindow::editSettings() {
+    fs::path file;
+    try {
+        file = settingsFile();
+        SettingsDialog dialog(file, this);
+        if (dialog.exec() != QDialog::Accepted) return;
+    } catch (const FileError& error) {
+        QMessageBox::critical(this, tr("Site settings"), QString::fromStdString(error.what()));
+        return;
+    }
+    tabs_->refreshSites();
+    site_->checkAll();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!tabs_->closeAll()) {
+        event->ignore();
+        return;
+    }
+    site_->run().cancel();
+    QSettings settings;
+    settings.setValue(GeometryKey, saveGeometry());
+    settings.setValue(StateKey, saveState());
+    if (guide_) guide_->close();
+    event->accept();
+}
+
+// ---- the rest -----------------------------------------------------------------------------------
+
+void MainWindow::showGuide() {
+    if (!guide_) guide_ = new GuideWindow(this);
+    guide_->showGuide();
+}
+
+void MainWindow::activate(const Message& message) {
+    std::error_code failure;
+    if (fs::is_directory(message.page, failure)) return;
+    if (PageEditor* editor = tabs_->open(message.page)) editor->goTo(message.place);
+}
+
+void MainWindow::follow() {
+    PageEditor* editor = tabs_->current();
+    centre_->setCurrentWidget(editor ? static_cast<QWidget*>(tabs_) : centre_->widget(0));
+    Commands::State state;
+    state.site = !site_->folder().empty() && !site_->run().isRunning();
+    std::set<fs::path> files;
+    for (PageEditor* each : tabs_->editors())
+        files.insert(each->page().file());
+    watcher_.watch(files);
+    if (editor) {
+        const EditedPage& page = editor->page();
+        state.page = true;
+        state.control = editor->controls().current().has_value();
+        if (const Step* step = page.history().undoStep()) state.undo = step->name;
+        if (const Step* step = page.history().redoStep()) state.redo = step->name;
+        setWindowTitle(editor->title() + QStringLiteral("[*] \u2013 HeaderDTC"));
+        setWindowFilePath(toName(page.file()));
+    } else {
+        setWindowTitle(QStringLiteral("HeaderDTC[*]"));
+        setWindowFilePath({});
+    }
+    setWindowModified(editor && editor->isModified());
+    status_->follow(editor ? &editor->page() : nullptr);
+    commands_->follow(state);
+}
+
+}  // namespace headerdtc::qt

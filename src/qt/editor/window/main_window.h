@@ -1,0 +1,96 @@
+#pragma once
+
+#include "host/site/site.h"
+#include "qt/editor/files/file_watcher.h"
+#include "qt/editor/files/recent_files.h"
+#include "qt/editor/messages/message_model.h"
+#include "qt/editor/recovery/recovery_keeper.h"
+#include "qt/editor/recovery/recovery_store.h"
+#include "qt/editor/window/commands.h"
+#include "qt/editor/window/page_saver.h"
+
+#include <QMainWindow>
+#include <filesystem>
+#include <optional>
+
+class QDockWidget;
+class QStackedWidget;
+
+namespace headerdtc::qt {
+
+class GuideWindow;
+class PageStatus;
+class PageTabs;
+class SiteView;
+
+// The window of the page editor. It only puts the parts together: what each does is its own affair.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    struct Options {
+        // The one configuration for every page; none: each page's own is looked for.
+        std::optional<std::filesystem::path> configuration;
+        // Where copies of unsaved pages are kept.
+        std::filesystem::path recoveryFolder;
+    };
+
+    explicit MainWindow(const Options& options);
+    ~MainWindow() override;
+
+    PageTabs& tabs() { return *tabs_; }
+    SiteView& site() { return *site_; }
+    MessageModel& messages() { return messages_; }
+    Commands& commands() { return *commands_; }
+    RecoveryKeeper& recovery() { return recovery_; }
+
+    void open(const std::filesystem::path& file);
+    // A folder is a site, anything else a page.
+    void openAnything(const std::filesystem::path& path);
+    // Offers what a crashed editor has left behind.
+    void offerRecovery();
+    // Copies the demo to a folder and opens it.
+    void openDemo(const std::filesystem::path& folder);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    QDockWidget* addDock(const QString& title, const char* name, QWidget* content,
+                         Qt::DockWidgetArea area, const char* keys);
+    void connectCommands();
+    void connectParts();
+    void chooseDemoFolder();
+    void choosePages();
+    void chooseSite();
+    void saveAll();
+    void generateAll();
+    void revert();
+    std::filesystem::path settingsFile() const;
+    void editSettings();
+    void showGuide();
+    void activate(const Message& message);
+    void follow();
+    void showRecent();
+    std::filesystem::path workFolder() const;
+
+    Sites sites_;
+    MessageModel messages_;
+    RecentFiles recent_;
+    PageSaver saver_;
+    RecoveryStore store_;
+    FileWatcher watcher_;
+    PageTabs* tabs_;
+    RecoveryKeeper recovery_;
+    Commands* commands_;
+    QStackedWidget* centre_;
+    SiteView* site_;
+    QDockWidget* siteDock_;
+    QDockWidget* messagesDock_;
+    PageStatus* status_;
+    GuideWindow* guide_ = nullptr;
+};
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+namespace headerdtc {
+class HeaderDTC;
+}
+
+namespace headerdtc::qt {
+
+class FormBinder;
+
+// The surface of one control: its six tabs. The control is set up first and outlives the surface.
+class ControlSurface : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ControlSurface(HeaderDTC& dtc, QWidget* parent = nullptr);
+    ~ControlSurface() override;
+
+    QSize sizeHint() const override;
+
+    // Leaves the control that has the focus, as a person does before turning elsewhere: what an
+    // in-place editor holds gets into its cell. To be called before the page is saved.
+    void finishEditing();
+
+  private:
+    HeaderDTC& dtc_;
+    std::unique_ptr<FormBinder> binder_;
+};
+
+}  // namespace headerdtc::qt

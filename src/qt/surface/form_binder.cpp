@@ -1,0 +1,156 @@
+#include "qt/surface/form_binder.h"
+
+#include "controls/form.h"
+#include "qt/surface/button_view.h"
+#include "qt/surface/combo_box_view.h"
+#include "qt/surface/grid_view.h"
+#include "qt/surface/label_view.h"
+#include "qt/surface/list_box_view.h"
+#include "qt/surface/mnemonics.h"
+#include "qt/surface/selection_list.h"
+#include "qt/surface/tab_strip_view.h"
+#include "qt/surface/text.h"
+#include "qt/surface/text_box_view.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTableView>
+#include <map>
+
+namespace headerdtc::qt {
+
+// Finds each control's widget and makes the view of its kind.
+class FormBinder::Matcher : public ControlVisitor {
+  public:
+    Matcher(QWidget& formWidget, FormFace face) : formWidget_(formWidget), face_(face) {}
+
+    void visit(Button& control) override { match<ButtonView, QPushButton>(control); }
+    void visit(CheckBox& control) override { match<CheckBoxView, QCheckBox>(control); }
+    void visit(ComboBox& control) override { match<ComboBoxView, QComboBox>(control); }
+    void visit(Grid& control) override { match<GridView, QTableView>(control); }
+    void visit(Label& control) override { match<LabelView, QLabel>(control); }
+    void visit(ListBox& control) override { match<ListBoxView, SelectionList>(control); }
+    void visit(OptionButton& control) override { match<OptionButtonView, QRadioButton>(control); }
+    void visit(TabStrip& control) override { match<TabStripView, QTabWidget>(control); }
+    void visit(TextBox& control) override {
+        if (control.isMultiLine()) {
+            match<LinesView, QPlainTextEdit>(control);
+        } else {
+            match<LineView, QLineEdit>(control);
+        }
+    }
+
+    std::vector<std::unique_ptr<ControlView>> views;
+    QStringList faults;
+
+  private:
+    template <class View, class Widget, class Model>
+    void match(Model& model) {
+        const QString name = toQt(model.name());
+        auto* found = formWidget_.findChild<QWidget*>(name);
+        if (auto* widget = qobject_cast<Widget*>(found)) {
+            views.push_back(std::make_unique<View>(model, *widget, face_));
+        } else if (found) {
+            faults += name + " is a " + found->metaObject()->className() + ", not a " +
+                      Widget::staticMetaObject.className();
+        } else {
+            faults += name + " is missing";
+        }
+    }
+
+    QWidget& formWidget_;
+    FormFace face_;
+};
+
+FormBinder::FormBinder(Form& form, QWidget& formWidget, const QString& takenMnemonics)
+    : focus(form, formWidget, actions) {
+    Matcher matcher(formWidget, {actions, focus});
+    for (Control* control : form.controls())
+        control->accept(matcher);
+    if (!matcher.faults.isEmpty()) {
+        throw BindingError("The form '" + form.name() +
+                           "' does not fit its models: " + fromQt(matcher.faults.join(", ")));
+    }
+    views_ = std::move(matcher.views);
+    attachEditors();
+    setTabOrder();
+    for (const auto& view : views_)
+        view->begin();
+    assignMnemonics(findLabels(formWidget), takenMnemonics);
+    // Otherwise Qt gives it to the first control, as it does in every window.
+    if (form.ActiveControl()) focus.follow();
+}
+
+FormBinder::~FormBinder() = default;
+
+// An editor's grid is the table beside it.
+void FormBinder::attachEditors() {
+    std::map<const QWidget*, GridView*> grids;
+    for (const auto& view : views_) {
+        if (auto* grid = dynamic_cast<GridView*>(view.get()))
+            grids[view->widget().parentWidget()] = grid;
+    }
+    for (const auto& view : views_) {
+        if (!InPlaceEditors::isEditor(view->widget())) continue;
+        const auto grid = grids.find(view->widget().parentWidget());
+        if (grid == grids.end())
+            throw BindingError("No grid stands beside '" + view->control().name() + "'");
+        grid->second->editors().add(view->control(), view->widget());
+    }
+}
+
+void FormBinder::setTabOrder() {
+    QWidget* previous = nullptr;
+    for (const auto& view : views_) {
+        if (!view->control().acceptsFocus()) continue;
+        if (previous) QWidget::setTabOrder(previous, &view->widget());
+        previous = &view->widget();
+    }
+}
+
+FormBinder::Labels FormBinder::findLabels(QWidget& formWidget) const {
+    std::map<const QWidget*, const Control*> controls;
+    for (const auto& view : views_)
+        controls[&view->widget()] = &view->control();
+    Labels labels;  // in the order of the form file
+    for (QLabel* label : formWidget.findChildren<QLabel*>()) {
+        const auto control = controls.find(label->buddy());
+        if (control != controls.end()) labels.emplace_back(control->second, label);
+    }
+    return labels;
+}
+
+// The tabs are there whatever page is shown, and leave the buttons of the pages their initials;
+// what stands on different pages may share a letter. Buttons come before labels, which get their
+// texts here too.
+void FormBinder::assignMnemonics(const Labels& labels, const QString& taken) {
+    QString initials;
+    for (const auto& view : views_)
+        initials += view->caption().left(1);
+    QString everywhere = taken;
+    for (const auto& view : views_) {
+        if (auto* tabs = dynamic_cast<TabStripView*>(view.get()))
+            everywhere += tabs->takeMnemonics(Mnemonics(taken + initials));
+    }
+    std::map<int, Mnemonics> pages;
+    for (const auto& view : views_) {
+        pages.try_emplace(view->control().tabPage(), everywhere);
+        view->useMnemonic(pages.at(view->control().tabPage()).take(view->caption()));
+    }
+    for (const auto& [control, label] : labels) {
+        const QString text = toQt(control->label());
+        // A mnemonic would press the button that such a label stands beside, and does not say so.
+        const bool besideButton = dynamic_cast<const Button*>(control) != nullptr;
+        label->setText(
+            withMnemonic(text, besideButton ? QChar() : pages.at(control->tabPage()).take(text)));
+        label->setVisible(!text.isEmpty());
+    }
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,58 @@
+#include "qt/surface/form_dialog.h"
+
+#include "controls/button.h"
+#include "controls/form.h"
+#include "qt/surface/dialog_forms.h"
+#include "qt/surface/form_binder.h"
+#include "qt/surface/text.h"
+
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QPushButton>
+#include <utility>
+
+namespace headerdtc::qt {
+
+FormDialog::FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(form) {
+    setUpDialogForm(form.name(), *this);
+    setWindowTitle(toQt(form.caption()));
+    setWindowModality(Qt::ApplicationModal);
+    binder_ = std::make_unique<FormBinder>(form, *this);
+    binder_->actions.onFailure = [this](const std::exception_ptr& failure) {
+        failure_ = failure;
+        Q_EMIT finishedByForm();
+    };
+    binder_->actions.onDone = [this] {
+        if (!form_.Visible()) Q_EMIT finishedByForm();
+    };
+    if (form.defaultButton) {
+        if (auto* button = findChild<QPushButton*>(toQt(form.defaultButton->name())))
+            button->setDefault(true);
+    }
+}
+
+FormDialog::~FormDialog() = default;
+
+void FormDialog::run() {
+    QEventLoop loop;
+    connect(this, &FormDialog::finishedByForm, &loop, &QEventLoop::quit);
+    show();
+    loop.exec(QEventLoop::DialogExec);
+    hide();
+    if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
+}
+
+void FormDialog::reject() {
+    binder_->actions.run([this] { form_.dismiss(); });
+}
+
+void FormDialog::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    reject();
+}
+
+void FormDialog::keyPressEvent(QKeyEvent* event) {
+    event->ignore();
+}
+
+}  // namespace headerdtc::qt

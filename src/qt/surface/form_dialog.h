@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QDialog>
+#include <exception>
+#include <memory>
+
+namespace headerdtc {
+class Form;
+}
+
+namespace headerdtc::qt {
+
+class FormBinder;
+
+// The window of a dialog form, for one showing: the form decides when it closes.
+class FormDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    // Raises BindingError and std::logic_error as the binder and the dialog forms do.
+    FormDialog(Form& form, QWidget* parent);
+    ~FormDialog() override;
+
+    // Shows the window and returns when the form is hidden. A failure that a handler of the form
+    // lets out is thrown on.
+    void run();
+
+    // The window's own ways of being closed are the person's wish; the form may not follow it.
+    void reject() override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    // Enter and Escape are the models'.
+    void keyPressEvent(QKeyEvent* event) override;
+
+  Q_SIGNALS:
+    void finishedByForm();
+
+  private:
+    Form& form_;
+    std::unique_ptr<FormBinder> binder_;
+    std::exception_ptr failure_;
+};
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,70 @@
+#include "qt/surface/grid_model.h"
+
+#include "qt/surface/text.h"
+
+#include <algorithm>
+
+namespace headerdtc::qt {
+
+GridModel::GridModel(const Grid& grid) : grid_(grid), rows_(grid.Rows() - grid.FixedRows()) {}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : grid_.Cols();
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
+    // Of rows that are being taken out Qt may ask once more.
+    if (!index.isValid() || gridRow(index) >= grid_.Rows()) return {};
+    return toQt(grid_.TextMatrix(gridRow(index), index.column()));
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
+        return toQt(grid_.TextMatrix(0, section));
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+    return {};
+}
+
+void GridModel::apply(const GridChange& change) {
+    const int first = change.firstRow - grid_.FixedRows();
+    const int last = first + change.rowCount - 1;
+    switch (change.kind) {
+        case GridChange::Kind::RowsInserted:
+            beginInsertRows({}, first, last);
+            rows_ += change.rowCount;
+            endInsertRows();
+            break;
+        case GridChange::Kind::RowsRemoved:
+            // With the header gone the rows below have moved into it.
+            if (first < 0) {
+                beginResetModel();
+                rows_ = grid_.Rows() - grid_.FixedRows();
+                endResetModel();
+                break;
+            }
+            beginRemoveRows({}, first, last);
+            rows_ -= change.rowCount;
+            endRemoveRows();
+            break;
+        case GridChange::Kind::CellsChanged:
+            if (first < 0) Q_EMIT headerDataChanged(Qt::Horizontal, 0, grid_.Cols() - 1);
+            if (last >= 0)
+                Q_EMIT dataChanged(index(std::max(first, 0), 0), index(last, grid_.Cols() - 1));
+            break;
+        case GridChange::Kind::Geometry:
+        case GridChange::Kind::CurrentCell:
+            break;
+    }
+}
+
+QModelIndex GridModel::currentCell() const {
+    return index(grid_.Row() - grid_.FixedRows(), grid_.Col());
+}
+
+}  // namespace headerdtc::qt

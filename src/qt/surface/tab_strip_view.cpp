@@ -1,0 +1,106 @@
+#include "qt/surface/tab_strip_view.h"
+
+#include "qt/surface/focus_keeper.h"
+#include "qt/surface/key_translation.h"
+#include "qt/surface/mnemonics.h"
+#include "qt/surface/text.h"
+
+#include <QMouseEvent>
+#include <QShortcutEvent>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace headerdtc::qt {
+
+TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
+    : ControlView(model, widget, face), model_(model), tabs_(widget) {
+    const auto& captions = model_.captions();
+    for (std::size_t page = 0; page < captions.size(); ++page)
+        tabs_.setTabText(static_cast<int>(page), toQt(captions[page]));
+    tabs_.tabBar()->setAccessibleName(toQt(model_.name()));
+    tabs_.tabBar()->installEventFilter(this);
+    // Ways to turn a page that Qt knows and the filter does not.
+    connect(&tabs_, &QTabWidget::currentChanged, this, [this](int page) {
+        if (page != model_.Tab()) clickTab(page);
+    });
+    subscriptions_ += model_.tabChanged.subscribe([this] { show(); });
+}
+
+QString TabStripView::takeMnemonics(Mnemonics mnemonics) {
+    QString letters;
+    const auto& captions = model_.captions();
+    for (std::size_t page = 0; page < captions.size(); ++page) {
+        const QString caption = toQt(captions[page]);
+        const QChar letter = mnemonics.take(caption);
+        tabs_.setTabText(static_cast<int>(page), withMnemonic(caption, letter));
+        letters += letter;
+    }
+    return letters;
+}
+
+void TabStripView::show() {
+    if (QWidget* page = tabs_.currentWidget(); page && tabs_.currentIndex() != model_.Tab())
+        face_.focus.park(*page);
+    tabs_.setCurrentIndex(model_.Tab());
+}
+
+void TabStripView::clickTab(int page) {
+    act([&] { model_.clickTab(page); });
+    show();
+    face_.focus.follow();
+}
+
+// The model turns the page, after the control on it has lost the focus: Qt must not do so first.
+bool TabStripView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == tabs_.tabBar() && tabBarEvent(*event)) return true;
+    // Keys that no control of a page has used come by here on their way to the window.
+    if (watched == &tabs_ && event->type() == QEvent::KeyPress)
+        return turnPage(static_cast<QKeyEvent&>(*event));
+    return ControlView::eventFilter(watched, event);
+}
+
+bool TabStripView::tabBarEvent(const QEvent& event) {
+    const QTabBar& bar = *tabs_.tabBar();
+    switch (event.type()) {
+        case QEvent::MouseButtonPress: {
+            const auto& mouse = static_cast<const QMouseEvent&>(event);
+            const int page = bar.tabAt(mouse.position().toPoint());
+            if (mouse.button() == Qt::LeftButton && page >= 0) clickTab(page);
+            return mouse.button() == Qt::LeftButton && page >= 0;
+        }
+        case QEvent::Shortcut: {
+            const auto& shortcut = static_cast<const QShortcutEvent&>(event);
+            for (int page = 0; page < bar.count(); ++page) {
+                if (QKeySequence::mnemonic(bar.tabText(page)) != shortcut.key()) continue;
+                clickTab(page);
+                return true;
+            }
+            return false;
+        }
+        case QEvent::KeyPress:
+            return keyPressed(static_cast<const QKeyEvent&>(event));
+        // Turning the wheel over the tabs is no click.
+        case QEvent::Wheel:
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool TabStripView::keyPressed(const QKeyEvent& event) {
+    const auto key = keyOf(event);
+    if (!key || (key->kind != Key::Kind::Left && key->kind != Key::Kind::Right)) return false;
+    act([&] { model_.press(*key); });
+    return true;
+}
+
+// Ctrl and Tab, from anywhere on a page.
+bool TabStripView::turnPage(const QKeyEvent& event) {
+    const bool forward = event.key() == Qt::Key_Tab;
+    if (!forward && event.key() != Qt::Key_Backtab) return false;
+    if (!event.modifiers().testFlag(Qt::ControlModifier)) return false;
+    clickTab((model_.Tab() + (forward ? 1 : tabs_.count() - 1)) % tabs_.count());
+    return true;
+}
+
+}  // namespace headerdtc::qt

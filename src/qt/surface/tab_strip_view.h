@@ -1,0 +1,34 @@
+#pragma once
+
+#include "controls/tab_strip.h"
+#include "qt/surface/control_view.h"
+
+class QTabWidget;
+
+namespace headerdtc::qt {
+
+class Mnemonics;
+
+class TabStripView : public ControlView {
+  public:
+    TabStripView(TabStrip& model, QTabWidget& widget, FormFace face);
+
+    // Every tab takes a letter of its own; tells which.
+    QString takeMnemonics(Mnemonics mnemonics);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void show() override;
+    bool keyPressed(const QKeyEvent& event) override;
+
+  private:
+    bool tabBarEvent(const QEvent& event);
+    bool turnPage(const QKeyEvent& event);
+    void clickTab(int page);
+
+    TabStrip& model_;
+    QTabWidget& tabs_;
+};
+
+}  // namespace headerdtc::qt

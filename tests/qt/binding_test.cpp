@@ -1,0 +1,123 @@
+#include "qt/sample_dialogs.h"
+#include "qt/surface/dialog_forms.h"
+#include "qt/surface/form_binder.h"
+#include "qt/surface_fixture.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QGroupBox>
+#include <QKeySequence>
+#include <QLabel>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+TEST_F(SurfaceTest, EveryControlHasItsWidgetAndNoWidgetIsWithoutControl) {
+    for (const Control* control : dtc.surface.controls()) {
+        const QWidget* found = surface.findChild<QWidget*>(qt::toQt(control->name()));
+        ASSERT_TRUE(found) << control->name();
+        EXPECT_EQ(qt::fromQt(found->toolTip()), control->toolTip());
+        EXPECT_THAT(qt::fromQt(found->accessibleName()), Not(IsEmpty())) << control->name();
+    }
+    for (const QWidget* child : surface.findChildren<QWidget*>()) {
+        const bool partOfOther = child->window() != &surface ||
+                                 child->objectName().startsWith("qt_") ||
+                                 qobject_cast<QTabBar*>(child->parentWidget());
+        if (!(child->focusPolicy() & Qt::TabFocus) || partOfOther) continue;
+        EXPECT_TRUE(dtc.surface.find(qt::fromQt(child->objectName())))
+            << qt::fromQt(child->objectName());
+    }
+}
+
+TEST_F(SurfaceTest, NamesForAssistiveTechnologyAreCaptionsOrElseLabelsOrElseControlNames) {
+    EXPECT_EQ(widget(dtc.SaveCommand).accessibleName(), "Save");
+    EXPECT_EQ(widget(dtc.IncludeASPText).accessibleName(), "Include ASP:");
+    EXPECT_EQ(widget(dtc.ZEKO.MoveUpCommand).accessibleName(), "ZEKOMoveUpCommand");
+    EXPECT_EQ(widget(dtc.ZEKO.MoveUpCommand).accessibleDescription(), "Move up");
+    EXPECT_EQ(widget(dtc.ZEKO.SelectedFieldsList).accessibleName(), "ZEKOSelectedFieldsList");
+}
+
+TEST_F(SurfaceTest, TheTwinsPagesCarryTheirOwnLabels) {
+    const auto labelOf = [this](const Control& control) {
+        return surface.findChild<QLabel*>(qt::toQt(control.name() + "Label"));
+    };
+    EXPECT_EQ(labelOf(dtc.EAI.FieldsList)->text().remove('&'), "Available:");
+    EXPECT_EQ(labelOf(dtc.ZEKO.FieldsList)->text().remove('&'), "Available fields:");
+    EXPECT_TRUE(labelOf(dtc.ZEKO.SelectedFieldsList)->isHidden());
+    EXPECT_FALSE(labelOf(dtc.EAI.SelectedFieldsList)->isHidden());
+}
+
+TEST_F(SurfaceTest, NoTwoMnemonicsOfOnePageAreTheSame) {
+    auto& tabs = widget<QTabWidget>(dtc.SSTab1);
+    for (int page = 0; page < tabs.count(); ++page) {
+        QStringList texts;
+        for (int tab = 0; tab < tabs.count(); ++tab)
+            texts += tabs.tabText(tab);
+        for (const auto* button : tabs.widget(page)->findChildren<QAbstractButton*>())
+            texts += button->text();
+        for (const auto* label : tabs.widget(page)->findChildren<QLabel*>())
+            texts += label->text();
+        QStringList letters;
+        for (const QString& text : texts) {
+            if (const auto key = QKeySequence::mnemonic(text); !key.isEmpty())
+                letters += key.toString();
+        }
+        EXPECT_EQ(letters.removeDuplicates(), 0) << qt::fromQt(letters.join(' '));
+        EXPECT_GE(letters.size(), 9) << "page " << page;
+    }
+}
+
+// As the models' own Tab key goes: both ways, and past what is disabled or hidden.
+TEST_F(SurfaceTest, TabGoesThroughAPageAsTheModelsDo) {
+    for (int page = 0; page < 6; ++page) {
+        openTab(page);
+        plain.dtc.SSTab1.clickTab(page);
+        for (HeaderDTC* each : {&dtc, &plain.dtc})
+            each->EAI.RemoveField.Enabled(false);
+        for (int step = 0; step < 14; ++step) {
+            press(Qt::Key_Tab);
+            plain.dtc.surface.ActiveControl()->press(Key::of(Key::Kind::Tab));
+            EXPECT_EQ(focused(), plain.dtc.surface.ActiveControl()->name());
+            EXPECT_EQ(qtFocused(), focused());
+        }
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        plain.dtc.surface.ActiveControl()->press({Key::Kind::Tab, 0, true});
+        EXPECT_EQ(focused(), plain.dtc.surface.ActiveControl()->name());
+    }
+}
+
+TEST(FormBinder, NamesEveryWidgetThatIsMissingOrOfAnotherKind) {
+    testing::ScriptedModalLoop loop;
+    Desktop desktop(loop);
+    testing::SampleLabelDialog models(desktop);
+    QWidget form;
+    auto* layout = new QVBoxLayout(&form);
+    for (const char* name : {"LabelNameText", "OKButton"}) {
+        auto* label = new QLabel;
+        label->setObjectName(name);
+        layout->addWidget(label);
+    }
+    try {
+        const qt::FormBinder binder(models.form, form);
+        FAIL() << "bound";
+    } catch (const qt::BindingError& error) {
+        EXPECT_THAT(error.what(), HasSubstr("AddLabelDialog"));
+        EXPECT_THAT(error.what(), HasSubstr("LabelNameText is a QLabel, not a QLineEdit"));
+        EXPECT_THAT(error.what(), HasSubstr("CancelButton is missing"));
+    }
+}
+
+TEST(FormBinder, KnowsNoFormByAnUnknownName) {
+    QDialog dialog;
+    EXPECT_THROW(qt::setUpDialogForm("NoSuchDialog", dialog), std::logic_error);
+}
+
+}  // namespace
+}  // namespace headerdtc

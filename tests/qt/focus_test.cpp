@@ -1,0 +1,160 @@
+#include "qt/surface_fixture.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTimer>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class FocusTest : public SurfaceTest {
+  protected:
+    // A box in the middle of an event, as a message would open it. The person lets go of the mouse
+    // to close it.
+    void showBoxOn(Event<>& event) {
+        subscriptions += event.subscribe([this] {
+            QDialog box(&surface);
+            QTimer::singleShot(30, &box, [&box] {
+                QTest::mouseRelease(windowOf(box), Qt::LeftButton);
+                box.accept();
+            });
+            box.exec();
+        });
+    }
+
+    Subscriptions subscriptions;
+};
+
+TEST_F(FocusTest, BothKindsOfFocusMoveTogether) {
+    click(widget(dtc.XSLFilenameText));
+    EXPECT_EQ(focused(), "XSLFilenameText");
+    EXPECT_THAT(events.take(), ElementsAre("SSTab1.LostFocus", "XSLFilenameText.GotFocus"));
+    dtc.IncludeASPText.SetFocus();
+    EXPECT_EQ(qtFocused(), "IncludeASPText");
+    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "IncludeASPText.GotFocus"));
+}
+
+TEST_F(FocusTest, AnotherWindowTakesNoFocusFromTheModels) {
+    click(widget(dtc.XSLFilenameText));
+    events.take();
+    QDialog other;
+    QLineEdit box(&other);
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_FALSE(surface.isActiveWindow());
+    EXPECT_EQ(focused(), "XSLFilenameText");
+    // Nor does a model's focus take the window's.
+    dtc.IncludeASPText.SetFocus();
+    EXPECT_TRUE(box.hasFocus());
+    other.close();
+    surface.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&surface));
+    EXPECT_EQ(qtFocused(), "IncludeASPText");
+    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "IncludeASPText.GotFocus"));
+}
+
+TEST_F(FocusTest, AControlThatIsDisabledUnderTheFocusHandsItToNobody) {
+    openTab(1);
+    click(widget(dtc.EAI.AddField));
+    events.take();
+    dtc.EAI.AddField.Enabled(false);
+    settle();
+    EXPECT_THAT(events.take(), ElementsAre("EAIAddField.LostFocus"));
+    EXPECT_EQ(qtFocused(), "UserControl");
+    // A key then reaches the surface itself, and Tab goes on from where the focus was.
+    press(Qt::Key_X);
+    EXPECT_THAT(events.take(), ElementsAre("UserControl.KeyPress"));
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "EAIRemoveField");
+}
+
+TEST_F(FocusTest, TabsTurnAsTheModelsSay) {
+    click(widget(dtc.XSLFilenameText));
+    plain.dtc.XSLFilenameText.focus();
+    events.take();
+    plain.events.take();
+    auto& bar = *widget<QTabWidget>(dtc.SSTab1).tabBar();
+    click(bar, bar.tabRect(2).center());
+    plain.dtc.SSTab1.clickTab(2);
+    EXPECT_EQ(events.take(), plain.events.take());
+    EXPECT_EQ(widget<QTabWidget>(dtc.SSTab1).currentIndex(), 2);
+    EXPECT_EQ(qtFocused(), "SSTab1");
+
+    press(Qt::Key_Right);
+    plain.dtc.SSTab1.press(Key::of(Key::Kind::Right));
+    EXPECT_EQ(events.take(), plain.events.take());
+    EXPECT_EQ(dtc.SSTab1.Tab(), 3);
+    press(Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(dtc.SSTab1.Tab(), 4);
+    press(Qt::Key_G, Qt::AltModifier);
+    EXPECT_EQ(dtc.SSTab1.Tab(), 0);
+    // As assistive technology does.
+    widget<QTabWidget>(dtc.SSTab1).setCurrentIndex(5);
+    EXPECT_EQ(dtc.SSTab1.Tab(), 5);
+    EXPECT_EQ(focused(), "SSTab1");
+    openTab(0);
+
+    click(widget(dtc.XSLFilenameText));
+    events.take();
+    dtc.SSTab1.Tab(1);
+    settle();
+    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "SSTab1.Click"));
+    EXPECT_EQ(widget<QTabWidget>(dtc.SSTab1).currentIndex(), 1);
+}
+
+TEST_F(FocusTest, AClickGoesOnAfterAMessageOfTheControlLeftBehind) {
+    click(widget(dtc.XSLFilenameText));
+    events.take();
+    showBoxOn(dtc.XSLFilenameText.LostFocus);
+    click(widget(dtc.SaveCommand));
+    QTest::qWait(60);
+    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "SaveCommand.GotFocus",
+                                           "SaveCommand.Click"));
+}
+
+TEST_F(FocusTest, ButtonsAreClickedByMouseSpaceEnterAndMnemonic) {
+    click(widget(dtc.SaveCommand));
+    press(Qt::Key_Space);
+    press(Qt::Key_Return);
+    press(Qt::Key_S, Qt::AltModifier);
+    QTest::qWait(150);
+    const auto raised = events.take();
+    EXPECT_EQ(std::count(raised.begin(), raised.end(), "SaveCommand.Click"), 4);
+
+    auto& check = widget<QCheckBox>(dtc.EnableExtraFiltersCheck);
+    click(check, {8, check.height() / 2});
+    EXPECT_EQ(dtc.EnableExtraFiltersCheck.Value(), CheckState::Checked);
+    dtc.EnableExtraFiltersCheck.Value(CheckState::Greyed);
+    EXPECT_EQ(check.checkState(), Qt::PartiallyChecked);
+    press(Qt::Key_Space);
+    EXPECT_EQ(dtc.EnableExtraFiltersCheck.Value(), CheckState::Unchecked);
+    EXPECT_EQ(check.checkState(), Qt::Unchecked);
+}
+
+TEST_F(FocusTest, FailuresThatNoHandlerTrapsAreShownAndTheWorkGoesOn) {
+    subscriptions +=
+        dtc.SaveCommand.Click.subscribe([] { throw RuntimeError(ErrorNumber::Overflow); });
+    click(widget(dtc.SaveCommand));
+    EXPECT_THAT(outside.messages.errors, ElementsAre("Run-time error '6': Overflow"));
+    click(widget(dtc.XSLFilenameText));
+    EXPECT_EQ(focused(), "XSLFilenameText");
+}
+
+TEST_F(FocusTest, FinishingAnEditPutsItIntoItsCell) {
+    openTab(1);
+    clickCell(dtc.EAI.CriteriaGrid, 1, criteria_column::Value);
+    type(surface, "4");
+    surface.finishEditing();
+    EXPECT_EQ(dtc.EAI.CriteriaGrid.TextMatrix(1, criteria_column::Value), "4");
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,134 @@
+#include "qt/surface_fixture.h"
+
+#include <QElapsedTimer>
+#include <QScrollBar>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+
+class ListsTest : public SurfaceTest {
+  protected:
+    ListsTest() { openTab(1); }
+
+    std::vector<int> shownAsSelected(const ListBox& list) {
+        std::vector<int> items;
+        for (const QModelIndex& index :
+             widget<qt::SelectionList>(list).selectionModel()->selectedIndexes())
+            items.push_back(index.row());
+        std::sort(items.begin(), items.end());
+        return items;
+    }
+
+    ListBox& fields = dtc.EAI.FieldsList;
+};
+
+TEST_F(ListsTest, EachActionOnTheSelectionIsOneSelectOfTheModel) {
+    ListBox& twin = plain.dtc.EAI.FieldsList;
+    plain.dtc.SSTab1.clickTab(1);
+    plain.events.take();
+
+    clickItem(fields, 1);
+    twin.select({1}, 1);
+    EXPECT_EQ(events.take(), plain.events.take());
+    clickItem(fields, 3, Qt::ShiftModifier);
+    twin.select({1, 2, 3}, 3);
+    clickItem(fields, 2, Qt::ControlModifier);
+    twin.select({1, 3}, 2);
+    press(Qt::Key_Down);
+    twin.select({3}, 3);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    twin.select({2, 3}, 2);
+    press(Qt::Key_A, Qt::ControlModifier);
+    twin.select({0, 1, 2, 3, 4}, 2);
+    EXPECT_EQ(events.take(), plain.events.take());
+    EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
+    EXPECT_EQ(fields.ListIndex(), twin.ListIndex());
+    EXPECT_EQ(qtFocused(), "EAIFieldsList");
+}
+
+TEST_F(ListsTest, AFieldIsAddedWithTheButtonAndWithADoubleClick) {
+    clickItem(fields, 1);
+    clickItem(fields, 3, Qt::ControlModifier);
+    click(widget(dtc.EAI.AddField));
+    EXPECT_THAT(itemsOf(dtc.EAI.SelectedFieldsList), ElementsAre("B", "D"));
+    EXPECT_THAT(itemsOf(fields), ElementsAre("A", "C", "E"));
+    EXPECT_THAT(shownAsSelected(fields), ElementsAre(2));
+    EXPECT_EQ(qtFocused(), "EAIFieldsList");
+
+    events.take();
+    doubleClick(*widget<qt::SelectionList>(fields).viewport(), itemAt(fields, 0));
+    EXPECT_THAT(itemsOf(dtc.EAI.SelectedFieldsList), ElementsAre("B", "D", "A"));
+    const auto raised = events.take();
+    EXPECT_EQ(std::count(raised.begin(), raised.end(), "EAIFieldsList.DblClick"), 1);
+
+    clickItem(dtc.EAI.SelectedFieldsList, 1);
+    click(widget(dtc.EAI.MoveUpCommand));
+    EXPECT_THAT(itemsOf(dtc.EAI.SelectedFieldsList), ElementsAre("D", "B", "A"));
+}
+
+TEST_F(ListsTest, PressesBesideTheItemsLeaveTheSelection) {
+    clickItem(fields, 1);
+    QWidget& area = *widget<qt::SelectionList>(fields).viewport();
+    click(area, {20, area.height() - 5});
+    EXPECT_THAT(selectedItemsOf(fields), ElementsAre("B"));
+    events.take();
+    doubleClick(area, {20, area.height() - 5});
+    EXPECT_THAT(events.take(), ::testing::Contains("EAIFieldsList.DblClick"));
+}
+
+TEST_F(ListsTest, WhatAProgramSelectsShowsAndRaisesNothingMore) {
+    fields.Selected(0, true);
+    fields.Selected(4, true);
+    settle();
+    EXPECT_THAT(shownAsSelected(fields), ElementsAre(0, 4));
+    fields.RemoveItem(0);
+    fields.AddItem("Z", 1);
+    settle();
+    EXPECT_THAT(shownAsSelected(fields), ElementsAre(4));
+    EXPECT_THAT(events.take(), ElementsAre());
+    // The focus that comes by Tab selects nothing either.
+    widget(dtc.EAI.FieldsList).setFocus(Qt::TabFocusReason);
+    EXPECT_THAT(events.take(), ElementsAre("SSTab1.LostFocus", "EAIFieldsList.GotFocus"));
+    EXPECT_EQ(fields.ListIndex(), -1);
+}
+
+TEST_F(ListsTest, ASingleSelectionListKeepsItsItemSelected) {
+    openTab(0);
+    fill(dtc.IncludeASPList, {"a.asp", "b.asp"});
+    settle();
+    clickItem(dtc.IncludeASPList, 1);
+    clickItem(dtc.IncludeASPList, 1, Qt::ControlModifier);
+    EXPECT_THAT(selectedItemsOf(dtc.IncludeASPList), ElementsAre("b.asp"));
+    EXPECT_THAT(shownAsSelected(dtc.IncludeASPList), ElementsAre(1));
+}
+
+TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmptyAtOnce) {
+    QElapsedTimer timer;
+    timer.start();
+    while (fields.ListCount() < MaxListCount)
+        fields.AddItem("FIELD" + std::to_string(fields.ListCount()));
+    settle();
+    QScrollBar& scrollBar = *widget<qt::SelectionList>(fields).verticalScrollBar();
+    scrollBar.setValue(scrollBar.maximum());
+    settle();
+    auto& view = widget<qt::SelectionList>(fields);
+    EXPECT_EQ(view.indexAt(view.viewport()->rect().center()).row() > 32700, true);
+    const auto opened = timer.restart();
+
+    clickItem(fields, MaxListCount - 1);
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(fields.SelCount(), MaxListCount);
+    click(widget(dtc.EAI.AddField));
+    EXPECT_EQ(fields.ListCount(), 0);
+    EXPECT_EQ(dtc.EAI.SelectedFieldsList.ListCount(), MaxListCount);
+    const auto moved = timer.elapsed();
+    RecordProperty("opened", static_cast<int>(opened));
+    RecordProperty("moved", static_cast<int>(moved));
+    EXPECT_LT(opened, 3000);
+    EXPECT_LT(moved, 6000);
+}
+
+}  // namespace
+}  // namespace headerdtc
