@@ -31,7 +31,7 @@ void tell(const InspectedPage& page, const std::string& name, bool named, CheckR
         totals.misconfigured = totals.misconfigured || page.notConfigured;
         report.failure(name, page.failure);
     } else if (!page.hasControl && named) {
-        printLine(stderr, name + ": holds no HeaderDTC control");
+        printMessage(name, "holds no HeaderDTC control");
     }
 }
 
@@ -54,7 +54,7 @@ int check(const CommonOptions& common, const CheckOptions& options) {
     runInOrder<InspectedPage>(
         pages.pages.size(), options.jobs,
         [&](std::size_t page) { return inspectPage(pages.pages[page], sites, facts); },
-        [&](std::size_t page, InspectedPage inspected) {
+        [&](std::size_t page, const InspectedPage& inspected) {
             progress.hide();
             tell(inspected, pages.pages[page].string(), pages.named[page], *report, totals);
         },

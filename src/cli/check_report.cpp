@@ -30,7 +30,7 @@ class TextCheckReport : public CheckReport {
 
     void failure(const std::string& page, const std::string& text) override {
         // What is wrong with a whole site is said once, not for each of its pages.
-        if (said_.insert(text).second) printLine(stderr, page + ": " + text);
+        if (said_.insert(text).second) printMessage(page, text);
     }
 
   private:

@@ -114,7 +114,7 @@ _headerdtc() {
     elif [[ -n $commands ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$word")
     else
-        mapfile -t COMPREPLY < <(compgen -o plusdirs -f -- "$word")
+        mapfile -t COMPREPLY < <(compgen -f -- "$word")
     fi
 }
 complete -o filenames -F _headerdtc headerdtc

@@ -12,18 +12,12 @@
 namespace headerdtc::cli {
 namespace {
 
-void printMessage(const std::string& page, const std::string& message) {
-    std::string line = page;
-    line.append(": ").append(message);
-    printLine(stderr, line);
-}
-
 // Every control's runtime text to standard output, in the page's code page.
 ExitStatus print(Sites& sites, const std::string& page) {
     const auto site = sites.forPage(page);
     const PageMarkup markup(page, readWholeFile(page).bytes, site->configuration->codePage);
     if (markup.controls().empty()) {
-        printLine(stderr, page + ": holds no HeaderDTC control");
+        printMessage(page, "holds no HeaderDTC control");
         return PageNotDone;
     }
     bool failed = false;

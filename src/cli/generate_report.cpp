@@ -24,7 +24,7 @@ class TextReport : public GenerateReport {
         for (const std::string& message : done.page.messages)
             say(page, message, verdict);
         if (verdict == Verdict::NoControl && named)
-            printLine(stderr, page + ": holds no HeaderDTC control");
+            printMessage(page, "holds no HeaderDTC control");
         if (verdict != Verdict::Stale) return;
         if (!options_.diff) return printLine(stdout, page);
         const auto site = sites_.forPage(page);
@@ -33,7 +33,7 @@ class TextReport : public GenerateReport {
 
   private:
     void say(const std::string& page, const std::string& message, Verdict verdict) {
-        if (verdict != Verdict::NotConfigured) return printLine(stderr, page + ": " + message);
+        if (verdict != Verdict::NotConfigured) return printMessage(page, message);
         // One wrong configuration is said once, not for each of its pages.
         if (said_.insert(message).second) printLine(stderr, message);
     }

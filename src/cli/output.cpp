@@ -15,6 +15,11 @@ void printLine(std::FILE* stream, std::string_view line) {
     std::fputc('\n', stream);
 }
 
+void printMessage(std::string_view page, std::string_view text) {
+    std::string line(page);
+    printLine(stderr, line.append(": ").append(text));
+}
+
 bool isTerminal(std::FILE* stream) {
     return isatty(fileno(stream)) != 0;
 }

@@ -8,6 +8,9 @@ namespace headerdtc::cli {
 
 void printLine(std::FILE* stream, std::string_view line);
 
+// "PAGE: TEXT" to standard error.
+void printMessage(std::string_view page, std::string_view text);
+
 bool isTerminal(std::FILE* stream);
 
 // Whether a stream is a terminal whose user has not asked for output without colour (NO_COLOR).

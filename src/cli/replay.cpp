@@ -25,17 +25,20 @@ class Replay {
   public:
     Replay(Sites& sites, const ReplayOptions& options) : sites_(sites), options_(options) {}
 
-    void take(const std::string& page, bool named, ReplayedPage replayed) {
+    void take(const std::string& page, bool named, const ReplayedPage& replayed) {
         for (const std::string& message : replayed.messages)
-            printLine(stderr, page + ": " + message);
+            printMessage(page, message);
         for (const std::string& failure : replayed.failures) {
-            const bool isOfSite = replayed.outcome == Outcome::NotConfigured;
-            if (!isOfSite || said_.insert(failure).second)
-                printLine(stderr, (isOfSite ? "" : page + ": ") + failure);
+            if (replayed.outcome != Outcome::NotConfigured) {
+                printMessage(page, failure);
+            } else if (said_.insert(failure).second) {
+                // One wrong configuration is said once, not for each of its pages.
+                printLine(stderr, failure);
+            }
         }
         switch (replayed.outcome) {
             case Outcome::NoControl:
-                if (named) printLine(stderr, page + ": holds no HeaderDTC control");
+                if (named) printMessage(page, "holds no HeaderDTC control");
                 break;
             case Outcome::Unchanged:
                 break;
@@ -56,7 +59,7 @@ class Replay {
         for (const auto& outcome : replacer_.commit()) {
             if (outcome.problem.empty()) continue;
             ++failed_;
-            printLine(stderr, outcome.path.string() + ": " + outcome.problem);
+            printMessage(outcome.path.string(), outcome.problem);
         }
         printLine(stderr, std::to_string(changed_) +
                               (options_.apply ? " pages changed, " : " pages would be changed, ") +
@@ -82,7 +85,7 @@ class Replay {
             replacer_.replace(page, replayed.after, replayed.stamp);
         } catch (const FileError& error) {
             ++failed_;
-            printLine(stderr, page + ": " + error.problem());
+            printMessage(page, error.problem());
         }
     }
 
@@ -111,8 +114,8 @@ int replay(const CommonOptions& common, const ReplayOptions& options) {
             [&](std::size_t page) {
                 return replayOnPage(sites, pages.pages[page], options.control, script);
             },
-            [&](std::size_t page, ReplayedPage replayed) {
-                replay.take(pages.pages[page].string(), pages.named[page], std::move(replayed));
+            [&](std::size_t page, const ReplayedPage& replayed) {
+                replay.take(pages.pages[page].string(), pages.named[page], replayed);
             });
         replay.end();
         return replay.status();

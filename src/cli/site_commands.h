@@ -81,11 +81,11 @@ int doctor(const CommonOptions& common, const DoctorOptions& options);
 int replay(const CommonOptions& common, const ReplayOptions& options);
 int checkTranslations(const CommonOptions& common, const TranslationOptions& options);
 int exportTranslations(const CommonOptions& common, const TranslationExportOptions& options);
+int importTranslations(const CommonOptions& common, const TranslationImportOptions& options);
 // Compares the catalogue with a database.
 int checkCatalogue(const CommonOptions& common, const CatalogueOptions& options);
 // Brings it up to the database.
 int importCatalogue(const CommonOptions& common, const CatalogueOptions& options);
-int importTranslations(const CommonOptions& common, const TranslationImportOptions& options);
 
 // A command of the command line and what it does.
 struct Command {

@@ -40,7 +40,7 @@ class WhereReport {
 
     void failure(const std::string& page, const std::string& text) {
         if (json_) return lines_.write({{"type", "failure"}, {"page", page}, {"message", text}});
-        if (said_.insert(text).second) printLine(stderr, page + ": " + text);
+        if (said_.insert(text).second) printMessage(page, text);
     }
 
     void end(const WhereTotals& totals) {

@@ -1,5 +1,6 @@
 #include "host/catalogue_import/catalogue_text.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <vector>
 
@@ -14,9 +15,8 @@ std::string quoted(const std::string& text) {
 }
 
 std::vector<std::string> quotedAll(const std::vector<std::string>& texts) {
-    std::vector<std::string> all;
-    for (const std::string& text : texts)
-        all.push_back(quoted(text));
+    std::vector<std::string> all(texts.size());
+    std::transform(texts.begin(), texts.end(), all.begin(), quoted);
     return all;
 }
 
@@ -40,6 +40,7 @@ std::string list(const std::vector<std::string>& items, std::size_t column, std:
 
 std::string zekoText(const Catalogue::Zeko& zeko) {
     std::vector<std::string> fields;
+    fields.reserve(zeko.fields.size());
     for (const auto& field : zeko.fields)
         fields.push_back("{\"number\": " + std::to_string(field.number) +
                          ", \"name\": " + quoted(field.name) + "}");
