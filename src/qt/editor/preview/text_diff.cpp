@@ -29,7 +29,8 @@ class ShortestEdit {
         const int limit = std::min(oldSize_ + newSize_, MostChanges);
         std::vector<int> farthest(2 * static_cast<std::size_t>(limit) + 3, 0);
         const auto at = [&](int diagonal) -> int& {
-            return farthest[static_cast<std::size_t>(diagonal + limit + 1)];
+            return farthest[static_cast<std::size_t>(diagonal) +
+                            static_cast<std::size_t>(limit + 1)];
         };
         for (int changes = 0; changes <= limit; ++changes) {
             for (int diagonal = -changes; diagonal <= changes; diagonal += 2) {
@@ -65,7 +66,8 @@ class ShortestEdit {
             if (round > 0) {
                 const auto at = [&](int diagonal) {
                     return rounds_[static_cast<std::size_t>(round - 1)]
-                                  [static_cast<std::size_t>(diagonal + limit + 1)];
+                                  [static_cast<std::size_t>(diagonal) +
+                                   static_cast<std::size_t>(limit + 1)];
                 };
                 const int diagonal = x - y;
                 const bool added = diagonal == -round ||
