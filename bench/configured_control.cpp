@@ -27,10 +27,10 @@ void fill(FamilyControls& family, int fields) {
         family.SelectedLinkedFieldsList.AddItem(entry);
         family.ToLinkFieldsCombo.AddItem("FIELD" + std::to_string(i));
     }
-    const int rows = std::min(fields, 30);
+    const int rows = std::clamp(fields, 1, 30);
     family.CriteriaGrid.Rows(rows + 1);
     family.LinksGrid.Rows(rows + 1);
-    for (int row = 1; row <= rows; ++row) {
+    for (int row = 1; row <= std::min(fields, rows); ++row) {
         const std::string value = "value" + std::to_string(row);
         family.CriteriaGrid.TextMatrix(row, criteria_column::Key, "FIELD1");
         family.CriteriaGrid.TextMatrix(row, criteria_column::Operator, "==");

@@ -14,9 +14,10 @@ class LongLists {
   public:
     LongLists() {
         FamilyControls& zeko = control.dtc.ZEKO;
+        // First, because entering the tab takes the data provider over.
+        control.dtc.SSTab1.Tab(zeko.traits.tabPage);
         for (int i = 0; i < MaxListCount; ++i)
             zeko.FieldsList.AddItem(std::to_string(i) + " - FIELD" + std::to_string(i));
-        control.dtc.SSTab1.Tab(zeko.traits.tabPage);
     }
 
     std::vector<int> everyItem(int step) const {
@@ -27,6 +28,7 @@ class LongLists {
     }
     void addAll() {
         FamilyControls& zeko = control.dtc.ZEKO;
+        zeko.AddField.Enabled(true);
         zeko.FieldsList.select(everyItem(1), 0);
         zeko.AddField.press();
     }
@@ -85,9 +87,8 @@ void enterATabOfANewProvider(benchmark::State& state) {
             for (int i = 0; i < MaxListCount; ++i)
                 provider.zekoFields.emplace_back(std::to_string(i), "FIELD" + std::to_string(i));
             lists.control.outside.dataSources.providers = {provider};
-            lists.control.dtc.dataProvider = "Orders";
             lists.control.dtc.SSTab1.Tab(0);
-            lists.control.dtc.dataProvider = "Orders";
+            lists.control.dtc.ZEKO.DataProviderText.Text("another");
         },
         [](LongLists& lists) { lists.control.dtc.SSTab1.clickTab(2); });
 }

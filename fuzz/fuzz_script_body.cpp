@@ -10,6 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string body = scriptBody(stored);
     const std::string again = scriptFunction("Name", body);
     if (body.find("<BODY>") != std::string::npos) return 0;
-    fuzz::require(scriptFunction("Name", scriptBody(again)) == again, "a script stays as it is stored");
+    fuzz::require(scriptFunction("Name", scriptBody(again)) == again,
+                  "a script stays as it is stored");
     return 0;
 }

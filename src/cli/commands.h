@@ -29,6 +29,8 @@ struct GenerateOptions {
     std::vector<std::string> paths;
     bool print = false;
     bool check = false;
+    bool diff = false;  // with check: what would change, in the place of the list
+    bool json = false;
     bool force = false;
     bool quiet = false;
     int jobs = 0;  // 0: one for each core

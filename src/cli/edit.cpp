@@ -33,6 +33,7 @@ int edit(const CommonOptions& common, const EditOptions& options) {
     words.emplace_back("--");
     words.insert(words.end(), options.pages.begin(), options.pages.end());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);

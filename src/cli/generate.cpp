@@ -1,89 +1,23 @@
 #include "cli/commands.h"
+#include "cli/generate_report.h"
+#include "cli/output.h"
 #include "cli/progress.h"
 #include "host/generation/site_generation.h"
 #include "host/generation/site_pages.h"
 #include "host/page/page_session.h"
 #include "host/quiet_host.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <set>
 
 namespace headerdtc::cli {
 namespace {
-
-using Verdict = GeneratedPage::Verdict;
-
-void printLine(std::FILE* stream, const std::string& line) {
-    std::fwrite(line.data(), 1, line.size(), stream);
-    std::fputc('\n', stream);
-}
-
-// What a run came to, page by page, and the exit status that follows from all of it.
-class Outcome {
-  public:
-    Outcome(const SitePages& pages, const GenerateOptions& options)
-        : pages_(pages), options_(options) {}
-
-    void take(const SiteGeneration::Done& done) {
-        const std::string page = pages_.pages[done.index].string();
-        for (const std::string& message : done.page.messages)
-            say(page, message, done.page.verdict);
-        switch (done.page.verdict) {
-            case Verdict::NoControl:
-                if (pages_.named[done.index])
-                    printLine(stderr, page + ": holds no HeaderDTC control");
-                break;
-            case Verdict::UpToDate:
-                break;
-            case Verdict::Stale:
-                ++stale_;
-                printLine(stdout, page);
-                break;
-            case Verdict::NotConfigured:
-                misconfigured_ = true;
-                ++failed_;
-                break;
-            case Verdict::LeftAlone:
-            case Verdict::NotReadable:
-                ++failed_;
-                break;
-        }
-    }
-
-    ExitStatus status() const {
-        if (misconfigured_) return WrongUsage;
-        if (failed_ > 0) return PageNotDone;
-        return options_.check && stale_ > 0 ? CheckFoundSomething : Done;
-    }
-    void fail() { ++failed_; }
-
-    std::string summary() const {
-        const char* found = options_.check ? " out of date, " : " written, ";
-        return std::to_string(pages_.pages.size()) + " pages looked at: " + std::to_string(stale_) +
-               found + std::to_string(failed_) + " not done";
-    }
-
-  private:
-    void say(const std::string& page, const std::string& message, Verdict verdict) {
-        if (verdict != Verdict::NotConfigured) return printLine(stderr, page + ": " + message);
-        // One wrong configuration is said once, not for each of its pages.
-        if (said_.insert(message).second) printLine(stderr, message);
-    }
-
-    const SitePages& pages_;
-    const GenerateOptions& options_;
-    std::set<std::string> said_;
-    std::size_t stale_ = 0, failed_ = 0;
-    bool misconfigured_ = false;
-};
 
 // Every control's runtime text to standard output, in the page's code page.
 ExitStatus print(Sites& sites, const std::string& page) {
     const auto site = sites.forPage(page);
     const PageMarkup markup(page, readWholeFile(page).bytes, site->configuration->codePage);
     if (markup.controls().empty()) {
-        printLine(stderr, page + ": holds no HeaderDTC control");
+        printMessage(page, "holds no HeaderDTC control");
         return PageNotDone;
     }
     bool failed = false;
@@ -92,7 +26,7 @@ ExitStatus print(Sites& sites, const std::string& page) {
         OpenControl control(site, page, span, host.faces());
         const MadeContent made = control.content();
         for (const std::string& message : host.messages)
-            printLine(stderr, page + ": " + message);
+            printMessage(page, message);
         failed = failed || !made.errors.empty();
         const std::string bytes = markup.codePage().encodeWithReferences(made.content.runtimeText);
         std::fwrite(bytes.data(), 1, bytes.size(), stdout);
@@ -113,25 +47,30 @@ int generate(const CommonOptions& common, const GenerateOptions& options) {
     }
 
     const SitePages pages = findSitePages(options.paths);
-    Outcome outcome(pages, options);
+    const auto report = makeGenerateReport(sites, options);
+    GenerateTotals totals{.pages = pages.pages.size()};
+    report->begin();
     for (const std::string& problem : pages.problems) {
-        printLine(stderr, problem);
-        outcome.fail();
+        report->problem(problem);
+        ++totals.failed;
     }
     SiteGeneration generation(
         sites, {.mode = options.check ? SiteGeneration::Mode::Check : SiteGeneration::Mode::Write,
                 .guard = options.force ? LossGuard::SaveAnyway : LossGuard::Refuse,
-                .jobs = options.jobs});
+                .jobs = options.jobs,
+                .keepBytes = options.check && (options.diff || options.json)});
     Progress progress(pages.pages.size(), options.quiet);
     generation.run(
         pages.pages,
         [&](const SiteGeneration::Done& done) {
             progress.hide();
-            outcome.take(done);
+            totals.add(done.page.verdict);
+            report->page(pages.pages[done.index].string(), pages.named[done.index], done);
         },
         [&](std::size_t finished) { progress.show(finished); });
-    progress.end(outcome.summary());
-    return outcome.status();
+    report->end(totals);
+    progress.end(totals.summary(options));
+    return totals.status(options);
 }
 
 }  // namespace headerdtc::cli

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "host/files/file_error.h"
+#include "host/odbc/secrets.h"
 
 #include <cstdio>
 
@@ -9,10 +10,10 @@ int guarded(const std::function<ExitStatus()>& body) {
     try {
         return body();
     } catch (const ConfigurationError& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        std::fprintf(stderr, "%s\n", maskSecrets(error.what()).c_str());
         return WrongUsage;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        std::fprintf(stderr, "%s\n", maskSecrets(error.what()).c_str());
         return PageNotDone;
     }
 }

@@ -1,4 +1,6 @@
 #include "cli/commands.h"
+#include "cli/completion.h"
+#include "cli/site_commands.h"
 #include "cli/version.h"
 
 #include <CLI/CLI.hpp>
@@ -12,17 +14,25 @@ using namespace headerdtc::cli;
 constexpr const char* Examples = R"(Examples:
   headerdtc generate site/               write the header of every page below site/
   headerdtc generate --check site/       only list the pages that are out of date
+  headerdtc generate --check --diff site show what would change in them
+  headerdtc check site/                  look for faults in the pages
+  headerdtc where --field CUSTNO site/   which pages use a field
+  headerdtc doctor site/                 what is missing in the set-up of a site
   headerdtc generate --print page.asp    show the header text of one page
   headerdtc new page.asp                 make a page with one new control
   headerdtc show --json page.asp         the stored properties, for other programs
   headerdtc automate page.asp < steps    drive the editor by name, a JSON command a line
+  headerdtc automate --over site/ steps  what the steps would change in every page
+  headerdtc translations check site/     gaps and faults of the translated texts
+  headerdtc catalogue check --connect DSN=Data site/
+                                         what the database has otherwise than the catalogue
   headerdtc edit page.asp                open the page editor
 
 The site's configuration is the headerdtc.toml in the page's folder or the nearest one above it;
 --config FILE or the environment variable HEADERDTC_CONFIG names another.
 
 Exit status: 0 done, 1 --check found something, 2 wrong usage or configuration,
-3 at least one page could not be done.)";
+3 at least one page could not be done, whatever was found in others.)";
 
 CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     auto* command = app.add_subcommand("generate", "Write the server script of pages");
@@ -32,14 +42,18 @@ CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
                                     "write the runtime text to standard output, save nothing");
     auto* check = command->add_flag("--check", options.check,
                                     "save nothing, list the pages that are out of date");
+    auto* diff = command->add_flag("--diff", options.diff,
+                                   "with --check: show what would change, as patch takes it");
+    auto* json = command->add_flag("--json", options.json, "one JSON object a page");
     auto* force =
         command->add_flag("--force", options.force,
                           "save also where an error was reported or a property would change");
     command->add_flag("-q,--quiet", options.quiet, "no progress and no summary");
     command->add_option("-j,--jobs", options.jobs, "pages done at a time (default: one a core)")
         ->check(CLI::Range(1, 256));
-    print->excludes(check)->excludes(force);
+    print->excludes(check)->excludes(force)->excludes(diff)->excludes(json);
     check->excludes(force);
+    diff->needs(check);
     command->footer(
         "A page is rewritten only when its bytes change, and left as it was, with the reason, "
         "when\n"
@@ -57,9 +71,7 @@ CLI::App* addNew(CLI::App& app, NewOptions& options) {
     return command;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     CLI::App app{
         "Keeps the data headers of dashboard pages: reads the configuration that a page "
         "stores and writes the server script that belongs to it.",
@@ -71,22 +83,19 @@ int main(int argc, char** argv) {
 
     CommonOptions common;
     app.add_option("--config", common.configuration, "the site's configuration (headerdtc.toml)")
-        ->envname("HEADERDTC_CONFIG");
+        ->envname("HEADERDTC_CONFIG")
+        ->type_name(FileType);
 
     GenerateOptions generateOptions;
     NewOptions newOptions;
     ShowOptions showOptions;
-    AutomateOptions automateOptions;
     EditOptions editOptions;
     auto* generateCommand = addGenerate(app, generateOptions);
+    const auto siteCommands = addSiteCommands(app, common);
     auto* newCommand = addNew(app, newOptions);
     auto* showCommand = app.add_subcommand("show", "Show the stored properties of a page");
     showCommand->add_option("PAGE", showOptions.page, "the page")->required();
     showCommand->add_flag("--json", showOptions.json, "as JSON");
-    auto* automateCommand =
-        app.add_subcommand("automate", "Drive the editor by name: JSON commands on standard input");
-    automateCommand->add_option("PAGE", automateOptions.page, "the page")->required();
-    automateCommand->add_option("--control", automateOptions.control, "ID of the control");
     auto* editCommand = app.add_subcommand("edit", "Open the page editor");
     editCommand->add_option("PAGE", editOptions.pages, "pages to open");
 
@@ -99,14 +108,25 @@ int main(int argc, char** argv) {
         return WrongUsage;
     }
 
+    for (const Command& command : siteCommands) {
+        if (*command.app) return command.run();
+    }
+    if (*generateCommand) return generate(common, generateOptions);
+    if (*newCommand) return newControl(common, newOptions);
+    if (*showCommand) return show(common, showOptions);
+    if (*editCommand) return edit(common, editOptions);
+    return WrongUsage;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
     try {
-        if (*generateCommand) return generate(common, generateOptions);
-        if (*newCommand) return newControl(common, newOptions);
-        if (*showCommand) return show(common, showOptions);
-        if (*automateCommand) return automate(common, automateOptions);
-        if (*editCommand) return edit(common, editOptions);
+        return run(argc, argv);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "headerdtc: %s\n", error.what());
+    } catch (...) {
+        std::fputs("headerdtc: something unknown went wrong\n", stderr);
     }
     return WrongUsage;
 }

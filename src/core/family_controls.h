@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace headerdtc {
@@ -30,6 +31,9 @@ inline constexpr int Marker = 0, Key = 1, Operator = 2, Value = 3, Script = 4, C
 namespace links_column {
 inline constexpr int Marker = 0, From = 1, To = 2, Count = 3;
 }
+
+// The operators of a criterion, by the numbers that the generated script has for them.
+inline constexpr std::string_view CriteriumOperators[] = {"==", "<=", ">="};
 
 // The kinds of a criterion's value.
 enum CriteriumValueType : std::int32_t { CONSTANT = 0, INCLUDEFUNCTION = 1, USERSCRIPT = 2 };

@@ -8,8 +8,6 @@
 namespace headerdtc {
 namespace {
 
-constexpr const char* Operators[] = {"==", "<=", ">="};
-
 // Column widths in twips.
 constexpr int CriteriaColumnWidths[] = {200, 1800, 550, 2052, 255};
 constexpr int LinksColumnWidths[] = {200, 2315, 2315};
@@ -76,8 +74,8 @@ void HeaderDTC::UserControl_Initialize() {
         spareFlag = 0;
         SSTab1.Tab(GeneralTabPage);
         for (const Family which : BothFamilies) {
-            for (const char* op : Operators)
-                family(which).OperatorsCombo.AddItem(op);
+            for (const std::string_view op : CriteriumOperators)
+                family(which).OperatorsCombo.AddItem(std::string(op));
         }
         for (const Family which : BothFamilies) {
             Grid& grid = family(which).CriteriaGrid;

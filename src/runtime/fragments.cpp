@@ -13,9 +13,6 @@ namespace {
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::string_view Indent = "\t\t\t";
 
-// The operators of a criterion by their numbers.
-constexpr std::string_view OperatorTexts[] = {"==", "<=", ">="};
-
 // The family that a code names, nullptr for none.
 FamilyControls* familyOf(HeaderDTC& control, int code) {
     for (const FamilyTraits& traits : FamilyTable) {
@@ -73,8 +70,8 @@ std::string translationCall(std::string_view procedure, const ListBox& fields,
 
 // The number of an operator; -1 when it is unknown.
 int operatorNumber(std::string_view text) {
-    for (std::size_t number = 0; number < std::size(OperatorTexts); ++number) {
-        if (OperatorTexts[number] == text) return static_cast<int>(number);
+    for (std::size_t number = 0; number < std::size(CriteriumOperators); ++number) {
+        if (CriteriumOperators[number] == text) return static_cast<int>(number);
     }
     return -1;
 }

@@ -3,28 +3,9 @@
 set -u
 headerdtc=$1
 project=$2
-folder=$(mktemp -d)
-trap 'chmod -R u+w "$folder"; rm -rf "$folder"' EXIT
-cp -r "$project/demo" "$folder/site"
-cd "$folder" || exit 1
-unset HEADERDTC_CONFIG
-failures=0
-
-# check STATUS COMMAND...: runs it; its output is in $out and $err.
-check() {
-    local expected=$1 status
-    shift
-    "$@" >out 2>err
-    status=$?
-    out=$(cat out) err=$(cat err)
-    ((status == expected)) || fail "'$*' ended with $status instead of $expected: $err"
-}
-fail() {
-    echo "FAILED: $1"
-    failures=$((failures + 1))
-}
-expect() { [[ $1 == *"$2"* ]] || fail "'$2' is missing in: $1"; }
-expect_empty() { [[ -z $1 ]] || fail "this should be empty: $1"; }
+# shellcheck source=tests/cli/checks.sh
+. "$project/tests/cli/checks.sh"
+cp -r "$project/demo" site
 
 full=site/customers/regions/overview.asp
 
@@ -99,5 +80,4 @@ expect "$out" '"value":"Customers"'
 check 3 "$headerdtc" automate nowhere.asp <steps
 expect "$out" '{"ok":false,'
 
-((failures == 0)) && echo "All as expected."
-exit $((failures > 0))
+finish

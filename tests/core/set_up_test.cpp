@@ -8,6 +8,7 @@ using ::testing::ElementsAre;
 
 std::vector<std::string> headersOf(const Grid& grid) {
     std::vector<std::string> headers;
+    headers.reserve(static_cast<std::size_t>(grid.Cols()));
     for (int column = 0; column < grid.Cols(); ++column)
         headers.push_back(grid.TextMatrix(0, column));
     return headers;
@@ -15,6 +16,7 @@ std::vector<std::string> headersOf(const Grid& grid) {
 
 std::vector<int> widthsOf(const Grid& grid) {
     std::vector<int> widths;
+    widths.reserve(static_cast<std::size_t>(grid.Cols()));
     for (int column = 0; column < grid.Cols(); ++column)
         widths.push_back(grid.ColWidth(column));
     return widths;

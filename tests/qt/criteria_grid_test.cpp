@@ -159,6 +159,14 @@ TEST_F(CriteriaGridTest, OnlyAPersonScrolls) {
     EXPECT_EQ(grid.TopRow(), 1);
     EXPECT_FALSE(dtc.EAI.KeyFieldValueText.Visible());
     EXPECT_EQ(grid.TextMatrix(33, column::Value), "9");
+
+    // Scrolled further up than there is, then down by the program.
+    widget<QTableView>(grid).verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+    events.take();
+    grid.Row(30);
+    settle();
+    EXPECT_THAT(events.take(), Not(Contains("EAICriteriaGrid.Scroll")));
+    EXPECT_GT(grid.TopRow(), 1);
 }
 
 TEST_F(CriteriaGridTest, TheHeaderFollowsTheFixedRow) {

@@ -77,6 +77,17 @@ TEST_F(SurfaceTest, PasteUndoAndLockedBoxes) {
     EXPECT_EQ(widget<QLineEdit>(dtc.EAI.DataProviderText).text(), "Orders");
 }
 
+TEST_F(SurfaceTest, WhatIsOnlyToBeReadLiesOnTheGroundOfWhateverTheme) {
+    const auto ground = [this](const Control& box) {
+        return widget(box).palette().color(QPalette::Base);
+    };
+    for (const QColor& window : {QColor(240, 240, 240), QColor(50, 50, 50)}) {
+        surface.setPalette(QPalette(window));
+        EXPECT_EQ(ground(dtc.EAI.DataProviderText), window);
+        EXPECT_NE(ground(dtc.XSLFilenameText), window);
+    }
+}
+
 TEST_F(SurfaceTest, ADropDownListIsChosenFromByKeysAndWheelOnlyWithTheFocus) {
     auto& combo = widget<QComboBox>(dtc.DataProvidersCombo);
     EXPECT_EQ(combo.currentIndex(), -1) << "nothing is chosen until somebody chooses";

@@ -9,7 +9,7 @@ using ::testing::IsEmpty;
 class InstallDirectoryTest : public ScriptsTest {
   protected:
     std::string GetInstallDir() { return dtc.procedures.GetInstallDir(); }
-    std::string& stored = outside.registry.values[InstallDirValue];
+    std::string& stored = outside.registry.values[std::string(InstallDirValue)];
 };
 
 TEST_F(InstallDirectoryTest, IsInCapitalsWithOneBackslashAtItsEndAndReadAnew) {

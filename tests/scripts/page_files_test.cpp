@@ -44,7 +44,7 @@ TEST_F(PageFilesTest, AFileBelowTheRootIsNamedFromTheRootWhateverItsCase) {
 }
 
 TEST_F(PageFilesTest, TheRootIsComparedByCharacters) {
-    outside.registry.values[InstallDirValue] = R"(C:\Größe)";
+    outside.registry.values[std::string(InstallDirValue)] = R"(C:\Größe)";
     EXPECT_EQ(browse(forInclude, R"(c:\GRÖße\Maße\é.asp)"), "Maße/é.asp");
     EXPECT_EQ(browse(forInclude, "C:\\"), "Maße/é.asp");
     EXPECT_EQ(messages().size(), 1U);

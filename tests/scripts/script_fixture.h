@@ -5,12 +5,10 @@
 
 namespace headerdtc {
 
-inline constexpr const char* InstallDirValue = R"(HKLM\SOFTWARE\Zarvik\Zarvik Velmora\InstallDir)";
-
 // One control with the behaviours of the scripts room, on a site below C:\Sites\Main.
 class ScriptsTest : public ControlTest {
   protected:
-    ScriptsTest() { outside.registry.values[InstallDirValue] = R"(C:\Sites\Main)"; }
+    ScriptsTest() { outside.registry.values[std::string(InstallDirValue)] = R"(C:\Sites\Main)"; }
 
     std::vector<std::string>& notices() { return outside.changes.changed; }
     std::vector<std::string>& messages() { return outside.messages.shown; }

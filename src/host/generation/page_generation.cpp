@@ -11,8 +11,8 @@ namespace {
 
 using Verdict = GeneratedPage::Verdict;
 
-std::string leftAlone(const ControlSpan& control, const std::string& doubt) {
-    return "left as it was: " + doubt + " (" + control.id + ", line " +
+std::string leftAlone(const ControlSpan& control, const std::string& reason) {
+    return "left as it was: " + reason + " (" + control.id + ", line " +
            std::to_string(control.line) + "); --force saves it all the same";
 }
 
@@ -25,26 +25,22 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     if (markup.controls().empty()) return;
 
     std::vector<ControlContent> contents;
-    std::vector<std::string> doubts;
     for (const ControlSpan& span : markup.controls()) {
         QuietHost host;
         OpenControl control(site, page, span, host.faces());
         MadeContent made = control.content();
         std::move(host.messages.begin(), host.messages.end(), std::back_inserter(result.messages));
         const auto doubt = control.doubtAbout(made);
-        if (doubt && guard == LossGuard::Refuse) doubts.push_back(leftAlone(span, *doubt));
+        if (doubt && guard == LossGuard::Refuse) result.doubts.push_back({contents.size(), *doubt});
         contents.push_back(std::move(made.content));
     }
     result.after = markup.with(contents);
-    result.verdict = result.after == markup.bytes() ? Verdict::UpToDate : Verdict::Stale;
-    if (result.verdict == Verdict::Stale) {
-        result.before = markup.bytes();
-    } else {
-        result.after.clear();
-    }
-    if (doubts.empty()) return;
-    result.verdict = Verdict::LeftAlone;
-    std::move(doubts.begin(), doubts.end(), std::back_inserter(result.messages));
+    result.before = markup.bytes();
+    result.verdict = result.after == result.before ? Verdict::UpToDate : Verdict::Stale;
+    if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;
+    if (result.verdict != Verdict::Stale) result.after.clear();
+    for (const auto& doubt : result.doubts)
+        result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.reason));
 }
 
 }  // namespace

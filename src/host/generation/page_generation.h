@@ -3,6 +3,7 @@
 #include "host/files/whole_file.h"
 #include "host/site/site.h"
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -22,6 +23,12 @@ struct GeneratedPage {
     Verdict verdict = Verdict::NoControl;
     // Texts of the control's message boxes in order, then the reason for a bad verdict.
     std::vector<std::string> messages;
+    // Why controls of the page should be left as they are, one by one.
+    struct Doubt {
+        std::size_t control;  // index in the page
+        std::string reason;
+    };
+    std::vector<Doubt> doubts;
     std::string before, after;  // the page's bytes; after: only of a stale page
     FileStamp stamp;            // of the file that was read
 

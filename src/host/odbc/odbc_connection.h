@@ -26,8 +26,10 @@ class OdbcConnection : public Connection {
     void CommitTrans() override;
     void Close() override;
 
-  private:
+    // What there is beyond ADO: bound values, catalogue functions. Raises 3704 while it is closed.
     OdbcSession& session();
+
+  private:
     void requireClosed() const;
 
     OdbcDatabase::Settings settings_;

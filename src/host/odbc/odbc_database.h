@@ -27,6 +27,7 @@ class OdbcDatabase : public Database {
     // Kind 8 is the translation database; raises 5 for another kind.
     std::string GetConnectString(std::int32_t kind) override;
     std::string labelConnectString() override { return settings_.labelConnectString; }
+    const Settings& settings() const { return settings_; }
 
   private:
     Settings settings_;

@@ -1,6 +1,7 @@
 #include "host/odbc/odbc_handles.h"
 
 #include "host/odbc/odbc_text.h"
+#include "host/odbc/secrets.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -67,7 +68,7 @@ RuntimeError odbcFailure(SQLSMALLINT kind, SQLHANDLE handle, OdbcText form) {
         const auto diagnostic = readDiagnostic(kind, handle, form, record);
         if (!diagnostic) break;
         if (record == 1) number = diagnostic->number;
-        const std::string text = onOneLine(diagnostic->text);
+        const std::string text = maskSecrets(onOneLine(diagnostic->text));
         if (texts.find(text) != std::string::npos) continue;
         if (!texts.empty()) texts += "; ";
         texts += text;

@@ -1,5 +1,6 @@
 #include "host/odbc/odbc_session.h"
 
+#include "host/odbc/odbc_bound_values.h"
 #include "host/odbc/odbc_data_source.h"
 #include "host/odbc/odbc_text.h"
 #include "platform/text.h"
@@ -130,24 +131,30 @@ void OdbcSession::commitTransaction() {
     setAutoCommit(true);
 }
 
-OdbcSession::Statement OdbcSession::execute(const std::string& text) {
+OdbcSession::Statement OdbcSession::execute(const std::string& text,
+                                            const std::vector<OdbcParameter>& parameters) {
+    OdbcBoundValues values(parameters, form_);
+    return open([&](SQLHANDLE statement, OdbcText form) {
+        if (const SQLRETURN result = values.bindTo(statement); !SQL_SUCCEEDED(result))
+            return result;
+        if (form == OdbcText::Utf16) {
+            std::u16string words = utf16FromUtf8(text);
+            return SQLExecDirectW(statement, wide(words), static_cast<SQLINTEGER>(words.size()));
+        }
+        std::string words = text;
+        return SQLExecDirect(statement, narrow(words), static_cast<SQLINTEGER>(words.size()));
+    });
+}
+
+OdbcSession::Statement OdbcSession::open(
+    const std::function<SQLRETURN(SQLHANDLE, OdbcText)>& call) {
     OdbcStatement made = makeOdbcHandle<SQL_HANDLE_STMT>(logOn_, form_);
     // Both are wishes: drivers that do not know them say so and go on.
     if (statementSeconds_ > 0)
         SQLSetStmtAttr(made.get(), SQL_ATTR_QUERY_TIMEOUT,
                        attribute(static_cast<std::uintptr_t>(statementSeconds_)), 0);
     SQLSetStmtAttr(made.get(), SQL_ATTR_NOSCAN, attribute(SQL_NOSCAN_ON), 0);
-
-    SQLRETURN result = SQL_SUCCESS;
-    if (form_ == OdbcText::Utf16) {
-        std::u16string statement = utf16FromUtf8(text);
-        result =
-            SQLExecDirectW(made.get(), wide(statement), static_cast<SQLINTEGER>(statement.size()));
-    } else {
-        std::string statement = text;
-        result =
-            SQLExecDirect(made.get(), narrow(statement), static_cast<SQLINTEGER>(statement.size()));
-    }
+    const SQLRETURN result = call(made.get(), form_);
     // An UPDATE or DELETE that found nothing is no failure.
     if (result != SQL_NO_DATA) checkOdbc(result, made, form_);
     return statements_.insert(statements_.end(), std::move(made));

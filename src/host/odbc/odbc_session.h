@@ -3,8 +3,11 @@
 #include "host/odbc/odbc_database.h"
 #include "host/odbc/odbc_handles.h"
 
+#include <cstdint>
+#include <functional>
 #include <list>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace headerdtc {
@@ -14,6 +17,9 @@ struct OdbcColumn {
     std::string name;
     SQLSMALLINT fetchAs;
 };
+
+// A value bound to a mark ("?") of a statement; text is UTF-8.
+using OdbcParameter = std::variant<std::string, std::int32_t>;
 
 // One log-on to a database, with the statements that still have rows to give. Whatever fails
 // raises RuntimeError with the driver's text and native number.
@@ -34,7 +40,10 @@ class OdbcSession {
     void beginTransaction();
     void commitTransaction();
 
-    Statement execute(const std::string& text);
+    Statement execute(const std::string& text, const std::vector<OdbcParameter>& parameters = {});
+    // For the functions of ODBC that give rows by themselves: lets `call` fill a new statement, in
+    // the form that the driver takes.
+    Statement open(const std::function<SQLRETURN(SQLHANDLE, OdbcText)>& call);
     SQLLEN rowCount(Statement statement) const;
     std::vector<OdbcColumn> columns(Statement statement) const;
     // Goes to the next row; tells whether there is one.

@@ -25,14 +25,18 @@ std::size_t PageDocument::controlIndex(const std::string& id) const {
                                         : "there is no control with the ID '" + id + "'");
 }
 
-bool PageDocument::save(std::size_t index, OpenControl& control, Guard guard) {
+std::string PageDocument::bytesWith(std::size_t index, OpenControl& control, Guard guard) const {
     MadeContent made = control.content();
     if (guard == Guard::RefuseLosses) {
         if (const auto doubt = control.doubtAbout(made)) throw SaveRefused(*doubt);
     }
     auto contents = contentsOf(*markup_);
     contents.at(index) = std::move(made.content);
-    const std::string bytes = markup_->with(contents);
+    return markup_->with(contents);
+}
+
+bool PageDocument::save(std::size_t index, OpenControl& control, Guard guard) {
+    const std::string bytes = bytesWith(index, control, guard);
     if (bytes == markup_->bytes()) return false;
     replaceWholeFile(file_, bytes, stamp_);
     take(readWholeFile(file_));

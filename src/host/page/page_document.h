@@ -31,6 +31,10 @@ class PageDocument {
     // when there is none.
     std::size_t controlIndex(const std::string& id) const;
 
+    // The page's bytes with a control's content in its place. Throws SaveRefused, and FileError
+    // for a text that the page cannot hold.
+    std::string bytesWith(std::size_t index, OpenControl& control, Guard guard) const;
+
     // Stores a control's content in the page. Tells whether the file was written, which happens
     // only when its bytes are others. Throws SaveRefused, and FileError when another program has
     // changed the file since.

@@ -105,9 +105,11 @@ struct OpenControl::Parts {
         : site(std::move(site)),
           failures(faces.messages),
           pageSite(*this->site->configuration, page),
-          control({failures, faces.fileDialog, this->site->registry, this->site->dataSources,
-                   this->site->database, this->site->textFiles, clock, faces.changes},
-                  faces.modalLoop, pageSite) {}
+          control(
+              {failures, faces.fileDialog, this->site->registry, this->site->dataSources,
+               faces.database ? *faces.database : this->site->database,
+               faces.textFiles ? *faces.textFiles : this->site->textFiles, clock, faces.changes},
+              faces.modalLoop, pageSite) {}
 
     std::shared_ptr<Site> site;
     FailureRecorder failures;

@@ -25,6 +25,9 @@ struct HostFaces {
     FileDialog& fileDialog;
     PropertyChangeSink& changes;
     ModalLoop& modalLoop;
+    // In the place of the site's own, where they are given.
+    Database* database = nullptr;
+    TextFiles* textFiles = nullptr;
 };
 
 // What a save would store for one control, and the failures that making it reported.

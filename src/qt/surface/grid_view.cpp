@@ -37,7 +37,9 @@ GridView::GridView(Grid& model, QTableView& widget, FormFace face)
     setUpTable();
     table_.viewport()->installEventFilter(this);
     QScrollBar& scrollBar = *table_.verticalScrollBar();
-    connect(&scrollBar, &QScrollBar::actionTriggered, this, [this] { personScrolls_ = true; });
+    connect(&scrollBar, &QScrollBar::actionTriggered, this, [this, &scrollBar] {
+        personScrolls_ = scrollBar.sliderPosition() != scrollBar.value();
+    });
     connect(&scrollBar, &QScrollBar::valueChanged, this, [this](int row) { scrolled(row); });
     subscriptions_ +=
         model_.gridChanged.subscribe([this](const GridChange& change) { applyChange(change); });

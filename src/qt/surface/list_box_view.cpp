@@ -38,38 +38,32 @@ ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
     list_.setModel(&items_);
     list_.setSelectionMode(model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
                                                   : QAbstractItemView::SingleSelection);
-    connect(&list_, &SelectionList::actionBegins, this, [this] {
-        if (showPending_) show();
-    });
+    showSoon_.setSingleShot(true);
+    connect(&showSoon_, &QTimer::timeout, this, [this] { show(); });
+    connect(&list_, &SelectionList::actionBegins, this, [this] { showIfPending(); });
     connect(&list_, &SelectionList::selected, this, [this] { select(); });
     // The item was selected by the first press.
     connect(&list_, &SelectionList::pressedTwice, this,
             [this] { act([this] { model_.doubleClickEmptyArea(); }); });
     subscriptions_ +=
         model_.itemsChanged.subscribe([this](const ItemsChange& change) { applyChange(change); });
-    subscriptions_ += model_.selectionChanged.subscribe([this] { showLater(); });
+    subscriptions_ += model_.selectionChanged.subscribe([this] { showSoon_.start(); });
 }
 
 void ListBoxView::applyChange(const ItemsChange& change) {
     const SelectionList::Showing showing(list_);
     // Qt would shift every selected range with each item that goes; show() puts them anew.
-    if (!showPending_) list_.selectionModel()->clear();
+    if (!showSoon_.isActive()) list_.selectionModel()->clear();
     items_.apply(change);
-    showLater();
+    showSoon_.start();
 }
 
-void ListBoxView::showLater() {
-    if (std::exchange(showPending_, true)) return;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (showPending_) show();
-        },
-        Qt::QueuedConnection);
+void ListBoxView::showIfPending() {
+    if (showSoon_.isActive()) show();
 }
 
 void ListBoxView::show() {
-    showPending_ = false;
+    showSoon_.stop();
     const SelectionList::Showing showing(list_);
     QItemSelectionModel& selection = *list_.selectionModel();
     const QModelIndex current = items_.index(model_.ListIndex());
@@ -86,7 +80,7 @@ bool ListBoxView::keyPressed(const QKeyEvent& event) {
     const auto key = keyOf(event);
     if (!key || key->shift || !isArrowKey(*key)) return ControlView::keyPressed(event);
     act([&] { model_.press(*key); });
-    if (showPending_) show();
+    showIfPending();
     return true;
 }
 

@@ -4,6 +4,8 @@
 #include "qt/surface/control_view.h"
 #include "qt/surface/items_model.h"
 
+#include <QTimer>
+
 namespace headerdtc::qt {
 
 class SelectionList;
@@ -19,14 +21,14 @@ class ListBoxView : public ControlView {
 
   private:
     void applyChange(const ItemsChange& change);
-    void showLater();
+    void showIfPending();
     void select();
 
     ListBox& model_;
     SelectionList& list_;
     ItemsModel items_;
-    // A program marks items one by one; the list shows the outcome once.
-    bool showPending_ = false;
+    // A program marks items one by one; the list shows the outcome once, when it is done.
+    QTimer showSoon_;
 };
 
 }  // namespace headerdtc::qt

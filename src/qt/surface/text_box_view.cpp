@@ -40,6 +40,21 @@ void TextBoxView::edited(const std::optional<std::string>& text, int selStart, i
     });
 }
 
+void TextBoxView::showGround() {
+    const QScopedValueRollback colouring(colouring_, true);
+    QPalette palette;
+    if (!isEditable())
+        palette.setBrush(QPalette::Base,
+                         widget().parentWidget()->palette().brush(QPalette::Window));
+    widget().setPalette(palette);
+}
+
+// Light and dark themes may change at any time.
+bool TextBoxView::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &widget() && event->type() == QEvent::PaletteChange && !colouring_) showGround();
+    return ControlView::eventFilter(watched, event);
+}
+
 LineView::LineView(TextBox& model, QLineEdit& widget, FormFace face)
     : TextBoxView(model, widget, face), edit_(widget) {
     edit_.setMaxLength(std::numeric_limits<int>::max());
@@ -50,7 +65,8 @@ LineView::LineView(TextBox& model, QLineEdit& widget, FormFace face)
 
 void LineView::show() {
     const QScopedValueRollback showing(showing_, true);
-    edit_.setReadOnly(model_.Locked());
+    edit_.setReadOnly(!isEditable());
+    showGround();
     if (const QString text = toQt(model_.Text()); edit_.text() != text) edit_.setText(text);
     LineSelection{model_.SelStart(), model_.SelLength()}.applyTo(edit_);
 }
@@ -78,7 +94,8 @@ LinesView::LinesView(TextBox& model, QPlainTextEdit& widget, FormFace face)
 
 void LinesView::show() {
     const QScopedValueRollback showing(showing_, true);
-    edit_.setReadOnly(model_.Locked() || !model_.Enabled());
+    edit_.setReadOnly(!isEditable());
+    showGround();
     const QString text = toDocument(model_.Text());
     if (edit_.document()->toRawText() != text) edit_.setPlainText(text);
     const int start = documentPosition(text, model_.SelStart());
@@ -92,12 +109,6 @@ void LinesView::show() {
 
 void LinesView::showEnabled(bool enabled) {
     edit_.setFocusPolicy(enabled ? Qt::StrongFocus : Qt::NoFocus);
-    QPalette palette;
-    if (!enabled) {
-        for (const auto role : {QPalette::Text, QPalette::Base})
-            palette.setBrush(role, edit_.palette().brush(QPalette::Disabled, role));
-    }
-    edit_.setPalette(palette);
 }
 
 bool LinesView::isModelKey(const Key& key) const {

@@ -16,7 +16,12 @@ class TextBoxView : public ControlView {
   public:
     TextBoxView(TextBox& model, QWidget& widget, FormFace face);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   protected:
+    // Whether a person could edit the text. What is only to be read lies on the window's ground.
+    virtual bool isEditable() const { return !model_.Locked(); }
+    void showGround();
     bool keyPressed(const QKeyEvent& event) override;
     // Keys that only the model acts upon.
     virtual bool isModelKey(const Key& key) const = 0;
@@ -27,6 +32,9 @@ class TextBoxView : public ControlView {
 
     TextBox& model_;
     bool showing_ = false;
+
+  private:
+    bool colouring_ = false;
 };
 
 class LineView : public TextBoxView {
@@ -51,6 +59,7 @@ class LinesView : public TextBoxView {
     void show() override;
     // A text that cannot be edited can still be scrolled through.
     void showEnabled(bool enabled) override;
+    bool isEditable() const override { return model_.Enabled() && !model_.Locked(); }
     bool isModelKey(const Key& key) const override;
     bool applyKey(const Key& key) override;
 

@@ -6,7 +6,7 @@
 
 namespace headerdtc::qt {
 
-ControlFaces::ControlFaces(QWidget* window, std::function<const WindowsPaths&()> drives)
+ControlFaces::ControlFaces(QWidget* window, const std::function<const WindowsPaths&()>& drives)
     : messages_(window),
       fileDialog_(
           [drives](const std::string& windowsPath) -> QString {

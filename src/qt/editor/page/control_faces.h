@@ -13,7 +13,7 @@ namespace headerdtc::qt {
 class ControlFaces {
   public:
     // `drives` gives the drive letters of the site that the page is in at the moment.
-    ControlFaces(QWidget* window, std::function<const WindowsPaths&()> drives);
+    ControlFaces(QWidget* window, const std::function<const WindowsPaths&()>& drives);
 
     LiveControl::Faces faces() { return {messages_, fileDialog_, modalLoop_}; }
 

@@ -262,7 +262,9 @@ void SourceView::paintEvent(QPaintEvent* event) {
         const QString shown = block.text();
         const auto open = shown.lastIndexOf(QLatin1String(MarkupBegin), -1, Qt::CaseInsensitive);
         const QString before =
-            open < 0 ? shown : shown.left(open + qstrlen(MarkupBegin)) + QLatin1Char(' ');
+            open < 0 ? shown
+                     : shown.left(open + static_cast<qsizetype>(qstrlen(MarkupBegin))) +
+                           QLatin1Char(' ');
         const QString text = QStringLiteral(" %1, %2 ")
                                  .arg(QString::fromStdString(region.controlId),
                                       counted(region.hiddenEnd - region.first, "line", "lines"));

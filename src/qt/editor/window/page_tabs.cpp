@@ -58,6 +58,7 @@ PageEditor* PageTabs::current() const {
 
 std::vector<PageEditor*> PageTabs::editors() const {
     std::vector<PageEditor*> all;
+    all.reserve(static_cast<std::size_t>(count()));
     for (int i = 0; i < count(); ++i)
         all.push_back(static_cast<PageEditor*>(widget(i)));
     return all;

@@ -1,0 +1,67 @@
+#include "cli/check_report.h"
+#include "cli/output.h"
+#include "cli/progress.h"
+#include "cli/site_commands.h"
+#include "host/generation/site_pages.h"
+#include "host/inspection/ordered_run.h"
+#include "host/inspection/page_inspection.h"
+#include "host/inspection/rule_table.h"
+
+#include <cstdio>
+
+namespace headerdtc::cli {
+namespace {
+
+int listRules() {
+    for (const Rule& rule : inspectionRules()) {
+        std::printf("%-24s %-8s %s\n", std::string(rule.id).c_str(),
+                    std::string(nameOf(rule.severity)).c_str(), std::string(rule.summary).c_str());
+    }
+    return Done;
+}
+
+void tell(const InspectedPage& page, const std::string& name, bool named, CheckReport& report,
+          CheckTotals& totals) {
+    for (const Finding& finding : page.findings) {
+        ++(finding.severity == Severity::Error ? totals.errors : totals.warnings);
+        report.finding(finding);
+    }
+    if (!page.failure.empty()) {
+        ++totals.failed;
+        totals.misconfigured = totals.misconfigured || page.notConfigured;
+        report.failure(name, page.failure);
+    } else if (!page.hasControl && named) {
+        printMessage(name, "holds no HeaderDTC control");
+    }
+}
+
+}  // namespace
+
+int check(const CommonOptions& common, const CheckOptions& options) {
+    if (options.listRules) return listRules();
+    Sites sites(common.only());
+    SiteFactsCache facts;
+    const SitePages pages = findSitePages(options.paths);
+    const auto report = makeCheckReport(options);
+    CheckTotals totals{.pages = pages.pages.size()};
+    report->begin();
+    for (const std::string& problem : pages.problems) {
+        ++totals.failed;
+        report->failure(problem.substr(0, problem.find(": ")),
+                        problem.substr(problem.find(": ") + 2));
+    }
+    Progress progress(pages.pages.size(), options.quiet);
+    runInOrder<InspectedPage>(
+        pages.pages.size(), options.jobs,
+        [&](std::size_t page) { return inspectPage(pages.pages[page], sites, facts); },
+        [&](std::size_t page, const InspectedPage& inspected) {
+            progress.hide();
+            tell(inspected, pages.pages[page].string(), pages.named[page], *report, totals);
+        },
+        [&](std::size_t finished) { progress.show(finished); });
+    report->end(totals);
+    progress.end(totals.summary());
+    return totals.status();
+}
+
+}  // namespace headerdtc::cli

@@ -1,0 +1,60 @@
+#include "cli/check_report.h"
+
+#include "cli/annotations.h"
+#include "cli/check_json.h"
+#include "cli/output.h"
+#include "cli/sarif.h"
+
+#include <set>
+
+namespace headerdtc::cli {
+namespace {
+
+// "HeaderDTC1, ZEKO, row 3"
+std::string placeOf(const Finding& finding) {
+    std::string place = finding.control;
+    if (finding.remark.family) place += ", " + std::string(traitsOf(*finding.remark.family).prefix);
+    if (finding.remark.row > 0) place += ", row " + std::to_string(finding.remark.row);
+    return place;
+}
+
+// For people, in the form in which compilers tell: editors find the line.
+class TextCheckReport : public CheckReport {
+  public:
+    void finding(const Finding& finding) override {
+        printLine(stdout, visible(finding.page + ":" + std::to_string(finding.line) + ": " +
+                                  std::string(nameOf(finding.severity)) + ": " +
+                                  finding.remark.text + " [" + std::string(finding.rule) + "]"));
+        printLine(stdout, visible("    " + placeOf(finding) + ": " + finding.remark.advice));
+    }
+
+    void failure(const std::string& page, const std::string& text) override {
+        // What is wrong with a whole site is said once, not for each of its pages.
+        if (said_.insert(text).second) printMessage(page, text);
+    }
+
+  private:
+    std::set<std::string> said_;
+};
+
+}  // namespace
+
+ExitStatus CheckTotals::status() const {
+    if (misconfigured) return WrongUsage;
+    if (failed > 0) return PageNotDone;
+    return errors + warnings > 0 ? CheckFoundSomething : Done;
+}
+
+std::string CheckTotals::summary() const {
+    return std::to_string(pages) + " pages looked at: " + std::to_string(errors) + " errors, " +
+           std::to_string(warnings) + " warnings, " + std::to_string(failed) + " not checked";
+}
+
+std::unique_ptr<CheckReport> makeCheckReport(const CheckOptions& options) {
+    if (options.json) return std::make_unique<CheckJson>();
+    if (options.sarif) return std::make_unique<SarifReport>();
+    if (options.annotations) return std::make_unique<AnnotationReport>();
+    return std::make_unique<TextCheckReport>();
+}
+
+}  // namespace headerdtc::cli

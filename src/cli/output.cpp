@@ -1,0 +1,54 @@
+#include "cli/output.h"
+
+#include <cstdlib>
+#include <unistd.h>
+
+namespace headerdtc::cli {
+namespace {
+
+constexpr const char* Replacement = "\xEF\xBF\xBD";
+
+}  // namespace
+
+void printLine(std::FILE* stream, std::string_view line) {
+    std::fwrite(line.data(), 1, line.size(), stream);
+    std::fputc('\n', stream);
+}
+
+void printMessage(std::string_view page, std::string_view text) {
+    std::string line(page);
+    printLine(stderr, line.append(": ").append(text));
+}
+
+bool isTerminal(std::FILE* stream) {
+    return isatty(fileno(stream)) != 0;
+}
+
+bool wantsColour(std::FILE* stream) {
+    const char* refused = std::getenv("NO_COLOR");
+    const char* terminal = std::getenv("TERM");
+    return isTerminal(stream) && !(refused && *refused) &&
+           !(terminal && std::string_view(terminal) == "dumb");
+}
+
+std::string visible(std::string_view text) {
+    std::string shown;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c == '\xC2' && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0) {
+            shown += Replacement;
+            ++i;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte < ' ' && c != '\t') || byte == 0x7F) {
+            shown += '^';
+            shown += static_cast<char>(byte ^ 0x40U);
+        } else {
+            shown += c;
+        }
+    }
+    return shown;
+}
+
+}  // namespace headerdtc::cli

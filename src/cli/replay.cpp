@@ -1,0 +1,125 @@
+#include "host/automation/replay.h"
+
+#include "cli/diff_output.h"
+#include "cli/output.h"
+#include "cli/site_commands.h"
+#include "host/generation/site_pages.h"
+#include "host/inspection/ordered_run.h"
+
+#include <iostream>
+#include <iterator>
+#include <set>
+
+namespace headerdtc::cli {
+namespace {
+
+using Outcome = ReplayedPage::Outcome;
+
+std::string readScript(const std::string& file) {
+    if (file == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
+    return readWholeFile(file).bytes;
+}
+
+// Shows what a script would change, page by page, and writes it where that is wanted.
+class Replay {
+  public:
+    Replay(Sites& sites, const ReplayOptions& options) : sites_(sites), options_(options) {}
+
+    void take(const std::string& page, bool named, const ReplayedPage& replayed) {
+        for (const std::string& message : replayed.messages)
+            printMessage(page, message);
+        for (const std::string& failure : replayed.failures) {
+            if (replayed.outcome != Outcome::NotConfigured) {
+                printMessage(page, failure);
+            } else if (said_.insert(failure).second) {
+                // One wrong configuration is said once, not for each of its pages.
+                printLine(stderr, failure);
+            }
+        }
+        switch (replayed.outcome) {
+            case Outcome::NoControl:
+                if (named) printMessage(page, "holds no HeaderDTC control");
+                break;
+            case Outcome::Unchanged:
+                break;
+            case Outcome::Changed:
+                change(page, replayed);
+                break;
+            case Outcome::NotConfigured:
+                misconfigured_ = true;
+                ++failed_;
+                break;
+            case Outcome::Failed:
+                ++failed_;
+                break;
+        }
+    }
+
+    void end() {
+        for (const auto& outcome : replacer_.commit()) {
+            if (outcome.problem.empty()) continue;
+            ++failed_;
+            printMessage(outcome.path.string(), outcome.problem);
+        }
+        printLine(stderr, std::to_string(changed_) +
+                              (options_.apply ? " pages changed, " : " pages would be changed, ") +
+                              std::to_string(failed_) + " not done" +
+                              (changed_ > 0 && !options_.apply ? "; --apply writes them" : ""));
+    }
+
+    void fail() { ++failed_; }
+
+    ExitStatus status() const {
+        if (misconfigured_) return WrongUsage;
+        if (failed_ > 0) return PageNotDone;
+        return changed_ > 0 && !options_.apply ? CheckFoundSomething : Done;
+    }
+
+  private:
+    void change(const std::string& page, const ReplayedPage& replayed) {
+        ++changed_;
+        printDiff(page, replayed.before, replayed.after,
+                  sites_.forPage(page)->configuration->codePage);
+        if (!options_.apply) return;
+        try {
+            replacer_.replace(page, replayed.after, replayed.stamp);
+        } catch (const FileError& error) {
+            ++failed_;
+            printMessage(page, error.problem());
+        }
+    }
+
+    Sites& sites_;
+    const ReplayOptions& options_;
+    FileReplacer replacer_;
+    std::set<std::string> said_;
+    std::size_t changed_ = 0, failed_ = 0;
+    bool misconfigured_ = false;
+};
+
+}  // namespace
+
+int replay(const CommonOptions& common, const ReplayOptions& options) {
+    return guarded([&] {
+        const std::string script = readScript(options.script);
+        Sites sites(common.only());
+        const SitePages pages = findSitePages(options.paths);
+        Replay replay(sites, options);
+        for (const std::string& problem : pages.problems) {
+            printLine(stderr, problem);
+            replay.fail();
+        }
+        runInOrder<ReplayedPage>(
+            pages.pages.size(), options.jobs,
+            [&](std::size_t page) {
+                return replayOnPage(sites, pages.pages[page], options.control, script);
+            },
+            [&](std::size_t page, const ReplayedPage& replayed) {
+                replay.take(pages.pages[page].string(), pages.named[page], replayed);
+            });
+        replay.end();
+        return replay.status();
+    });
+}
+
+}  // namespace headerdtc::cli

@@ -1,0 +1,245 @@
+// The commands on translations: check, export, import.
+
+#include "cli/json_lines.h"
+#include "cli/output.h"
+#include "cli/site_commands.h"
+#include "host/files/whole_file.h"
+#include "host/odbc/odbc_connection.h"
+#include "host/site/site.h"
+#include "host/translations/translation_file.h"
+#include "host/translations/translation_import.h"
+#include "host/translations/translation_rules.h"
+
+#include <algorithm>
+#include <map>
+
+namespace headerdtc::cli {
+namespace {
+
+using Action = ImportStep::Action;
+
+constexpr int SchemaVersion = 1;
+
+std::vector<std::string> localesOf(const TranslationTable& table,
+                                   const TranslationOptions& options) {
+    if (options.locales.empty()) return table.locales;
+    std::vector<std::string> locales = options.locales;
+    std::sort(locales.begin(), locales.end(), localeLess);
+    locales.erase(std::unique(locales.begin(), locales.end()), locales.end());
+    std::erase(locales, SourceLocale);
+    return locales;
+}
+
+TranslationTable readTable(Site& site) {
+    return TranslationTable::read(*openTranslations(site.database));
+}
+
+// How far one language is.
+struct Progress {
+    std::size_t texts = 0, missing = 0, faults = 0;
+};
+
+std::map<std::string, Progress> progressOf(const TranslationTable& table,
+                                           const std::vector<std::string>& locales,
+                                           const std::vector<TranslationFault>& faults) {
+    std::map<std::string, Progress> progress;
+    for (const std::string& locale : locales) {
+        progress[locale].texts = static_cast<std::size_t>(
+            std::count_if(table.entries.begin(), table.entries.end(), [&](const auto& entry) {
+                return entry.second.text(SourceLocale) && entry.second.text(locale);
+            }));
+    }
+    for (const TranslationFault& fault : faults) {
+        const auto found = progress.find(fault.locale);
+        if (found == progress.end()) continue;
+        ++(fault.rule == "missing" ? found->second.missing : found->second.faults);
+    }
+    return progress;
+}
+
+void tellAsText(const std::vector<TranslationFault>& faults,
+                const std::map<std::string, Progress>& progress) {
+    for (const TranslationFault& fault : faults) {
+        const std::string locale = fault.locale.empty() ? "" : fault.locale + " ";
+        printLine(stdout, locale + fault.label + ": " + visible(fault.text) + " [" +
+                              std::string(fault.rule) + "]");
+    }
+    for (const auto& [locale, each] : progress)
+        printLine(stdout, locale + ": " + std::to_string(each.texts) + " translated, " +
+                              std::to_string(each.missing) + " missing, " +
+                              std::to_string(each.faults) + " faults");
+}
+
+void tellAsJson(const std::vector<TranslationFault>& faults,
+                const std::map<std::string, Progress>& progress, ExitStatus status) {
+    JsonLines lines;
+    lines.begin("translations check", SchemaVersion);
+    for (const TranslationFault& fault : faults) {
+        JsonLines::Json line = {{"type", "finding"}, {"rule", fault.rule}, {"label", fault.label}};
+        if (!fault.locale.empty()) line["locale"] = fault.locale;
+        line["message"] = fault.text;
+        lines.write(line);
+    }
+    for (const auto& [locale, each] : progress)
+        lines.write({{"type", "language"},
+                     {"locale", locale},
+                     {"translated", each.texts},
+                     {"missing", each.missing},
+                     {"faults", each.faults}});
+    lines.write({{"type", "summary"}, {"findings", faults.size()}, {"exitStatus", status}});
+}
+
+// ---- import ------------------------------------------------------------------------------------
+
+const char* wordOf(Action action) {
+    switch (action) {
+        case Action::None:
+            return "unchanged";
+        case Action::Add:
+            return "added";
+        case Action::Change:
+            return "changed";
+        case Action::Refuse:
+            break;
+    }
+    return "refused";
+}
+
+std::size_t count(const std::vector<ImportStep>& plan, Action action) {
+    return static_cast<std::size_t>(std::count_if(
+        plan.begin(), plan.end(), [&](const ImportStep& step) { return step.action == action; }));
+}
+
+void tellAsText(const std::vector<ImportStep>& plan, bool written) {
+    for (const ImportStep& step : plan) {
+        std::string line = "line " + std::to_string(step.line) + ": " + step.label;
+        if (!step.locale.empty()) line += " " + step.locale;
+        line += std::string(" ") + wordOf(step.action);
+        if (step.action == Action::Refuse) line += ": " + step.reason;
+        if (step.action == Action::Add) line += ": \"" + visible(step.after) + "\"";
+        if (step.action == Action::Change)
+            line += ": \"" + visible(step.before) + "\" is now \"" + visible(step.after) + "\"";
+        printLine(stdout, line);
+    }
+    printLine(stdout, std::to_string(count(plan, Action::Add)) + " added, " +
+                          std::to_string(count(plan, Action::Change)) + " changed, " +
+                          std::to_string(count(plan, Action::None)) + " unchanged, " +
+                          std::to_string(count(plan, Action::Refuse)) + " refused; " +
+                          (written ? "written" : "nothing was written"));
+}
+
+void tellAsJson(const std::vector<ImportStep>& plan, bool written, ExitStatus status) {
+    JsonLines lines;
+    lines.begin("translations import", SchemaVersion);
+    for (const ImportStep& step : plan) {
+        JsonLines::Json line = {{"type", "cell"},
+                                {"line", step.line},
+                                {"label", step.label},
+                                {"action", wordOf(step.action)}};
+        if (!step.locale.empty()) line["locale"] = step.locale;
+        if (step.action == Action::Refuse) {
+            line["reason"] = step.reason;
+        } else {
+            line["before"] = step.before;
+            line["after"] = step.after;
+        }
+        lines.write(line);
+    }
+    lines.write({{"type", "summary"},
+                 {"added", count(plan, Action::Add)},
+                 {"changed", count(plan, Action::Change)},
+                 {"unchanged", count(plan, Action::None)},
+                 {"refused", count(plan, Action::Refuse)},
+                 {"written", written},
+                 {"exitStatus", status}});
+}
+
+// A file in whatever code page a spreadsheet left it is read as UTF-8: what is none is said, rather
+// than stored.
+std::string readUtf8(const std::string& file) {
+    std::string bytes = readWholeFile(file).bytes;
+    const CodePage& utf8 = CodePage::utf8();
+    if (utf8.decode(bytes) != bytes)
+        throw FileError(file, "it is no UTF-8; save it from the spreadsheet as \"CSV UTF-8\"");
+    return bytes;
+}
+
+}  // namespace
+
+int checkTranslations(const CommonOptions& common, const TranslationOptions& options) {
+    return guarded([&] {
+        Sites sites(common.only());
+        const TranslationTable table = readTable(*sites.forPage(options.place));
+        const auto locales = localesOf(table, options);
+        const auto faults = findTranslationFaults(table, locales);
+        const auto progress = progressOf(table, locales, faults);
+        const ExitStatus status = faults.empty() ? Done : CheckFoundSomething;
+        if (options.json) {
+            tellAsJson(faults, progress, status);
+        } else {
+            tellAsText(faults, progress);
+        }
+        return status;
+    });
+}
+
+int exportTranslations(const CommonOptions& common, const TranslationExportOptions& options) {
+    return guarded([&] {
+        Sites sites(common.only());
+        const TranslationTable table = readTable(*sites.forPage(options.common.place));
+        const std::string text =
+            headerdtc::exportTranslations(table, {.locales = localesOf(table, options.common),
+                                                  .onlyGaps = options.onlyGaps,
+                                                  .byteOrderMark = options.byteOrderMark});
+        if (options.output.empty()) {
+            std::fwrite(text.data(), 1, text.size(), stdout);
+            return Done;
+        }
+        FileReplacer replacer;
+        const FileStamp stamp = FileStamp::of(std::filesystem::path(options.output));
+        if (stamp.size < 0) {
+            replacer.create(options.output, text);
+        } else {
+            replacer.replace(options.output, text, stamp);
+        }
+        const std::string problem = replacer.commit().front().problem;
+        if (!problem.empty()) throw FileError(options.output, problem);
+        printLine(stdout, options.output);
+        return Done;
+    });
+}
+
+int importTranslations(const CommonOptions& common, const TranslationImportOptions& options) {
+    return guarded([&] {
+        Sites sites(common.only());
+        const auto site = sites.forPage(options.common.place);
+        const auto file = TranslationFile::parse(options.file, readUtf8(options.file));
+        if (!file.hasStates)
+            printLine(stderr, options.file +
+                                  ": has no column \"state\"; what was changed in the database "
+                                  "since the export cannot be told and is overwritten");
+
+        OdbcConnection connection(site->database.settings());
+        connection.Open(site->database.settings().connectString, "", "", -1);
+        const long longest = longestText(connection);
+        // What is read is what is changed: both in one transaction, which is undone unless it is
+        // committed.
+        connection.BeginTrans();
+        const auto plan = planImport(file, TranslationTable::read(connection), longest);
+        const std::size_t refused = count(plan, Action::Refuse);
+        const bool isWanted = !options.dryRun && (refused == 0 || options.skipRefused);
+        if (isWanted) {
+            applyImport(connection, plan, SystemClock().shortDate());
+            connection.CommitTrans();
+        }
+        const ExitStatus status = refused > 0 ? CheckFoundSomething : Done;
+        if (options.common.json) {
+            tellAsJson(plan, isWanted, status);
+        } else {
+            tellAsText(plan, isWanted);
+        }
+        return status;
+    });
+}
+
+}  // namespace headerdtc::cli

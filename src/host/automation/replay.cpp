@@ -1,0 +1,186 @@
+#include "host/automation/replay.h"
+
+#include "core/header_dtc.h"
+#include "host/automation/automation.h"
+#include "host/automation/property_json.h"
+#include "host/page/page_document.h"
+#include "platform/database.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "platform/text_files.h"
+
+#include <sstream>
+
+namespace headerdtc {
+namespace {
+
+using Outcome = ReplayedPage::Outcome;
+
+RuntimeError notInReplay(const std::string& what) {
+    return {static_cast<int>(ErrorNumber::PermissionDenied),
+            std::string(descriptionOf(ErrorNumber::PermissionDenied)) +
+                ": a replay does not write " + what};
+}
+
+// Answers questions; whatever would change the database is refused, and remembered.
+class ReadingDatabase : public Database {
+  public:
+    explicit ReadingDatabase(Database& database) : database_(database) {}
+
+    std::unique_ptr<Connection> createConnection() override {
+        return std::make_unique<ReadingConnection>(database_.createConnection(), refused);
+    }
+    std::string GetConnectString(std::int32_t kind) override {
+        return database_.GetConnectString(kind);
+    }
+    std::string labelConnectString() override { return database_.labelConnectString(); }
+
+    bool refused = false;
+
+  private:
+    class ReadingConnection : public Connection {
+      public:
+        ReadingConnection(std::unique_ptr<Connection> connection, bool& refused)
+            : connection_(std::move(connection)), refused_(refused) {}
+
+        void ConnectionString(const std::string& text) override {
+            connection_->ConnectionString(text);
+        }
+        void Open(const std::string& text, const std::string& user, const std::string& password,
+                  int options) override {
+            connection_->Open(text, user, password, options);
+        }
+        std::unique_ptr<Recordset> Execute(const std::string& statement, std::int32_t* affected,
+                                           int options) override {
+            constexpr std::string_view Question = "SELECT ";
+            if (!equalIgnoringCase(std::string_view(statement).substr(0, Question.size()),
+                                   Question)) {
+                refused_ = true;
+                throw notInReplay("to the translation database");
+            }
+            return connection_->Execute(statement, affected, options);
+        }
+        void BeginTrans() override { connection_->BeginTrans(); }
+        void CommitTrans() override { connection_->CommitTrans(); }
+        void Close() override { connection_->Close(); }
+
+      private:
+        std::unique_ptr<Connection> connection_;
+        bool& refused_;
+    };
+
+    Database& database_;
+};
+
+class ReadingTextFiles : public TextFiles {
+  public:
+    explicit ReadingTextFiles(TextFiles& files) : files_(files) {}
+
+    std::string readText(const std::string& path) override { return files_.readText(path); }
+    void writeText(const std::string& path, const std::string&) override {
+        refused = true;
+        throw notInReplay("other files than the page: " + path);
+    }
+
+    bool refused = false;
+
+  private:
+    TextFiles& files_;
+};
+
+// Takes the replies of a conversation apart: the first answers the opening, the others the lines
+// with something in them, one each.
+class Replies {
+  public:
+    Replies(const std::string& script, ReplayedPage& result) : result_(result) {
+        int number = 0;
+        for (std::string_view line : splitText(script, "\n")) {
+            ++number;
+            if (line.find_first_not_of(" \t\r") != std::string_view::npos) lines_.push_back(number);
+        }
+    }
+
+    void read(const std::string& replies) {
+        std::istringstream stream(replies);
+        std::size_t index = 0;
+        for (std::string text; std::getline(stream, text); ++index) {
+            const auto reply = nlohmann::json::parse(text);
+            for (const auto& event : reply["events"]) {
+                if (event.contains("message")) result_.messages.push_back(event["message"]);
+            }
+            if (reply["ok"]) continue;
+            const std::string error = reply["error"];
+            const bool isOfLine = index > 0 && index <= lines_.size();
+            result_.failures.push_back(
+                isOfLine ? "line " + std::to_string(lines_[index - 1]) + ": " + error : error);
+        }
+    }
+
+  private:
+    ReplayedPage& result_;
+    std::vector<int> lines_;  // numbers, from 1
+};
+
+void replay(Sites& sites, const std::filesystem::path& page, const std::string& controlId,
+            const std::string& script, ReplayedPage& result) {
+    const auto site = sites.forPage(page);
+    PageDocument document(page, site->configuration->codePage);
+    if (document.markup().controls().empty()) return;
+    result.stamp = document.stamp();
+    result.before = document.markup().bytes();
+    result.after = result.before;
+    const std::size_t index = document.controlIndex(controlId);
+
+    ReadingDatabase database(site->database);
+    ReadingTextFiles textFiles(site->textFiles);
+    EventLog events;
+    std::istringstream in(script);
+    std::ostringstream out;
+    Automation automation(in, out, events);
+    OpenControl control(site, page, document.markup().controls()[index],
+                        {events, events, events, automation, &database, &textFiles});
+    AutomationPage driven{
+        .control = control.dtc(),
+        .properties = [&] { return propertiesJson(control.properties()); },
+        .runtimeText = [&] { return control.runtimeText(); },
+        .save =
+            [&] {
+                result.after =
+                    document.bytesWith(index, control, PageDocument::Guard::RefuseLosses);
+                return result.after == result.before ? std::string() : page.string();
+            },
+    };
+    automation.converse(driven);
+    Replies(script, result).read(out.str());
+    if (database.refused)
+        result.failures.emplace_back("the script would write to the translation database");
+    if (textFiles.refused) result.failures.emplace_back("the script would write another file");
+    result.outcome = !result.failures.empty()        ? Outcome::Failed
+                     : result.after == result.before ? Outcome::Unchanged
+                                                     : Outcome::Changed;
+}
+
+}  // namespace
+
+ReplayedPage replayOnPage(Sites& sites, const std::filesystem::path& page,
+                          const std::string& control, const std::string& script) {
+    ReplayedPage result;
+    const auto fail = [&](Outcome outcome, const std::string& why) {
+        result.outcome = outcome;
+        result.failures.push_back(why);
+    };
+    try {
+        replay(sites, page, control, script, result);
+    } catch (const ConfigurationError& error) {
+        fail(Outcome::NotConfigured, error.what());
+    } catch (const FileError& error) {
+        const bool isPages = error.file() == page.string() && error.line() == 0;
+        fail(Outcome::Failed, isPages ? error.problem() : error.what());
+    } catch (const std::exception& error) {
+        fail(Outcome::Failed, error.what());
+    }
+    if (result.outcome != Outcome::Changed) result.after.clear();
+    return result;
+}
+
+}  // namespace headerdtc

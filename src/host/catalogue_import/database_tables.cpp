@@ -1,0 +1,58 @@
+#include "host/catalogue_import/database_tables.h"
+
+#include "host/odbc/odbc_metadata.h"
+#include "platform/text.h"
+
+#include <algorithm>
+
+namespace headerdtc {
+namespace {
+
+bool isWanted(const OdbcTable& table, const TableFilter& filter) {
+    if (!filter.schema.empty() && !equalIgnoringCase(table.schema, filter.schema)) return false;
+    return filter.patterns.empty() ||
+           std::any_of(filter.patterns.begin(), filter.patterns.end(),
+                       [&](const auto& pattern) { return fitsPattern(table.name, pattern); });
+}
+
+}  // namespace
+
+std::vector<DatabaseTable> readDatabaseTables(const std::string& connectString,
+                                              const OdbcDatabase::Settings& settings,
+                                              const TableFilter& filter) {
+    OdbcSession session(connectString, settings);
+    OdbcMetadata metadata(session);
+    std::vector<DatabaseTable> tables;
+    for (const OdbcTable& found : metadata.tables(filter.withViews)) {
+        if (!isWanted(found, filter)) continue;
+        DatabaseTable& table = tables.emplace_back();
+        table.name = found.name;
+        for (auto& column : metadata.columns(found))
+            table.columns.push_back(std::move(column.name));
+        if (found.type == "TABLE") table.key = metadata.primaryKey(found);
+    }
+    return tables;
+}
+
+bool fitsPattern(std::string_view name, std::string_view pattern) {
+    const std::string text = upperCase(name), wanted = upperCase(pattern);
+    std::size_t at = 0, in = 0;
+    std::size_t star = std::string::npos, afterStar = 0;  // the last one, and what it stands for
+    while (at < text.size()) {
+        if (in < wanted.size() && (wanted[in] == '?' || wanted[in] == text[at])) {
+            ++at;
+            ++in;
+        } else if (in < wanted.size() && wanted[in] == '*') {
+            star = in++;
+            afterStar = at;
+        } else if (star != std::string::npos) {
+            in = star + 1;
+            at = ++afterStar;
+        } else {
+            return false;
+        }
+    }
+    return wanted.find_first_not_of('*', in) == std::string::npos;
+}
+
+}  // namespace headerdtc

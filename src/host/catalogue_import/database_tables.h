@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/catalogue_import/catalogue_merge.h"
+#include "host/odbc/odbc_database.h"
+
+#include <string>
+#include <vector>
+
+namespace headerdtc {
+
+// Which tables of a database are wanted.
+struct TableFilter {
+    // Names, * and ? standing for any characters and for one; without regard to case. Empty: all.
+    std::vector<std::string> patterns;
+    std::string schema;  // empty: any
+    bool withViews = false;
+};
+
+// The tables of a live database, asked by ODBC's catalogue functions; it is only read. The
+// settings say where its data source is described. Raises RuntimeError, the driver's text without
+// secrets.
+std::vector<DatabaseTable> readDatabaseTables(const std::string& connectString,
+                                              const OdbcDatabase::Settings& settings,
+                                              const TableFilter& filter);
+
+// Whether a name fits a pattern with * and ?.
+bool fitsPattern(std::string_view name, std::string_view pattern);
+
+}  // namespace headerdtc

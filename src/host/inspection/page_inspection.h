@@ -1,0 +1,24 @@
+#pragma once
+
+#include "host/inspection/finding.h"
+#include "host/inspection/site_facts.h"
+#include "host/site/site.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace headerdtc {
+
+// What checking one page came to.
+struct InspectedPage {
+    bool hasControl = false;
+    std::vector<Finding> findings;  // by line
+    std::string failure;            // why it could not be checked; empty when it was
+    bool notConfigured = false;     // the failure is the configuration's
+};
+
+// Checks a page against every rule; writes nothing. Never throws for the page's sake. Thread-safe.
+InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts);
+
+}  // namespace headerdtc

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/inspection/page_view.h"
+
+#include <span>
+#include <string_view>
+
+namespace headerdtc {
+
+// A rule that pages are checked against.
+struct Rule {
+    std::string_view id;
+    Severity severity;
+    std::string_view summary;  // one line, what it finds
+    void (*check)(const ControlView&, Remarks&);
+};
+
+// All of them, in the order in which they are applied.
+std::span<const Rule> inspectionRules();
+
+}  // namespace headerdtc

@@ -1,0 +1,126 @@
+#include "host/inspection/rules/rules.h"
+
+#include <algorithm>
+
+namespace headerdtc::rules {
+namespace {
+
+bool isAmong(const std::vector<StoredItem>& items, std::string_view text) {
+    return std::any_of(items.begin(), items.end(),
+                       [&](const StoredItem& item) { return item.text == text; });
+}
+
+}  // namespace
+
+void requireOffered(const StoredItem& field, StoredRole role, Family family,
+                    const ProviderFields& offered, const std::string& provider, Remarks& remarks) {
+    if (field.text.empty() || offered.hasEntry(field.text)) return;
+    const auto name = fieldNameIn(field.text, family);
+    const auto now = name ? offered.entryOfName(*name) : std::nullopt;
+    remarks.push_back(about(field, family,
+                            std::string(nameOf(role)) + " " + inQuotes(field.text) +
+                                " is not offered by " + inQuotes(provider) +
+                                (now ? "; the field is " + inQuotes(*now) + " there" : ""),
+                            "remove it, or choose the field anew"));
+}
+
+void requireAllOffered(const std::vector<StoredItem>& fields, StoredRole role, Family family,
+                       const ProviderFields& offered, const std::string& provider,
+                       Remarks& remarks) {
+    if (fields.empty()) return;
+    if (offered.empty()) {
+        remarks.push_back(about(
+            fields.front(), family,
+            inQuotes(provider) + " offers nothing to " + std::string(traitsOf(family).prefix) +
+                ", but " + std::to_string(fields.size()) + " " + std::string(nameOf(role)) +
+                (fields.size() == 1 ? " is" : "s are") + " chosen",
+            "remove them, or describe the family in the catalogue"));
+        return;
+    }
+    for (const StoredItem& field : fields)
+        requireOffered(field, role, family, offered, provider, remarks);
+}
+
+void fieldsAreOffered(const ControlView& control, Remarks& remarks) {
+    const auto* provider = control.provider();
+    if (!provider) return;  // another rule's
+    const StoredConfiguration& configuration = control.configuration();
+    for (const Family family : BothFamilies) {
+        const auto& own = configuration.of(family);
+        requireAllOffered(own.returnFields, StoredRole::ReturnField, family, provider->of(family),
+                          configuration.dataProvider.text, remarks);
+        const auto requireReturned = [&](const std::vector<StoredItem>& fields, StoredRole role) {
+            for (const StoredItem& field : fields) {
+                if (field.text.empty() || isAmong(own.returnFields, field.text)) continue;
+                remarks.push_back(about(
+                    field, family,
+                    std::string(nameOf(role)) + " " + inQuotes(field.text) + " is no return field",
+                    "choose it as return field too, or take it out"));
+            }
+        };
+        requireReturned(own.translatedNames, StoredRole::TranslatedName);
+        requireReturned(own.translatedValues, StoredRole::TranslatedValue);
+    }
+}
+
+void keyFieldsAreOffered(const ControlView& control, Remarks& remarks) {
+    const auto* provider = control.provider();
+    if (!provider) return;
+    const StoredConfiguration& configuration = control.configuration();
+    for (const Family family : BothFamilies) {
+        const auto& own = configuration.of(family);
+        const ProviderFields& offered = provider->of(family);
+        const auto require = [&](const StoredItem& key, StoredRole role) {
+            const std::string_view name = trimBlanks(key.text);
+            if (name.empty() || offered.hasKeyField(name)) return;
+            remarks.push_back(about(
+                key, family,
+                std::string(nameOf(role)) + " " + inQuotes(name) + " is no key field of " +
+                    inQuotes(configuration.dataProvider.text),
+                role == StoredRole::KeyField ? "choose the provider anew, so that its keys are read"
+                                             : "choose a key field that is offered"));
+        };
+        for (const StoredItem& key : own.keyFields)
+            require(key, StoredRole::KeyField);
+        for (const auto& criterion : own.criteria)
+            require(criterion.key, StoredRole::CriterionKey);
+    }
+}
+
+// Only where the generation takes an entry apart: EAI return fields it writes whole.
+void fieldsHaveTheirSeparator(const ControlView& control, Remarks& remarks) {
+    for (const Family family : BothFamilies) {
+        const auto& own = control.configuration().of(family);
+        const auto require = [&](const StoredItem& field, StoredRole role, bool always = false) {
+            if ((field.text.empty() && !always) || fieldNameIn(field.text, family)) return;
+            remarks.push_back(about(field, family,
+                                    std::string(nameOf(role)) + " " + inQuotes(field.text) +
+                                        " has no " + inQuotes(traitsOf(family).separator) +
+                                        " before its name, which stops the generation",
+                                    "remove it and choose the field anew"));
+        };
+        if (family == Family::ZEKO) {
+            for (const StoredItem& field : own.returnFields)
+                require(field, StoredRole::ReturnField, true);
+            for (const StoredItem& field : own.linkedFields)
+                require(field, StoredRole::LinkedField, true);
+        }
+        for (const StoredItem& field : own.translatedNames)
+            require(field, StoredRole::TranslatedName);
+        for (const StoredItem& field : own.translatedValues)
+            require(field, StoredRole::TranslatedValue);
+        for (const auto& link : own.links)
+            require(link.from, StoredRole::LinkFrom);
+    }
+}
+
+std::string inQuotes(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
+
+Remark about(const StoredItem& item, std::optional<Family> family, std::string text,
+             std::string advice) {
+    return {family, item.row, item.property, std::move(text), std::move(advice)};
+}
+
+}  // namespace headerdtc::rules

@@ -1,0 +1,56 @@
+#include "host/diff/line_diff.h"
+#include "host/inspection/rules/rules.h"
+
+#include <algorithm>
+
+namespace headerdtc::rules {
+
+void textIsUpToDate(const ControlView& control, Remarks& remarks) {
+    const GeneratedPage& generated = control.page.generated();
+    if (generated.verdict != GeneratedPage::Verdict::Stale) return;
+    const PageMarkup& before = control.page.markup();
+    const PageMarkup after(before.file(), generated.after, before.codePage());
+    const int line = firstDifferentLine(before.textOf(control.span().whole),
+                                        after.textOf(after.controls().at(control.index).whole));
+    if (line == 0) return;
+    remarks.push_back({std::nullopt, 0, "", "the text is not what would be generated",
+                       "run 'headerdtc generate', or see the difference with 'headerdtc generate "
+                       "--check --diff'",
+                       control.span().line + line - 1});
+}
+
+void pageCanBeGenerated(const ControlView& control, Remarks& remarks) {
+    for (const auto& doubt : control.page.generated().doubts) {
+        if (doubt.control != control.index) continue;
+        remarks.push_back({std::nullopt, 0, "",
+                           "'headerdtc generate' would leave the page as it is: " + doubt.reason,
+                           "mend what is said of it, or save it all the same with 'headerdtc "
+                           "generate --force'",
+                           0});
+    }
+}
+
+void propertiesCanBeRead(const ControlView& control, Remarks& remarks) {
+    for (const auto& fault : control.configuration().faults) {
+        remarks.push_back({std::nullopt, 0, fault.property,
+                           "the stored property " + fault.property + " is " + inQuotes(fault.text) +
+                               ", which is no 16-bit number",
+                           "put the number back by hand: of the list's items, or of the grid's "
+                           "rows with its header",
+                           0});
+    }
+}
+
+void idIsItsOwn(const ControlView& control, Remarks& remarks) {
+    const auto& controls = control.page.markup().controls();
+    const auto first = std::find_if(
+        controls.begin(), controls.end(),
+        [&](const ControlSpan& other) { return equalIgnoringCase(other.id, control.span().id); });
+    if (first == controls.begin() + static_cast<std::ptrdiff_t>(control.index)) return;
+    remarks.push_back({std::nullopt, 0, "",
+                       "the control of line " + std::to_string(first->line) + " has the ID " +
+                           inQuotes(control.span().id) + " too",
+                       "give one of them another ID in its OBJECT element", 0});
+}
+
+}  // namespace headerdtc::rules

@@ -1,0 +1,104 @@
+#include "core/family_controls.h"
+#include "host/inspection/rules/rules.h"
+
+#include <algorithm>
+
+namespace headerdtc::rules {
+namespace {
+
+// The strictest of the engines that run these pages takes so many lines that end in " _", and one
+// more, as one statement.
+constexpr int MostContinuedLines = 24;
+
+// A quotation mark inside a text is written twice; a single one ends it.
+bool hasSingleQuote(std::string_view text) {
+    for (std::size_t i = text.find('"'); i != std::string_view::npos; i = text.find('"', i)) {
+        const std::size_t end = std::min(text.find_first_not_of('"', i), text.size());
+        if ((end - i) % 2 != 0) return true;
+        i = end;
+    }
+    return false;
+}
+
+// Why a text cannot stand between quotation marks in a script; empty when it can.
+std::string faultInString(std::string_view text) {
+    if (hasSingleQuote(text)) return "has a quotation mark that is not doubled";
+    if (text.find_first_of("\r\n") != std::string_view::npos) return "has a line end";
+    if (text.find("%>") != std::string_view::npos) return "has a %>, which ends the script";
+    return {};
+}
+
+// The same for the name of a file in an include directive.
+std::string faultInDirective(std::string_view text) {
+    if (text.find('"') != std::string_view::npos) return "has a quotation mark";
+    if (text.find_first_of("\r\n") != std::string_view::npos) return "has a line end";
+    if (text.find("-->") != std::string_view::npos) return "has a -->, which ends the directive";
+    return {};
+}
+
+int longestContinuation(std::string_view script) {
+    int longest = 0, now = 0;
+    for (std::string_view line : splitText(script, "\n")) {
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        now = line == "_" || line.ends_with(" _") || line.ends_with("\t_") ? now + 1 : 0;
+        longest = std::max(longest, now);
+    }
+    return longest;
+}
+
+std::string tooLong(int lines) {
+    return " makes a statement of " + std::to_string(lines + 1) + " lines; a script engine takes " +
+           std::to_string(MostContinuedLines + 1);
+}
+
+}  // namespace
+
+void valuesFitTheScript(const ControlView& control, Remarks& remarks) {
+    const StoredConfiguration& configuration = control.configuration();
+    const auto look = [&](StoredRole role, std::optional<Family> family, const StoredItem& item) {
+        const bool isWritten = role != StoredRole::ScriptName &&
+                               role != StoredRole::CriterionOperator &&
+                               (role != StoredRole::CriterionValue ||
+                                configuration.of(*family).typeOf(item.text) == CONSTANT);
+        if (!isWritten) return;
+        const std::string fault =
+            role == StoredRole::Include ? faultInDirective(item.text) : faultInString(item.text);
+        if (fault.empty()) return;
+        const std::string place =
+            std::string(nameOf(role)) + (item.row > 0 ? " " + std::to_string(item.row) : "");
+        remarks.push_back(about(item, family,
+                                place + ", " + inQuotes(item.text) + ", " + fault +
+                                    " and would break the generated script",
+                                role == StoredRole::CriterionValue
+                                    ? "write every quotation mark twice, and no line end"
+                                    : "choose it anew, or rename it where it comes from"));
+    };
+    forEachItem(configuration, look);
+}
+
+void statementsFitTheEngine(const ControlView& control, Remarks& remarks) {
+    const StoredConfiguration& configuration = control.configuration();
+    for (const Family family : BothFamilies) {
+        const auto& own = configuration.of(family);
+        const auto require = [&](const std::vector<StoredItem>& fields, const char* what) {
+            // The call's first line is continued too.
+            const int lines = static_cast<int>(fields.size()) + 1;
+            if (fields.empty() || lines <= MostContinuedLines) return;
+            remarks.push_back(about(fields.back(), family,
+                                    "translating the " + std::string(what) + " of " +
+                                        std::to_string(fields.size()) + " fields" + tooLong(lines),
+                                    "translate at most " + std::to_string(MostContinuedLines - 1)));
+        };
+        require(own.translatedNames, "names");
+        require(own.translatedValues, "values");
+    }
+    for (const auto& script : configuration.scripts) {
+        const int lines = longestContinuation(script.text);
+        if (lines <= MostContinuedLines) continue;
+        remarks.push_back(about(script.name, std::nullopt,
+                                "the local script " + inQuotes(script.name.text) + tooLong(lines),
+                                "break the statement into several"));
+    }
+}
+
+}  // namespace headerdtc::rules

@@ -1,0 +1,164 @@
+#include "host/inspection/site_facts.h"
+
+#include "host/files/whole_file.h"
+#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "runtime/runtime_text.h"
+#include "scripts/install_directory.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace headerdtc {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::optional<fs::path> ifFile(const fs::path& path) {
+    std::error_code failure;
+    return fs::is_regular_file(path, failure) ? std::optional(path) : std::nullopt;
+}
+
+// A file of this machine, its components found without regard to case.
+std::optional<fs::path> findAnyCase(const fs::path& path) {
+    try {
+        return ifFile(WindowsPaths().toLocal("Z:" + path.lexically_normal().string()));
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+// How many letters have to be added, removed or replaced to make one text of the other; letters
+// compare without regard to case.
+std::size_t editDistance(std::string_view from, std::string_view to) {
+    const std::string a = upperCase(from), b = upperCase(to);
+    std::vector<std::size_t> row(b.size() + 1);
+    for (std::size_t j = 0; j <= b.size(); ++j)
+        row[j] = j;
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i);
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
+            diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
+        }
+    }
+    return row.back();
+}
+
+}  // namespace
+
+SiteFacts::SiteFacts(const std::shared_ptr<Site>& site)
+    : site_(site), catalogue_(site->dataSources.current()) {
+    installDir_ = installDirectoryOf(site->registry);
+    if (installDir_.empty()) {
+        const auto& registry = site->configuration->registry;
+        throw FileError(registry.empty() ? site->configuration->folder.string() : registry.string(),
+                        "the install directory cannot be read from " +
+                            std::string(InstallDirValue) +
+                            "; 'headerdtc doctor' says what is missing");
+    }
+    for (const auto& provider : catalogue_->providers)
+        providers_.try_emplace(provider.name, Provider{ProviderFields(provider, Family::EAI),
+                                                       ProviderFields(provider, Family::ZEKO)});
+}
+
+const SiteFacts::Provider* SiteFacts::provider(const std::string& name) const {
+    const auto found = providers_.find(name);
+    return found == providers_.end() ? nullptr : &found->second;
+}
+
+std::string SiteFacts::similarProvider(std::string_view name) const {
+    std::string nearest;
+    std::size_t smallest = std::max<std::size_t>(1, name.size() / 3) + 1;
+    for (const auto& provider : catalogue_->providers) {
+        const std::size_t distance = editDistance(name, provider.name);
+        if (distance >= smallest) continue;
+        smallest = distance;
+        nearest = provider.name;
+    }
+    return nearest;
+}
+
+std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
+    try {
+        const auto& drives = site_->configuration->drives;
+        if (auto file = ifFile(drives.toLocal(installDir_ + std::string(sitePath)))) return file;
+    } catch (const RuntimeError&) {
+        // A drive that leads nowhere: the project may still have the file.
+    }
+    // With a slash at its front too it is a path below the root.
+    return findAnyCase(site_->configuration->projectRoot.string() + "/" +
+                       replaceAll(sitePath, "\\", "/"));
+}
+
+std::optional<fs::path> SiteFacts::findIncluded(const ScriptText::Include& include,
+                                                const fs::path& includer) const {
+    if (include.isVirtual) return find(include.path);
+    return findAnyCase(includer.parent_path() / replaceAll(include.path, "\\", "/"));
+}
+
+const ScriptText& SiteFacts::scriptOf(const fs::path& file) {
+    const auto found = scripts_.find(file);
+    if (found != scripts_.end()) return found->second;
+    ScriptText script;
+    try {
+        const std::string bytes = readWholeFile(file).bytes;
+        script = ScriptText::read(site_->configuration->codePage.decode(bytes));
+    } catch (const FileError&) {
+        // It defines nothing; that it cannot be read is for another rule to say.
+    }
+    return scripts_.emplace(file, std::move(script)).first->second;
+}
+
+void SiteFacts::collect(const ScriptText& script, const fs::path& file, Functions& all,
+                        std::unordered_set<std::string>& seen) {
+    all.insert(script.functions.begin(), script.functions.end());
+    for (const auto& include : script.includes) {
+        const auto included = findIncluded(include, file);
+        if (included && seen.insert(included->string()).second)
+            collect(scriptOf(*included), *included, all, seen);
+    }
+}
+
+const SiteFacts::Functions& SiteFacts::functionsOf(const fs::path& file) {
+    const std::lock_guard lock(mutex_);
+    const auto found = functions_.find(file);
+    if (found != functions_.end()) return found->second;
+    Functions all;
+    std::unordered_set<std::string> seen{file.string()};
+    collect(scriptOf(file), file, all, seen);
+    return functions_.emplace(file, std::move(all)).first->second;
+}
+
+void SiteFacts::addFunctions(std::string_view text, const fs::path& file, Functions& all) {
+    const ScriptText script = ScriptText::read(text);
+    const std::lock_guard lock(mutex_);
+    std::unordered_set<std::string> seen{file.string()};
+    collect(script, file, all, seen);
+}
+
+const SiteFacts::Functions& SiteFacts::functionsOfTemplate() {
+    const std::lock_guard lock(mutex_);
+    if (templateFunctions_) return *templateFunctions_;
+    templateFunctions_.emplace();
+    try {
+        const std::string path = installDir_ + std::string(TemplateFile);
+        const ScriptText script = ScriptText::read(site_->textFiles.readText(path));
+        std::unordered_set<std::string> seen;
+        // Its includes are those of the pages that it becomes a part of: only those from the root
+        // of the site are the same for all of them.
+        collect(script, site_->configuration->projectRoot / "page", *templateFunctions_, seen);
+    } catch (const RuntimeError&) {
+        // A template that cannot be read fails every page, which says so.
+    }
+    return *templateFunctions_;
+}
+
+std::shared_ptr<SiteFacts> SiteFactsCache::of(const std::shared_ptr<Site>& site) {
+    const std::lock_guard lock(mutex_);
+    auto& facts = facts_[site];
+    if (!facts) facts = std::make_shared<SiteFacts>(site);
+    return facts;
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace headerdtc {
+
+// Tables as comma-separated values, RFC 4180. Text is UTF-8.
+
+struct CsvRecord {
+    int line = 0;  // on which it begins, from 1
+    std::vector<std::string> cells;
+};
+
+// Reads a whole table. Records end at CR LF or LF; a byte-order mark is passed over, and so are
+// lines with nothing in them. Cells are parted by what stands behind the first one, which
+// spreadsheets of some countries write: a comma, a semicolon or a tab. Throws FileError with the
+// line for a quotation mark that is not closed, or that has more behind it in its cell.
+std::vector<CsvRecord> readCsv(const std::string& file, std::string_view text);
+
+// One record, its line end CR LF included. A cell is quoted where it has to be.
+std::string csvRecord(const std::vector<std::string>& cells);
+
+inline constexpr std::string_view Utf8ByteOrderMark = "\xEF\xBB\xBF";
+
+}  // namespace headerdtc

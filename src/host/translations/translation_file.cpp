@@ -1,0 +1,166 @@
+#include "host/translations/translation_file.h"
+
+#include "host/files/file_error.h"
+#include "host/translations/csv.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+
+namespace headerdtc {
+namespace {
+
+constexpr std::string_view Key = "key", Source = "source", Comment = "comment", State = "state";
+constexpr const char* NoText = "-";
+
+bool isLocale(std::string_view head) {
+    return !head.empty() && head.size() <= 9 &&
+           std::all_of(head.begin(), head.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// "1033:8c1f0a2b 1031:-"
+std::string stateOf(const TranslationTable::Entry& entry, const std::vector<std::string>& locales) {
+    std::string state = SourceLocale + (":" + textFingerprint(entry.text(SourceLocale)));
+    for (const std::string& locale : locales)
+        state += " " + locale + ":" + textFingerprint(entry.text(locale));
+    return state;
+}
+
+std::map<std::string, std::string> statesIn(std::string_view state) {
+    std::map<std::string, std::string> states;
+    for (const std::string_view each : splitText(trimBlanks(state), " ")) {
+        const auto colon = each.find(':');
+        if (colon != std::string_view::npos)
+            states.emplace(each.substr(0, colon), each.substr(colon + 1));
+    }
+    return states;
+}
+
+// What a column of the file is.
+struct Column {
+    enum class Is { Key, Source, Locale, State, Other } is = Is::Other;
+    std::string locale;
+};
+
+Column columnOf(std::string_view head) {
+    head = trimBlanks(head);
+    if (equalIgnoringCase(head, Key)) return {Column::Is::Key, ""};
+    if (equalIgnoringCase(head.substr(0, Source.size()), Source)) return {Column::Is::Source, ""};
+    if (equalIgnoringCase(head, State)) return {Column::Is::State, ""};
+    if (isLocale(head)) return {Column::Is::Locale, std::string(head)};
+    return {};
+}
+
+std::vector<Column> columnsOf(const std::string& file, const CsvRecord& heads) {
+    std::vector<Column> columns;
+    for (const std::string& head : heads.cells) {
+        Column column = columnOf(head);
+        const bool isRepeated =
+            column.is != Column::Is::Other &&
+            std::any_of(columns.begin(), columns.end(), [&](const Column& other) {
+                return other.is == column.is && other.locale == column.locale;
+            });
+        if (isRepeated)
+            throw FileError(file, heads.line, 0, "the column \"" + head + "\" is there twice");
+        columns.push_back(std::move(column));
+    }
+    const bool hasKey = std::any_of(columns.begin(), columns.end(), [](const Column& column) {
+        return column.is == Column::Is::Key;
+    });
+    if (!hasKey)
+        throw FileError(file, heads.line, 0,
+                        "there is no column \"key\"; the first line has to name the columns, as "
+                        "'headerdtc translations export' writes it");
+    return columns;
+}
+
+TranslationFile::Row rowOf(const CsvRecord& record, const std::vector<Column>& columns) {
+    TranslationFile::Row row;
+    row.line = record.line;
+    for (std::size_t i = 0; i < std::min(columns.size(), record.cells.size()); ++i) {
+        const std::string& cell = record.cells[i];
+        switch (columns[i].is) {
+            case Column::Is::Key:
+                row.label = trimBlanks(cell);
+                break;
+            case Column::Is::Source:
+                row.source = cell;
+                break;
+            case Column::Is::Locale:
+                row.texts.emplace(columns[i].locale, cell);
+                break;
+            case Column::Is::State:
+                row.states = statesIn(cell);
+                break;
+            case Column::Is::Other:
+                break;
+        }
+    }
+    return row;
+}
+
+}  // namespace
+
+std::string textFingerprint(const std::string* text) {
+    if (!text) return NoText;
+    // FNV-1a: the same everywhere, and small enough for a cell that nobody reads.
+    std::uint32_t hash = 2166136261U;
+    for (const char c : *text)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+    char digits[9];
+    std::snprintf(digits, sizeof digits, "%08x", hash);
+    return digits;
+}
+
+TranslationFile TranslationFile::parse(const std::string& file, std::string_view text) {
+    const auto records = readCsv(file, text);
+    if (records.empty()) throw FileError(file, "there is nothing in it");
+    const auto columns = columnsOf(file, records.front());
+    TranslationFile result;
+    for (const Column& column : columns) {
+        if (column.is == Column::Is::Locale && column.locale != SourceLocale)
+            result.locales.push_back(column.locale);
+        result.hasStates = result.hasStates || column.is == Column::Is::State;
+    }
+    for (std::size_t i = 1; i < records.size(); ++i) {
+        Row row = rowOf(records[i], columns);
+        // The source's locale may head its column too.
+        if (const auto source = row.texts.extract(SourceLocale); source && !row.source)
+            row.source = source.mapped();
+        result.rows.push_back(std::move(row));
+    }
+    return result;
+}
+
+std::string exportTranslations(const TranslationTable& table, const ExportOptions& options) {
+    std::vector<std::string> heads{std::string(Key),
+                                   std::string(Source) + " (" + SourceLocale + ")"};
+    heads.insert(heads.end(), options.locales.begin(), options.locales.end());
+    heads.emplace_back(Comment);
+    heads.emplace_back(State);
+    std::string text(options.byteOrderMark ? Utf8ByteOrderMark : "");
+    text += csvRecord(heads);
+    for (const auto& [label, entry] : table.entries) {
+        const std::string* source = entry.text(SourceLocale);
+        if (!source) continue;
+        const bool hasGap =
+            std::any_of(options.locales.begin(), options.locales.end(),
+                        [&entry = entry](const auto& locale) { return !entry.text(locale); });
+        if (options.onlyGaps && !hasGap) continue;
+        std::vector<std::string> cells{label, *source};
+        for (const std::string& locale : options.locales) {
+            const std::string* translated = entry.text(locale);
+            cells.push_back(translated ? *translated : "");
+        }
+        std::string comment;
+        for (const std::string& place : entry.places)
+            comment += (comment.empty() ? "" : "; ") + place;
+        cells.push_back(std::move(comment));
+        cells.push_back(stateOf(entry, options.locales));
+        text += csvRecord(cells);
+    }
+    return text;
+}
+
+}  // namespace headerdtc

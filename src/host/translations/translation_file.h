@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/translations/translation_table.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace headerdtc {
+
+// A translation database as translators get it: a table with one row for each label. Its columns
+// are "key", the label; "source (1033)"; one for each language, headed by its locale; "comment",
+// where the label is used; and "state", by which an import sees what was changed in the database
+// since. Columns are known by their heads; whatever others a spreadsheet adds is passed over.
+struct TranslationFile {
+    struct Row {
+        int line = 0;  // in the file, from 1
+        std::string label;
+        std::optional<std::string> source;
+        std::map<std::string, std::string> texts;   // by locale
+        std::map<std::string, std::string> states;  // fingerprints at the time of the export
+    };
+
+    std::vector<std::string> locales;  // of its columns, in their order
+    bool hasStates = false;
+    std::vector<Row> rows;
+
+    // Throws FileError with the line for a table without a "key", for a column that is there twice,
+    // and for what readCsv refuses.
+    static TranslationFile parse(const std::string& file, std::string_view text);
+};
+
+// What stands for a text in the column "state"; nothing for one that is not there.
+std::string textFingerprint(const std::string* text);
+
+struct ExportOptions {
+    std::vector<std::string> locales;
+    bool onlyGaps = false;       // only labels that lack a text in one of them
+    bool byteOrderMark = false;  // for spreadsheets that take a file without one for something else
+};
+
+// The file of a database, UTF-8. Labels without a text to translate from are left out: there is
+// nothing to translate.
+std::string exportTranslations(const TranslationTable& table, const ExportOptions& options);
+
+}  // namespace headerdtc

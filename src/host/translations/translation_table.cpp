@@ -1,0 +1,52 @@
+#include "host/translations/translation_table.h"
+
+#include <algorithm>
+#include <set>
+
+namespace headerdtc {
+namespace {
+
+template <class Row>
+std::string placeOf(const Row& row) {
+    return row.provider + " " + row.family + " " + row.field;
+}
+
+}  // namespace
+
+bool localeLess(const std::string& a, const std::string& b) {
+    return a.size() != b.size() ? a.size() < b.size() : a < b;
+}
+
+const std::string* TranslationTable::Entry::text(const std::string& locale) const {
+    const auto found = texts.find(locale);
+    return found == texts.end() || found->second.empty() ? nullptr : &found->second;
+}
+
+TranslationTable TranslationTable::gather(const std::vector<TextRow>& texts,
+                                          const std::vector<FieldNameRow>& names,
+                                          const std::vector<FieldValueRow>& values) {
+    TranslationTable table;
+    std::set<std::string> locales;
+    for (const TextRow& row : texts) {
+        Entry& entry = table.entries[row.label];
+        if (!entry.texts.emplace(row.locale, row.text).second) entry.repeated.push_back(row.locale);
+        if (row.locale != SourceLocale && !row.text.empty()) locales.insert(row.locale);
+    }
+    for (const FieldNameRow& row : names) {
+        if (!row.label.empty()) table.entries[row.label].places.push_back(placeOf(row));
+    }
+    for (const FieldValueRow& row : values) {
+        if (!row.label.empty())
+            table.entries[row.label].places.push_back(placeOf(row) + " = " + row.value);
+    }
+    table.locales.assign(locales.begin(), locales.end());
+    std::sort(table.locales.begin(), table.locales.end(), localeLess);
+    return table;
+}
+
+TranslationTable TranslationTable::read(Connection& connection) {
+    return gather(readTextRows(connection), readFieldNameRows(connection),
+                  readFieldValueRows(connection));
+}
+
+}  // namespace headerdtc

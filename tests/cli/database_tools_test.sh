@@ -1,0 +1,104 @@
+#!/usr/bin/env bash
+# database_tools_test.sh HEADERDTC PROJECT: the commands on translations and on the catalogue, as a
+# user would run them, on the site of a harbour office.
+set -u
+headerdtc=$1
+project=$2
+# shellcheck source=tests/cli/checks.sh
+. "$project/tests/cli/checks.sh"
+# shellcheck source=tests/cli/harbour_site.sh
+. "$project/tests/cli/harbour_site.sh"
+harbour_site site
+texts() { sqlite3 site/texts.sqlite "SELECT LABEL, LOCALEID, TEXT FROM I18NTEXT ORDER BY 1, 2"; }
+
+# ---- translations -------------------------------------------------------------------------------
+sqlite3 site/texts.sqlite <<'END'
+INSERT INTO I18NTEXT VALUES
+    ('H1', 'Ship', 1033, '1/2/2000', 0), ('H1', 'Schiff', 1031, '1/2/2000', 0),
+    ('H2', 'Free berths:', 1033, '1/2/2000', 0), ('H2', 'Freie Plätze', 1031, '1/2/2000', 0),
+    ('H3', 'Say "hi", pilot', 1033, '1/2/2000', 0);
+INSERT INTO I18NFIELDNAMES VALUES ('Ships', 'zeko', 'IMO', 'H1'), ('Ships', 'zeko', 'FLAG', 'H9');
+END
+check 1 "$headerdtc" translations check site
+expect "$out" '1031 H2: "Freie Plätze" does not end with ":" like the source [end-punctuation]'
+expect "$out" '1031 H3: is not translated: "Say "hi", pilot" [missing]'
+expect "$out" 'H9: has no text in any language, but translates Ships zeko FLAG [unknown-label]'
+expect "$out" '1031: 2 translated, 1 missing, 1 faults'
+check 1 "$headerdtc" translations check --json site
+expect_lines translations-check
+
+check 0 "$headerdtc" translations export --bom -o texts.csv --locale 1031 --locale 1036 site
+head -c 3 texts.csv | cmp -s - <(printf '\xEF\xBB\xBF') || fail "no byte-order mark"
+expect "$(cat texts.csv)" 'key,source (1033),1031,1036,comment,state'
+expect "$(cat texts.csv)" 'H3,"Say ""hi"", pilot",,,,'
+before=$(texts)
+check 0 "$headerdtc" translations import texts.csv site
+expect "$out" '0 added, 0 changed, 6 unchanged, 0 refused'
+[[ $(texts) == "$before" ]] || fail "an unedited file changed the database"
+
+# Edited as by a translator: exactly those cells change, and a dry run changes none.
+sed -i 's/H1,Ship,Schiff,,/H1,Ship,Boot,"Le ""Navire""",/; s/,Freie Plätze,,/,Freie Plätze:,,/' texts.csv
+check 0 "$headerdtc" translations import --dry-run texts.csv site
+expect "$out" 'line 2: H1 1031 changed: "Schiff" is now "Boot"'
+[[ $(texts) == "$before" ]] || fail "a dry run wrote"
+check 0 "$headerdtc" translations import --json texts.csv site
+expect_lines translations-import
+diff <(echo "$before") <(texts) >changed
+[[ $(grep -c '^>' changed) == 3 ]] || fail "not exactly three texts changed: $(cat changed)"
+expect "$(cat changed)" '> H1|1036|Le "Navire"'
+
+# Changed in the database meanwhile: refused, and nothing else is written either.
+check 0 "$headerdtc" translations export -o later.csv site
+sqlite3 site/texts.sqlite "UPDATE I18NTEXT SET TEXT = 'Kahn' WHERE LABEL = 'H1' AND LOCALEID = 1031"
+sed -i "s/H1,Ship,Boot/H1,Ship,Dampfer/; s/,Freie Plätze:/,Plätze:/" later.csv
+before=$(texts)
+check 1 "$headerdtc" translations import later.csv site
+expect "$out" 'line 2: H1 1031 refused: it was changed in the database since the export'
+expect "$out" 'nothing was written'
+[[ $(texts) == "$before" ]] || fail "a refused import wrote"
+check 1 "$headerdtc" translations import --skip-refused later.csv site
+expect "$(texts)" 'H2|1031|Plätze:'
+expect "$(texts)" 'H1|1031|Kahn'
+
+printf 'key,1031\nH1,Gr\xfc\xdfe\n' >latin.csv
+check 3 "$headerdtc" translations import latin.csv site
+expect "$err" 'latin.csv: it is no UTF-8'
+mv site/texts.sqlite kept
+check 3 "$headerdtc" translations check site
+mv kept site/texts.sqlite
+
+# ---- catalogue ----------------------------------------------------------------------------------
+sqlite3 data.sqlite 'CREATE TABLE SHIP (IMO INTEGER PRIMARY KEY, FLAG TEXT, LENGTH REAL);
+    CREATE TABLE BERTHS (BERTH TEXT, SIDE TEXT, DEPTH REAL, PRIMARY KEY (BERTH, SIDE));
+    CREATE VIEW LONG_SHIP AS SELECT IMO FROM SHIP;'
+connect="DRIVER=SQLite3;Database=$folder/data.sqlite;PWD=quayside"
+cp site/providers.json before.json
+check 1 "$headerdtc" catalogue check --connect "$connect" site
+expect "$out" '+ Ships: EAI SHIP.LENGTH'
+expect "$out" '- Ships: ZEKO 3 - BERTH'
+expect "$out" '+ Berths: ZEKO 3 - SIDE'
+expect "$out" '~ Berths: ZEKO key fields BERTH, SIDE (were BERTH)'
+check 1 "$headerdtc" catalogue check --json --connect "$connect" site
+expect_lines catalogue-check
+check 0 "$headerdtc" catalogue import --dry-run --connect "$connect" site
+cmp -s site/providers.json before.json || fail "a dry run wrote the catalogue"
+check 0 env HEADERDTC_CONNECT="$connect" "$headerdtc" catalogue import --table ship site
+expect "$out" '+ Ships: EAI SHIP.LENGTH'
+[[ $out != *Berths* ]] || fail "a table that was not asked for"
+check 0 "$headerdtc" catalogue import --json --connect "$connect" site
+expect_lines catalogue-import
+check 0 "$headerdtc" catalogue check --connect "$connect" site
+expect_empty "$out"
+# What is gone is told of the pages that have it.
+check 1 "$headerdtc" check site/traffic/ships.asp
+expect "$out" 'return field "3 - BERTH" is not offered by "Ships"'
+
+check 0 "$headerdtc" catalogue import --connect "$connect" --catalogue new.json --views \
+    --table '*ship' --provider Port site
+[[ $(jq -c '[.providers[] | [.name, [.eai.groups[].name]]]' new.json) == '[["Port",["LONG_SHIP","SHIP"]]]' ||
+    $(jq -c '[.providers[] | [.name, [.eai.groups[].name]]]' new.json) == '[["Port",["SHIP","LONG_SHIP"]]]' ]] ||
+    fail "not one provider of two tables: $(cat new.json)"
+check 3 "$headerdtc" catalogue check --connect "DSN=Nowhere;PWD=quayside" site
+check 2 "$headerdtc" catalogue check site
+
+finish

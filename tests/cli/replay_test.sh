@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# replay_test.sh HEADERDTC PROJECT: automation scripts over many pages, as a user would run them, on
+# the site of a harbour office.
+set -u
+headerdtc=$1
+project=$2
+# shellcheck source=tests/cli/checks.sh
+. "$project/tests/cli/checks.sh"
+# shellcheck source=tests/cli/harbour_site.sh
+. "$project/tests/cli/harbour_site.sh"
+harbour_site site
+
+# Both pages get another include file; nothing is written before it is wanted.
+cat >steps <<'END'
+{"do":"type","control":"IncludeASPText","text":"Include/Locks.asp"}
+{"do":"click","control":"IncludeASPAddCommand"}
+{"do":"save"}
+END
+cp -r site before
+check 1 "$headerdtc" automate --over site steps
+[[ $(grep -c '^+	<PARAM NAME="ExtraIncludes' out) == 2 ]] || fail "not both pages change: $out"
+expect "$out" '+<!--#INCLUDE file ="../Include/Locks.asp" -->'
+expect "$err" '2 pages would be changed, 0 not done; --apply writes them'
+diff -r site before >changed || fail "the difference alone wrote: $(cat changed)"
+cp out shown.diff
+check 0 "$headerdtc" automate --over --apply site - <steps
+cmp -s out shown.diff || fail "another difference was shown when it was written"
+(cd before && sed 's/^\(---\|+++\) site/\1 ./' ../shown.diff | patch -s -p0) ||
+    fail "patch refused the difference"
+diff -r site before >changed || fail "written and shown are not the same: $(cat changed)"
+check 0 "$headerdtc" generate --check site
+check 1 "$headerdtc" check site
+expect "$out" 'missing-include'
+
+# The same as the editor's own save, page by page.
+cp -r before one
+sed -i 's/Locks/Gates/' steps
+"$headerdtc" automate one/traffic/ships.asp <steps >made.log
+check 0 "$headerdtc" automate --over --apply before/traffic/ships.asp steps
+cmp -s one/traffic/ships.asp before/traffic/ships.asp || fail "a replay saves otherwise"
+
+# A line that a page refuses fails that page alone, and is named.
+printf '%s\n' '{"do":"tab","index":2}' \
+    '{"do":"select","control":"ZEKOSelectedFieldsList","items":[1]}' \
+    '{"do":"click","control":"ZEKORemoveField"}' '{"do":"save"}' >fields
+sed -i 's/VALUE="Ships"/VALUE="Tugs"/' site/traffic/ships.asp
+check 3 "$headerdtc" automate --over --apply site fields
+expect "$err" 'site/traffic/ships.asp: line 4: '
+expect "$out" '--- site/traffic/today/berths.asp'
+check 2 "$headerdtc" automate --over site
+check 2 "$headerdtc" automate --apply site/traffic/ships.asp
+check 3 "$headerdtc" automate --over site nowhere
+
+# ---- completions --------------------------------------------------------------------------------
+completed() {  # completed WORD...: what bash offers for the last word
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMPREPLY=()
+    _headerdtc
+    echo "${COMPREPLY[*]}"
+}
+check 0 "$headerdtc" completion bash
+# shellcheck disable=SC1091
+. ./out
+[[ $(completed headerdtc wh) == where ]] || fail "no completion of a command"
+[[ $(completed headerdtc translations imp) == import ]] || fail "no completion of a command below"
+expect "$(completed headerdtc translations import --)" "--dry-run"
+expect "$(completed headerdtc generate --ch)" "--check"
+[[ $(completed headerdtc check si) == site ]] || fail "no completion of a folder"
+[[ $(completed headerdtc --config st) == steps ]] || fail "no completion of a file: "
+expect_empty "$(completed headerdtc where --field s)"
+for shell in zsh fish; do
+    check 0 "$headerdtc" completion "$shell"
+    ! command -v "$shell" >/dev/null || "$shell" -n out || fail "$shell refuses its completions"
+done
+check 2 "$headerdtc" completion tcsh
+
+# ---- nothing is left out of the manual page -----------------------------------------------------
+check 0 "$headerdtc" completion fish
+manual=$(sed 's/Fl -/--/g; s/\\-/-/g' "$project/packaging/man/headerdtc.1")
+while read -r option; do
+    [[ $manual == *"--$option"* ]] || fail "the manual page does not know --$option"
+done < <(grep -o ' -l [a-z-]*' out | cut -d' ' -f3 | sort -u)
+
+finish

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "host/generation/site_generation.h"
+#include "host/inspection/page_inspection.h"
+#include "support/temp_site.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace headerdtc::testing {
+
+// The site of a harbour office: ships and berths, with include file, stylesheet and template.
+class HarbourSite : public TempSite {
+  public:
+    using Params = std::vector<std::pair<std::string, std::string>>;
+
+    HarbourSite() {
+        write("catalogue.json", R"({"providers": [
+  {"name": "Ships",
+   "zeko": {"fields": [{"number": 1, "name": "IMO"}, {"number": 2, "name": "FLAG"},
+                       {"number": 3, "name": "BERTH"}],
+            "keyFields": ["IMO", "BERTH"]},
+   "eai": {"groups": [{"name": "SHIP", "fields": ["IMO", "FLAG"]}], "keyFields": ["IMO"]}},
+  {"name": "Berths",
+   "zeko": {"fields": [{"number": 1, "name": "BERTH"}, {"number": 2, "name": "DEPTH"}],
+            "keyFields": ["BERTH"]}}]})");
+        write("c/Suite/xsl/Generic.xsl", "<xsl/>");
+        write("c/Suite/Include/Tides.asp",
+              "<!--#include file=\"Clock.asp\" -->\n<%\n"
+              "Public Function HighWater()\n\tHighWater = Tide(1)\nEnd Function\n%>\n");
+        write("c/Suite/Include/Clock.asp", "<% Function Watch() %>\n");
+        writeTemplate(
+            "<%\n' <DATAPROVIDER> <LINKED_DATAPROVIDER>\n<ADD_ZEKO_RETURN_FIELDS>\n"
+            "<SPECIFY_ZEKO_CRITERIA><SPECIFY_EAI_CRITERIA>\n"
+            "<SPECIFY_ZEKO_I18N_FIELDS>\n<ADD_ZEKO_RETURN_FIELDS>\n%>\n");
+    }
+
+    // A page that has nothing to find once it is generated.
+    static Params ships() {
+        return {{"ZEKOReturnFields0", "1 - IMO"},
+                {"ZEKOReturnFields1", "3 - BERTH"},
+                {"EAIReturnFields0", "SHIP.IMO"},
+                {"ZEKOCriteria1_1", "BERTH"},
+                {"ZEKOCriteria1_2", "=="},
+                {"ZEKOCriteria1_3", "HighWater"},
+                {"ZEKOCriteriaCount", "2"},
+                {"EAICriteriaCount", "2"},
+                {"ZEKOReturnFieldCount", "2"},
+                {"EAIReturnFieldCount", "1"},
+                {"DataProvider", "Ships"},
+                {"ZEKOKeyFieldsCount", "2"},
+                {"ZEKOKeyFieldnames0", "IMO"},
+                {"ZEKOKeyFieldnames1", "BERTH"},
+                {"NrOfExtraIncludes", "1"},
+                {"ZEKOCriteriaType1", "HighWater"},
+                {"HighWaterZEKOCriteriaType", "1"},
+                {"ExtraIncludes0", "Include/Tides.asp"},
+                {"XSLFilename", "xsl/Generic.xsl"},
+                {"NrOfZEKOI18NFieldnames", "1"},
+                {"ZEKOI18NFieldnames0", "1 - IMO"},
+                {"LinkedDataProvider", "Berths"},
+                {"NrOfSelectedZEKOLinkedFields", "1"},
+                {"ZEKOSelectedLinkedFields0", "2 - DEPTH"},
+                {"NrOfLinkedZEKOFields", "2"},
+                {"ZEKOLinkFromFields1", "3 - BERTH"},
+                {"ZEKOLinkToFields1", "BERTH"}};
+    }
+
+    // The same with some properties changed or added.
+    static Params with(std::initializer_list<std::pair<std::string, std::string>> changes) {
+        Params params = ships();
+        for (const auto& change : changes) {
+            const auto found = std::find_if(params.begin(), params.end(), [&](const auto& param) {
+                return param.first == change.first;
+            });
+            if (found == params.end()) {
+                params.push_back(change);
+            } else {
+                found->second = change.second;
+            }
+        }
+        return params;
+    }
+
+    void writePage(const std::string& name, const Params& params,
+                   const std::string& around = "") const {
+        write(name, around + page(markup(params)));
+    }
+    static std::string markup(const Params& params) {
+        std::string lines;
+        for (const auto& [property, value] : params)
+            lines += param(property, value);
+        return lines;
+    }
+
+    // Writes the text that belongs to a page, unless the page would be left alone.
+    void generate(const std::string& name) const {
+        Sites sites;
+        const GeneratedPage made = generatePage(*this / name, sites, LossGuard::Refuse);
+        if (!made.after.empty()) write(name, made.after);
+    }
+
+    InspectedPage inspect(const std::string& name) const {
+        Sites sites;
+        SiteFactsCache facts;
+        return inspectPage(*this / name, sites, facts);
+    }
+};
+
+}  // namespace headerdtc::testing

@@ -1,0 +1,256 @@
+#include "host/inspection/harbour_site.h"
+#include "host/inspection/property_line.h"
+
+#include <gmock/gmock.h>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::Field;
+using testing::HarbourSite;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+// "rule family row property: text", for those that a test is about.
+std::string shown(const Finding& finding) {
+    std::string text(finding.rule);
+    if (finding.remark.family) text += " " + std::string(traitsOf(*finding.remark.family).prefix);
+    if (finding.remark.row > 0) text += " " + std::to_string(finding.remark.row);
+    if (!finding.remark.property.empty()) text += " " + finding.remark.property;
+    return text + ": " + finding.remark.text;
+}
+
+std::vector<std::string> shown(const InspectedPage& page) {
+    std::vector<std::string> all;
+    for (const Finding& finding : page.findings) {
+        EXPECT_FALSE(finding.remark.advice.empty()) << finding.rule;
+        all.push_back(shown(finding));
+    }
+    return all;
+}
+
+class Rules : public ::testing::Test {
+  protected:
+    // What is found on a page with these properties, generated as far as it can be; findings that
+    // only follow from others are left out.
+    std::vector<std::string> found(const HarbourSite::Params& params) {
+        site.writePage("page.asp", params);
+        site.generate("page.asp");
+        auto all = shown(site.inspect("page.asp"));
+        std::erase_if(all,
+                      [](const std::string& text) { return text.starts_with("not-generated"); });
+        return all;
+    }
+
+    HarbourSite site;
+};
+
+TEST_F(Rules, FindNothingOnAWholePage) {
+    EXPECT_THAT(found(HarbourSite::ships()), IsEmpty());
+}
+
+TEST_F(Rules, KnowProvidersAndTheFieldsThatTheyOffer) {
+    EXPECT_THAT(found(HarbourSite::with({{"DataProvider", "ships"}})),
+                Contains(HasSubstr("unknown-provider DataProvider: the data provider \"ships\"")));
+    EXPECT_THAT(found(HarbourSite::with({{"LinkedDataProvider", "Quays"}})),
+                Contains(HasSubstr("unknown-linked-provider LinkedDataProvider: ")));
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOReturnFields1", "2 - BERTH"}})),
+                Contains(AllOf(HasSubstr("unknown-field ZEKO 2 ZEKOReturnFields1: "),
+                               HasSubstr("the field is \"3 - BERTH\" there"))));
+    EXPECT_THAT(found(HarbourSite::with({{"EAIReturnFields0", "BOAT.IMO"}})),
+                ElementsAre(HasSubstr("unknown-field EAI 1 EAIReturnFields0: ")));
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_1", "FLAG"}})),
+                ElementsAre(HasSubstr("unknown-key-field ZEKO 1 ZEKOCriteria1_1: key of criterion "
+                                      "\"FLAG\" is no key field of \"Ships\"")));
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOKeyFieldnames1", "PORT"}})),
+                ElementsAre(HasSubstr("unknown-key-field ZEKO 2 ZEKOKeyFieldnames1: ")));
+    // A family that the catalogue does not describe is said once, not for each of its fields.
+    EXPECT_THAT(found(HarbourSite::with({{"DataProvider", "Berths"},
+                                         {"EAIReturnFieldCount", "2"},
+                                         {"EAIReturnFields1", "SHIP.FLAG"}})),
+                Contains(HasSubstr("\"Berths\" offers nothing to EAI, but 2 return fields")));
+}
+
+TEST_F(Rules, AskOnlyForSeparatorsThatTheGenerationNeeds) {
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOReturnFields0", "IMO"}})),
+                Contains(HasSubstr("field-separator ZEKO 1 ZEKOReturnFields0: ")));
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOLinkFromFields1", "BERTH"}})),
+                Contains(HasSubstr("field-separator ZEKO 1 ZEKOLinkFromFields1: ")));
+    // An EAI return field is written whole.
+    EXPECT_THAT(found(HarbourSite::with({{"EAIReturnFields0", "IMO"}})),
+                ElementsAre(HasSubstr("unknown-field EAI 1")));
+}
+
+TEST_F(Rules, FollowLinksToTheLinkedProvider) {
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOLinkToFields1", "IMO"}})),
+                ElementsAre(HasSubstr("unknown-linked-field ZEKO 1 ZEKOLinkToFields1: ")));
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOSelectedLinkedFields0", "2 - TIDE"}})),
+                ElementsAre(HasSubstr("unknown-linked-field ZEKO 1 ZEKOSelectedLinkedFields0: ")));
+    EXPECT_THAT(
+        found(HarbourSite::with({{"ZEKOLinkToFields1", ""}})),
+        ElementsAre(HasSubstr("incomplete-link ZEKO 1 ZEKOLinkToFields1: link 1 has only")));
+    EXPECT_THAT(found(HarbourSite::with({{"LinkedDataProvider", "ZEKOLinkedDataProvidersCombo"}})),
+                Contains(HasSubstr("fields are linked, but no linked data provider is chosen")));
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOLinkFromFields1", ""}, {"ZEKOLinkToFields1", ""}})),
+                ElementsAre(HasSubstr("linked fields are chosen, but no fields are linked")));
+}
+
+TEST_F(Rules, LookAtEachCriterion) {
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_3", ""}})),
+                ElementsAre(HasSubstr("incomplete-criterion ZEKO 1 ZEKOCriteria1_3: ")));
+    EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_2", "&lt;&gt;"}})),
+                ElementsAre(HasSubstr("unknown-operator ZEKO 1 ZEKOCriteria1_2: the operator "
+                                      "\"<>\" of criterion 1")));
+    EXPECT_THAT(found(HarbourSite::with({{"EAICriteria1_1", "IMO"},
+                                         {"EAICriteria1_2", "=="},
+                                         {"EAICriteria1_3", "HighWater"}})),
+                ElementsAre(HasSubstr("value-type-conflict EAI 1 EAICriteria1_3: the value "
+                                      "\"HighWater\" is a constant for EAI and a function")));
+    EXPECT_THAT(
+        found(HarbourSite::with({{"ZEKOCriteriaCount", "3"}, {"ZEKOCriteriaType2", "HighWater"}})),
+        Contains(HasSubstr("value-type-conflict ZEKO ZEKOCriteriaType2: ")));
+}
+
+TEST_F(Rules, SeeKindsThatNoControlReads) {
+    EXPECT_THAT(
+        found(HarbourSite::with({{"ZEKOCriteriaType1", ""}, {"ZEKOCriteriaType2", "HighWater"}})),
+        ElementsAre(HasSubstr("unread-value-type ZEKO 1 ZEKOCriteriaType2: the value "
+                              "\"HighWater\" of criterion 1 is stored as a function")));
+}
+
+TEST_F(Rules, LookForFunctionsWhereverAPageGetsThemFrom) {
+    const auto calling = [](const std::string& function, const std::string& type) {
+        return HarbourSite::with({{"ZEKOCriteria1_3", function},
+                                  {"ZEKOCriteriaType1", function},
+                                  {function + "ZEKOCriteriaType", type},
+                                  {"HighWaterZEKOCriteriaType", "0"}});
+    };
+    EXPECT_THAT(found(calling("LowWater", "1")),
+                ElementsAre(HasSubstr("undefined-function ZEKO 1 ZEKOCriteria1_3: no include file "
+                                      "and no script defines the function \"LowWater\"")));
+    EXPECT_THAT(found(calling("watch", "1")), IsEmpty());  // in a file that an include includes
+    EXPECT_THAT(found(calling("Now", "1")), IsEmpty());
+    EXPECT_THAT(found(calling("Session.SessionID", "1")), IsEmpty());  // cannot be known
+    EXPECT_THAT(found(calling("two words", "1")), ElementsAre(HasSubstr("cannot be the name")));
+
+    site.writePage("own.asp", calling("LowWater", "1"), "<% Function LowWater() %>\n");
+    site.generate("own.asp");
+    EXPECT_THAT(shown(site.inspect("own.asp")), IsEmpty());
+
+    // A local script has to be stored, and to define what is called.
+    EXPECT_THAT(found(calling("Pilot", "2")), Contains(HasSubstr("\"Pilot\" is not stored")));
+    const auto scripted = [&](const std::string& text) {
+        auto params = calling("Pilot", "2");
+        params.emplace_back("NrOfUserDefinedScripts", "1");
+        params.emplace_back("UserDefinedScript1", "Pilot");
+        params.emplace_back("PilotUserDefinedScript", text);
+        return params;
+    };
+    EXPECT_THAT(found(scripted("Function Pilot()&#13;&#10;End Function 'Pilot()")), IsEmpty());
+    EXPECT_THAT(found(scripted("Function Tug()&#13;&#10;End Function")),
+                ElementsAre(HasSubstr("does not define a function of that name")));
+}
+
+TEST_F(Rules, LookForFilesWithoutRegardToCase) {
+    EXPECT_THAT(found(HarbourSite::with({{"ExtraIncludes0", "INCLUDE\\tides.ASP"}})), IsEmpty());
+    EXPECT_THAT(found(HarbourSite::with(
+                    {{"NrOfExtraIncludes", "2"}, {"ExtraIncludes1", "Include/Locks.asp"}})),
+                ElementsAre(HasSubstr("missing-include 2 ExtraIncludes1: ")));
+    EXPECT_THAT(found(HarbourSite::with({{"XSLFilename", "xsl/Wide.xsl"}})),
+                ElementsAre(HasSubstr("missing-stylesheet XSLFilename: ")));
+    // Below the project's root, from where the published page takes it.
+    site.write("xsl/Wide.xsl", "");
+    EXPECT_THAT(found(HarbourSite::with({{"XSLFilename", "xsl/Wide.xsl"}})), IsEmpty());
+}
+
+TEST_F(Rules, FindValuesThatEndTheTextTheyArePutInto) {
+    const auto valued = [](const std::string& value) {
+        return HarbourSite::with({{"ZEKOCriteria1_3", value}, {"ZEKOCriteriaType1", ""}});
+    };
+    EXPECT_THAT(found(valued("quay &quot;A&quot;")),
+                ElementsAre(HasSubstr("value-breaks-script ZEKO 1 ZEKOCriteria1_3: value of "
+                                      "criterion 1, \"quay \"A\"\", has a quotation mark")));
+    EXPECT_THAT(found(valued("quay &quot;&quot;A&quot;&quot;")), IsEmpty());
+    EXPECT_THAT(found(valued("100%>")), ElementsAre(HasSubstr("has a %>")));
+    EXPECT_THAT(found(valued("two&#10;lines")), ElementsAre(HasSubstr("has a line end")));
+}
+
+TEST_F(Rules, CountTheLinesOfAStatement) {
+    const auto translating = [](int fields) {
+        auto params = HarbourSite::with({{"ZEKOReturnFieldCount", std::to_string(fields)},
+                                         {"NrOfZEKOI18NFieldnames", std::to_string(fields)}});
+        for (int i = 0; i < fields; ++i) {
+            for (const char* list : {"ZEKOReturnFields", "ZEKOI18NFieldnames"}) {
+                const std::string name = list + std::to_string(i);
+                std::erase_if(params, [&](const auto& param) { return param.first == name; });
+                params.emplace_back(name, "1 - IMO");
+            }
+        }
+        return params;
+    };
+    const auto tooLong = Contains(HasSubstr("long-statement"));
+    EXPECT_THAT(found(translating(23)), Not(tooLong));
+    EXPECT_THAT(found(translating(24)), tooLong);
+}
+
+TEST_F(Rules, SayWhatOfAPageIsStaleAndWhatWouldNotBeWritten) {
+    site.writePage("page.asp", HarbourSite::ships(), "<html>\n");
+    auto stale = site.inspect("page.asp");
+    ASSERT_THAT(shown(stale), ElementsAre("stale: the text is not what would be generated"));
+    EXPECT_EQ(stale.findings[0].control, "HeaderDTC1");
+
+    site.generate("page.asp");
+    std::string changed = site.read("page.asp");
+    changed.replace(changed.find("' Ships Berths"), 7, "' Boats");
+    site.write("page.asp", changed);
+    stale = site.inspect("page.asp");
+    const auto before = changed.substr(0, changed.find("' Boats"));
+    EXPECT_EQ(stale.findings.at(0).line, std::count(before.begin(), before.end(), '\n') + 1);
+
+    site.writePage("page.asp", HarbourSite::with({{"ZEKOReturnFieldCount", "many"}}));
+    EXPECT_THAT(shown(site.inspect("page.asp")),
+                AllOf(Contains(HasSubstr("unreadable-property ZEKOReturnFieldCount: ")),
+                      Contains(HasSubstr("not-generated: "))));
+}
+
+TEST_F(Rules, NameTheLineOfThePropertyAndTheControlsOfAPage) {
+    const std::string markup =
+        HarbourSite::markup(HarbourSite::with({{"XSLFilename", "ZEKOKeyFieldnames0"}}));
+    site.write("page.asp", HarbourSite::control(markup) + "\n" + HarbourSite::control(markup));
+    site.generate("page.asp");
+    const auto page = site.inspect("page.asp");
+    ASSERT_THAT(shown(page), ElementsAre(HasSubstr("missing-stylesheet"),
+                                         HasSubstr("duplicate-id: the control of line 1"),
+                                         HasSubstr("missing-stylesheet")));
+}
+
+TEST(PropertyLine, IsThatOfTheNameHoweverItIsWritten) {
+    const std::string bytes = HarbourSite::control(
+        "<PARAM NAME=a VALUE=\"XSLFilename\">\n<param value=\"\n\" Name =\n 'XSLFilename'>\n"
+        "<PARAM NAME=XSLFilename2 VALUE=x>");
+    const PageMarkup page("page.asp", bytes, CodePage("windows-1252"));
+    const ControlSpan& control = page.controls().at(0);
+    EXPECT_EQ(lineOfProperty(page, control, "a"), 3);
+    EXPECT_EQ(lineOfProperty(page, control, "XSLFilename"), 6);
+    EXPECT_EQ(lineOfProperty(page, control, "XSLFilename2"), 7);
+    EXPECT_EQ(lineOfProperty(page, control, "NotThere"), 1);
+}
+
+TEST_F(Rules, APageThatCannotBeCheckedSaysWhy) {
+    site.write("page.asp", "<!--METADATA TYPE=\"DesignerControl\" startspan\n<OBJECT>");
+    EXPECT_FALSE(site.inspect("page.asp").failure.empty());
+    EXPECT_FALSE(site.inspect("missing.asp").failure.empty());
+
+    site.writePage("page.asp", HarbourSite::ships());
+    site.write("catalogue.json", "{");
+    EXPECT_THAT(site.inspect("page.asp").failure, HasSubstr("catalogue.json:1:"));
+    site.write("headerdtc.toml", "colour = 1\n");
+    EXPECT_TRUE(site.inspect("page.asp").notConfigured);
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,145 @@
+// What the tools for whole sites ask of a database beyond the control's statements: bound values,
+// catalogue functions, an import of translations.
+
+#include "host/odbc/odbc_connection.h"
+#include "host/odbc/odbc_metadata.h"
+#include "host/translations/translation_import.h"
+#include "platform/text.h"
+#include "translation_database.h"
+
+#include <gmock/gmock.h>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+using Action = ImportStep::Action;
+
+class SiteTools : public ::testing::Test {
+  protected:
+    SiteTools() : connection(database.settings) {
+        connection.Open(database.settings.connectString, "", "", -1);
+    }
+
+    OdbcTable table(const std::string& name) {
+        for (const OdbcTable& each : OdbcMetadata(connection.session()).tables(true)) {
+            if (equalIgnoringCase(each.name, name)) return each;
+        }
+        ADD_FAILURE() << "no table " << name;
+        return {};
+    }
+
+    // In capitals: one of the databases makes small letters of all names.
+    std::vector<std::string> columns(const std::string& name) {
+        std::vector<std::string> names;
+        for (const auto& column : OdbcMetadata(connection.session()).columns(table(name)))
+            names.push_back(upperCase(column.name));
+        return names;
+    }
+
+    std::string text(const std::string& label, const std::string& locale) {
+        const auto rows = database.rows("SELECT LABEL, LOCALEID, TEXT FROM I18NTEXT",
+                                        {"LABEL", "LOCALEID", "TEXT"});
+        for (const auto& row : rows) {
+            if (row[0] == label && row[1] == locale) return row[2];
+        }
+        return "none";
+    }
+
+    testing::TranslationDatabase database;
+    OdbcConnection connection;
+};
+
+TEST_F(SiteTools, BoundValuesArriveAsTheyAre) {
+    const std::string texts[] = {"it's \"so\" -- ; ? %", "\xD0\x9F\xD1\x80 \xE2\x82\xAC", "",
+                                 std::string(1000, 'x'), "\xF0\x9D\x84\x9E clef"};
+    OdbcSession& session = connection.session();
+    int locale = 1;
+    for (const std::string& each : texts) {
+        const bool isBeyondUtf8Of3 = database.kind == "mariadb" && each.starts_with('\xF0');
+        if (isBeyondUtf8Of3) continue;  // its schema may keep to three bytes
+        const auto inserted = session.execute(
+            "INSERT INTO I18NTEXT (LABEL, TEXT, LOCALEID) VALUES (?, ?, ?)", {"L'1", each, locale});
+        EXPECT_EQ(session.rowCount(inserted), 1);
+        session.free(inserted);
+        EXPECT_EQ(text("L'1", std::to_string(locale)), each);
+        const auto missed = session.execute("UPDATE I18NTEXT SET TEXT = ? WHERE LABEL = ?",
+                                            {each, "no such label"});
+        EXPECT_EQ(session.rowCount(missed), 0);
+        session.free(missed);
+        ++locale;
+    }
+}
+
+TEST_F(SiteTools, CatalogueFunctionsTellTablesColumnsAndKeys) {
+    database.run("DROP TABLE IF EXISTS QUAY_A");
+    database.run("DROP TABLE IF EXISTS QUAYXA");
+    database.run(
+        "CREATE TABLE QUAY_A (DEPTH INTEGER, NAME VARCHAR(20) NOT NULL, SIDE INTEGER NOT "
+        "NULL, PRIMARY KEY (SIDE, NAME))");
+    database.run("CREATE TABLE QUAYXA (OTHER INTEGER)");
+    OdbcMetadata metadata(connection.session());
+    EXPECT_THAT(columns("I18NTEXT"),
+                ElementsAre("LABEL", "TEXT", "LOCALEID", "DATECHANGED", "STATUS"));
+    EXPECT_THAT(columns("QUAY_A"), ElementsAre("DEPTH", "NAME", "SIDE"));
+    std::vector<std::string> key;
+    for (const auto& column : metadata.primaryKey(table("QUAY_A")))
+        key.push_back(upperCase(column));
+    // The other drivers number the columns as they stand in the table.
+    if (database.kind == "postgresql") {
+        EXPECT_THAT(key, ElementsAre("SIDE", "NAME"));
+    } else {
+        EXPECT_THAT(key, UnorderedElementsAre("SIDE", "NAME"));
+    }
+    EXPECT_THAT(metadata.primaryKey(table("I18NFIELDNAMES")), IsEmpty());
+    EXPECT_EQ(longestText(connection), 1000);
+    database.run("DROP TABLE QUAY_A");
+    database.run("DROP TABLE QUAYXA");
+}
+
+TEST_F(SiteTools, AnImportGivesExactlyTheEditedTexts) {
+    database.runFile("rows.sql");
+    const auto before = TranslationTable::read(connection);
+    const auto file = TranslationFile::parse("edited.csv",
+                                             "key,source (1033),1031,1036\r\n"
+                                             "SLBDA2000,Customer,Kundin,\r\n"        // changed
+                                             "SLBDA2001,Name,\"N'am\"\"e\",Nom\r\n"  // added, twice
+                                             "SLBDA2003,Country,Land,\r\n");         // as it is
+    connection.BeginTrans();
+    const auto plan = planImport(file, TranslationTable::read(connection), 1000);
+    applyImport(connection, plan, "1/2/2024");
+    connection.CommitTrans();
+
+    auto expected = before.entries;
+    expected["SLBDA2000"].texts["1031"] = "Kundin";
+    expected["SLBDA2001"].texts["1031"] = "N'am\"e";
+    expected["SLBDA2001"].texts["1036"] = "Nom";
+    const auto after = TranslationTable::read(connection);
+    ASSERT_EQ(after.entries.size(), expected.size());
+    for (const auto& [label, entry] : after.entries)
+        EXPECT_EQ(entry.texts, expected[label].texts) << label;
+    EXPECT_THAT(
+        database.rows("SELECT DATECHANGED FROM I18NTEXT WHERE TEXT = 'Kundin'", {"DATECHANGED"}),
+        ElementsAre(ElementsAre("1/2/2024")));
+}
+
+TEST_F(SiteTools, AnImportThatFindsAnotherTextIsUndoneWhole) {
+    database.runFile("rows.sql");
+    const auto file = TranslationFile::parse("edited.csv",
+                                             "key,1031\nSLBDA2000,Kundin\n"
+                                             "SLBDA2007,Bestellung\n");
+    const auto plan = planImport(file, TranslationTable::read(connection), 0);
+    database.run(
+        "UPDATE I18NTEXT SET TEXT = 'Order' WHERE LABEL = 'SLBDA2007' AND "
+        "LOCALEID = 1031");
+    connection.BeginTrans();
+    EXPECT_THROW(applyImport(connection, plan, "today"), RuntimeError);
+    connection.Close();
+    EXPECT_EQ(text("SLBDA2000", "1031"), "Kunde");
+    EXPECT_EQ(text("SLBDA2007", "1031"), "Order");
+}
+
+}  // namespace
+}  // namespace headerdtc

@@ -1,0 +1,126 @@
+#include "host/translations/translation_file.h"
+
+#include "host/files/file_error.h"
+#include "host/translations/translation_import.h"
+#include "platform/text.h"
+
+#include <gmock/gmock.h>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using Action = ImportStep::Action;
+
+TranslationTable harbourTexts() {
+    return TranslationTable::gather({{"H1", "Ship", "1033"},
+                                     {"H1", "Schiff", "1031"},
+                                     {"H2", "Berth, \"free\"", "1033"},
+                                     {"H3", "", "1033"},
+                                     {"H3", "Lotse", "1031"},
+                                     {"H4", "Tug", "1033"},
+                                     {"H4", "Schlepper", "1031"},
+                                     {"H4", "Bugsierer", "1031"}},
+                                    {{"Ships", "zeko", "IMO", "H1"}, {"Ships", "eai", "IMO", "H1"}},
+                                    {{"Ships", "zeko", "KIND", "T", "H4"}});
+}
+
+// "line label locale action reason-or-text" of every cell that is not as it was.
+std::vector<std::string> planned(const std::string& csv, const TranslationTable& table,
+                                 long longest = 0) {
+    std::vector<std::string> plan;
+    const char* const words[] = {"none", "add", "change", "refuse"};
+    for (const ImportStep& step :
+         planImport(TranslationFile::parse("file.csv", csv), table, longest)) {
+        if (step.action == Action::None) continue;
+        plan.push_back(std::to_string(step.line) + " " + step.label + " " + step.locale + " " +
+                       words[static_cast<int>(step.action)] + " " +
+                       (step.action == Action::Refuse ? step.reason : step.after));
+    }
+    return plan;
+}
+
+TEST(TranslationFile, HasARowForEachLabelThatCanBeTranslated) {
+    const std::string text = exportTranslations(harbourTexts(), {.locales = {"1031", "1036"}});
+    const auto file = TranslationFile::parse("file.csv", text);
+    EXPECT_THAT(file.locales, ElementsAre("1031", "1036"));
+    ASSERT_EQ(file.rows.size(), 3U);
+    EXPECT_EQ(file.rows[1].label, "H2");
+    EXPECT_EQ(file.rows[1].source, "Berth, \"free\"");
+    EXPECT_EQ(file.rows[1].texts.at("1031"), "");
+    EXPECT_EQ(file.rows[0].texts.at("1031"), "Schiff");
+    EXPECT_THAT(text, HasSubstr("Ships zeko IMO; Ships eai IMO"));
+    EXPECT_THAT(text, HasSubstr("Ships zeko KIND = T"));
+
+    const auto gaps = exportTranslations(harbourTexts(), {.locales = {"1031"}, .onlyGaps = true});
+    EXPECT_EQ(TranslationFile::parse("file.csv", gaps).rows.size(), 1U);
+}
+
+TEST(TranslationFile, UneditedItChangesNothing) {
+    const std::string text =
+        exportTranslations(harbourTexts(), {.locales = {"1031"}, .byteOrderMark = true});
+    EXPECT_THAT(planned(text, harbourTexts()), IsEmpty());
+}
+
+TEST(TranslationFile, EditedItChangesTheEditedCellsAlone) {
+    std::string text = exportTranslations(harbourTexts(), {.locales = {"1031", "1036"}});
+    text = replaceAll(text, "H1,Ship,Schiff,,", "H1,Ship,Boot,Navire,");
+    text = replaceAll(text, "\"Berth, \"\"free\"\"\",,,", "\"Berth, \"\"free\"\"\",Frei,,");
+    EXPECT_THAT(planned(text, harbourTexts()),
+                ElementsAre("2 H1 1031 change Boot", "2 H1 1036 add Navire", "3 H2 1031 add Frei"));
+    // What was emptied is kept.
+    EXPECT_THAT(planned("key,1031\nH1,\n", harbourTexts()), IsEmpty());
+}
+
+TEST(TranslationFile, RefusesWhatCouldLoseSomething) {
+    EXPECT_THAT(
+        planned("key,1031\nH1,A\nH9,B\nH1,C\n,D\nH3,E\nH4,F\n", harbourTexts()),
+        ElementsAre("2 H1  refuse its key is in the file more than once",
+                    "3 H9  refuse the database has no such label",
+                    "4 H1  refuse its key is in the file more than once",
+                    "5   refuse it has no key", "6 H3  refuse the database has no such label",
+                    "7 H4 1031 refuse the database has several texts there"));
+    EXPECT_THAT(planned("key,1031\nH1,S\xC3\xA9\xC3\xA9\n", harbourTexts(), 2),
+                ElementsAre("2 H1 1031 refuse it has 3 characters; the database takes 2"));
+    EXPECT_THAT(
+        planned("key,source (1033),1031\nH1,Vessel,Boot\n", harbourTexts()),
+        ElementsAre(HasSubstr("2 H1 1033 refuse its source was edited"), "2 H1 1031 change Boot"));
+}
+
+TEST(TranslationFile, SeesWhatWasChangedMeanwhile) {
+    std::string text = exportTranslations(harbourTexts(), {.locales = {"1031"}});
+    text = replaceAll(text, "H1,Ship,Schiff", "H1,Ship,Boot");
+    auto now = harbourTexts();
+    now.entries["H1"].texts["1031"] = "Kahn";
+    EXPECT_THAT(planned(text, now), ElementsAre("2 H1 1031 refuse it was changed in the database "
+                                                "since the export"));
+    now.entries["H1"].texts["1031"] = "Boot";  // to the same
+    EXPECT_THAT(planned(text, now), IsEmpty());
+    now = harbourTexts();
+    now.entries["H1"].texts["1033"] = "Vessel";
+    EXPECT_THAT(planned(text, now), ElementsAre("2 H1 1031 refuse its source was changed in the "
+                                                "database since the export"));
+}
+
+TEST(TranslationFile, SaysWhatIsWrongWithItsColumns) {
+    const auto problem = [](const char* text) {
+        try {
+            TranslationFile::parse("file.csv", text);
+        } catch (const FileError& error) {
+            return std::string(error.what());
+        }
+        return std::string("nothing");
+    };
+    EXPECT_THAT(problem("label,1031\n"), HasSubstr("file.csv:1: there is no column \"key\""));
+    EXPECT_THAT(problem("key,1031,1031\n"), HasSubstr("the column \"1031\" is there twice"));
+    EXPECT_THAT(problem(""), HasSubstr("nothing in it"));
+    // In any order, with columns of a spreadsheet's own, the source headed by its locale.
+    const auto file = TranslationFile::parse("f", "notes,1033,1031,KEY\nx,Ship,Boot,H1\n");
+    EXPECT_EQ(file.rows.at(0).source, "Ship");
+    EXPECT_THAT(file.locales, ElementsAre("1031"));
+}
+
+}  // namespace
+}  // namespace headerdtc
