@@ -28,6 +28,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QStyleFactory>
 #include <QTest>
@@ -104,6 +105,9 @@ void waitForSite(MainWindow& window) {
 
 int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
+    const headerdtc::testing::TempFolder home;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
+                       QString::fromStdString(home.path().string()));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("headerdtc-pictures"));
     QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));
@@ -117,7 +121,6 @@ int main(int argc, char** argv) {
     folder = parser.positionalArguments().value(0, QStringLiteral("."));
     QDir().mkpath(folder);
 
-    const headerdtc::testing::TempFolder home;
     MainWindow window({.configuration = {}, .recoveryFolder = home / "recovery"});
     window.resize(1360, 860);
     window.show();

@@ -89,7 +89,6 @@ ControlPane::ControlPane(EditedPage& page, QWidget* parent)
     layout->addWidget(stack_);
 
     idle_.setSingleShot(true);
-    idle_.setInterval(IdleMilliseconds);
     connect(&idle_, &QTimer::timeout, this, &ControlPane::takeChanges);
     connect(&page_, &EditedPage::contentChanged, this, &ControlPane::followPage);
     connect(&page_, &EditedPage::placeChanged, this, &ControlPane::rebuildAll);
@@ -152,9 +151,9 @@ void ControlPane::matchControls() {
             kept[i] = std::exchange(shown_[old], {});
             break;
         }
-        if (ids[i] == shownId) next = i;
         // A control that is new beside others is what the author has just inserted.
-        if (!ids_.empty() && std::find(ids_.begin(), ids_.end(), ids[i]) == ids_.end()) next = i;
+        const bool isNew = std::find(ids_.begin(), ids_.end(), ids[i]) == ids_.end();
+        if (isNew ? !ids_.empty() : ids[i] == shownId && !next) next = i;
     }
     for (Shown& shown : shown_)
         drop(shown);
@@ -217,18 +216,17 @@ void ControlPane::make(std::size_t control, int tab) {
     const bool hadFocus = shown.surface && QApplication::focusWidget() &&
                           shown.surface->isAncestorOf(QApplication::focusWidget());
     const int scrolled = area_->verticalScrollBar()->value();
-    drop(shown);
-
-    const auto live = [&] {
+    const auto make = [&] {
         return std::make_unique<LiveControl>(page_.site(), page_.file(), span, faces_.faces());
     };
-    shown.live = live();
-    if (!shown.live->showTab(tab)) shown.live = live();
-    connect(shown.live.get(), &LiveControl::propertyChangeNoticed, this, [this] {
-        noticed_ = true;
-        idle_.start();
-        Q_EMIT changeNoticed();
-    });
+    auto made = make();
+    if (!made->showTab(tab)) made = make();
+    if (shown.live) made->goOnFrom(*shown.live);
+    drop(shown);
+    shown.live = std::move(made);
+    // The control's own notice: as soon as it has done all that belongs to the change.
+    connect(shown.live.get(), &LiveControl::propertyChangeNoticed, this,
+            [this] { idle_.start(0); });
     const auto saved = page_.saved()->indexOf(span.id);
     if (shown.live->loadingDoubt() && saved &&
         page_.saved()->controls()[*saved].properties == span.properties)
@@ -259,7 +257,7 @@ bool ControlPane::belongsToControl(const QObject* object) const {
 }
 
 bool ControlPane::eventFilter(QObject* watched, QEvent* event) {
-    if (isAction(event->type()) && belongsToControl(watched)) idle_.start();
+    if (isAction(event->type()) && belongsToControl(watched)) idle_.start(IdleMilliseconds);
     return QWidget::eventFilter(watched, event);
 }
 
@@ -268,12 +266,9 @@ void ControlPane::takeChanges() {
     LiveControl* control = live();
     if (!control || taking_) return;
     const auto change = control->takeChange();
-    const bool wasNoticed = std::exchange(noticed_, false);
-    if (change) {
-        const QScopedValueRollback taking(taking_, true);
-        page_.setProperties(*current_, *change);
-    }
-    if (wasNoticed) Q_EMIT changeNoticed();
+    if (!change) return;
+    const QScopedValueRollback taking(taking_, true);
+    page_.setProperties(*current_, *change);
 }
 
 void ControlPane::finishEditing() {
@@ -301,15 +296,16 @@ void ControlPane::goTo(const Place& place) {
     try {
         surface()->setFocus();
         if (place.tab >= 0) dtc.SSTab1.clickTab(place.tab);
+        // The marker's column: a click on another opens its editor, which writes when it is left.
         for (const Family family : BothFamilies) {
             Grid& grid = dtc.family(family).CriteriaGrid;
             if (grid.tabPage() == place.tab && place.row > 0 && place.row < grid.Rows())
-                grid.clickCell(place.row, criteria_column::Key);
+                grid.clickCell(place.row, criteria_column::Marker);
         }
     } catch (const std::runtime_error&) {
         // The control has shown by itself why it cannot.
     }
-    idle_.start();
+    idle_.start(IdleMilliseconds);
 }
 
 }  // namespace headerdtc::qt

@@ -44,8 +44,6 @@ class ControlPane : public QWidget {
     void finishEditing();
     // The same, but what is being typed is left alone.
     void takeChanges();
-    // The control has told of a change that is not in the page yet.
-    bool hasNoticedChange() const { return noticed_; }
     // A dialog of a control is open; the page is not to be changed from elsewhere.
     bool isBusy() const;
 
@@ -53,7 +51,6 @@ class ControlPane : public QWidget {
 
   Q_SIGNALS:
     void currentChanged();
-    void changeNoticed();
     void insertRequested();
 
   private:
@@ -76,7 +73,6 @@ class ControlPane : public QWidget {
     std::vector<Shown> shown_;  // one for each control of the page, made when it is first shown
     std::vector<std::string> ids_;
     std::optional<std::size_t> current_;
-    bool noticed_ = false;
     bool taking_ = false;  // a change of the author is on its way into the page
     QTimer idle_;
 

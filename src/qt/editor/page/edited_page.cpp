@@ -127,7 +127,7 @@ std::string EditedPage::bytesToSave(const fs::path& file, const std::shared_ptr<
 
 void EditedPage::save(Guard guard) {
     const std::string bytes = bytesToSave(file_, site_, guard);
-    if (!hasFile_) {
+    if (!hasFile_ || fileIsGone_) {
         FileReplacer replacer;
         replacer.create(file_, bytes);
         const std::string problem = replacer.commit().front().problem;
@@ -198,7 +198,7 @@ void EditedPage::keepMine(WholeFile theirs) {
 }
 
 void EditedPage::keepWithoutFile() {
-    hasFile_ = false;
+    stamp_ = FileStamp::of(file_);
     fileIsGone_ = true;
     Q_EMIT stateChanged();
 }

@@ -92,7 +92,7 @@ class EditedPage : public QObject {
 
     std::filesystem::path file_;
     bool hasFile_ = false;
-    bool fileIsGone_ = false;  // it had one
+    bool fileIsGone_ = false;  // the author keeps the page all the same
     FileStamp stamp_;
     std::shared_ptr<Site> site_;
     PageContentPtr saved_;

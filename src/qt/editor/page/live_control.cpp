@@ -1,6 +1,7 @@
 #include "qt/editor/page/live_control.h"
 
 #include "core/header_dtc.h"
+#include "qt/editor/page/step_name.h"
 
 #include <stdexcept>
 #include <utility>
@@ -33,7 +34,7 @@ StoredProperties LiveControl::snapshot() {
 
 std::optional<StoredProperties> LiveControl::takeChange() {
     StoredProperties now = snapshot();
-    if (now == written_) return std::nullopt;
+    if (isSameConfiguration(now, written_)) return std::nullopt;
     properties_ = now;
     written_ = std::move(now);
     return properties_;
@@ -53,7 +54,12 @@ bool LiveControl::showTab(int page) {
         // It stays where it is, and the author meets the failure with the next click.
     }
     collecting_ = false;
-    return snapshot() == written_;
+    return isSameConfiguration(snapshot(), written_);
+}
+
+void LiveControl::goOnFrom(LiveControl& before) {
+    for (const Family which : BothFamilies)
+        dtc().family(which).warnAboutDeleteKey = before.dtc().family(which).warnAboutDeleteKey;
 }
 
 void LiveControl::show(const std::string& text) {

@@ -45,6 +45,9 @@ class LiveControl : public QObject, private MessageBox, private PropertyChangeSi
     // Shows a tab page, unless that would change the control by itself: tells whether it is shown.
     bool showTab(int page);
 
+    // The same control made anew: it has said what it says only once.
+    void goOnFrom(LiveControl& before);
+
     // Why saving the page would lose something, found while loading.
     const std::optional<std::string>& loadingDoubt() const { return control_->loadingDoubt(); }
     const std::vector<std::string>& loadingMessages() const { return collected_; }

@@ -90,7 +90,6 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     });
     connect(page_.get(), &EditedPage::placeChanged, this, &PageEditor::refreshPreviews);
     connect(controls_, &ControlPane::currentChanged, this, &PageEditor::showPreviewOfCurrent);
-    connect(controls_, &ControlPane::changeNoticed, this, &PageEditor::stateChanged);
     connect(controls_, &ControlPane::insertRequested, this, &PageEditor::insertControl);
     connect(source_, &SourceView::edited, this,
             [this](const ByteRange& range, const std::string& bytes, const QString& kind) {
@@ -113,10 +112,6 @@ PageEditor::~PageEditor() {
 
 QString PageEditor::title() const {
     return QFile::decodeName(page_->file().filename().c_str());
-}
-
-bool PageEditor::isModified() const {
-    return page_->isModified() || controls_->hasNoticedChange();
 }
 
 bool PageEditor::isBusy() const {

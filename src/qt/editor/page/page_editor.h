@@ -38,8 +38,7 @@ class PageEditor : public QWidget {
 
     // The file's name.
     QString title() const;
-    // Changes that are not in the page yet count too.
-    bool isModified() const;
+    bool isModified() const { return page_->isModified(); }
 
     void undo();
     void redo();

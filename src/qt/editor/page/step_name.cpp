@@ -1,5 +1,8 @@
 #include "qt/editor/page/step_name.h"
 
+#include "core/family_controls.h"
+#include "core/stored_keys.h"
+
 #include <algorithm>
 #include <set>
 #include <vector>
@@ -64,6 +67,13 @@ const Known* find(std::string_view name) {
     return nullptr;
 }
 
+// The cell with the button of the script dialog: "ZEKOCriteria2_4".
+bool isScriptButton(std::string_view name) {
+    const std::string suffix = '_' + std::to_string(criteria_column::Script);
+    return name.ends_with(suffix) && name.find("Criteria") != std::string_view::npos &&
+           storedTypeOf(name) == StoredType::String;
+}
+
 std::vector<std::string_view> differing(const StoredProperties& before,
                                         const StoredProperties& after) {
     const std::set<StoredProperties::value_type> old(before.begin(), before.end());
@@ -93,6 +103,13 @@ QString describeChange(const StoredProperties& before, const StoredProperties& a
         if (known && (!first || known < first)) first = known;
     }
     return first ? QString::fromLatin1(first->caption) : QStringLiteral("configuration");
+}
+
+bool isSameConfiguration(const StoredProperties& left, const StoredProperties& right) {
+    if (left == right) return true;
+    const auto names = differing(left, right);
+    // Properties in another order are another configuration: a list was sorted, say.
+    return !names.empty() && std::all_of(names.begin(), names.end(), isScriptButton);
 }
 
 QString changedNames(const StoredProperties& before, const StoredProperties& after) {

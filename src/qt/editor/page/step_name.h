@@ -15,6 +15,10 @@ QString propertyCaption(std::string_view storedName);
 // chooses; lists that only follow from a choice (the available fields of a provider) come last.
 QString describeChange(const StoredProperties& before, const StoredProperties& after);
 
+// Whether two states of a control are the same to an author. The "..." of a criteria row is stored
+// too, but it only says that somebody has been in the row.
+bool isSameConfiguration(const StoredProperties& left, const StoredProperties& right);
+
 // The stored properties that differ, for telling whether two changes are of one kind: their names,
 // joined.
 QString changedNames(const StoredProperties& before, const StoredProperties& after);

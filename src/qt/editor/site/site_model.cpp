@@ -142,6 +142,9 @@ QVariant SiteModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             if (index.column() == Name) return node.name;
             break;
+        case Qt::ToolTipRole:
+            if (index.column() == Name) return QFile::decodeName(node.path.c_str());
+            break;
         case Qt::DecorationRole:
             if (index.column() == Name) return editorIcon(node.isPage ? "text-html" : "folder");
             break;

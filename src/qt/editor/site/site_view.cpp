@@ -96,6 +96,7 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
     tree_->setAccessibleName(tr("Pages of the site"));
     tree_->setModel(filter_);
     tree_->setUniformRowHeights(true);
+    tree_->setIndentation(fontMetrics().height());
     tree_->setAllColumnsShowFocus(true);
     tree_->header()->setStretchLastSection(false);
     tree_->header()->setSectionResizeMode(SiteModel::Name, QHeaderView::Stretch);

@@ -1,0 +1,268 @@
+// What an author does to an open page: change, save, take back, write in the source.
+
+#include "qt/editor/window_fixture.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QTextBlock>
+
+namespace headerdtc::qt {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class Editing : public WindowTest {};
+
+TEST_F(Editing, OpeningAPageChangesNothing) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    for (int tab = 0; tab < 6; ++tab) {
+        dtc(editor).SSTab1.clickTab(tab);
+        editor.controls().takeChanges();
+    }
+    QTest::qWait(400);
+    EXPECT_FALSE(editor.isModified());
+    command(Command::Save);
+    EXPECT_EQ(ordersPage(), site.read("page.asp"));
+}
+
+TEST_F(Editing, AChangeAtTheControlIsAStepThatIsSavedAndTakenBack) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    toggleExtraFilters(editor);
+    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_EQ("&Undo: extra filters", window->commands()[Command::Undo]->text());
+
+    command(Command::Save);
+    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_THAT(site.read("page.asp"), HasSubstr("NAME=\"EnableExtraFilters\" VALUE=\"-1\""));
+    EXPECT_EQ(GeneratedPage::Verdict::UpToDate, check("page.asp").verdict);
+
+    command(Command::Undo);
+    EXPECT_EQ(CheckState::Unchecked, dtc(editor).EnableExtraFiltersCheck.Value());
+    EXPECT_TRUE(window->isWindowModified());
+    command(Command::Save);
+    EXPECT_EQ(ordersPage(), site.read("page.asp"));
+
+    command(Command::Redo);
+    EXPECT_EQ(CheckState::Checked, dtc(editor).EnableExtraFiltersCheck.Value());
+    EXPECT_TRUE(editor.findChild<QCheckBox*>("EnableExtraFiltersCheck")->isChecked());
+}
+
+TEST_F(Editing, UndoKeepsTheTab) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    dtc(editor).DataProvidersCombo.choose("Stock");
+    dtc(editor).SSTab1.clickTab(2);
+    editor.controls().takeChanges();
+    EXPECT_EQ(0, dtc(editor).ZEKO.SelectedFieldsList.ListCount());
+    dtc(editor).ZEKO.FieldsList.select({0}, 0);
+    dtc(editor).ZEKO.AddField.press();
+    editor.controls().takeChanges();
+    EXPECT_EQ("&Undo: ZEKO return fields", window->commands()[Command::Undo]->text());
+    EXPECT_EQ(1, dtc(editor).ZEKO.SelectedFieldsList.ListCount());
+    command(Command::Undo);
+    EXPECT_EQ(0, dtc(editor).ZEKO.SelectedFieldsList.ListCount());
+    EXPECT_EQ(2, dtc(editor).SSTab1.Tab());
+    command(Command::Undo);
+    EXPECT_FALSE(editor.isModified());
+}
+
+// Whatever the author did, undone fully it gives the bytes of the start, and redone the others.
+TEST_F(Editing, ManyStepsUndoneGiveThePageOfTheStart) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    auto& page = editor.page();
+    const auto zeko = [&]() -> FamilyControls& { return dtc(editor).ZEKO; };
+    const std::vector<std::function<void()>> actions{
+        [&] { dtc(editor).DataProvidersCombo.choose("Stock"); },
+        [&] { dtc(editor).SSTab1.clickTab(2); },
+        [&] { zeko().FieldsList.select({0}, 0); },
+        [&] { zeko().AddField.press(); },
+        [&] { zeko().AddCriteriumCommand.press(); },
+        [&] {
+            zeko().CriteriaGrid.clickCell(2, criteria_column::Key);
+            zeko().KeyFieldsCombo.choose(0);
+        },
+        [&] { editor.source().setFocus(); },
+        [&] {
+            page.replaceText({0, 0}, "<!-- new -->\n", {});
+        },
+        [&] { dtc(editor).SSTab1.clickTab(0); },
+        [&] { dtc(editor).XSLFilenameText.type("xsl/Other.xsl"); },
+        [&] { page.insertControl(1); },
+        [&] { page.removeControl(1); },
+    };
+    std::vector<std::string> states{page.content()->bytes()};
+    for (const auto& action : actions) {
+        action();
+        editor.finishEditing();
+        if (page.content()->bytes() != states.back()) states.push_back(page.content()->bytes());
+    }
+    ASSERT_GT(states.size(), 7U);
+    for (std::size_t i = states.size(); i-- > 0;) {
+        EXPECT_EQ(states[i], page.content()->bytes());
+        if (i > 0) command(Command::Undo);
+    }
+    EXPECT_EQ(nullptr, page.history().undoStep());
+    EXPECT_FALSE(editor.isModified());
+    for (std::size_t i = 1; i < states.size(); ++i) {
+        command(Command::Redo);
+        EXPECT_EQ(states[i], page.content()->bytes());
+    }
+    while (page.history().undoStep())
+        command(Command::Undo);
+}
+
+TEST_F(Editing, AValueThatIsStillBeingTypedIsSaved) {
+    PageEditor& editor =
+        open("page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
+                                    Site::param("ZEKOCriteria1_2", "==")));
+    HeaderDTC& control = dtc(editor);
+    control.SSTab1.clickTab(2);
+    answerDialogs([](QWidget& dialog) { press(dialog, "OK"); });  // the warning of the Del key
+    control.ZEKO.CriteriaGrid.doubleClickCell(1, criteria_column::Value);
+    ASSERT_TRUE(control.ZEKO.KeyFieldValueText.hasFocus());
+    control.ZEKO.KeyFieldValueText.type("100200");
+    command(Command::Save);
+    EXPECT_THAT(site.read("page.asp"), HasSubstr("NAME=\"ZEKOCriteria1_3\" VALUE=\"100200\""));
+}
+
+TEST_F(Editing, SourceIsWrittenAroundTheControlByteForByte) {
+    const std::string before = "caf\xE9\rone\n\x81 two\r\n";
+    const std::string control = Site::control(Site::ordersParams(), Site::ordersText());
+    PageEditor& editor = open("page.asp", before + control +
+                                              "\nthree\xA0"
+                                              "end");
+    SourceView& source = editor.source();
+    source.setFocus();
+    source.goToLine(3);
+    QTest::keyClick(&source, Qt::Key_End);
+    QTest::keyClicks(&source, " more");
+    QTest::keyClick(&source, Qt::Key_Return);
+    settle();
+    command(Command::Save);
+    EXPECT_EQ("caf\xE9\rone\n\x81 two more\r\n\r\n" + control +
+                  "\nthree\xA0"
+                  "end",
+              site.read("page.asp"));
+    EXPECT_EQ("&Undo: source text", window->commands()[Command::Undo]->text());
+    while (editor.page().history().undoStep())
+        command(Command::Undo);
+    EXPECT_EQ(before + control +
+                  "\nthree\xA0"
+                  "end",
+              editor.page().content()->bytes());
+}
+
+TEST_F(Editing, TheControlsLinesAreNotWrittenInTheSource) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    SourceView& source = editor.source();
+    source.setFocus();
+    source.setFolded("HeaderDTC1", false);
+    source.goToLine(5);
+    QTest::keyClicks(&source, "xyz");
+    settle();
+    source.selectAll();
+    QTest::keyClick(&source, Qt::Key_Delete);
+    settle();
+    EXPECT_FALSE(editor.page().isModified());
+    EXPECT_EQ(source.lines()->text(), source.toPlainText());
+    EXPECT_TRUE(editor.notices().shows("span"));
+}
+
+TEST_F(Editing, ACharacterThatTheCodePageLacksIsShownAsItIsWritten) {
+    PageEditor& editor = open("page.asp", "ab\n");
+    SourceView& source = editor.source();
+    QApplication::clipboard()->setText(QStringLiteral("\u03A9\u00A0"));
+    source.setFocus();
+    source.paste();
+    settle();
+    EXPECT_EQ(
+        "&#937;\xA0"
+        "ab\n",
+        editor.page().content()->bytes());
+    EXPECT_EQ(QStringLiteral("&#937;\u00A0ab"), source.document()->firstBlock().text());
+}
+
+TEST_F(Editing, TheControlsSpanIsFoldedAndShownOnDemand) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    SourceView& source = editor.source();
+    const auto isVisible = [&](int line) {
+        return source.document()->findBlockByNumber(line - 1).isVisible();
+    };
+    EXPECT_TRUE(isVisible(3));
+    EXPECT_FALSE(isVisible(4));
+    source.goToLine(4);
+    EXPECT_TRUE(isVisible(4));
+    command(Command::ToggleFold);
+    EXPECT_FALSE(isVisible(4));
+}
+
+TEST_F(Editing, ControlsAreInsertedChosenAndTakenOut) {
+    PageEditor& editor = open("page.asp", "<html>\r\n</html>\r\n");
+    EXPECT_EQ(nullptr, editor.controls().surface());
+    editor.source().goToLine(2);
+    command(Command::InsertControl);
+    ASSERT_NE(nullptr, editor.controls().surface());
+    EXPECT_EQ("HeaderDTC1", editor.controls().live()->id());
+    editor.source().goToLine(1);
+    command(Command::InsertControl);
+    EXPECT_EQ("HeaderDTC2", editor.controls().live()->id());
+    EXPECT_EQ(0U, editor.controls().current());
+
+    auto* selector = editor.findChild<QComboBox*>("ControlSelector");
+    EXPECT_TRUE(selector->isVisible());
+    QTest::keyClick(selector, Qt::Key_Down);
+    EXPECT_EQ("HeaderDTC1", editor.controls().live()->id());
+    command(Command::RemoveControl);
+    EXPECT_EQ("HeaderDTC2", editor.controls().live()->id());
+    command(Command::RemoveControl);
+    EXPECT_EQ("<html>\r\n</html>\r\n", editor.page().content()->bytes());
+    command(Command::Undo);
+    EXPECT_EQ("HeaderDTC2", editor.controls().live()->id());
+}
+
+TEST_F(Editing, MarkupThatCannotBeReadIsSaidAndMendedInTheSource) {
+    PageEditor& editor = open("page.asp", ordersPage() +
+                                              "<!--METADATA TYPE=\"DesignerControl\" "
+                                              "startspan\n<OBJECT ID=\"X\">\n");
+    EXPECT_EQ(nullptr, editor.controls().surface());
+    ASSERT_TRUE(eventually([&] { return window->messages().rowCount() > 0; }));
+    EXPECT_GT(window->messages().message(0).place.line, 3);
+    const auto size = editor.page().content()->bytes().size();
+    editor.page().replaceText({ordersPage().size(), size}, "", {});
+    settle();
+    EXPECT_NE(nullptr, editor.controls().surface());
+    EXPECT_TRUE(eventually([&] { return window->messages().rowCount() == 0; }));
+}
+
+TEST_F(Editing, ThePreviewMarksWhatChangesAndLeavesTheControlAlone) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    generated(editor);
+    auto* summary = editor.findChild<QLabel*>("PreviewSummary");
+    EXPECT_EQ("The page already holds this text.", summary->text());
+    dtc(editor).DataProvidersCombo.choose("Stock");
+    editor.controls().takeChanges();
+    EXPECT_THAT(generated(editor), HasSubstr("<% ' Orders\n<% ' Stock\n"));
+    EXPECT_EQ("Saving adds 1 line and removes 1 line.", summary->text());
+    // The expansion looks into the dictionaries, which adds to them; not to the author's.
+    EXPECT_EQ(std::nullopt, editor.controls().live()->takeChange());
+}
+
+TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {
+    PageEditor& editor = open(
+        "page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO")));
+    ASSERT_TRUE(eventually([&] { return window->messages().rowCount() > 0; }));
+    EXPECT_THAT(messages(), ElementsAre("Incomplete criterion on line 1 on the ZEKO tab"));
+    dtc(editor).SSTab1.clickTab(0);
+    editor.goTo(window->messages().message(0).place);
+    EXPECT_EQ(2, dtc(editor).SSTab1.Tab());
+    EXPECT_EQ(1, dtc(editor).ZEKO.CriteriaGrid.Row());
+    EXPECT_TRUE(said.empty());
+    // Where the page is closed, its messages go.
+    command(Command::Close);
+    EXPECT_THAT(messages(), ElementsAre());
+}
+
+}  // namespace
+}  // namespace headerdtc::qt

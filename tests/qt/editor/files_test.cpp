@@ -1,0 +1,209 @@
+// What becomes of the files: saving, losses, changes by others, crashes, closing.
+
+#include "qt/editor/files/compare_dialog.h"
+#include "qt/editor/recovery/recovery_dialog.h"
+#include "qt/editor/window_fixture.h"
+
+#include <QMessageBox>
+#include <QTreeWidget>
+
+namespace headerdtc::qt {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class Files : public WindowTest {
+  protected:
+    static std::string lostProvider() {
+        std::string params = Site::ordersParams();
+        const std::string orders = "VALUE=\"Orders\"";
+        return Site::page(params.replace(params.find(orders), orders.size(), "VALUE=\"Gone\""));
+    }
+};
+
+TEST_F(Files, ALossIsRefusedWithItsReasonAndSavedOnDemand) {
+    PageEditor& editor = open("page.asp", lostProvider());
+    EXPECT_TRUE(editor.notices().shows("doubt"));
+    toggleExtraFilters(editor);
+    answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
+    command(Command::Save);
+    EXPECT_THAT(said, HasSubstr("DataProvider is \"Gone\" and would be gone"));
+    EXPECT_EQ(lostProvider(), site.read("page.asp"));
+    EXPECT_TRUE(editor.isModified());
+
+    // Undo and redo make the control anew; what it would lose is not forgotten.
+    command(Command::Undo);
+    command(Command::Redo);
+    said.clear();
+    command(Command::Save);
+    EXPECT_THAT(said, HasSubstr("DataProvider"));
+
+    answerDialogs([](QWidget& dialog) { press(dialog, "Save anyway"); });
+    command(Command::Save);
+    EXPECT_THAT(site.read("page.asp"), Not(HasSubstr("Gone")));
+    EXPECT_THAT(site.read("page.asp"), HasSubstr("EnableExtraFilters"));
+    EXPECT_FALSE(editor.isModified());
+    EXPECT_FALSE(editor.notices().shows("doubt"));
+}
+
+TEST_F(Files, AFailingExpansionIsNotSaved) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
+    toggleExtraFilters(editor);
+    answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
+    command(Command::Save);
+    EXPECT_THAT(said, HasSubstr("IProvideRuntimeText_GetRuntimeText"));
+    EXPECT_EQ(ordersPage(), site.read("page.asp"));
+}
+
+TEST_F(Files, APageWithoutChangesFollowsItsFile) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    site.write("page.asp", "<!-- new -->" + ordersPage());
+    window->tabs().checkDisk();
+    EXPECT_EQ("<!-- new -->" + ordersPage(), editor.page().content()->bytes());
+    EXPECT_FALSE(editor.isModified());
+    command(Command::Undo);
+    EXPECT_EQ(ordersPage(), editor.page().content()->bytes());
+}
+
+TEST_F(Files, AChangeByAnotherIsNoticedAndNeverOverwrittenUnasked) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    toggleExtraFilters(editor);
+    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    const std::string theirs = "<!-- theirs -->" + ordersPage();
+    site.write("page.asp", theirs);
+    ASSERT_TRUE(eventually([&] { return editor.notices().shows("disk"); }));
+
+    answerDialogs([](QWidget& dialog) { press(dialog, "Decide later"); });
+    command(Command::Save);
+    EXPECT_EQ(theirs, site.read("page.asp"));
+    EXPECT_TRUE(editor.isModified());
+
+    answerDialogs([](QWidget& dialog) { press(dialog, "Take theirs"); });
+    command(Command::Save);
+    EXPECT_EQ(theirs, editor.page().content()->bytes());
+    EXPECT_FALSE(editor.isModified());
+    command(Command::Undo);
+    EXPECT_EQ(CheckState::Checked, dtc(editor).EnableExtraFiltersCheck.Value());
+
+    site.write("page.asp", "<!-- again -->" + theirs);
+    answerDialogs([](QWidget& dialog) { press(dialog, "Keep mine"); });
+    command(Command::Save);
+    EXPECT_THAT(site.read("page.asp"), Not(HasSubstr("theirs")));
+    EXPECT_THAT(site.read("page.asp"), HasSubstr("EnableExtraFilters"));
+}
+
+TEST_F(Files, AFileThatIsGoneIsMadeAnew) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    std::filesystem::remove(site / "page.asp");
+    ASSERT_TRUE(eventually([&] { return editor.notices().shows("disk"); }));
+    press(editor.notices(), "Save again");
+    EXPECT_EQ(ordersPage(), site.read("page.asp"));
+    EXPECT_FALSE(editor.isModified());
+}
+
+TEST_F(Files, ClosingAsksAndSaysWhatWouldBeLost) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    toggleExtraFilters(editor);
+    answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
+    command(Command::Close);
+    EXPECT_THAT(said, HasSubstr("extra filters of HeaderDTC1"));
+    EXPECT_EQ(&editor, window->tabs().current());
+    EXPECT_FALSE(window->close());
+
+    answerDialogs([](QWidget& dialog) { press(dialog, "Save"); });
+    command(Command::Close);
+    EXPECT_EQ(nullptr, window->tabs().current());
+    EXPECT_THAT(site.read("page.asp"), HasSubstr("EnableExtraFilters"));
+}
+
+TEST_F(Files, ANewPageIsSavedUnderTheNameThatIsGiven) {
+    open("sub/page.asp", ordersPage());
+    command(Command::New);
+    PageEditor& editor = *window->tabs().current();
+    EXPECT_FALSE(editor.isModified());
+    EXPECT_EQ("page1.asp", editor.title());
+    editor.page().saveAs(site / "fresh.asp", EditedPage::Guard::RefuseLosses);
+    settle();
+    EXPECT_EQ("fresh.asp", editor.title());
+    EXPECT_EQ(GeneratedPage::Verdict::UpToDate, check("fresh.asp").verdict);
+}
+
+// ---- recovery -----------------------------------------------------------------------------------
+
+class Recovery : public Files {
+  protected:
+    // What a crash leaves: the running editor's copies, without anybody who holds their lock.
+    void crash() {
+        window->recovery().keepAll();
+        const auto own = site / "recovery";
+        ASSERT_TRUE(eventually([&] { return copies() > 0; }));
+        std::filesystem::copy(own, site / "crashed", std::filesystem::copy_options::recursive);
+        answerDialogs([](QWidget& dialog) { press(dialog, "Discard"); });
+        window->close();
+        window.reset();
+        EXPECT_EQ(0, copies());
+        for (const auto& session : std::filesystem::directory_iterator(site / "crashed")) {
+            std::filesystem::remove(session.path() / "lock");
+            std::filesystem::create_directories(own);
+            std::filesystem::rename(session.path(), own / session.path().filename());
+        }
+        said.clear();
+    }
+    int copies() const {
+        int count = 0;
+        std::error_code failure;
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(site / "recovery", failure))
+            count += entry.path().extension() == ".page" ? 1 : 0;
+        return count;
+    }
+};
+
+TEST_F(Recovery, UnsavedChangesAreOfferedAfterACrash) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    toggleExtraFilters(editor);
+    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    const std::string mine = editor.page().content()->bytes();
+    // Copies of an editor that runs are nobody else's.
+    window->recovery().keepAll();
+    EXPECT_TRUE(RecoveryStore(site / "recovery").leftBehind().empty());
+    crash();
+
+    openWindow();
+    answerDialogs([](QWidget& dialog) { press(dialog, "Decide later"); });
+    window->offerRecovery();
+    EXPECT_EQ(1, copies());
+    answerDialogs([](QWidget& dialog) { press(dialog, "Recover"); });
+    window->offerRecovery();
+    PageEditor& recovered = *window->tabs().current();
+    EXPECT_EQ(mine, recovered.page().content()->bytes());
+    EXPECT_TRUE(recovered.isModified());
+    EXPECT_EQ(ordersPage(), site.read("page.asp"));
+    EXPECT_EQ(CheckState::Checked, dtc(recovered).EnableExtraFiltersCheck.Value());
+    EXPECT_EQ(1, copies()) << "kept by this editor now";
+    command(Command::Undo);
+    EXPECT_EQ(ordersPage(), recovered.page().content()->bytes());
+}
+
+TEST_F(Recovery, AChangeOfTheFileSinceThenIsSaidAndDiscardedCopiesAreGone) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    toggleExtraFilters(editor);
+    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    crash();
+    site.write("page.asp", "<!-- later -->" + ordersPage());
+    openWindow();
+    answerDialogs([this](QWidget& dialog) {
+        if (auto* list = dialog.findChild<QTreeWidget*>("RecoveryList"))
+            said += list->topLevelItem(0)->text(2).toStdString();
+        press(dialog, dialog.objectName() == "RecoveryDialog" ? "Discard..." : "Discard");
+    });
+    window->offerRecovery();
+    EXPECT_THAT(said, HasSubstr("file has changed since"));
+    EXPECT_EQ(0, copies());
+    EXPECT_EQ(nullptr, window->tabs().current());
+}
+
+}  // namespace
+}  // namespace headerdtc::qt

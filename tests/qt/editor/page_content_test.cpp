@@ -1,0 +1,154 @@
+#include "qt/editor/page/page_content.h"
+
+#include "qt/editor/page/step_name.h"
+#include "qt/editor/page/undo_history.h"
+#include "support/temp_site.h"
+
+#include <gtest/gtest.h>
+
+namespace headerdtc::qt {
+namespace {
+
+using Site = testing::TempSite;
+
+const CodePage& windows1252() {
+    static const CodePage page("windows-1252");
+    return page;
+}
+
+PageContentPtr content(std::string bytes) {
+    return std::make_shared<const PageContent>("page.asp", std::move(bytes), windows1252());
+}
+
+StoredProperties with(StoredProperties properties, const std::string& name,
+                      const std::string& value) {
+    for (auto& property : properties) {
+        if (property.first == name) property.second = value;
+    }
+    return properties;
+}
+
+TEST(PageContent, ChangesOneControlAndNothingElse) {
+    const std::string before = "caf\xE9 <b>\r\n";
+    const std::string after = "\n<i>\r\x81 end";
+    const auto page = content(before + Site::control(Site::ordersParams(), "text\r\n") + after);
+    const auto properties = with(page->controls()[0].properties, "XSLFilename", "xsl/Wide.xsl");
+    const auto changed = content(page->withProperties(0, properties, *page));
+    EXPECT_TRUE(changed->bytes().starts_with(before));
+    EXPECT_TRUE(changed->bytes().ends_with(after));
+    EXPECT_EQ(properties, changed->controls()[0].properties);
+    EXPECT_EQ("text\r\n", changed->runtimeTextOf(0));
+}
+
+TEST(PageContent, PropertiesTakenBackAreWrittenAsTheFileHasThem) {
+    // Written by hand, in no form that the program would choose.
+    std::string markup = Site::control(Site::ordersParams(), "text\r\n");
+    const std::string name = "<PARAM NAME=\"DataProvider\"";
+    markup.replace(markup.find(name), name.size(), "<param   name='DataProvider'");
+    const auto saved = content(markup);
+    const auto changed = content(saved->withProperties(
+        0, with(saved->controls()[0].properties, "DataProvider", "Stock"), *saved));
+    ASSERT_NE(saved->bytes(), changed->bytes());
+    EXPECT_EQ(saved->bytes(), changed->withProperties(0, saved->controls()[0].properties, *saved));
+}
+
+TEST(PageContent, AControlIsTakenOutWithItsLineOrFromWithinALine) {
+    const std::string control = Site::control(Site::ordersParams());
+    EXPECT_EQ("a\r\nb\r\n", content("a\r\n" + control + "\r\nb\r\n")->withoutControl(0));
+    EXPECT_EQ("a<i></i>\n", content("a<i>" + control + "</i>\n")->withoutControl(0));
+    EXPECT_EQ("", content(control)->withoutControl(0));
+}
+
+TEST(PageContent, APageThatCannotBeTakenApartIsTextAllTheSame) {
+    const std::string broken =
+        "one\n<!--METADATA TYPE=\"DesignerControl\" startspan\n<OBJECT ID=x "
+        "CLASSID=\"clsid:2F9DAB28-6BB4-469F-A568-9CA7A4217B69\">\n";
+    const auto page = content(broken);
+    EXPECT_EQ(broken, page->bytes());
+    EXPECT_TRUE(page->controls().empty());
+    ASSERT_TRUE(page->problem());
+    EXPECT_EQ(3, page->problem()->line());
+    EXPECT_THROW(page->withNewControl(1), FileError);
+    EXPECT_FALSE(content(page->withText({0, broken.size()}, "mended"))->problem());
+}
+
+TEST(PageContent, TellsThePagesOwnLineEnd) {
+    EXPECT_EQ("\n", content("a\nb\nc\r\n")->lineEnd());
+    EXPECT_EQ("\r", content("a\rb\rc\n")->lineEnd());
+    EXPECT_EQ("\r\n", content("no line")->lineEnd());
+}
+
+TEST(StepName, NamesWhatTheAuthorChoseAndNotWhatFollowedFromIt) {
+    const StoredProperties before{{"DataProvider", "Orders"}, {"ZEKOAvailableFields0", "1 - A"}};
+    const StoredProperties after{{"DataProvider", "Stock"}, {"ZEKOAvailableFields0", "1 - B"}};
+    EXPECT_EQ("data provider", describeChange(before, after));
+    EXPECT_EQ("ZEKO criteria", describeChange({}, {{"ZEKOCriteria2_1", "ORDNO"}}));
+    EXPECT_EQ("EAI return fields",
+              describeChange({{"EAIReturnFields0", "A.B"}, {"NrOfEAII18NFieldnames", "1"}},
+                             {{"NrOfEAII18NFieldnames", "0"}}));
+    EXPECT_EQ("ZEKO links", describeChange({}, {{"NrOfLinkedZEKOFields", "3"}}));
+}
+
+class UndoHistoryTest : public ::testing::Test {
+  protected:
+    void push(const char* bytes, const char* kind = "") {
+        history.push(content(bytes), {.name = QLatin1String(bytes), .kind = QLatin1String(kind)});
+    }
+    const std::string& now() const { return history.current()->bytes(); }
+
+    UndoHistory history{content("start")};
+};
+
+TEST_F(UndoHistoryTest, GoesBackAndForthAndForgetsWhatWasUndoneWithANewStep) {
+    push("one");
+    push("two");
+    history.undo();
+    history.undo();
+    EXPECT_EQ("start", now());
+    EXPECT_EQ(nullptr, history.undoStep());
+    history.redo();
+    EXPECT_EQ("one", now());
+    EXPECT_EQ("two", history.redoStep()->name);
+    push("three");
+    EXPECT_EQ(nullptr, history.redoStep());
+    history.undo();
+    EXPECT_EQ("one", now());
+}
+
+TEST_F(UndoHistoryTest, JoinsStepsOfOneKindUntilAPause) {
+    push("a", "letters");
+    push("ab", "letters");
+    history.seal();
+    push("abc", "letters");
+    history.undo();
+    EXPECT_EQ("ab", now());
+    history.undo();
+    EXPECT_EQ("start", now());
+}
+
+TEST_F(UndoHistoryTest, ASavedPageTakesThePlaceOfTheOneThatWasSaved) {
+    push("one");
+    push("two");
+    history.undo();
+    history.replaceCurrent(content("one, generated"));
+    history.redo();
+    EXPECT_EQ("two", now());
+    history.undo();
+    EXPECT_EQ("one, generated", now());
+    history.undo();
+    EXPECT_EQ("start", now());
+}
+
+TEST_F(UndoHistoryTest, DropsTheOldestStatesOfALargePage) {
+    const std::string large(UndoHistory::MostBytes / 4, 'x');
+    for (int i = 0; i < 8; ++i)
+        push((large + std::to_string(i)).c_str());
+    int steps = 0;
+    for (; history.undoStep(); ++steps)
+        history.undo();
+    EXPECT_GE(steps, 2);
+    EXPECT_LE(steps, 4);
+}
+
+}  // namespace
+}  // namespace headerdtc::qt

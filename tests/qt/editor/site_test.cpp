@@ -1,0 +1,197 @@
+// The site around the pages: its tree, its runs, its configuration, the demo.
+
+#include "qt/editor/settings/settings_dialog.h"
+#include "qt/editor/start/demo_site.h"
+#include "qt/editor/window_fixture.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTableWidget>
+#include <QTreeView>
+
+namespace headerdtc::qt {
+namespace {
+
+using ::testing::HasSubstr;
+using Verdict = GeneratedPage::Verdict;
+
+class SiteWindow : public WindowTest {
+  protected:
+    SiteWindow() {
+        site.write("current.asp", ordersPage());
+        site.write("sub/stale.asp", Site::page(Site::ordersParams(), "old\r\n"));
+        site.write("sub/plain.inc", "<html>\n");
+        std::string params = Site::ordersParams();
+        const std::string orders = "VALUE=\"Orders\"";
+        site.write("lost.asp",
+                   Site::page(params.replace(params.find(orders), orders.size(), "VALUE=\"X\"")));
+        window->openAnything(site.path());
+        finish();
+    }
+    void finish() {
+        EXPECT_TRUE(eventually([&] { return !window->site().run().isRunning(); }));
+        settle();
+    }
+    std::string stateOf(const std::string& page) {
+        return window->site()
+            .model()
+            .indexOf(site / page)
+            .siblingAtColumn(SiteModel::State)
+            .data()
+            .toString()
+            .toStdString();
+    }
+    std::string summary() {
+        return window->findChild<QLabel*>("SiteSummary")->text().toStdString();
+    }
+};
+
+TEST_F(SiteWindow, ShowsWhatACheckFindsAndWritesNothing) {
+    EXPECT_EQ("up to date", stateOf("current.asp"));
+    EXPECT_EQ("out of date", stateOf("sub/stale.asp"));
+    EXPECT_EQ("no control", stateOf("sub/plain.inc"));
+    EXPECT_EQ("would lose something", stateOf("lost.asp"));
+    EXPECT_EQ("1 up to date, 1 out of date, 1 not done", summary());
+    EXPECT_THAT(site.read("sub/stale.asp"), HasSubstr("old"));
+}
+
+TEST_F(SiteWindow, ShowsOnlyThePagesAskedFor) {
+    auto* tree = window->findChild<QTreeView*>("SiteTree");
+    EXPECT_EQ(4, tree->model()->rowCount()) << "with the template's folder";
+    window->findChild<QComboBox*>("SiteShow")->setCurrentIndex(SiteFilter::NeedingWork);
+    EXPECT_EQ(2, tree->model()->rowCount());
+    window->findChild<QLineEdit*>("SiteSearch")->setText("lost");
+    EXPECT_EQ(1, tree->model()->rowCount());
+}
+
+TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
+    // An open page without changes follows what the run writes into its file.
+    window->open(site / "sub/stale.asp");
+    press(*window, "Generate all");
+    finish();
+    EXPECT_EQ("up to date", stateOf("sub/stale.asp"));
+    EXPECT_EQ("1 written, 2 up to date, 1 not done", summary());
+    EXPECT_EQ(Verdict::UpToDate, check("sub/stale.asp").verdict);
+    EXPECT_EQ(site.read("sub/stale.asp"), window->tabs().current()->page().content()->bytes());
+
+    int row = 0;
+    while (row < window->messages().rowCount() &&
+           window->messages().message(row).page != site / "lost.asp")
+        ++row;
+    ASSERT_LT(row, window->messages().rowCount());
+    auto* view = window->findChild<QTreeView*>("MessagesView");
+    Q_EMIT view->activated(window->messages().index(row, 0));
+    settle();
+    EXPECT_EQ(site / "lost.asp", window->tabs().current()->page().file());
+}
+
+TEST_F(SiteWindow, ChangesAreSavedBeforeGeneratingIfTheAuthorWants) {
+    window->open(site / "current.asp");
+    toggleExtraFilters(*window->tabs().current());
+    answerDialogs([](QWidget& dialog) { press(dialog, "Save All"); });
+    command(Command::GenerateAll);
+    finish();
+    EXPECT_THAT(site.read("current.asp"), HasSubstr("EnableExtraFilters"));
+}
+
+TEST_F(SiteWindow, ASavedPageIsCheckedAgain) {
+    window->open(site / "sub/stale.asp");
+    settle();
+    command(Command::Save);
+    finish();
+    EXPECT_EQ("up to date", stateOf("sub/stale.asp"));
+    EXPECT_EQ("2 up to date, 1 not done", summary());
+}
+
+TEST_F(SiteWindow, ARunCanBeStopped) {
+    for (int i = 0; i < 300; ++i)
+        site.write("many/" + std::to_string(i) + ".asp", Site::page(Site::ordersParams()));
+    window->site().generateAll();
+    window->site().run().cancel();
+    finish();
+    EXPECT_THAT(summary(), HasSubstr("Stopped."));
+    EXPECT_EQ(Verdict::Stale, check("many/299.asp").verdict);
+}
+
+// ---- settings -----------------------------------------------------------------------------------
+
+class Settings : public SiteWindow {
+  protected:
+    static void set(QWidget& dialog, const char* field, const char* value) {
+        dialog.findChild<QLineEdit*>(QLatin1String(field))->setText(QLatin1String(value));
+    }
+};
+
+TEST_F(Settings, ChangesAValueAndKeepsTheFilesComments) {
+    const std::string before = "# ours\n" + site.read("headerdtc.toml") + "# the end\n";
+    site.write("headerdtc.toml", before);
+    answerDialogs([](QWidget& dialog) {
+        set(dialog, "datasource.catalogue", "other.json");
+        press(dialog, "Save");
+    });
+    command(Command::Settings);
+    std::string expected = before;
+    const std::string old = "catalogue = \"catalogue.json\"";
+    expected.replace(expected.find(old), old.size(), "catalogue = \"other.json\"");
+    EXPECT_EQ(expected, site.read("headerdtc.toml"));
+}
+
+TEST_F(Settings, WhatCannotBeReadIsNotWritten) {
+    const std::string before = site.read("headerdtc.toml");
+    answerDialogs([](QWidget& dialog) {
+        if (dialog.objectName() == "SettingsDialog") {
+            dialog.findChild<QComboBox*>("CodePageCombo")->setEditText("windows-12520");
+            press(dialog, "Save");
+            press(dialog, "Cancel");
+        } else {
+            press(dialog, "OK");
+        }
+    });
+    command(Command::Settings);
+    EXPECT_THAT(said, HasSubstr("windows-12520"));
+    EXPECT_EQ(before, site.read("headerdtc.toml"));
+}
+
+TEST_F(Settings, AFileOfAnotherFormIsLeftToItsAuthor) {
+    const std::string before = "translations = {connect_string = \"DSN=Own\"}\n";
+    site.write("headerdtc.toml", before);
+    answerDialogs([](QWidget& dialog) {
+        if (dialog.objectName() == "SettingsDialog") {
+            set(dialog, "project.root", "web");
+            press(dialog, "Save");
+            press(dialog, "Cancel");
+        } else {
+            press(dialog, "OK");
+        }
+    });
+    command(Command::Settings);
+    EXPECT_THAT(said, HasSubstr("text editor"));
+    EXPECT_EQ(before, site.read("headerdtc.toml"));
+}
+
+TEST_F(Settings, AConnectionThatFailsSaysWhy) {
+    SettingsDialog dialog(site / "headerdtc.toml");
+    set(dialog, "translations.connect_string", "DSN=NoSuchSource");
+    press(dialog, "Test connection");
+    auto* result = dialog.findChild<QLabel*>("TestConnectionResult");
+    ASSERT_TRUE(eventually([&] { return result->property("connected").isValid(); }));
+    EXPECT_FALSE(result->property("connected").toBool());
+    EXPECT_THAT(result->text().toStdString(), HasSubstr("ata source name not found"));
+}
+
+TEST_F(WindowTest, TheDemoIsCopiedAndOpenedWithoutComplaints) {
+    const auto demo = findDemoSite();
+    ASSERT_TRUE(demo);
+    EXPECT_THROW(copyDemoSite(*demo, site.path()), std::runtime_error);
+    window->openDemo(site / "demo");
+    ASSERT_NE(nullptr, window->tabs().current());
+    EXPECT_TRUE(eventually([&] { return !window->site().run().isRunning(); }));
+    EXPECT_GT(window->site().model().count(Verdict::UpToDate), 5);
+    EXPECT_GT(dtc(*window->tabs().current()).ZEKO.SelectedFieldsList.ListCount(), 3);
+    QTest::qWait(400);
+    EXPECT_EQ(0, window->messages().rowCount());
+    EXPECT_FALSE(window->tabs().current()->isModified());
+}
+
+}  // namespace
+}  // namespace headerdtc::qt

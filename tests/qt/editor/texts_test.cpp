@@ -1,0 +1,187 @@
+// Differences between texts, places in messages, the text of the site's configuration.
+
+#include "qt/editor/files/aligned_texts.h"
+#include "qt/editor/messages/message.h"
+#include "qt/editor/preview/text_diff.h"
+#include "qt/editor/settings/configuration_text.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+
+namespace headerdtc::qt {
+namespace {
+
+using Lines = std::vector<std::string_view>;
+
+// The changed lines of a difference: "-old" and "+new".
+std::string changes(std::string_view before, std::string_view after) {
+    const Lines oldLines = linesOf(before);
+    const Lines newLines = linesOf(after);
+    std::string text;
+    for (const DiffRun& run : diffLines(oldLines, newLines)) {
+        if (run.same) continue;
+        for (std::size_t i = run.oldBegin; i < run.oldEnd; ++i)
+            text += '-' + std::string(oldLines[i]);
+        for (std::size_t i = run.newBegin; i < run.newEnd; ++i)
+            text += '+' + std::string(newLines[i]);
+    }
+    return text;
+}
+
+TEST(TextDiff, FindsTheFewestChanges) {
+    EXPECT_EQ("", changes("a\nb\n", "a\r\nb"));
+    EXPECT_EQ("-b", changes("a\nb\nc\n", "a\nc\n"));
+    EXPECT_EQ("+x-c", changes("a\nb\nc\nd", "a\nx\nb\nd"));
+    EXPECT_EQ("-a+b", changes("a", "b"));
+    EXPECT_EQ("+a+b", changes("", "a\nb\n"));
+    EXPECT_EQ("-1-3", changes("1\n2\n3\n4\n5", "2\n4\n5"));
+}
+
+TEST(TextDiff, RunsCoverBothTextsAndSameRunsAreTheSame) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        const auto text = [&] {
+            std::string made;
+            for (auto i = random() % 12; i > 0; --i)
+                made += std::string(1, static_cast<char>('a' + random() % 4)) + '\n';
+            return made;
+        };
+        const std::string before = text();
+        const std::string after = text();
+        const Lines oldLines = linesOf(before);
+        const Lines newLines = linesOf(after);
+        std::size_t oldLine = 0;
+        std::size_t newLine = 0;
+        for (const DiffRun& run : diffLines(oldLines, newLines)) {
+            ASSERT_EQ(oldLine, run.oldBegin);
+            ASSERT_EQ(newLine, run.newBegin);
+            oldLine = run.oldEnd;
+            newLine = run.newEnd;
+            if (!run.same) continue;
+            ASSERT_TRUE(std::equal(oldLines.begin() + static_cast<long>(run.oldBegin),
+                                   oldLines.begin() + static_cast<long>(run.oldEnd),
+                                   newLines.begin() + static_cast<long>(run.newBegin),
+                                   newLines.begin() + static_cast<long>(run.newEnd)));
+        }
+        EXPECT_EQ(oldLines.size(), oldLine);
+        EXPECT_EQ(newLines.size(), newLine);
+    }
+}
+
+TEST(TextDiff, TextsWithNothingInCommonAreOneDifference) {
+    std::string before;
+    std::string after;
+    for (int i = 0; i < 5000; ++i) {
+        before += "old" + std::to_string(i) + '\n';
+        after += "new" + std::to_string(i) + '\n';
+    }
+    const auto runs = diffLines(linesOf("same\n" + before), linesOf("same\n" + after));
+    ASSERT_EQ(2U, runs.size());
+    EXPECT_TRUE(runs[0].same);
+    EXPECT_EQ(5001U, runs[1].oldEnd);
+}
+
+TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {
+    const auto rows = alignTexts("a\nb\nc\n", "a\nmine\nc\n", "a\nb\ntheirs\nc\n");
+    std::string shown;
+    for (const AlignedRow& row : rows) {
+        for (const auto& cell : row.cells)
+            shown += (cell.present ? std::string(cell.text) : "-") + (cell.changed ? "! " : " ");
+        shown += '\n';
+    }
+    EXPECT_EQ(
+        "a a a \n"
+        "- mine! - \n"
+        "b! - b \n"
+        "- - theirs! \n"
+        "c c c \n",
+        shown);
+}
+
+TEST(Message, FindsItsPlaceInItsText) {
+    const ControlSpan stored{.id = "HeaderDTC1",
+                             .properties = {{"EAICriteria2_1", "A"},
+                                            {"EAICriteria2_2", "=="},
+                                            {"EAICriteria2_3", "1"},
+                                            {"ZEKOCriteria2_1", "B"},
+                                            {"ZEKOCriteria2_2", "<>"},
+                                            {"ZEKOCriteria2_3", "2"}},
+                             .whole = {},
+                             .markup = {},
+                             .runtimeText = {},
+                             .line = 4};
+    const auto placeOf = [&](const char* text) {
+        return describe(messageOf(text, "page.asp", stored).place);
+    };
+    EXPECT_EQ("HeaderDTC1, EAI tab, row 3",
+              placeOf("Incomplete criterion on line 3 on the EAI tab"));
+    EXPECT_EQ("HeaderDTC1, ZEKO tab, row 2", placeOf("Unknown operator '<>' on criterion 2"));
+    EXPECT_EQ("HeaderDTC1, General tab",
+              placeOf("a stored property would come back different: DataProvider is \"X\" and "
+                      "would be gone"));
+    EXPECT_EQ("HeaderDTC1, line 4", placeOf("Error in 'GetInstallDir': x (5)"));
+    EXPECT_EQ(Message::Severity::Error,
+              messageOf("Error in 'GetInstallDir': x (5)", "p", stored).severity);
+}
+
+constexpr const char* Toml =
+    "# The site.\n"
+    "code_page = \"windows-1252\"      # of every page\n"
+    "\n"
+    "[project]\r\n"
+    "root = '.'\r\n"
+    "[drives]   # letters\n"
+    "C = \"drive_c\"\n"
+    "  # the second one\n"
+    "D = 'd\\x'\n"
+    "[datasource]\n"
+    "catalogue = \"caf\\u00e9.json\"";
+
+TEST(ConfigurationText, ReadsWhatItKnowsAndWritesBackTheSame) {
+    const ConfigurationText text(Toml);
+    EXPECT_EQ(Toml, text.bytes());
+    EXPECT_EQ("windows-1252", text.get("", "code_page"));
+    EXPECT_EQ(".", text.get("project", "root"));
+    EXPECT_EQ("caf\xC3\xA9.json", text.get("datasource", "catalogue"));
+    EXPECT_EQ(std::nullopt, text.get("", "registry"));
+    const std::vector<std::pair<std::string, std::string>> drives{{"C", "drive_c"}, {"D", "d\\x"}};
+    EXPECT_EQ(drives, text.entries("drives"));
+}
+
+TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
+    ConfigurationText text(Toml);
+    text.set("", "code_page", "utf-8");
+    text.set("project", "root", "C:\\web");
+    text.remove("drives", "C");
+    text.set("drives", "E", "e \"quoted\" 'both'");
+    text.set("", "registry", "v.reg");
+    text.set("translations", "odbc_ini", "odbc.ini");
+    EXPECT_EQ(
+        "# The site.\n"
+        "code_page = \"utf-8\"             # of every page\n"
+        "registry = \"v.reg\"\n"
+        "\n"
+        "[project]\r\n"
+        "root = 'C:\\web'\r\n"
+        "[drives]   # letters\n"
+        "  # the second one\n"
+        "D = 'd\\x'\n"
+        "E = \"e \\\"quoted\\\" 'both'\"\n"
+        "[datasource]\n"
+        "catalogue = \"caf\\u00e9.json\"\n"
+        "\n"
+        "[translations]\n"
+        "odbc_ini = \"odbc.ini\"\n",
+        text.bytes());
+}
+
+TEST(ConfigurationText, BeginsAFileOfItsOwn) {
+    ConfigurationText text("");
+    text.set("project", "root", ".");
+    text.set("", "registry", "v.reg");
+    EXPECT_EQ("registry = \"v.reg\"\n[project]\nroot = \".\"\n", text.bytes());
+}
+
+}  // namespace
+}  // namespace headerdtc::qt
