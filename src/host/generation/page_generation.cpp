@@ -2,6 +2,8 @@
 
 #include "host/page/page_session.h"
 #include "host/quiet_host.h"
+#include "platform/runtime_error.h"
+#include "scripts/install_directory.h"
 
 #include <iterator>
 #include <utility>
@@ -14,6 +16,21 @@ using Verdict = GeneratedPage::Verdict;
 std::string leftAlone(const ControlSpan& control, const std::string& reason) {
     return "left as it was: " + reason + " (" + control.id + ", line " +
            std::to_string(control.line) + "); --force saves it all the same";
+}
+
+// The control says only that the install directory is not to be had; whoever mends the site needs
+// the reason.
+void explainRegistry(Site& site, std::vector<std::string>& messages) {
+    try {
+        site.registry.RegRead(std::string(InstallDirValue));
+    } catch (const RuntimeError& error) {
+        messages.push_back(error.description());
+    }
+}
+
+std::string withPlace(const FileError& error) {
+    if (error.line() == 0) return error.problem();
+    return "line " + std::to_string(error.line()) + ": " + error.problem();
 }
 
 void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
@@ -37,7 +54,10 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     result.after = markup.with(contents);
     result.before = markup.bytes();
     result.verdict = result.after == result.before ? Verdict::UpToDate : Verdict::Stale;
-    if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;
+    if (!result.doubts.empty()) {
+        result.verdict = Verdict::LeftAlone;
+        explainRegistry(*site, result.messages);
+    }
     if (result.verdict != Verdict::Stale) result.after.clear();
     for (const auto& doubt : result.doubts)
         result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.reason));
@@ -54,8 +74,7 @@ GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, Loss
         result.messages.emplace_back(error.what());
     } catch (const FileError& error) {
         result.verdict = Verdict::NotReadable;
-        result.messages.push_back(
-            error.file() == page.string() && error.line() == 0 ? error.problem() : error.what());
+        result.messages.push_back(error.file() == page.string() ? withPlace(error) : error.what());
     } catch (const std::exception& error) {
         result.verdict = Verdict::NotReadable;
         result.messages.emplace_back(error.what());
