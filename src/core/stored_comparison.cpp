@@ -4,6 +4,7 @@
 #include "core/stored_values.h"
 #include "platform/runtime_error.h"
 
+#include <set>
 #include <string_view>
 #include <unordered_map>
 
@@ -38,6 +39,22 @@ std::string pageText(const PropertyValue& value) {
     return toText(value);
 }
 
+// The entries of the dictionaries that are written, wherever they stand. An entry without a name is
+// not read back, and those behind it then get other numbers.
+class WrittenEntries {
+  public:
+    void add(const std::string& name, const PropertyValue& value) {
+        const auto kind = storedKindOf(name);
+        if (kind && !kind->dictionary.empty()) entries_.emplace(kind->dictionary, toText(value));
+    }
+    bool has(const StoredKind& kind, const std::string& entry) const {
+        return !kind.dictionary.empty() && entries_.contains({kind.dictionary, entry});
+    }
+
+  private:
+    std::set<std::pair<std::string_view, std::string>> entries_;
+};
+
 }  // namespace
 
 std::vector<LostProperty> findLosses(
@@ -45,12 +62,18 @@ std::vector<LostProperty> findLosses(
     const std::vector<std::pair<std::string, PropertyValue>>& written) {
     std::unordered_map<std::string_view, const PropertyValue*> rewritten;
     rewritten.reserve(written.size());
-    for (const auto& [name, value] : written)
+    WrittenEntries entries;
+    for (const auto& [name, value] : written) {
         rewritten.emplace(name, &value);
+        // Few names can be an entry's, and telling what a name is takes longer than this.
+        if (name.find("Type") != std::string::npos || name.find("Script") != std::string::npos)
+            entries.add(name, value);
+    }
 
     std::vector<LostProperty> losses;
     for (const auto& [name, text] : stored) {
         const auto kind = storedKindOf(name);
+        if (kind && entries.has(*kind, text)) continue;
         const auto found = rewritten.find(name);
         if (!kind || found == rewritten.end()) {
             if (!kind || !meansTheSame(text, kind->readingDefault, kind->type))

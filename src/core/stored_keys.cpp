@@ -65,7 +65,10 @@ std::optional<StoredType> storedTypeOf(std::string_view name) {
 
 std::optional<StoredKind> storedKindOf(std::string_view name) {
     const stored::Row* row = rowFor(name);
-    return row ? std::optional<StoredKind>({row->type, defaultInType(*row)}) : std::nullopt;
+    if (!row) return std::nullopt;
+    const bool isEntry = std::holds_alternative<stored::Scripts>(row->content) ||
+                         std::holds_alternative<stored::CriteriaTypes>(row->content);
+    return StoredKind{row->type, defaultInType(*row), isEntry ? row->key : std::string_view()};
 }
 
 }  // namespace headerdtc

@@ -15,6 +15,9 @@ struct StoredKind {
     StoredType type;
     // What reading makes of the property where it is not stored, in the property's type.
     PropertyValue readingDefault;
+    // For the name of a dictionary's entry ("ZEKOCriteriaType2"): the key before its number, which
+    // says where the entry stood and no more. Empty for all others.
+    std::string_view dictionary = {};
 };
 
 // The type of a stored property, nothing for a name that the control never stores. Numbered names

@@ -33,6 +33,16 @@ TEST(StoredComparisonTest, WhatComesBackTheSameInMeaningIsNoLoss) {
                 IsEmpty());
 }
 
+TEST(StoredComparisonTest, AnEntryOfADictionaryMayStandAtAnotherPlaceButNotGo) {
+    const Written written = {{"EAICriteriaType1", std::string("first")},
+                             {"firstEAICriteriaType", std::int16_t{2}}};
+    EXPECT_THAT(losses({{"EAICriteriaType2", "first"}, {"firstEAICriteriaType", "2"}}, written),
+                IsEmpty());
+    EXPECT_THAT(
+        losses({{"EAICriteriaType2", "other"}, {"ZEKOCriteriaType2", "first"}}, written),
+        ElementsAre("EAICriteriaType2: other -> nothing", "ZEKOCriteriaType2: first -> nothing"));
+}
+
 TEST(StoredComparisonTest, ADefaultMayBeLeftOut) {
     EXPECT_THAT(losses({{"EnableExtraFilters", "0"},
                         {"NrOfLinkedZEKOFields", "2"},
