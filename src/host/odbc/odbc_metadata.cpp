@@ -133,6 +133,7 @@ std::vector<std::string> OdbcMetadata::primaryKey(const OdbcTable& table) {
         return numberIn(a[place::KeyPosition]) < numberIn(b[place::KeyPosition]);
     });
     std::vector<std::string> columns;
+    columns.reserve(found.size());
     for (Row& row : found)
         columns.push_back(std::move(row[place::KeyColumn]));
     return columns;
