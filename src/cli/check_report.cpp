@@ -46,8 +46,8 @@ ExitStatus CheckTotals::status() const {
 }
 
 std::string CheckTotals::summary() const {
-    return std::to_string(pages) + " pages looked at: " + std::to_string(errors) + " errors, " +
-           std::to_string(warnings) + " warnings, " + std::to_string(failed) + " not checked";
+    return counted(pages, "page") + " looked at: " + counted(errors, "error") + ", " +
+           counted(warnings, "warning") + ", " + std::to_string(failed) + " not checked";
 }
 
 std::unique_ptr<CheckReport> makeCheckReport(const CheckOptions& options) {

@@ -20,6 +20,10 @@ void printMessage(std::string_view page, std::string_view text) {
     printLine(stderr, line.append(": ").append(text));
 }
 
+std::string counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
 bool isTerminal(std::FILE* stream) {
     return isatty(fileno(stream)) != 0;
 }

@@ -11,6 +11,9 @@ void printLine(std::FILE* stream, std::string_view line);
 // "PAGE: TEXT" to standard error.
 void printMessage(std::string_view page, std::string_view text);
 
+// "1 page", "2 pages"
+std::string counted(std::size_t count, const std::string& noun);
+
 bool isTerminal(std::FILE* stream);
 
 // Whether a stream is a terminal whose user has not asked for output without colour (NO_COLOR).

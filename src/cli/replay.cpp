@@ -61,8 +61,8 @@ class Replay {
             ++failed_;
             printMessage(outcome.path.string(), outcome.problem);
         }
-        printLine(stderr, std::to_string(changed_) +
-                              (options_.apply ? " pages changed, " : " pages would be changed, ") +
+        printLine(stderr, counted(changed_, "page") +
+                              (options_.apply ? " changed, " : " would be changed, ") +
                               std::to_string(failed_) + " not done" +
                               (changed_ > 0 && !options_.apply ? "; --apply writes them" : ""));
     }
