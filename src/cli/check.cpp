@@ -26,10 +26,10 @@ void tell(const InspectedPage& page, const std::string& name, bool named, CheckR
         ++(finding.severity == Severity::Error ? totals.errors : totals.warnings);
         report.finding(finding);
     }
-    if (!page.failure.empty()) {
+    if (page.failure) {
         ++totals.failed;
-        totals.misconfigured = totals.misconfigured || page.notConfigured;
-        report.failure(name, page.failure);
+        if (page.failure->of == PageFailure::Of::Configuration) totals.misconfigured = true;
+        report.failure(name, *page.failure);
     } else if (!page.hasControl && named) {
         printMessage(name, "holds no HeaderDTC control");
     }
@@ -45,10 +45,9 @@ int check(const CommonOptions& common, const CheckOptions& options) {
     const auto report = makeCheckReport(options);
     CheckTotals totals{.pages = pages.pages.size()};
     report->begin();
-    for (const std::string& problem : pages.problems) {
+    for (const auto& problem : pages.problems) {
         ++totals.failed;
-        report->failure(problem.substr(0, problem.find(": ")),
-                        problem.substr(problem.find(": ") + 2));
+        report->failure(problem.path, {PageFailure::Of::Page, problem.reason});
     }
     Progress progress(pages.pages.size(), options.quiet);
     runInOrder<InspectedPage>(

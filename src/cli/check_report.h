@@ -2,6 +2,7 @@
 
 #include "cli/site_commands.h"
 #include "host/inspection/finding.h"
+#include "host/inspection/page_failure.h"
 
 #include <cstddef>
 #include <memory>
@@ -27,7 +28,7 @@ class CheckReport {
     virtual void begin() {}
     virtual void finding(const Finding& finding) = 0;
     // A page, or a path, that could not be checked.
-    virtual void failure(const std::string& page, const std::string& text) = 0;
+    virtual void failure(const std::string& page, const PageFailure& failure) = 0;
     virtual void end(const CheckTotals&) {}
 };
 

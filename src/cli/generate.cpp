@@ -50,8 +50,8 @@ int generate(const CommonOptions& common, const GenerateOptions& options) {
     const auto report = makeGenerateReport(sites, options);
     GenerateTotals totals{.pages = pages.pages.size()};
     report->begin();
-    for (const std::string& problem : pages.problems) {
-        report->problem(problem);
+    for (const auto& problem : pages.problems) {
+        report->problem(problem.text());
         ++totals.failed;
     }
     SiteGeneration generation(

@@ -105,8 +105,8 @@ int replay(const CommonOptions& common, const ReplayOptions& options) {
         Sites sites(common.only());
         const SitePages pages = findSitePages(options.paths);
         Replay replay(sites, options);
-        for (const std::string& problem : pages.problems) {
-            printLine(stderr, problem);
+        for (const auto& problem : pages.problems) {
+            printLine(stderr, problem.text());
             replay.fail();
         }
         runInOrder<ReplayedPage>(

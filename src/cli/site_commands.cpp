@@ -14,6 +14,11 @@ void addJobs(CLI::App& command, int& jobs) {
         ->check(CLI::Range(1, 256));
 }
 
+void addSitePath(CLI::App& command, std::string& place) {
+    command.add_option("PATH", place, "a page or folder of the site (default: this folder)")
+        ->check(CLI::ExistingPath);
+}
+
 Command addCheck(CLI::App& app, const CommonOptions& common) {
     const auto options = std::make_shared<CheckOptions>();
     auto* command = app.add_subcommand("check", "Look for faults in pages");
@@ -98,8 +103,7 @@ Command addWhere(CLI::App& app, const CommonOptions& common) {
 Command addDoctor(CLI::App& app, const CommonOptions& common) {
     const auto options = std::make_shared<DoctorOptions>();
     auto* command = app.add_subcommand("doctor", "Examine the set-up of a site");
-    command->add_option("PATH", options->place,
-                        "a page or folder of the site (default: this folder)");
+    addSitePath(*command, options->place);
     command->add_flag("--json", options->json, "one JSON object a link");
     command->footer(
         "Looks at everything that a site needs, from its configuration to the tables of its\n"
@@ -116,10 +120,6 @@ void addTranslationOptions(CLI::App& command, TranslationOptions& options) {
                     "only this language, by its locale (1031); may be given several times")
         ->allow_extra_args(false)
         ->check(CLI::Range(1, 999999999));
-}
-
-void addSitePath(CLI::App& command, std::string& place) {
-    command.add_option("PATH", place, "a page or folder of the site (default: this folder)");
 }
 
 // One page is driven over standard input and output; with --over a script is replayed over many.

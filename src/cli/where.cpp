@@ -1,11 +1,10 @@
+#include "cli/failure_lines.h"
 #include "cli/json_lines.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
 #include "host/generation/site_pages.h"
 #include "host/inspection/ordered_run.h"
 #include "host/inspection/where_used.h"
-
-#include <set>
 
 namespace headerdtc::cli {
 namespace {
@@ -38,9 +37,9 @@ class WhereReport {
         printLine(stdout, line + ": " + visible(use.item.text));
     }
 
-    void failure(const std::string& page, const std::string& text) {
-        if (json_) return lines_.write({{"type", "failure"}, {"page", page}, {"message", text}});
-        if (said_.insert(text).second) printMessage(page, text);
+    void failure(const std::string& page, const PageFailure& failure) {
+        if (!json_) return failures_.print(page, failure);
+        lines_.write({{"type", "failure"}, {"page", page}, {"message", failure.text}});
     }
 
     void end(const WhereTotals& totals) {
@@ -69,7 +68,7 @@ class WhereReport {
 
     bool json_;
     JsonLines lines_;
-    std::set<std::string> said_;
+    FailureLines failures_;
 };
 
 }  // namespace
@@ -80,10 +79,9 @@ int where(const CommonOptions& common, const WhereOptions& options) {
     const SitePages pages = findSitePages(options.paths);
     WhereReport report(options.json);
     WhereTotals totals{.pages = pages.pages.size()};
-    for (const std::string& problem : pages.problems) {
+    for (const auto& problem : pages.problems) {
         ++totals.failed;
-        report.failure(problem.substr(0, problem.find(": ")),
-                       problem.substr(problem.find(": ") + 2));
+        report.failure(problem.path, {PageFailure::Of::Page, problem.reason});
     }
     runInOrder<PageUses>(
         pages.pages.size(), options.jobs,
@@ -94,10 +92,10 @@ int where(const CommonOptions& common, const WhereOptions& options) {
                 report.use(page, use);
             totals.uses += found.uses.size();
             totals.pagesUsing += found.uses.empty() ? 0 : 1;
-            if (found.failure.empty()) return;
+            if (!found.failure) return;
             ++totals.failed;
-            totals.misconfigured = totals.misconfigured || found.notConfigured;
-            report.failure(page, found.failure);
+            if (found.failure->of == PageFailure::Of::Configuration) totals.misconfigured = true;
+            report.failure(page, *found.failure);
         });
     report.end(totals);
     return totals.status();

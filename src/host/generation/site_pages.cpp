@@ -17,19 +17,35 @@ class Collector {
         if (fs::is_directory(path, failure)) {
             addFolder(path);
         } else {
-            addPage(path, true);
+            addPage({path, Is::Named});
         }
     }
 
-    SitePages found;
+    SitePages take() {
+        std::set<fs::path> seen;
+        for (const Candidate& each : candidates_) {
+            if (each.is == Is::Link && files_.contains(each.file)) continue;
+            if (!seen.insert(each.file).second) continue;
+            found_.pages.push_back(each.path);
+            found_.named.push_back(each.is == Is::Named);
+        }
+        return std::move(found_);
+    }
 
   private:
-    void addPage(const fs::path& page, bool named) {
+    enum class Is { Named, Found, Link };
+    struct Candidate {
+        fs::path path;
+        Is is;
+        fs::path file = {};  // what it is in the end
+    };
+
+    void addPage(Candidate page) {
         std::error_code failure;
-        const fs::path real = fs::canonical(page, failure);
-        if (!seen_.insert(failure ? page : real).second) return;
-        found.pages.push_back(page);
-        found.named.push_back(named);
+        page.file = fs::canonical(page.path, failure);
+        if (failure) page.file = page.path;
+        if (page.is == Is::Found) files_.insert(page.file);
+        candidates_.push_back(std::move(page));
     }
 
     void addFolder(const fs::path& folder) {
@@ -38,15 +54,16 @@ class Collector {
         fs::directory_iterator entry(folder, failure);
         for (; !failure && entry != fs::directory_iterator(); entry.increment(failure))
             entries.push_back(*entry);
-        if (failure) found.problems.push_back(folder.string() + ": " + failure.message());
+        if (failure) found_.problems.push_back({folder.string(), failure.message()});
         std::sort(entries.begin(), entries.end());
         for (const fs::directory_entry& each : entries) {
             if (each.path().filename().native().starts_with('.')) continue;
             std::error_code ignored;
-            if (each.is_symlink(ignored) ? false : each.is_directory(ignored)) {
+            const bool isLink = each.is_symlink(ignored);
+            if (!isLink && each.is_directory(ignored)) {
                 addFolder(each.path());
             } else if (isPage(each.path()) && each.is_regular_file(ignored)) {
-                addPage(each.path(), false);
+                addPage({each.path(), isLink ? Is::Link : Is::Found});
             }
         }
     }
@@ -56,7 +73,9 @@ class Collector {
         return equalIgnoringCase(extension, ".asp") || equalIgnoringCase(extension, ".inc");
     }
 
-    std::set<fs::path> seen_;
+    SitePages found_;
+    std::vector<Candidate> candidates_;
+    std::set<fs::path> files_;  // found under their own names
 };
 
 }  // namespace
@@ -65,7 +84,7 @@ SitePages findSitePages(const std::vector<std::string>& paths) {
     Collector collector;
     for (const std::string& path : paths)
         collector.add(path);
-    return std::move(collector.found);
+    return collector.take();
 }
 
 }  // namespace headerdtc

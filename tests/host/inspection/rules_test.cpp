@@ -242,14 +242,15 @@ TEST(PropertyLine, IsThatOfTheNameHoweverItIsWritten) {
 
 TEST_F(Rules, APageThatCannotBeCheckedSaysWhy) {
     site.write("page.asp", "<!--METADATA TYPE=\"DesignerControl\" startspan\n<OBJECT>");
-    EXPECT_FALSE(site.inspect("page.asp").failure.empty());
-    EXPECT_FALSE(site.inspect("missing.asp").failure.empty());
+    EXPECT_EQ(site.inspect("page.asp").failure->of, PageFailure::Of::Page);
+    EXPECT_EQ(site.inspect("missing.asp").failure->of, PageFailure::Of::Page);
 
     site.writePage("page.asp", HarbourSite::ships());
     site.write("catalogue.json", "{");
-    EXPECT_THAT(site.inspect("page.asp").failure, HasSubstr("catalogue.json:1:"));
+    EXPECT_EQ(site.inspect("page.asp").failure->of, PageFailure::Of::Site);
+    EXPECT_THAT(site.inspect("page.asp").failure->text, HasSubstr("catalogue.json:1:"));
     site.write("headerdtc.toml", "colour = 1\n");
-    EXPECT_TRUE(site.inspect("page.asp").notConfigured);
+    EXPECT_EQ(site.inspect("page.asp").failure->of, PageFailure::Of::Configuration);
 }
 
 }  // namespace
