@@ -33,7 +33,7 @@ expect "$(cat texts.csv)" 'key,source (1033),1031,1036,comment,state'
 expect "$(cat texts.csv)" 'H3,"Say ""hi"", pilot",,,,'
 before=$(texts)
 check 0 "$headerdtc" translations import texts.csv site
-expect "$out" '0 added, 0 changed, 6 unchanged, 0 refused'
+expect "$out" '0 added, 0 changed, 6 unchanged, 0 refused; nothing was written'
 [[ $(texts) == "$before" ]] || fail "an unedited file changed the database"
 
 # Edited as by a translator: exactly those cells change, and a dry run changes none.
