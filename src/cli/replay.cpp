@@ -6,6 +6,8 @@
 #include "host/generation/site_pages.h"
 #include "host/inspection/ordered_run.h"
 
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <set>
@@ -17,7 +19,9 @@ using Outcome = ReplayedPage::Outcome;
 
 std::string readScript(const std::string& file) {
     if (file == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
-    return readWholeFile(file).bytes;
+    if (!std::filesystem::is_fifo(file)) return readWholeFile(file).bytes;
+    std::ifstream pipe(file, std::ios::binary);  // what a shell makes of <(command)
+    return {std::istreambuf_iterator<char>(pipe), {}};
 }
 
 // Shows what a script would change, page by page, and writes it where that is wanted.
@@ -38,7 +42,7 @@ class Replay {
         }
         switch (replayed.outcome) {
             case Outcome::NoControl:
-                if (named) printMessage(page, "holds no HeaderDTC control");
+                if (named) missControl(page);
                 break;
             case Outcome::Unchanged:
                 break;
@@ -76,6 +80,13 @@ class Replay {
     }
 
   private:
+    // Of a page that was named; of those found in folders not every one has to have it.
+    void missControl(const std::string& page) {
+        if (options_.control.empty()) return printMessage(page, "holds no HeaderDTC control");
+        ++failed_;
+        printMessage(page, "there is no control with the ID '" + options_.control + "'");
+    }
+
     void change(const std::string& page, const ReplayedPage& replayed) {
         ++changed_;
         printDiff(page, replayed.before, replayed.after,
@@ -102,6 +113,11 @@ class Replay {
 int replay(const CommonOptions& common, const ReplayOptions& options) {
     return guarded([&] {
         const std::string script = readScript(options.script);
+        if (!scriptSaves(script)) {
+            printLine(stderr,
+                      options.script + ": the script saves no page; end it with {\"do\":\"save\"}");
+            return WrongUsage;
+        }
         Sites sites(common.only());
         const SitePages pages = findSitePages(options.paths);
         Replay replay(sites, options);

@@ -48,6 +48,11 @@ check 3 "$headerdtc" automate --over --apply site fields
 expect "$err" 'site/traffic/ships.asp: line 4: '
 expect "$out" '--- site/traffic/today/berths.asp'
 check 2 "$headerdtc" automate --over site
+check 2 "$headerdtc" automate --over site <(echo '{"do":"tab","index":2}')
+expect "$err" 'saves no page'
+check 0 "$headerdtc" automate --over --control HeaderDTC9 site <(cat steps)
+expect "$err" '0 pages would be changed, 0 not done'
+check 3 "$headerdtc" automate --over --control HeaderDTC9 site/traffic/ships.asp steps
 check 2 "$headerdtc" automate --apply site/traffic/ships.asp
 check 3 "$headerdtc" automate --over site nowhere
 
