@@ -38,6 +38,7 @@ class TextCheckReport : public CheckReport {
 }  // namespace
 
 ExitStatus CheckTotals::status() const {
+    if (left > 0) return Interrupted;
     if (misconfigured) return WrongUsage;
     if (failed > 0) return PageNotDone;
     return errors + warnings > 0 ? CheckFoundSomething : Done;

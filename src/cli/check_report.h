@@ -15,6 +15,7 @@ struct CheckTotals {
     std::size_t pages = 0;  // looked at
     std::size_t errors = 0, warnings = 0;
     std::size_t failed = 0;  // not checked
+    std::size_t left = 0;    // not come to, when it was interrupted
     bool misconfigured = false;
 
     ExitStatus status() const;

@@ -1,28 +1,19 @@
 #include "host/automation/replay.h"
 
 #include "cli/diff_output.h"
+#include "cli/input.h"
+#include "cli/interruption.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
 #include "host/generation/site_pages.h"
 #include "host/inspection/ordered_run.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <iterator>
 #include <set>
 
 namespace headerdtc::cli {
 namespace {
 
 using Outcome = ReplayedPage::Outcome;
-
-std::string readScript(const std::string& file) {
-    if (file == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
-    if (!std::filesystem::is_fifo(file)) return readWholeFile(file).bytes;
-    std::ifstream pipe(file, std::ios::binary);  // what a shell makes of <(command)
-    return {std::istreambuf_iterator<char>(pipe), {}};
-}
 
 // Shows what a script would change, page by page, and writes it where that is wanted.
 class Replay {
@@ -112,7 +103,7 @@ class Replay {
 
 int replay(const CommonOptions& common, const ReplayOptions& options) {
     return guarded([&] {
-        const std::string script = readScript(options.script);
+        const std::string script = readInput(options.script);
         if (!scriptSaves(script)) {
             printLine(stderr,
                       options.script + ": the script saves no page; end it with {\"do\":\"save\"}");
@@ -125,14 +116,21 @@ int replay(const CommonOptions& common, const ReplayOptions& options) {
             printLine(stderr, problem.text());
             replay.fail();
         }
-        runInOrder<ReplayedPage>(
+        const Interruption interruption;
+        const std::size_t done = runInOrder<ReplayedPage>(
             pages.pages.size(), options.jobs,
             [&](std::size_t page) {
                 return replayOnPage(sites, pages.pages[page], options.control, script);
             },
             [&](std::size_t page, const ReplayedPage& replayed) {
                 replay.take(pages.pages[page].string(), pages.named[page], replayed);
-            });
+            },
+            [](std::size_t) { return !Interruption::seen(); });
+        if (done < pages.pages.size()) {
+            tellOfPagesLeft(pages, done);
+            printLine(stderr, "nothing was written");
+            return Interrupted;
+        }
         replay.end();
         return replay.status();
     });

@@ -1,5 +1,6 @@
 // The commands on translations: check, export, import.
 
+#include "cli/input.h"
 #include "cli/json_lines.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
@@ -159,7 +160,7 @@ void tellAsJson(const std::vector<ImportStep>& plan, bool written, ExitStatus st
 // A file in whatever code page a spreadsheet left it is read as UTF-8: what is none is said, rather
 // than stored.
 std::string readUtf8(const std::string& file) {
-    std::string bytes = readWholeFile(file).bytes;
+    std::string bytes = readInput(file);
     const CodePage& utf8 = CodePage::utf8();
     if (utf8.decode(bytes) != bytes)
         throw FileError(file, "it is no UTF-8; save it from the spreadsheet as \"CSV UTF-8\"");

@@ -1,4 +1,5 @@
 #include "cli/failure_lines.h"
+#include "cli/interruption.h"
 #include "cli/json_lines.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
@@ -14,9 +15,11 @@ constexpr int SchemaVersion = 1;
 // What looking into a site came to.
 struct WhereTotals {
     std::size_t pages = 0, pagesUsing = 0, uses = 0, failed = 0;
+    std::size_t left = 0;  // not come to, when it was interrupted
     bool misconfigured = false;
 
     ExitStatus status() const {
+        if (left > 0) return Interrupted;
         if (misconfigured) return WrongUsage;
         return failed > 0 ? PageNotDone : Done;
     }
@@ -76,14 +79,16 @@ class WhereReport {
 int where(const CommonOptions& common, const WhereOptions& options) {
     Sites sites(common.only());
     WhereUsed whereUsed(sites, options.query);
-    const SitePages pages = findSitePages(options.paths);
+    const SitePages pages =
+        findSitePages(options.paths.empty() ? std::vector<std::string>{"."} : options.paths.all());
     WhereReport report(options.json);
     WhereTotals totals{.pages = pages.pages.size()};
     for (const auto& problem : pages.problems) {
         ++totals.failed;
         report.failure(problem.path, {PageFailure::Of::Page, problem.reason});
     }
-    runInOrder<PageUses>(
+    const Interruption interruption;
+    const std::size_t done = runInOrder<PageUses>(
         pages.pages.size(), options.jobs,
         [&](std::size_t page) { return whereUsed.lookInto(pages.pages[page]); },
         [&](std::size_t index, const PageUses& found) {
@@ -96,8 +101,11 @@ int where(const CommonOptions& common, const WhereOptions& options) {
             ++totals.failed;
             if (found.failure->of == PageFailure::Of::Configuration) totals.misconfigured = true;
             report.failure(page, *found.failure);
-        });
+        },
+        [](std::size_t) { return !Interruption::seen(); });
+    totals.left = pages.pages.size() - done;
     report.end(totals);
+    if (totals.left > 0) tellOfPagesLeft(pages, done);
     return totals.status();
 }
 
