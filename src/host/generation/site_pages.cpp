@@ -3,7 +3,8 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <set>
+#include <string>
+#include <unordered_set>
 
 namespace headerdtc {
 namespace {
@@ -17,17 +18,21 @@ class Collector {
         if (fs::is_directory(path, failure)) {
             addFolder(path);
         } else {
-            addPage(path, true);
+            add(path, canonical(path), true);
         }
     }
 
     SitePages found;
 
   private:
-    void addPage(const fs::path& page, bool named) {
+    static fs::path canonical(const fs::path& path) {
         std::error_code failure;
-        const fs::path real = fs::canonical(page, failure);
-        if (!seen_.insert(failure ? page : real).second) return;
+        auto real = fs::canonical(path, failure);
+        return failure ? path : real;
+    }
+
+    void add(const fs::path& page, const fs::path& real, bool named) {
+        if (!seen_.insert(real.native()).second) return;
         found.pages.push_back(page);
         found.named.push_back(named);
     }
@@ -40,13 +45,17 @@ class Collector {
             entries.push_back(*entry);
         if (failure) found.problems.push_back(folder.string() + ": " + failure.message());
         std::sort(entries.begin(), entries.end());
+        const fs::path realFolder = canonical(folder);
         for (const fs::directory_entry& each : entries) {
             if (each.path().filename().native().starts_with('.')) continue;
             std::error_code ignored;
-            if (each.is_symlink(ignored) ? false : each.is_directory(ignored)) {
+            const bool isLink = each.is_symlink(ignored);
+            if (!isLink && each.is_directory(ignored)) {
                 addFolder(each.path());
             } else if (isPage(each.path()) && each.is_regular_file(ignored)) {
-                addPage(each.path(), false);
+                // Of the page itself only a link can lead elsewhere.
+                add(each.path(),
+                    isLink ? canonical(each.path()) : realFolder / each.path().filename(), false);
             }
         }
     }
@@ -56,7 +65,7 @@ class Collector {
         return equalIgnoringCase(extension, ".asp") || equalIgnoringCase(extension, ".inc");
     }
 
-    std::set<fs::path> seen_;
+    std::unordered_set<std::string> seen_;  // by canonical paths
 };
 
 }  // namespace
