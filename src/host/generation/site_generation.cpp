@@ -1,5 +1,7 @@
 #include "host/generation/site_generation.h"
 
+#include "host/files/stray_files.h"
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -13,6 +15,17 @@ namespace {
 // Flushing a group costs little more than flushing one page; a group that is too large would keep
 // finished pages waiting.
 constexpr std::size_t PagesOfAGroup = 128;
+
+// What a killed run left beside pages goes even where this one has nothing to write.
+void removeStrayFilesBeside(const std::vector<std::filesystem::path>& pages) {
+    std::filesystem::path last;
+    for (const auto& page : pages) {
+        auto folder = std::filesystem::absolute(page).parent_path();
+        if (folder == last) continue;
+        removeStrayFiles(folder);
+        last = std::move(folder);
+    }
+}
 
 }  // namespace
 
@@ -107,6 +120,7 @@ class SiteGeneration::Worker {
 void SiteGeneration::run(const std::vector<std::filesystem::path>& pages,
                          const std::function<void(const Done&)>& tell,
                          const std::function<void(std::size_t)>& tick) {
+    if (options_.mode == Mode::Write) removeStrayFilesBeside(pages);
     Board board(pages);
     std::size_t jobs = options_.jobs > 0 ? static_cast<std::size_t>(options_.jobs)
                                          : std::max(1U, std::thread::hardware_concurrency());
