@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 
 namespace headerdtc {
@@ -127,10 +128,16 @@ void SiteGeneration::run(const std::vector<std::filesystem::path>& pages,
     jobs = std::clamp<std::size_t>(jobs, 1, std::max<std::size_t>(1, pages.size()));
     board.workers = jobs;
     std::vector<std::jthread> threads;
-    for (std::size_t i = 0; i < jobs; ++i)
-        threads.emplace_back([this, &board] { Worker(*this, board).work(); });
+    try {
+        while (threads.size() < jobs)
+            threads.emplace_back([this, &board] { Worker(*this, board).work(); });
+    } catch (const std::system_error&) {
+        // With fewer threads it takes longer.
+        if (threads.empty()) throw;
+    }
 
     std::unique_lock lock(board.mutex);
+    board.workers -= jobs - threads.size();
     for (std::size_t told = 0;;) {
         while (told < pages.size() && board.results[told]) {
             const Done done = std::move(*board.results[told]);
