@@ -65,8 +65,9 @@ std::size_t editDistance(std::string_view from, std::string_view to) {
 }  // namespace
 
 SiteFacts::SiteFacts(const std::shared_ptr<Site>& site)
-    : site_(site), catalogue_(site->dataSources.current()) {
-    installDir_ = installDirectoryOf(site->registry);
+    : site_(site),
+      catalogue_(site->dataSources.current()),
+      installDir_(installDirectoryOf(site->registry)) {
     if (installDir_.empty()) {
         const auto& registry = site->configuration->registry;
         throw FileError(registry.empty() ? site->configuration->folder.string() : registry.string(),
