@@ -1,7 +1,10 @@
 #include "cli/commands.h"
 #include "cli/completion.h"
+#include "cli/output.h"
 #include "cli/site_commands.h"
 #include "cli/version.h"
+#include "cli/wrong_usage.h"
+#include "host/odbc/secrets.h"
 
 #include <CLI/CLI.hpp>
 #include <cerrno>
@@ -39,8 +42,7 @@ Exit status: 0 done, 1 --check found something, 2 wrong usage or configuration,
 
 CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     auto* command = app.add_subcommand("generate", "Write the server script of pages");
-    command->add_option("PATH", options.paths, "pages, or folders with pages (*.asp, *.inc)")
-        ->required();
+    addPathList(*command, options.paths, "pages, or folders with pages (*.asp, *.inc)");
     auto* print = command->add_flag("--print", options.print,
                                     "write the runtime text to standard output, save nothing");
     auto* check = command->add_flag("--check", options.check,
@@ -57,6 +59,9 @@ CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     print->excludes(check)->excludes(force)->excludes(diff)->excludes(json);
     check->excludes(force);
     diff->needs(check);
+    command->callback([&options] {
+        if (options.paths.empty()) throw CLI::RequiredError("PATH");
+    });
     command->footer(
         "A page is rewritten only when its bytes change, and left as it was, with the reason, "
         "when\n"
@@ -107,7 +112,11 @@ int run(int argc, char** argv) {
     } catch (const CLI::Success& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
-        app.exit(error);
+        std::string said = unknownWord(app, {argv + 1, argv + argc});
+        if (said.empty()) said = error.what();
+        // A connect string may be among the words that are told.
+        printLine(stderr, "headerdtc: " + headerdtc::maskSecrets(said) + "\n" +
+                              "Run with --help for more information.");
         return WrongUsage;
     }
 

@@ -18,23 +18,38 @@ class Collector {
         if (fs::is_directory(path, failure)) {
             addFolder(path);
         } else {
-            add(path, canonical(path), true);
+            addPage({path, canonical(path).native(), Is::Named});
         }
     }
 
-    SitePages found;
+    SitePages take() {
+        std::unordered_set<std::string> seen;
+        for (const Candidate& each : candidates_) {
+            if (each.is == Is::Link && files_.contains(each.file)) continue;
+            if (!seen.insert(each.file).second) continue;
+            found_.pages.push_back(each.path);
+            found_.named.push_back(each.is == Is::Named);
+        }
+        return std::move(found_);
+    }
 
   private:
+    enum class Is { Named, Found, Link };
+    struct Candidate {
+        fs::path path;
+        std::string file;  // what it is in the end
+        Is is;
+    };
+
     static fs::path canonical(const fs::path& path) {
         std::error_code failure;
         auto real = fs::canonical(path, failure);
         return failure ? path : real;
     }
 
-    void add(const fs::path& page, const fs::path& real, bool named) {
-        if (!seen_.insert(real.native()).second) return;
-        found.pages.push_back(page);
-        found.named.push_back(named);
+    void addPage(Candidate page) {
+        if (page.is == Is::Found) files_.insert(page.file);
+        candidates_.push_back(std::move(page));
     }
 
     void addFolder(const fs::path& folder) {
@@ -43,7 +58,7 @@ class Collector {
         fs::directory_iterator entry(folder, failure);
         for (; !failure && entry != fs::directory_iterator(); entry.increment(failure))
             entries.push_back(*entry);
-        if (failure) found.problems.push_back(folder.string() + ": " + failure.message());
+        if (failure) found_.problems.push_back({folder.string(), failure.message()});
         std::sort(entries.begin(), entries.end());
         const fs::path realFolder = canonical(folder);
         for (const fs::directory_entry& each : entries) {
@@ -54,8 +69,9 @@ class Collector {
                 addFolder(each.path());
             } else if (isPage(each.path()) && each.is_regular_file(ignored)) {
                 // Of the page itself only a link can lead elsewhere.
-                add(each.path(),
-                    isLink ? canonical(each.path()) : realFolder / each.path().filename(), false);
+                const fs::path file =
+                    isLink ? canonical(each.path()) : realFolder / each.path().filename();
+                addPage({each.path(), file.native(), isLink ? Is::Link : Is::Found});
             }
         }
     }
@@ -65,7 +81,9 @@ class Collector {
         return equalIgnoringCase(extension, ".asp") || equalIgnoringCase(extension, ".inc");
     }
 
-    std::unordered_set<std::string> seen_;  // by canonical paths
+    SitePages found_;
+    std::vector<Candidate> candidates_;
+    std::unordered_set<std::string> files_;  // found under their own names
 };
 
 }  // namespace
@@ -74,7 +92,7 @@ SitePages findSitePages(const std::vector<std::string>& paths) {
     Collector collector;
     for (const std::string& path : paths)
         collector.add(path);
-    return std::move(collector.found);
+    return collector.take();
 }
 
 }  // namespace headerdtc

@@ -1,13 +1,13 @@
 #include "host/inspection/site_facts.h"
 
 #include "host/files/whole_file.h"
+#include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "runtime/runtime_text.h"
 #include "scripts/install_directory.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace headerdtc {
 namespace {
@@ -45,23 +45,6 @@ std::optional<fs::path> findAnyCase(const fs::path& path, const SiteConfiguratio
     }
 }
 
-// How many letters have to be added, removed or replaced to make one text of the other; letters
-// compare without regard to case.
-std::size_t editDistance(std::string_view from, std::string_view to) {
-    const std::string a = upperCase(from), b = upperCase(to);
-    std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j)
-        row[j] = j;
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i);
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-            diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
-        }
-    }
-    return row.back();
-}
-
 }  // namespace
 
 SiteFacts::SiteFacts(const std::shared_ptr<Site>& site)
@@ -86,15 +69,10 @@ const SiteFacts::Provider* SiteFacts::provider(const std::string& name) const {
 }
 
 std::string SiteFacts::similarProvider(std::string_view name) const {
-    std::string nearest;
-    std::size_t smallest = std::max<std::size_t>(1, name.size() / 3) + 1;
-    for (const auto& provider : catalogue_->providers) {
-        const std::size_t distance = editDistance(name, provider.name);
-        if (distance >= smallest) continue;
-        smallest = distance;
-        nearest = provider.name;
-    }
-    return nearest;
+    NearestName nearest(name);
+    for (const auto& provider : catalogue_->providers)
+        nearest.offer(provider.name);
+    return nearest.found();
 }
 
 std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
