@@ -88,9 +88,8 @@ void typeInto(QWidget& widget, const QString& text) {
 
 }  // namespace
 
-ScenarioPlayer::ScenarioPlayer(QWidget& window, std::function<void()> save,
-                               std::function<QString(const std::string&)> toLocal)
-    : window_(window), save_(std::move(save)), toLocal_(std::move(toLocal)) {}
+ScenarioPlayer::ScenarioPlayer(QWidget& window, std::function<QString(const std::string&)> toLocal)
+    : window_(window), toLocal_(std::move(toLocal)) {}
 
 void ScenarioPlayer::play(const std::vector<std::string>& lines) {
     lines_.assign(lines.begin(), lines.end());
@@ -163,13 +162,11 @@ bool ScenarioPlayer::answerBox() {
 void ScenarioPlayer::perform(const std::string& line) {
     const int number = played_;
     underway_.push_back(QApplication::activeModalWidget());
-    if (qEnvironmentVariableIsSet("DBG")) { QWidget* fw = QApplication::focusWidget(); QWidget* m = QApplication::activeModalWidget();
-        fprintf(stderr, "%d %s | focus %s modal %s\n", number, line.c_str(), fw ? qPrintable(fw->objectName() + "/" + fw->metaObject()->className()) : "-", m ? qPrintable(m->objectName() + "/" + m->metaObject()->className()) : "-"); }
     try {
         perform(Command(line));
     } catch (const std::exception& error) {
-        failure_ = std::make_exception_ptr(
-            std::runtime_error("line " + std::to_string(number) + ", " + line + ": " + error.what()));
+        failure_ = std::make_exception_ptr(std::runtime_error("line " + std::to_string(number) +
+                                                              ", " + line + ": " + error.what()));
     }
     underway_.pop_back();
 }
@@ -186,7 +183,6 @@ void ScenarioPlayer::perform(const Command& command) {
     if (verb == "type") return type(command);
     if (verb == "key") return press(command);
     if (verb == "focus") return focus(command);
-    if (verb == "save") return save_();
     if (verb == "pick") return picked_.push_back(command.text("file"));
     // To look at something does nothing.
     if (verb != "read" && verb != "properties" && verb != "runtimeText")
@@ -232,8 +228,8 @@ void ScenarioPlayer::chooseTab(const Command& command) {
 // With the list dropped down.
 void ScenarioPlayer::choose(const Command& command) {
     auto& combo = widget<QComboBox>(command);
-    const int item = command.has("item") ? command.integer("item")
-                                         : combo.findText(toQt(command.text("text")));
+    const int item =
+        command.has("item") ? command.integer("item") : combo.findText(toQt(command.text("text")));
     if (item < 0 || item >= combo.count()) cannot("there is no such item");
     clickAt(combo, QPoint(combo.width() - 8, combo.height() / 2));
     QAbstractItemView& list = *combo.view();

@@ -23,13 +23,12 @@ class SelectionList;
 
 // Plays the lines of an automation scenario the way a person does it: with mouse and keys, at the
 // widgets that bear the names of the controls. A line is played once the one before has done all
-// that it does, or waits for the dialog that it opened. Message boxes are acknowledged, file dialogs
-// answered with what the scenario has picked.
+// that it does, or waits for the dialog that it opened. Message boxes are acknowledged, file
+// dialogs answered with what the scenario has picked.
 class ScenarioPlayer : public QObject {
   public:
-    // `save` is what the line "save" does; `toLocal` gives a picked file's local name.
-    ScenarioPlayer(QWidget& window, std::function<void()> save,
-                   std::function<QString(const std::string&)> toLocal);
+    // `toLocal` gives a picked file's local name.
+    ScenarioPlayer(QWidget& window, std::function<QString(const std::string&)> toLocal);
 
     // Returns when all lines are played. Throws std::runtime_error, with the line, for one that a
     // person could not do, or when nothing goes on any more.
@@ -63,7 +62,6 @@ class ScenarioPlayer : public QObject {
     Widget& widget(const Command& command) const;
 
     QWidget& window_;
-    std::function<void()> save_;
     std::function<QString(const std::string&)> toLocal_;
     std::deque<std::string> lines_;
     std::deque<std::string> picked_;
