@@ -326,6 +326,7 @@ void MainWindow::showRecent() {
 
 void MainWindow::saveAll() {
     for (PageEditor* editor : tabs_->editors()) {
+        editor->finishEditing();
         if (editor->isModified() && !saver_.save(*editor)) return;
     }
 }
