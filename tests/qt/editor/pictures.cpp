@@ -30,6 +30,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStyleFactory>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -143,6 +145,7 @@ void drawInPlaceEditors(MainWindow& window, HeaderDTC& dtc) {
     draw(*combo->view()->window(), QStringLiteral("cell-key-list"));
     combo->hidePopup();
     shown("cell-operator", criteria_column::Operator);
+    shown("cell-value", criteria_column::Value);
     dtc.ZEKO.CriteriaGrid.clickCell(1, criteria_column::Marker);
 }
 
@@ -150,15 +153,9 @@ void drawControlDialogs(HeaderDTC& dtc) {
     FamilyControls& zeko = dtc.ZEKO;
     dtc.SSTab1.clickTab(2);
     drawDialog("criterium", [&] { zeko.CriteriaGrid.clickCell(3, criteria_column::Script); });
-    drawDialog("message", [&] {
-        dtc.SSTab1.clickTab(4);
-        dtc.EAI.AddLink.press();
-        dtc.EAI.LinksGrid.clickCell(2, 1);
-        dtc.EAI.LinksGrid.clickCell(1, 2);
-        dtc.SSTab1.clickTab(0);
-        dtc.IncludeASPList.select({0}, 0);
-        dtc.BrowseForXSLFileCommand.press();
-    });
+    drawDialog("message", [&] { zeko.CriteriaGrid.doubleClickCell(1, criteria_column::Value); });
+    dtc.SSTab1.clickTab(0);
+    drawDialog("file-dialog", [&] { dtc.BrowseForXSLFileCommand.press(); });
     dtc.SSTab1.clickTab(3);
     inDialogs(
         [&] {
@@ -169,6 +166,18 @@ void drawControlDialogs(HeaderDTC& dtc) {
     drawDialog("translate-values", [&] { zeko.I18NFieldValuesList.select({3}, 3); });
 }
 
+// Where the keys go.
+void drawFocus(MainWindow& window) {
+    QWidget& page = *window.tabs().current();
+    page.findChild<QTabWidget*>(QStringLiteral("SSTab1"))->tabBar()->setFocus(Qt::TabFocusReason);
+    for (const char* name : {"text", "list", "button"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        draw(page, QStringLiteral("focus-") + QLatin1String(name));
+    }
+    page.findChild<QTabWidget*>(QStringLiteral("SSTab1"))->tabBar()->setFocus(Qt::TabFocusReason);
+    draw(page, QStringLiteral("focus-tabs"));
+}
+
 void drawControl(MainWindow& window) {
     HeaderDTC& dtc = window.tabs().current()->controls().live()->dtc();
     for (int tab = 1; tab <= 5; ++tab) {
@@ -177,6 +186,7 @@ void drawControl(MainWindow& window) {
         draw(window, QStringLiteral("tab%1").arg(tab));
     }
     drawInPlaceEditors(window, dtc);
+    drawFocus(window);
     drawControlDialogs(dtc);
     dtc.SSTab1.clickTab(0);
 }

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QToolBar>
 #include <QUrl>
 
@@ -81,9 +82,27 @@ void GuideWindow::follow(const QUrl& link) {
         QFile file(QLatin1String(Folder) + name);
         if (!file.open(QIODevice::ReadOnly)) return;
         text_->document()->setMarkdown(QString::fromUtf8(file.readAll()));
+        drawTables();
         text_->moveCursor(QTextCursor::Start);
     }
     goTo(link.fragment());
+}
+
+// Lines between the cells and air around their texts, which Markdown says nothing of.
+void GuideWindow::drawTables() {
+    constexpr int Padding = 4;
+    for (QTextFrame* frame : text_->document()->rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (!table) continue;
+        QTextTableFormat format = table->format();
+        format.setBorderCollapse(true);
+        format.setBorder(1);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderBrush(palette().mid());
+        format.setCellPadding(Padding);
+        format.setCellSpacing(0);
+        table->setFormat(format);
+    }
 }
 
 void GuideWindow::goTo(const QString& heading) {

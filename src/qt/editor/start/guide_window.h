@@ -20,6 +20,7 @@ class GuideWindow : public QMainWindow {
 
   private:
     void follow(const QUrl& link);
+    void drawTables();
     void goTo(const QString& heading);
     void find();
 
