@@ -8,6 +8,7 @@
 #include "qt/editor/messages/message_model.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/page/page_editor.h"
+#include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/recovery/recovery_dialog.h"
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
@@ -16,6 +17,7 @@
 #include "qt/editor/start/guide_window.h"
 #include "qt/editor/window/main_window.h"
 #include "qt/editor/window/page_tabs.h"
+#include "qt/surface/control_surface.h"
 #include "support/temp_site.h"
 
 #include <QAbstractItemView>
@@ -184,6 +186,7 @@ void drawControl(MainWindow& window) {
         dtc.SSTab1.clickTab(tab);
         settle(300);
         draw(window, QStringLiteral("tab%1").arg(tab));
+        draw(*window.tabs().current()->controls().surface(), QStringLiteral("surface%1").arg(tab));
     }
     drawInPlaceEditors(window, dtc);
     drawFocus(window);
@@ -229,6 +232,7 @@ void drawChange(MainWindow& window) {
     editor.controls().takeChanges();
     settle(900);
     draw(window, QStringLiteral("changed"));
+    draw(editor.preview(), QStringLiteral("changes"));
     drawMenus(window);
     drawDialog("unsaved", [&] { window.tabs().close(&editor); });
     drawCompare(window, editor);
@@ -315,5 +319,7 @@ int main(int argc, char** argv) {
     GuideWindow guide;
     guide.showGuide(QStringLiteral("the-editor-tab-by-tab"));
     draw(guide, QStringLiteral("guide"));
+    guide.follow(QUrl(QStringLiteral("editor.md")));
+    draw(guide, QStringLiteral("guide-editor"));
     return 0;
 }
