@@ -20,6 +20,8 @@ class ControlSurface : public QWidget {
     ~ControlSurface() override;
 
     QSize sizeHint() const override;
+    // In pixels, what the tabs are drawn for.
+    static constexpr int DesignedWidth = 560;
 
     // Leaves the control that has the focus, as a person does before turning elsewhere: what an
     // in-place editor holds gets into its cell. To be called before the page is saved.

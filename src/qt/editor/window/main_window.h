@@ -73,6 +73,7 @@ class MainWindow : public QMainWindow {
     void showGuide();
     void activate(const Message& message);
     void follow();
+    void layDocks(bool atStart);
     void showRecent();
     std::filesystem::path workFolder() const;
 
@@ -89,6 +90,9 @@ class MainWindow : public QMainWindow {
     SiteView* site_;
     QDockWidget* siteDock_;
     QDockWidget* messagesDock_;
+    // How the docks lie beside pages, while the start page has the window to itself.
+    QByteArray docksBesidePages_;
+    bool atStart_ = false;
     PageStatus* status_;
     GuideWindow* guide_ = nullptr;
 };
