@@ -23,6 +23,20 @@ std::string textOf(const Control* control) {
     return {};
 }
 
+bool isBackTab(const Key& key) {
+    return key.kind == Key::Kind::Tab && key.shift;
+}
+
+// A key that writes into a text, if it comes to that.
+bool editsText(const PersonAction& action) {
+    const auto* combo = dynamic_cast<const ComboBox*>(action.control);
+    const bool isText =
+        dynamic_cast<const TextBox*>(action.control) || (combo && combo->isEditable());
+    const Key::Kind kind = action.key.kind;
+    return isText && (kind == Key::Kind::Character || kind == Key::Kind::Backspace ||
+                      kind == Key::Kind::Delete || kind == Key::Kind::Enter);
+}
+
 }  // namespace
 
 Recording::Recording(Desktop& desktop) {
@@ -103,8 +117,7 @@ void Recording::end(Form& form, const PersonAction& action, bool done) {
     if (running.isPartOfAnother) return;
     if (done) return finish(form, action, running);
     // Nothing happened; or all that happened is that the control with the focus has lost it.
-    lines_.resize(running.linesBefore);
-    if (!lines_.empty()) lines_.back() = running.lastBefore;
+    takeBack(running);
     if (form.ActiveControl() != running.focus) writeFocus(form);
     changed.raise();
 }
@@ -152,10 +165,12 @@ void Recording::write(Form& form, const PersonAction& action) {
                         {"row", action.index},
                         {"column", action.column}});
         case Kind::Edit:
-            return writeEdit(action);
+            if (*action.text == textOf(action.control)) return;
+            return writeText(*action.control, *action.text);
         case Kind::Key:
             // Back by Tab has no name; where it leads is written when it has led there.
-            if (action.key.kind == Key::Kind::Tab && action.key.shift) return;
+            if (action.control && isBackTab(action.key))
+                return add({{"do", "focus"}, {"control", name}});
             return writeKey(form, action);
         case Kind::ClickAgain: {
             const auto& grid = dynamic_cast<const Grid&>(*action.control);
@@ -180,15 +195,19 @@ void Recording::writeKey(Form& form, const PersonAction& action) {
 }
 
 // Letter by letter is one text.
-void Recording::writeEdit(const PersonAction& action) {
-    if (*action.text == textOf(action.control)) return;
-    const std::string name = nameOf(*action.control);
+void Recording::writeText(const Control& control, const std::string& text) {
+    const std::string name = nameOf(control);
     if (lastIs("type", name)) {
-        lines_.back()["text"] = *action.text;
+        lines_.back()["text"] = text;
         changed.raise();
     } else {
-        addFor(*action.control, {{"do", "type"}, {"control", name}, {"text", *action.text}});
+        addFor(control, {{"do", "type"}, {"control", name}, {"text", text}});
     }
+}
+
+void Recording::takeBack(const Running& running) {
+    lines_.resize(running.linesBefore);
+    if (!lines_.empty()) lines_.back() = running.lastBefore;
 }
 
 // What an action came to that could not be known before.
@@ -196,7 +215,18 @@ void Recording::finish(Form& form, const PersonAction& action, const Running& ru
     const bool focusMoved = form.ActiveControl() != running.focus;
     switch (action.kind) {
         case Kind::Key:
-            if (action.key.kind == Key::Kind::Tab && action.key.shift) writeFocus(form);
+            if (action.control && isBackTab(action.key)) {
+                writeFocus(form);
+            } else if (editsText(action) && action.control->hasFocus()) {
+                // Where in the text a key writes is not known to a replay.
+                takeBack(running);
+                const std::string now = textOf(action.control);
+                if (now != running.text) {
+                    writeText(*action.control, now);
+                } else if (focusMoved) {
+                    writeFocus(form);
+                }
+            }
             return;
         case Kind::KeyStep:
             if (focusMoved || textOf(action.control) != running.text) writeKey(form, action);

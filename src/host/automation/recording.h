@@ -54,7 +54,8 @@ class Recording {
     void end(Form& form, const PersonAction& action, bool done);
     void write(Form& form, const PersonAction& action);
     void writeKey(Form& form, const PersonAction& action);
-    void writeEdit(const PersonAction& action);
+    void writeText(const Control& control, const std::string& text);
+    void takeBack(const Running& running);
     void finish(Form& form, const PersonAction& action, const Running& running);
     void writeFocus(Form& form);
     void finishClickAgain(Form& form, const PersonAction& action, const Running& running);
