@@ -7,8 +7,11 @@
 #include "host/odbc/secrets.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <exception>
+#include <system_error>
 
 namespace {
 
@@ -129,11 +132,22 @@ int run(int argc, char** argv) {
     return WrongUsage;
 }
 
+// Results that nobody could be given are a failure like others.
+int afterFlushing(int status) {
+    errno = 0;
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    std::fprintf(stderr, "headerdtc: the standard output cannot be written: %s\n",
+                 std::generic_category().message(errno != 0 ? errno : EIO).c_str());
+    return PageNotDone;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A file that would become too large is a failure to be reported, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
-        return run(argc, argv);
+        return afterFlushing(run(argc, argv));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "headerdtc: %s\n", error.what());
     } catch (...) {

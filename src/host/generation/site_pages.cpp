@@ -3,7 +3,8 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <set>
+#include <string>
+#include <unordered_set>
 
 namespace headerdtc {
 namespace {
@@ -19,12 +20,12 @@ class Collector {
         if (fs::is_directory(path, failure)) {
             addFolder(path);
         } else {
-            addPage({path, page});
+            addPage({path, canonical(path).native(), page});
         }
     }
 
     SitePages take() {
-        std::set<fs::path> seen;
+        std::unordered_set<std::string> seen;
         for (const Candidate& each : candidates_) {
             if (each.is == Is::Link && files_.contains(each.file)) continue;
             if (!seen.insert(each.file).second) continue;
@@ -37,14 +38,17 @@ class Collector {
   private:
     struct Candidate {
         fs::path path;
+        std::string file;  // what it is in the end
         Is is;
-        fs::path file = {};  // what it is in the end
     };
 
-    void addPage(Candidate page) {
+    static fs::path canonical(const fs::path& path) {
         std::error_code failure;
-        page.file = fs::canonical(page.path, failure);
-        if (failure) page.file = page.path;
+        auto real = fs::canonical(path, failure);
+        return failure ? path : real;
+    }
+
+    void addPage(Candidate page) {
         if (page.is == Is::Found) files_.insert(page.file);
         candidates_.push_back(std::move(page));
     }
@@ -57,6 +61,7 @@ class Collector {
             entries.push_back(*entry);
         if (failure) found_.problems.push_back({folder.string(), failure.message()});
         std::sort(entries.begin(), entries.end());
+        const fs::path realFolder = canonical(folder);
         for (const fs::directory_entry& each : entries) {
             if (each.path().filename().native().starts_with('.')) continue;
             std::error_code ignored;
@@ -64,7 +69,10 @@ class Collector {
             if (!isLink && each.is_directory(ignored)) {
                 addFolder(each.path());
             } else if (isPage(each.path()) && each.is_regular_file(ignored)) {
-                addPage({each.path(), isLink ? Is::Link : Is::Found});
+                // Of the page itself only a link can lead elsewhere.
+                const fs::path file =
+                    isLink ? canonical(each.path()) : realFolder / each.path().filename();
+                addPage({each.path(), file.native(), isLink ? Is::Link : Is::Found});
             }
         }
     }
@@ -76,7 +84,7 @@ class Collector {
 
     SitePages found_;
     std::vector<Candidate> candidates_;
-    std::set<fs::path> files_;  // found under their own names
+    std::unordered_set<std::string> files_;  // found under their own names
 };
 
 }  // namespace

@@ -40,7 +40,7 @@ void inspect(const std::filesystem::path& page, Sites& sites, SiteFactsCache& ca
     }
     const auto site = sites.forPage(page);
     const PageMarkup markup(page.string(), generated.before, site->configuration->codePage);
-    const PageView view(markup, page, *site, cache.of(site), generated);
+    const PageView view(markup, page, cache.of(site), generated);
     for (std::size_t i = 0; i < markup.controls().size(); ++i)
         inspectControl({view, i}, page.string(), result.findings);
     std::stable_sort(result.findings.begin(), result.findings.end(),

@@ -19,10 +19,27 @@ std::optional<fs::path> ifFile(const fs::path& path) {
     return fs::is_regular_file(path, failure) ? std::optional(path) : std::nullopt;
 }
 
-// A file of this machine, its components found without regard to case.
-std::optional<fs::path> findAnyCase(const fs::path& path) {
+bool isBelow(const fs::path& path, const fs::path& folder) {
+    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
+           folder.end();
+}
+
+// A page says what it includes, but only the site says where files are read: below its root and in
+// the folders of its drives. What links lead to from there is the site's own choice.
+bool isOfSite(const fs::path& path, const SiteConfiguration& site) {
+    const auto& drives = site.drives.drives();
+    return isBelow(path, site.projectRoot) ||
+           std::any_of(drives.begin(), drives.end(), [&](const auto& drive) {
+               return drive.second != drive.second.root_path() && isBelow(path, drive.second);
+           });
+}
+
+// A file of the site, its components found without regard to case.
+std::optional<fs::path> findAnyCase(const fs::path& path, const SiteConfiguration& site) {
+    const fs::path plain = path.lexically_normal();
+    if (!isOfSite(plain, site)) return std::nullopt;
     try {
-        return ifFile(WindowsPaths().toLocal("Z:" + path.lexically_normal().string()));
+        return ifFile(WindowsPaths().toLocal("Z:" + plain.string()));
     } catch (const RuntimeError&) {
         return std::nullopt;
     }
@@ -31,8 +48,9 @@ std::optional<fs::path> findAnyCase(const fs::path& path) {
 }  // namespace
 
 SiteFacts::SiteFacts(const std::shared_ptr<Site>& site)
-    : site_(site), catalogue_(site->dataSources.current()) {
-    installDir_ = installDirectoryOf(site->registry);
+    : site_(site),
+      catalogue_(site->dataSources.current()),
+      installDir_(installDirectoryOf(site->registry)) {
     if (installDir_.empty()) {
         const auto& registry = site->configuration->registry;
         throw FileError(registry.empty() ? site->configuration->folder.string() : registry.string(),
@@ -65,14 +83,16 @@ std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
         // A drive that leads nowhere: the project may still have the file.
     }
     // With a slash at its front too it is a path below the root.
-    return findAnyCase(site_->configuration->projectRoot.string() + "/" +
-                       replaceAll(sitePath, "\\", "/"));
+    return findAnyCase(
+        site_->configuration->projectRoot.string() + "/" + replaceAll(sitePath, "\\", "/"),
+        *site_->configuration);
 }
 
 std::optional<fs::path> SiteFacts::findIncluded(const ScriptText::Include& include,
                                                 const fs::path& includer) const {
     if (include.isVirtual) return find(include.path);
-    return findAnyCase(includer.parent_path() / replaceAll(include.path, "\\", "/"));
+    return findAnyCase(includer.parent_path() / replaceAll(include.path, "\\", "/"),
+                       *site_->configuration);
 }
 
 const ScriptText& SiteFacts::scriptOf(const fs::path& file) {
@@ -93,7 +113,11 @@ void SiteFacts::collect(const ScriptText& script, const fs::path& file, Function
     all.insert(script.functions.begin(), script.functions.end());
     for (const auto& include : script.includes) {
         const auto included = findIncluded(include, file);
-        if (included && seen.insert(included->string()).second)
+        if (!included) continue;
+        // Links make many names for one file, and in a loop of folders names without end.
+        std::error_code failure;
+        const fs::path real = fs::canonical(*included, failure);
+        if (!failure && seen.insert(real.string()).second)
             collect(scriptOf(*included), *included, all, seen);
     }
 }

@@ -3,13 +3,13 @@
 #include "host/files/file_cache.h"
 #include "host/files/utf8_scan.h"
 #include "host/odbc/secrets.h"
+#include "host/site/toml.h"
 
 #include <algorithm>
 #include <array>
 #include <map>
 #include <mutex>
 #include <stdexcept>
-#include <toml++/toml.h>
 
 namespace headerdtc {
 namespace {

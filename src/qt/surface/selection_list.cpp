@@ -1,6 +1,9 @@
 #include "qt/surface/selection_list.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QStyle>
+#include <QToolTip>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -8,6 +11,18 @@ namespace headerdtc::qt {
 SelectionList::SelectionList(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
+}
+
+bool SelectionList::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex item = indexAt(help.pos());
+    const QString text = item.data().toString();
+    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
+    if (fontMetrics().horizontalAdvance(text) + margins <= viewport()->width())
+        return QListView::viewportEvent(event);
+    QToolTip::showText(help.globalPos(), text, viewport());
+    return true;
 }
 
 void SelectionList::changed() {

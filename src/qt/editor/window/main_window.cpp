@@ -1,10 +1,12 @@
 #include "qt/editor/window/main_window.h"
 
 #include "host/site/site_configuration.h"
+#include "qt/editor/files/notice_bar.h"
 #include "qt/editor/messages/messages_panel.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/page/page_editor.h"
 #include "qt/editor/preview/preview_pane.h"
+#include "qt/editor/recording/recording_panel.h"
 #include "qt/editor/recovery/recovery_dialog.h"
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
@@ -31,6 +33,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <utility>
 
 namespace headerdtc::qt {
 namespace {
@@ -72,6 +75,7 @@ MainWindow::MainWindow(const Options& options)
     auto* panel = new MessagesPanel(messages_);
     messagesDock_ =
         addDock(tr("Messages"), "MessagesDock", panel, Qt::BottomDockWidgetArea, "Ctrl+4");
+    addRecording();
     commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
     status_ = new PageStatus;
     statusBar()->addPermanentWidget(status_);
@@ -100,6 +104,7 @@ MainWindow::MainWindow(const Options& options)
 MainWindow::~MainWindow() {
     // Pages tell of their going, which nobody here is to hear any more.
     tabs_->disconnect(this);
+    recorder_.disconnect(this);
 }
 
 QDockWidget* MainWindow::addDock(const QString& title, const char* name, QWidget* content,
@@ -215,6 +220,32 @@ void MainWindow::connectParts() {
             });
 }
 
+// What is recorded is shown beside the messages.
+void MainWindow::addRecording() {
+    QAction* record = (*commands_)[Command::Record];
+    auto* panel = new RecordingPanel(recorder_, *record);
+    recordingDock_ =
+        addDock(tr("Recording"), "RecordingDock", panel, Qt::BottomDockWidgetArea, "Ctrl+5");
+    tabifyDockWidget(messagesDock_, recordingDock_);
+    recordingDock_->hide();
+    connect(record, &QAction::triggered, this, [this] {
+        PageEditor* editor = tabs_->current();
+        if (recorder_.isRecording()) {
+            recorder_.stop();
+        } else if (editor && !editor->isBusy()) {
+            recordingDock_->show();
+            recordingDock_->raise();
+            recorder_.start(*editor);
+        }
+        follow();
+    });
+    connect(&recorder_, &Recorder::ended, this, [this](const QString& reason) {
+        if (PageEditor* editor = tabs_->current())
+            editor->notices().show(QStringLiteral("recording"), Message::Severity::Note, reason);
+        follow();
+    });
+}
+
 // ---- opening ------------------------------------------------------------------------------------
 
 fs::path MainWindow::workFolder() const {
@@ -234,6 +265,7 @@ void MainWindow::openAnything(const fs::path& path) {
     std::error_code failure;
     if (fs::is_directory(path, failure)) {
         site_->openFolder(fs::absolute(path).lexically_normal());
+        follow();
         siteDock_->show();
     } else {
         open(path);
@@ -326,6 +358,7 @@ void MainWindow::showRecent() {
 
 void MainWindow::saveAll() {
     for (PageEditor* editor : tabs_->editors()) {
+        editor->finishEditing();
         if (editor->isModified() && !saver_.save(*editor)) return;
     }
 }
@@ -393,7 +426,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     site_->run().cancel();
     QSettings settings;
     settings.setValue(GeometryKey, saveGeometry());
-    settings.setValue(StateKey, saveState());
+    settings.setValue(StateKey, atStart_ ? docksBesidePages_ : saveState());
     if (guide_) guide_->close();
     event->accept();
 }
@@ -411,8 +444,21 @@ void MainWindow::activate(const Message& message) {
     if (PageEditor* editor = tabs_->open(message.page)) editor->goTo(message.place);
 }
 
+// Without page or site there is nothing in them to look at.
+void MainWindow::layDocks(bool atStart) {
+    if (atStart == std::exchange(atStart_, atStart)) return;
+    if (!atStart) {
+        restoreState(docksBesidePages_);
+        return;
+    }
+    docksBesidePages_ = saveState();
+    siteDock_->hide();
+    messagesDock_->hide();
+}
+
 void MainWindow::follow() {
     PageEditor* editor = tabs_->current();
+    layDocks(!editor && site_->folder().empty());
     centre_->setCurrentWidget(editor ? static_cast<QWidget*>(tabs_) : centre_->widget(0));
     Commands::State state;
     state.site = !site_->folder().empty() && !site_->run().isRunning();
@@ -435,6 +481,9 @@ void MainWindow::follow() {
     setWindowModified(editor && editor->isModified());
     status_->follow(editor ? &editor->page() : nullptr);
     commands_->follow(state);
+    QAction* record = (*commands_)[Command::Record];
+    record->setEnabled(state.control || recorder_.isRecording());
+    record->setChecked(recorder_.isRecording());
 }
 
 }  // namespace headerdtc::qt
