@@ -138,7 +138,7 @@ int afterFlushing(int status) {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
     std::fprintf(stderr, "headerdtc: the standard output cannot be written: %s\n",
                  std::generic_category().message(errno != 0 ? errno : EIO).c_str());
-    return PageNotDone;
+    return status == WrongUsage ? WrongUsage : PageNotDone;
 }
 
 }  // namespace
