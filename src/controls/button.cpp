@@ -1,6 +1,7 @@
 #include "controls/button.h"
 
 #include "controls/form.h"
+#include "controls/person_action.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -14,18 +15,22 @@ void Button::Caption(std::string caption) {
 }
 
 void Button::press() {
-    takeFocus();
-    Click.raise();
+    perform({.kind = PersonAction::Kind::Press, .control = this}, [this] {
+        takeFocus();
+        Click.raise();
+    });
 }
 
 void Button::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key)) return;
-    if (key.kind == Key::Kind::Enter || key.isBlank()) {
-        Click.raise();
-    } else {
-        form().pressDialogKey(key);
-    }
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key)) return;
+        if (key.kind == Key::Kind::Enter || key.isBlank()) {
+            Click.raise();
+        } else {
+            form().pressDialogKey(key);
+        }
+    });
 }
 
 void CheckBox::Value(CheckState value) {
@@ -36,18 +41,22 @@ void CheckBox::Value(CheckState value) {
 }
 
 void CheckBox::toggle() {
-    takeFocus();
-    Value(value_ == CheckState::Unchecked ? CheckState::Checked : CheckState::Unchecked);
+    perform({.kind = PersonAction::Kind::Press, .control = this}, [this] {
+        takeFocus();
+        Value(value_ == CheckState::Unchecked ? CheckState::Checked : CheckState::Unchecked);
+    });
 }
 
 void CheckBox::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key)) return;
-    if (key.isBlank()) {
-        toggle();
-    } else {
-        form().pressDialogKey(key);
-    }
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key)) return;
+        if (key.isBlank()) {
+            toggle();
+        } else {
+            form().pressDialogKey(key);
+        }
+    });
 }
 
 OptionButton::OptionButton(Form& form, std::string name, std::string caption, OptionGroup& group)
@@ -72,22 +81,26 @@ void OptionButton::Value(bool value) {
 }
 
 void OptionButton::pick() {
-    takeFocus();
-    Value(true);
+    perform({.kind = PersonAction::Kind::Press, .control = this}, [this] {
+        takeFocus();
+        Value(true);
+    });
 }
 
 void OptionButton::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key)) return;
-    const bool back = key.kind == Key::Kind::Up || key.kind == Key::Kind::Left;
-    const bool forth = key.kind == Key::Kind::Down || key.kind == Key::Kind::Right;
-    if (back || forth) {
-        pickBeside(forth);
-    } else if (key.isBlank()) {
-        Value(true);
-    } else {
-        form().pressDialogKey(key);
-    }
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key)) return;
+        const bool back = key.kind == Key::Kind::Up || key.kind == Key::Kind::Left;
+        const bool forth = key.kind == Key::Kind::Down || key.kind == Key::Kind::Right;
+        if (back || forth) {
+            pickBeside(forth);
+        } else if (key.isBlank()) {
+            Value(true);
+        } else {
+            form().pressDialogKey(key);
+        }
+    });
 }
 
 // The next member of the group that can be used, round and round.

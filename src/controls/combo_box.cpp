@@ -1,6 +1,7 @@
 #include "controls/combo_box.h"
 
 #include "controls/form.h"
+#include "controls/person_action.h"
 #include "controls/utf8.h"
 #include "platform/runtime_error.h"
 
@@ -83,10 +84,12 @@ void ComboBox::pick(int item) {
 }
 
 void ComboBox::choose(int item) {
-    requireReachable();
-    if (!items_.has(item)) refuse("it has no item " + std::to_string(item));
-    takeFocus();
-    pick(item);
+    perform({.kind = PersonAction::Kind::Choose, .control = this, .index = item}, [&] {
+        requireReachable();
+        if (!items_.has(item)) refuse("it has no item " + std::to_string(item));
+        takeFocus();
+        pick(item);
+    });
 }
 
 void ComboBox::choose(const std::string& text) {
@@ -97,33 +100,38 @@ void ComboBox::choose(const std::string& text) {
 }
 
 void ComboBox::type(const std::string& text) {
-    requireReachable();
-    if (!isEditable()) refuse("its text can only be chosen from its list");
-    if (text.find_first_of("\r\n") != std::string::npos) refuse("it holds a single line");
-    takeFocus();
-    edited(text, utf8::length(text), 0);
+    perform({.kind = PersonAction::Kind::Edit, .control = this, .text = &text}, [&] {
+        requireReachable();
+        if (!isEditable()) refuse("its text can only be chosen from its list");
+        if (text.find_first_of("\r\n") != std::string::npos) refuse("it holds a single line");
+        takeFocus();
+        edited(text, utf8::length(text), 0);
+    });
 }
 
 void ComboBox::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key)) return;
-    if (key.kind == Key::Kind::Up) return moveBy(-1);
-    if (key.kind == Key::Kind::Down) return moveBy(1);
-    if (form().pressDialogKey(key) || !keyPress(key)) return;
-    if (isEditable()) {
-        EditableText after = content_;
-        after.press(key.kind, key.character);
-        edited(after.text(), after.selStart(), after.selLength());
-    } else if (key.kind == Key::Kind::Character) {
-        const int next = items_.findNext(listIndex_, key.character);
-        if (next >= 0 && next != listIndex_) pick(next);
-    }
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key)) return;
+        if (key.kind == Key::Kind::Up) return moveBy(-1);
+        if (key.kind == Key::Kind::Down) return moveBy(1);
+        if (form().pressDialogKey(key) || !keyPress(key)) return;
+        if (isEditable()) {
+            EditableText after = content_;
+            after.press(key.kind, key.character);
+            edited(after.text(), after.selStart(), after.selLength());
+        } else if (key.kind == Key::Kind::Character) {
+            const int next = items_.findNext(listIndex_, key.character);
+            if (next >= 0 && next != listIndex_) pick(next);
+        }
+    });
 }
 
 bool ComboBox::keyPress(const Key& key) {
     int code = key.pressCode();
     if (code != 0) {
-        KeyPress.raise(code);
+        perform({.kind = PersonAction::Kind::KeyStep, .control = this, .key = key},
+                [&] { KeyPress.raise(code); });
         if (code == 0) return false;
     }
     return hasFocus();
@@ -135,9 +143,11 @@ void ComboBox::moveBy(int step) {
 }
 
 void ComboBox::edited(const std::string& text, int selStart, int selLength) {
-    const bool changed = content_.edit(text, selStart, selLength);
-    if (changed) listIndex_ = -1;
-    tellContent(changed);
+    perform({.kind = PersonAction::Kind::Edit, .control = this, .text = &text}, [&] {
+        const bool changed = content_.edit(text, selStart, selLength);
+        if (changed) listIndex_ = -1;
+        tellContent(changed);
+    });
 }
 
 void ComboBox::tellContent(bool textChanged) {

@@ -1,6 +1,7 @@
 #include "controls/control.h"
 
 #include "controls/form.h"
+#include "controls/person_action.h"
 #include "platform/runtime_error.h"
 
 #include <utility>
@@ -83,7 +84,7 @@ bool Control::isShowing() const {
 }
 
 void Control::focus() {
-    takeFocus();
+    perform({.kind = PersonAction::Kind::Focus, .control = this}, [this] { takeFocus(); });
 }
 
 void Control::requireReachable() const {

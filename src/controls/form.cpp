@@ -2,6 +2,7 @@
 
 #include "controls/button.h"
 #include "controls/control.h"
+#include "controls/person_action.h"
 #include "controls/tab_strip.h"
 #include "platform/runtime_error.h"
 
@@ -62,11 +63,13 @@ void Form::Hide() {
 }
 
 void Form::press(const Key& key) {
-    if (!isReachable()) throw ActionRefused("'" + name_ + "' is behind a modal dialog");
-    moveFocus(nullptr);
-    if (pressDialogKey(key)) return;
-    const int code = key.pressCode();
-    KeyPress.raise(code != 0 ? code : key.downCode());
+    perform(*this, {.kind = PersonAction::Kind::Key, .key = key}, [&] {
+        if (!isReachable()) throw ActionRefused("'" + name_ + "' is behind a modal dialog");
+        moveFocus(nullptr);
+        if (pressDialogKey(key)) return;
+        const int code = key.pressCode();
+        KeyPress.raise(code != 0 ? code : key.downCode());
+    });
 }
 
 void Form::dismiss() {

@@ -13,6 +13,7 @@ class Button;
 class Control;
 class Form;
 class TabStrip;
+struct PersonAction;
 
 // How the surroundings wait while a modal form is open: run() returns when the form is hidden.
 // A failure that a handler of the form lets out leaves run() and so reaches whoever opened it.
@@ -35,6 +36,10 @@ class Desktop {
     // For the faces: a modal form was opened, was closed.
     Event<Form&> opened;
     Event<Form&> closed;
+    // For whoever watches: a person begins to do something at a form, and it is over. The last
+    // argument tells whether it was done or refused; a failure of a handler counts as done.
+    Event<Form&, const PersonAction&> acting;
+    Event<Form&, const PersonAction&, bool> acted;
 
   private:
     friend class Form;

@@ -2,6 +2,7 @@
 
 #include "controls/form.h"
 #include "controls/list_items.h"
+#include "controls/person_action.h"
 #include "platform/runtime_error.h"
 
 #include <algorithm>
@@ -164,20 +165,32 @@ void Grid::enter(int row, int column) {
 }
 
 void Grid::clickCell(int row, int column) {
-    requireCell(row, column);
-    enter(row, column);
-    Click.raise();
+    perform(
+        {.kind = PersonAction::Kind::ClickCell, .control = this, .index = row, .column = column},
+        [&] {
+            requireCell(row, column);
+            enter(row, column);
+            Click.raise();
+        });
 }
 
 void Grid::doubleClickCell(int row, int column) {
-    const int modalBefore = form().desktop().modalCount();
-    clickCell(row, column);
-    if (form().desktop().modalCount() == modalBefore) DblClick.raise();
+    perform({.kind = PersonAction::Kind::DoubleClickCell,
+             .control = this,
+             .index = row,
+             .column = column},
+            [&] {
+                const int modalBefore = form().desktop().modalCount();
+                clickCell(row, column);
+                if (form().desktop().modalCount() == modalBefore) DblClick.raise();
+            });
 }
 
 void Grid::clickAgain() {
-    takeFocus();
-    DblClick.raise();
+    perform({.kind = PersonAction::Kind::ClickAgain, .control = this}, [this] {
+        takeFocus();
+        DblClick.raise();
+    });
 }
 
 void Grid::shownFrom(int topRow) {
@@ -185,41 +198,46 @@ void Grid::shownFrom(int topRow) {
 }
 
 void Grid::scroll(int topRow) {
-    requireReachable();
-    const int before = topRow_;
-    shownFrom(topRow);
-    if (topRow_ == before) return;
-    gridChanged.raise({GridChange::Kind::Geometry, 0, 0});
-    Scroll.raise();
+    perform({.kind = PersonAction::Kind::Scroll, .control = this, .index = topRow}, [&] {
+        requireReachable();
+        const int before = topRow_;
+        shownFrom(topRow);
+        if (topRow_ == before) return;
+        gridChanged.raise({GridChange::Kind::Geometry, 0, 0});
+        Scroll.raise();
+    });
 }
 
 void Grid::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key)) return;
-    int row = row_;
-    int column = column_;
-    switch (key.kind) {
-        case Key::Kind::Up:
-            --row;
-            break;
-        case Key::Kind::Down:
-            ++row;
-            break;
-        case Key::Kind::Left:
-            --column;
-            break;
-        case Key::Kind::Right:
-            ++column;
-            break;
-        case Key::Kind::Character:
-        case Key::Kind::Enter:
-            KeyPress.raise(key.pressCode());
-            return;
-        default:
-            form().pressDialogKey(key);
-            return;
-    }
-    if (row >= FixedRows() && row < Rows() && column >= 0 && column < Cols()) enter(row, column);
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key)) return;
+        int row = row_;
+        int column = column_;
+        switch (key.kind) {
+            case Key::Kind::Up:
+                --row;
+                break;
+            case Key::Kind::Down:
+                ++row;
+                break;
+            case Key::Kind::Left:
+                --column;
+                break;
+            case Key::Kind::Right:
+                ++column;
+                break;
+            case Key::Kind::Character:
+            case Key::Kind::Enter:
+                KeyPress.raise(key.pressCode());
+                return;
+            default:
+                form().pressDialogKey(key);
+                return;
+        }
+        if (row >= FixedRows() && row < Rows() && column >= 0 && column < Cols())
+            enter(row, column);
+    });
 }
 
 }  // namespace headerdtc

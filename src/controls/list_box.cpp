@@ -1,6 +1,7 @@
 #include "controls/list_box.h"
 
 #include "controls/form.h"
+#include "controls/person_action.h"
 #include "platform/runtime_error.h"
 
 #include <algorithm>
@@ -109,51 +110,61 @@ void ListBox::requireItem(int item) const {
 }
 
 void ListBox::select(const std::vector<int>& items, int focusItem) {
-    requireReachable();
-    for (const int item : items)
-        requireItem(item);
-    if (focusItem != -1) requireItem(focusItem);
-    if (!isMultiSelect()) {
-        if (items.size() > 1) refuse("it takes one selected item only");
-        if ((items.empty() ? -1 : items.front()) != focusItem)
-            refuse("the focus of a single-selection list is its selected item");
-        if (items.empty() && listIndex_ >= 0)
-            refuse("a single-selection list does not give up its selected item");
-    }
-    takeFocus();
-    selectOnly(items, focusItem);
-    Click.raise();
+    perform(
+        {.kind = PersonAction::Kind::Select, .control = this, .index = focusItem, .items = &items},
+        [&] {
+            requireReachable();
+            for (const int item : items)
+                requireItem(item);
+            if (focusItem != -1) requireItem(focusItem);
+            if (!isMultiSelect()) {
+                if (items.size() > 1) refuse("it takes one selected item only");
+                if ((items.empty() ? -1 : items.front()) != focusItem)
+                    refuse("the focus of a single-selection list is its selected item");
+                if (items.empty() && listIndex_ >= 0)
+                    refuse("a single-selection list does not give up its selected item");
+            }
+            takeFocus();
+            selectOnly(items, focusItem);
+            Click.raise();
+        });
 }
 
 void ListBox::doubleClick(int item) {
-    requireReachable();
-    requireItem(item);
-    takeFocus();
-    selectOnly({item}, item);
-    const int modalBefore = form().desktop().modalCount();
-    Click.raise();
-    if (form().desktop().modalCount() == modalBefore) DblClick.raise();
+    perform({.kind = PersonAction::Kind::DoubleClick, .control = this, .index = item}, [&] {
+        requireReachable();
+        requireItem(item);
+        takeFocus();
+        selectOnly({item}, item);
+        const int modalBefore = form().desktop().modalCount();
+        Click.raise();
+        if (form().desktop().modalCount() == modalBefore) DblClick.raise();
+    });
 }
 
 void ListBox::doubleClickEmptyArea() {
-    takeFocus();
-    DblClick.raise();
+    perform({.kind = PersonAction::Kind::DoubleClickEmptyArea, .control = this}, [this] {
+        takeFocus();
+        DblClick.raise();
+    });
 }
 
 void ListBox::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key) || form().pressDialogKey(key)) return;
-    if (isMultiSelect() && key.isBlank()) {
-        if (listIndex_ < 0) return;
-        mark(listIndex_, !Selected(listIndex_));
-        selectionChanged.raise();
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key) || form().pressDialogKey(key)) return;
+        if (isMultiSelect() && key.isBlank()) {
+            if (listIndex_ < 0) return;
+            mark(listIndex_, !Selected(listIndex_));
+            selectionChanged.raise();
+            Click.raise();
+            return;
+        }
+        const int item = itemReachedBy(key);
+        if (item < 0 || (item == listIndex_ && SelCount() == 1 && Selected(item))) return;
+        selectOnly({item}, item);
         Click.raise();
-        return;
-    }
-    const int item = itemReachedBy(key);
-    if (item < 0 || (item == listIndex_ && SelCount() == 1 && Selected(item))) return;
-    selectOnly({item}, item);
-    Click.raise();
+    });
 }
 
 // -1 when the key leads nowhere.

@@ -1,6 +1,7 @@
 #include "controls/tab_strip.h"
 
 #include "controls/form.h"
+#include "controls/person_action.h"
 #include "platform/runtime_error.h"
 
 namespace headerdtc {
@@ -17,19 +18,23 @@ void TabStrip::Tab(int page) {
 }
 
 void TabStrip::clickTab(int page) {
-    requireReachable();
-    if (page < 0 || page >= static_cast<int>(captions_.size()))
-        refuse("it has no tab " + std::to_string(page));
-    takeFocus();
-    show(page);
+    perform({.kind = PersonAction::Kind::ClickTab, .control = this, .index = page}, [&] {
+        requireReachable();
+        if (page < 0 || page >= static_cast<int>(captions_.size()))
+            refuse("it has no tab " + std::to_string(page));
+        takeFocus();
+        show(page);
+    });
 }
 
 void TabStrip::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key)) return;
-    const int count = static_cast<int>(captions_.size());
-    if (key.kind == Key::Kind::Left && tab_ > 0) show(tab_ - 1);
-    if (key.kind == Key::Kind::Right && tab_ < count - 1) show(tab_ + 1);
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key)) return;
+        const int count = static_cast<int>(captions_.size());
+        if (key.kind == Key::Kind::Left && tab_ > 0) show(tab_ - 1);
+        if (key.kind == Key::Kind::Right && tab_ < count - 1) show(tab_ + 1);
+    });
 }
 
 void TabStrip::show(int page) {

@@ -1,6 +1,7 @@
 #include "controls/text_box.h"
 
 #include "controls/form.h"
+#include "controls/person_action.h"
 #include "controls/utf8.h"
 
 namespace headerdtc {
@@ -27,34 +28,41 @@ void TextBox::SelLength(int length) {
 }
 
 void TextBox::type(const std::string& text) {
-    requireReachable();
-    if (locked_) refuse("it is read-only");
-    if (!isMultiLine() && text.find_first_of("\r\n") != std::string::npos)
-        refuse("it holds a single line");
-    takeFocus();
-    edited(text, utf8::length(text), 0);
+    perform({.kind = PersonAction::Kind::Edit, .control = this, .text = &text}, [&] {
+        requireReachable();
+        if (locked_) refuse("it is read-only");
+        if (!isMultiLine() && text.find_first_of("\r\n") != std::string::npos)
+            refuse("it holds a single line");
+        takeFocus();
+        edited(text, utf8::length(text), 0);
+    });
 }
 
 void TextBox::press(const Key& key) {
-    takeFocus();
-    if (pressTab(key)) return;
-    const bool wantsKey = key.kind == Key::Kind::Enter && isMultiLine();
-    if (!wantsKey && form().pressDialogKey(key)) return;
-    if (!keyDown(key)) return;
-    const int code = raiseKeyPress(key);
-    const bool swallowed = code == 0 && key.pressCode() != 0;
-    // A handler may have moved the focus on; the key then has no text to act upon.
-    if (!swallowed && hasFocus()) tellContent(applyKey(key, code));
+    perform({.kind = PersonAction::Kind::Key, .control = this, .key = key}, [&] {
+        takeFocus();
+        if (pressTab(key)) return;
+        const bool wantsKey = key.kind == Key::Kind::Enter && isMultiLine();
+        if (!wantsKey && form().pressDialogKey(key)) return;
+        if (!keyDown(key)) return;
+        const int code = raiseKeyPress(key);
+        const bool swallowed = code == 0 && key.pressCode() != 0;
+        // A handler may have moved the focus on; the key then has no text to act upon.
+        if (!swallowed && hasFocus()) tellContent(applyKey(key, code));
+    });
 }
 
 bool TextBox::keyDown(const Key& key) {
-    KeyDown.raise(key.downCode(), key.shift ? 1 : 0);
+    perform({.kind = PersonAction::Kind::KeyStep, .control = this, .key = key},
+            [&] { KeyDown.raise(key.downCode(), key.shift ? 1 : 0); });
     // The key-press belongs to this box even when the handler moved the focus, as the key does.
     return true;
 }
 
 bool TextBox::keyPress(const Key& key) {
-    const int code = raiseKeyPress(key);
+    int code = 0;
+    perform({.kind = PersonAction::Kind::KeyStep, .control = this, .key = key},
+            [&] { code = raiseKeyPress(key); });
     const bool swallowed = code == 0 && key.pressCode() != 0;
     return !swallowed && hasFocus();
 }
@@ -67,7 +75,8 @@ int TextBox::raiseKeyPress(const Key& key) {
 }
 
 void TextBox::edited(const std::string& text, int selStart, int selLength) {
-    tellContent(content_.edit(text, selStart, selLength));
+    perform({.kind = PersonAction::Kind::Edit, .control = this, .text = &text},
+            [&] { tellContent(content_.edit(text, selStart, selLength)); });
 }
 
 // Tells whether the text is another.

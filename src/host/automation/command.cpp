@@ -1,22 +1,11 @@
 #include "host/automation/command.h"
 
-#include "controls/utf8.h"
+#include "host/automation/key_names.h"
 
 #include <limits>
 
 namespace headerdtc {
 namespace {
-
-struct NamedKey {
-    const char* name;
-    Key::Kind kind;
-};
-
-constexpr NamedKey NamedKeys[] = {
-    {"Enter", Key::Kind::Enter},   {"Escape", Key::Kind::Escape},       {"Up", Key::Kind::Up},
-    {"Down", Key::Kind::Down},     {"Left", Key::Kind::Left},           {"Right", Key::Kind::Right},
-    {"Delete", Key::Kind::Delete}, {"Backspace", Key::Kind::Backspace}, {"Tab", Key::Kind::Tab},
-};
 
 bool isInt(const nlohmann::json& value) {
     return value.is_number_integer() && value >= std::numeric_limits<int>::min() &&
@@ -25,8 +14,8 @@ bool isInt(const nlohmann::json& value) {
 
 }  // namespace
 
-Automation::Command::Command(const std::string& line) {
-    fields = nlohmann::json::parse(line, nullptr, false);
+Automation::Command::Command(const std::string& line)
+    : fields(nlohmann::json::parse(line, nullptr, false)) {
     if (fields.is_discarded()) throw CommandError("the line is not JSON");
     if (!fields.is_object()) throw CommandError("the line is not a JSON object");
     verb = text("do");
@@ -72,11 +61,9 @@ std::vector<int> Automation::Command::integers(const char* field) const {
 
 Key Automation::Command::key() const {
     const std::string name = text("key");
-    for (const auto& [keyName, kind] : NamedKeys) {
-        if (name == keyName) return Key::of(kind);
-    }
-    if (utf8::length(name) != 1) wrong("key", "must be one character or the name of a key");
-    return Key::of(utf8::first(name));
+    const auto key = keyNamed(name);
+    if (!key) wrong("key", "must be one character or the name of a key");
+    return *key;
 }
 
 }  // namespace headerdtc

@@ -73,8 +73,12 @@ QSize ControlSurface::sizeHint() const {
     return QSize(DesignedWidth, 640).expandedTo(minimumSizeHint());
 }
 
+void ControlSurface::act(const std::function<void()>& action) {
+    binder_->actions.run(action);
+}
+
 void ControlSurface::finishEditing() {
-    binder_->actions.run([this] { dtc_.SSTab1.focus(); });
+    act([this] { dtc_.SSTab1.focus(); });
 }
 
 }  // namespace headerdtc::qt

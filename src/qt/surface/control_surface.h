@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 namespace headerdtc {
@@ -22,6 +23,10 @@ class ControlSurface : public QWidget {
     QSize sizeHint() const override;
     // In pixels, what the tabs are drawn for.
     static constexpr int DesignedWidth = 560;
+
+    // Does something to the control in the person's name, with the focus following as it follows a
+    // key or the mouse; what a person could not do is left undone.
+    void act(const std::function<void()>& action);
 
     // Leaves the control that has the focus, as a person does before turning elsewhere: what an
     // in-place editor holds gets into its cell. To be called before the page is saved.

@@ -17,11 +17,13 @@ void requireOffered(const StoredItem& field, StoredRole role, Family family,
     if (field.text.empty() || offered.hasEntry(field.text)) return;
     const auto name = fieldNameIn(field.text, family);
     const auto now = name ? offered.entryOfName(*name) : std::nullopt;
+    const std::string like = name && !now ? offered.entryLike(*name) : "";
     remarks.push_back(about(field, family,
                             std::string(nameOf(role)) + " " + inQuotes(field.text) +
                                 " is not offered by " + inQuotes(provider) +
                                 (now ? "; the field is " + inQuotes(*now) + " there" : ""),
-                            "remove it, or choose the field anew"));
+                            (like.empty() ? "" : "is " + inQuotes(like) + " meant? ") +
+                                std::string("remove it, or choose the field anew")));
 }
 
 void requireAllOffered(const std::vector<StoredItem>& fields, StoredRole role, Family family,

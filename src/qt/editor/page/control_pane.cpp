@@ -1,6 +1,7 @@
 #include "qt/editor/page/control_pane.h"
 
 #include "core/header_dtc.h"
+#include "qt/editor/lists/list_tools.h"
 #include "qt/surface/control_surface.h"
 
 #include <QApplication>
@@ -192,6 +193,12 @@ void ControlPane::select(std::size_t control) {
     Q_EMIT currentChanged();
 }
 
+void ControlPane::loadAnew() {
+    if (!current_) return;
+    finishEditing();
+    make(*current_, 0);
+}
+
 void ControlPane::focusControl() {
     if (surface()) surface()->setFocus();
 }
@@ -233,11 +240,13 @@ void ControlPane::make(std::size_t control, int tab) {
         page_.noteDoubt(span.id, *shown.live->loadingDoubt());
 
     shown.surface = new ControlSurface(shown.live->dtc());
+    new ListTools(shown.live->dtc(), *shown.surface);
     if (QWidget* before = area_->takeWidget()) before->hide();
     area_->setWidget(shown.surface);
     stack_->setCurrentWidget(area_);
     area_->verticalScrollBar()->setValue(scrolled);
     if (hadFocus) shown.surface->setFocus();
+    Q_EMIT surfaceMade();
 }
 
 void ControlPane::drop(Shown& shown) {

@@ -37,6 +37,8 @@ class ControlPane : public QWidget {
 
     void select(std::size_t control);
     void focusControl();
+    // The control that is shown, loaded anew from the page as it is.
+    void loadAnew();
     // Shows the control, tab and row of a place.
     void goTo(const Place& place);
 
@@ -52,6 +54,8 @@ class ControlPane : public QWidget {
   Q_SIGNALS:
     void currentChanged();
     void insertRequested();
+    // Another control is shown, or the same one was made anew.
+    void surfaceMade();
 
   private:
     struct Shown {

@@ -176,7 +176,7 @@ void EditedPage::takeSaved(const fs::path& file) {
 }
 
 bool EditedPage::changedOnDisk() const {
-    return hasFile_ && FileStamp::of(file_) != stamp_;
+    return hasFile_ && !stamp_.isStillOf(file_);
 }
 
 WholeFile EditedPage::readTheirs() const {

@@ -10,9 +10,9 @@ namespace headerdtc::qt {
 
 LiveControl::LiveControl(std::shared_ptr<Site> site, const std::filesystem::path& page,
                          const ControlSpan& span, const Faces& faces)
-    : messages_(faces.messages), properties_(span.properties) {
-    control_ = std::make_unique<OpenControl>(
-        std::move(site), page, span, HostFaces{*this, faces.fileDialog, *this, faces.modalLoop});
+    : messages_(faces.messages), fileDialog_(faces.fileDialog), properties_(span.properties) {
+    control_ = std::make_unique<OpenControl>(std::move(site), page, span,
+                                             HostFaces{*this, *this, *this, faces.modalLoop});
     written_ = control_->properties();
     collecting_ = false;
 }
@@ -34,7 +34,8 @@ StoredProperties LiveControl::snapshot() {
 
 std::optional<StoredProperties> LiveControl::takeChange() {
     StoredProperties now = snapshot();
-    if (isSameConfiguration(now, written_)) return std::nullopt;
+    const bool same = takesEveryChange_ ? now == written_ : isSameConfiguration(now, written_);
+    if (same) return std::nullopt;
     properties_ = now;
     written_ = std::move(now);
     return properties_;
@@ -76,6 +77,12 @@ void LiveControl::showError(const std::string& text) {
     } else {
         messages_.showError(text);
     }
+}
+
+std::string LiveControl::open(const FileDialogRequest& request) {
+    const std::string file = fileDialog_.open(request);
+    Q_EMIT fileChosen(file);
+    return file;
 }
 
 void LiveControl::propertyChanged(std::string_view property) {

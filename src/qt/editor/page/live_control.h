@@ -2,6 +2,7 @@
 
 #include "host/page/page_session.h"
 #include "platform/design_time_site.h"
+#include "platform/file_dialog.h"
 #include "platform/message_box.h"
 
 #include <QObject>
@@ -15,7 +16,10 @@ namespace headerdtc::qt {
 
 // A control of an open page, in the author's hands. It tells what the author has changed in it
 // since it was last asked.
-class LiveControl : public QObject, private MessageBox, private PropertyChangeSink {
+class LiveControl : public QObject,
+                    private MessageBox,
+                    private FileDialog,
+                    private PropertyChangeSink {
     Q_OBJECT
 
   public:
@@ -40,6 +44,9 @@ class LiveControl : public QObject, private MessageBox, private PropertyChangeSi
     const StoredProperties& properties() const { return properties_; }
     // The stored properties, if the author has changed any since; they are properties() then.
     std::optional<StoredProperties> takeChange();
+    // From now on every difference is a change, also one that says nothing to an author: what is
+    // recorded is replayed to the very bytes.
+    void takeEveryChange() { takesEveryChange_ = true; }
     // The page stores these for the control as it is now.
     void wasStoredAs(const StoredProperties& properties);
     // Shows a tab page, unless that would change the control by itself: tells whether it is shown.
@@ -55,16 +62,21 @@ class LiveControl : public QObject, private MessageBox, private PropertyChangeSi
   Q_SIGNALS:
     // The control's own notice that the author changed a property.
     void propertyChangeNoticed(const QString& property);
+    // A file dialog of the control was answered; empty: it was cancelled.
+    void fileChosen(const std::string& windowsPath);
 
   private:
     void show(const std::string& text) override;
     void showError(const std::string& text) override;
+    std::string open(const FileDialogRequest& request) override;
     void propertyChanged(std::string_view property) override;
     // What would be stored now; boxes of this are not shown.
     StoredProperties snapshot();
 
     MessageBox& messages_;
+    FileDialog& fileDialog_;
     bool collecting_ = true;
+    bool takesEveryChange_ = false;
     std::vector<std::string> collected_;
     std::unique_ptr<OpenControl> control_;
     StoredProperties properties_;

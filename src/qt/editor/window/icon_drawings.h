@@ -47,6 +47,7 @@ inline constexpr Drawing Drawings[] = {
     {"go-down",            {{{Line, 2.2, "M 5 9 L 12 16 L 19 9"}}}},
     {"view-refresh",       {{{Accent, 2.1, "M 19.5 9.5 C 17.5 4 9.5 2.5 5.5 7.5 M 4.5 14.5 C 6.5 20 14.5 21.5 18.5 16.5 M 20 4.5 L 20 9.8 L 14.8 9.8 M 4 19.5 L 4 14.2 L 9.2 14.2"}}}},
     {"system-run",         {{{Good, 0, "M 6 4 L 20 12 L 6 20 Z"}}}},
+    {"media-record",       {{{Line, W, "O 12 12 9"}, {Bad, 0, "O 12 12 5.5"}}}},
     {"process-stop",       {{{Bad, 0, "M 8.5 3 L 15.5 3 L 21 8.5 L 21 15.5 L 15.5 21 L 8.5 21 L 3 15.5 L 3 8.5 Z"}, {Paper, 2.4, "M 8.5 8.5 L 15.5 15.5 M 15.5 8.5 L 8.5 15.5"}}}},
     {"preferences-system", {{{Line, W, "M 4 6.5 L 20 6.5 M 4 12 L 20 12 M 4 17.5 L 20 17.5"}, {Accent, 0, "O 9 6.5 2.6"}, {Accent, 0, "O 15.5 12 2.6"}, {Accent, 0, "O 7.5 17.5 2.6"}}}},
     {"help-contents",      {{{Line, W, "O 12 12 9.3"}, {Accent, 2.1, "M 9 9.5 C 9 5.5 15.3 5.8 15 9.6 C 14.8 11.7 12 12 12 14.3"}, {Accent, 0, "O 12 17.6 1.4"}}}},

@@ -1,10 +1,12 @@
 #include "qt/editor/window/main_window.h"
 
 #include "host/site/site_configuration.h"
+#include "qt/editor/files/notice_bar.h"
 #include "qt/editor/messages/messages_panel.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/page/page_editor.h"
 #include "qt/editor/preview/preview_pane.h"
+#include "qt/editor/recording/recording_panel.h"
 #include "qt/editor/recovery/recovery_dialog.h"
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
@@ -73,6 +75,7 @@ MainWindow::MainWindow(const Options& options)
     auto* panel = new MessagesPanel(messages_);
     messagesDock_ =
         addDock(tr("Messages"), "MessagesDock", panel, Qt::BottomDockWidgetArea, "Ctrl+4");
+    addRecording();
     commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
     status_ = new PageStatus;
     statusBar()->addPermanentWidget(status_);
@@ -101,6 +104,7 @@ MainWindow::MainWindow(const Options& options)
 MainWindow::~MainWindow() {
     // Pages tell of their going, which nobody here is to hear any more.
     tabs_->disconnect(this);
+    recorder_.disconnect(this);
 }
 
 QDockWidget* MainWindow::addDock(const QString& title, const char* name, QWidget* content,
@@ -214,6 +218,32 @@ void MainWindow::connectParts() {
             [this](const fs::path& page, const std::vector<Message>& messages) {
                 if (!tabs_->find(page)) messages_.setMessages(toName(page), messages);
             });
+}
+
+// What is recorded is shown beside the messages.
+void MainWindow::addRecording() {
+    QAction* record = (*commands_)[Command::Record];
+    auto* panel = new RecordingPanel(recorder_, *record);
+    recordingDock_ =
+        addDock(tr("Recording"), "RecordingDock", panel, Qt::BottomDockWidgetArea, "Ctrl+5");
+    tabifyDockWidget(messagesDock_, recordingDock_);
+    recordingDock_->hide();
+    connect(record, &QAction::triggered, this, [this] {
+        PageEditor* editor = tabs_->current();
+        if (recorder_.isRecording()) {
+            recorder_.stop();
+        } else if (editor && !editor->isBusy()) {
+            recordingDock_->show();
+            recordingDock_->raise();
+            recorder_.start(*editor);
+        }
+        follow();
+    });
+    connect(&recorder_, &Recorder::ended, this, [this](const QString& reason) {
+        if (PageEditor* editor = tabs_->current())
+            editor->notices().show(QStringLiteral("recording"), Message::Severity::Note, reason);
+        follow();
+    });
 }
 
 // ---- opening ------------------------------------------------------------------------------------
@@ -451,6 +481,9 @@ void MainWindow::follow() {
     setWindowModified(editor && editor->isModified());
     status_->follow(editor ? &editor->page() : nullptr);
     commands_->follow(state);
+    QAction* record = (*commands_)[Command::Record];
+    record->setEnabled(state.control || recorder_.isRecording());
+    record->setChecked(recorder_.isRecording());
 }
 
 }  // namespace headerdtc::qt

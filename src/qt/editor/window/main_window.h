@@ -4,6 +4,7 @@
 #include "qt/editor/files/file_watcher.h"
 #include "qt/editor/files/recent_files.h"
 #include "qt/editor/messages/message_model.h"
+#include "qt/editor/recording/recorder.h"
 #include "qt/editor/recovery/recovery_keeper.h"
 #include "qt/editor/recovery/recovery_store.h"
 #include "qt/editor/window/commands.h"
@@ -43,6 +44,7 @@ class MainWindow : public QMainWindow {
     MessageModel& messages() { return messages_; }
     Commands& commands() { return *commands_; }
     RecoveryKeeper& recovery() { return recovery_; }
+    Recorder& recorder() { return recorder_; }
 
     void open(const std::filesystem::path& file);
     // A folder is a site, anything else a page.
@@ -62,6 +64,7 @@ class MainWindow : public QMainWindow {
                          Qt::DockWidgetArea area, const char* keys);
     void connectCommands();
     void connectParts();
+    void addRecording();
     void chooseDemoFolder();
     void choosePages();
     void chooseSite();
@@ -79,6 +82,7 @@ class MainWindow : public QMainWindow {
 
     Sites sites_;
     MessageModel messages_;
+    Recorder recorder_;
     RecentFiles recent_;
     PageSaver saver_;
     RecoveryStore store_;
@@ -90,6 +94,7 @@ class MainWindow : public QMainWindow {
     SiteView* site_;
     QDockWidget* siteDock_;
     QDockWidget* messagesDock_;
+    QDockWidget* recordingDock_;
     // How the docks lie beside pages, while the start page has the window to itself.
     QByteArray docksBesidePages_;
     bool atStart_ = false;

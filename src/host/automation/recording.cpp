@@ -1,0 +1,277 @@
+#include "host/automation/recording.h"
+
+#include "controls/combo_box.h"
+#include "controls/grid.h"
+#include "controls/list_box.h"
+#include "controls/text_box.h"
+#include "host/automation/key_names.h"
+
+#include <algorithm>
+
+namespace headerdtc {
+namespace {
+
+// As automation names a control.
+std::string nameOf(const Control& control) {
+    const Form& form = control.form();
+    return form.kind() == Form::Kind::Surface ? control.name() : form.name() + '.' + control.name();
+}
+
+std::string textOf(const Control* control) {
+    if (const auto* box = dynamic_cast<const TextBox*>(control)) return box->Text();
+    if (const auto* combo = dynamic_cast<const ComboBox*>(control)) return combo->Text();
+    return {};
+}
+
+bool isBackTab(const Key& key) {
+    return key.kind == Key::Kind::Tab && key.shift;
+}
+
+// A key that writes into a text, if it comes to that.
+bool editsText(const PersonAction& action) {
+    const auto* combo = dynamic_cast<const ComboBox*>(action.control);
+    const bool isText =
+        dynamic_cast<const TextBox*>(action.control) || (combo && combo->isEditable());
+    const Key::Kind kind = action.key.kind;
+    return isText && (kind == Key::Kind::Character || kind == Key::Kind::Backspace ||
+                      kind == Key::Kind::Delete || kind == Key::Kind::Enter);
+}
+
+}  // namespace
+
+Recording::Recording(Desktop& desktop) {
+    subscriptions_ += desktop.acting.subscribe(
+        [this](Form& form, const PersonAction& action) { begin(form, action); });
+    subscriptions_ += desktop.acted.subscribe(
+        [this](Form& form, const PersonAction& action, bool done) { end(form, action, done); });
+}
+
+std::vector<std::string> Recording::lines() const {
+    std::vector<std::string> texts;
+    texts.reserve(lines_.size());
+    for (const Json& line : lines_)
+        texts.push_back(line.dump(-1, ' ', false, Json::error_handler_t::replace));
+    return texts;
+}
+
+std::string Recording::script() const {
+    std::string script;
+    for (const std::string& line : lines())
+        script += line + '\n';
+    return script + R"({"do":"save"})" + '\n';
+}
+
+// The answer has to lie ready before the command that asks for it.
+void Recording::fileChosen(const std::string& windowsPath) {
+    if (windowsPath.empty()) return;
+    std::size_t at = lines_.size();
+    if (!running_.empty()) at = std::min(at, running_.back().line++);
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at),
+                  Json({{"do", "pick"}, {"file", windowsPath}}));
+    changed.raise();
+}
+
+void Recording::add(Json line) {
+    lines_.push_back(std::move(line));
+    changed.raise();
+}
+
+void Recording::addFor(const Control& control, Json line) {
+    const std::string name = nameOf(control);
+    // Every command moves the focus to its control first. Only a grid's cells are entered before
+    // the focus comes.
+    if (lastIs("focus", name) && !dynamic_cast<const Grid*>(&control)) lines_.pop_back();
+    add(std::move(line));
+}
+
+bool Recording::lastIs(const char* command, const std::string& control) const {
+    if (lines_.empty()) return false;
+    const Json& last = lines_.back();
+    return last["do"] == command && last.value("control", std::string()) == control;
+}
+
+// ---- actions
+// --------------------------------------------------------------------------------------
+
+void Recording::begin(Form& form, const PersonAction& action) {
+    Running now;
+    now.form = &form;
+    now.isPartOfAnother = std::any_of(running_.begin(), running_.end(),
+                                      [&](const Running& other) { return other.form == &form; });
+    if (!now.isPartOfAnother) {
+        now.focus = form.ActiveControl();
+        now.text = textOf(action.control);
+        now.linesBefore = lines_.size();
+        if (!lines_.empty()) now.lastBefore = lines_.back();
+        write(form, action);
+    }
+    now.line = lines_.empty() ? 0 : lines_.size() - 1;
+    running_.push_back(std::move(now));
+}
+
+void Recording::end(Form& form, const PersonAction& action, bool done) {
+    // The recording may have begun within the action.
+    if (running_.empty()) return;
+    const Running running = running_.back();
+    running_.pop_back();
+    if (running.isPartOfAnother) return;
+    if (done) return finish(form, action, running);
+    // Nothing happened; or all that happened is that the control with the focus has lost it.
+    takeBack(running);
+    if (form.ActiveControl() != running.focus) writeFocus(form);
+    changed.raise();
+}
+
+void Recording::write(Form& form, const PersonAction& action) {
+    const auto add = [&](Json line) { addFor(*action.control, std::move(line)); };
+    const std::string name = action.control ? nameOf(*action.control) : form.name();
+    switch (action.kind) {
+        case Kind::Focus:
+            return add({{"do", "focus"}, {"control", name}});
+        case Kind::Press:
+            return add({{"do", "click"}, {"control", name}});
+        case Kind::Select: {
+            Json line = {{"do", "select"}, {"control", name}, {"items", *action.items}};
+            if (action.items->empty() || action.items->back() != action.index)
+                line["focus"] = action.index;
+            return add(std::move(line));
+        }
+        case Kind::DoubleClick:
+            return add({{"do", "dblclick"}, {"control", name}, {"item", action.index}});
+        case Kind::DoubleClickEmptyArea:
+            return add({{"do", "dblclick"}, {"control", name}});
+        case Kind::Choose: {
+            // By its text, which other pages have too, perhaps at another place.
+            const auto& combo = dynamic_cast<const ComboBox&>(*action.control);
+            Json line = {{"do", "choose"}, {"control", name}};
+            const bool isThere = action.index >= 0 && action.index < combo.ListCount();
+            if (isThere && combo.find(combo.List(action.index)) == action.index) {
+                line["text"] = combo.List(action.index);
+            } else {
+                line["item"] = action.index;
+            }
+            return add(std::move(line));
+        }
+        case Kind::ClickTab:
+            return add({{"do", "tab"}, {"index", action.index}});
+        case Kind::ClickCell:
+            return add({{"do", "cell"},
+                        {"control", name},
+                        {"row", action.index},
+                        {"column", action.column}});
+        case Kind::DoubleClickCell:
+            return add({{"do", "dblcell"},
+                        {"control", name},
+                        {"row", action.index},
+                        {"column", action.column}});
+        case Kind::Edit:
+            if (*action.text == textOf(action.control)) return;
+            return writeText(*action.control, *action.text);
+        case Kind::Key:
+            // Back by Tab has no name; where it leads is written when it has led there.
+            if (action.control && isBackTab(action.key))
+                return add({{"do", "focus"}, {"control", name}});
+            return writeKey(form, action);
+        case Kind::ClickAgain: {
+            const auto& grid = dynamic_cast<const Grid&>(*action.control);
+            if (!isSecondPress(grid)) return;
+            lines_.back()["do"] = "dblcell";
+            return changed.raise();
+        }
+        case Kind::Scroll:
+        case Kind::KeyStep:
+            return;  // what comes of them is written
+    }
+}
+
+void Recording::writeKey(Form& form, const PersonAction& action) {
+    const std::string key = nameOfKey(action.key);
+    if (action.control) {
+        addFor(*action.control,
+               {{"do", "key"}, {"control", nameOf(*action.control)}, {"key", key}});
+    } else {
+        add({{"do", "key"}, {"control", form.name()}, {"key", key}});
+    }
+}
+
+// Letter by letter is one text.
+void Recording::writeText(const Control& control, const std::string& text) {
+    const std::string name = nameOf(control);
+    if (lastIs("type", name)) {
+        lines_.back()["text"] = text;
+        changed.raise();
+    } else {
+        addFor(control, {{"do", "type"}, {"control", name}, {"text", text}});
+    }
+}
+
+void Recording::takeBack(const Running& running) {
+    lines_.resize(running.linesBefore);
+    if (!lines_.empty()) lines_.back() = running.lastBefore;
+}
+
+// What an action came to that could not be known before.
+void Recording::finish(Form& form, const PersonAction& action, const Running& running) {
+    const bool focusMoved = form.ActiveControl() != running.focus;
+    switch (action.kind) {
+        case Kind::Key:
+            if (action.control && isBackTab(action.key)) {
+                writeFocus(form);
+            } else if (editsText(action) && action.control->hasFocus()) {
+                // Where in the text a key writes is not known to a replay.
+                takeBack(running);
+                const std::string now = textOf(action.control);
+                if (now != running.text) {
+                    writeText(*action.control, now);
+                } else if (focusMoved) {
+                    writeFocus(form);
+                }
+            }
+            return;
+        case Kind::KeyStep:
+            if (focusMoved || textOf(action.control) != running.text) writeKey(form, action);
+            return;
+        case Kind::ClickAgain:
+            return finishClickAgain(form, action, running);
+        case Kind::Scroll:
+            // An editor that lay over a cell was left.
+            if (focusMoved) writeFocus(form);
+            return;
+        default:
+            return;
+    }
+}
+
+// The focus as it is now. Where it is nowhere, a key that reaches the form itself takes it away and
+// does nothing else.
+void Recording::writeFocus(Form& form) {
+    if (const Control* active = form.ActiveControl()) {
+        add({{"do", "focus"}, {"control", nameOf(*active)}});
+    } else {
+        add({{"do", "key"}, {"control", form.name()}, {"key", "Left"}});
+    }
+}
+
+// The last line is the first press of a double click, which nothing has come between.
+bool Recording::isSecondPress(const Grid& grid) const {
+    return grid.hasFocus() && lastIs("cell", nameOf(grid)) && lines_.back()["row"] == grid.Row() &&
+           lines_.back()["column"] == grid.Col();
+}
+
+// The first press has opened something: an editor over the cell, which the second one leaves, or a
+// dialog. What it opens again a click opens too.
+void Recording::finishClickAgain(Form& form, const PersonAction& action, const Running& running) {
+    const auto& grid = dynamic_cast<const Grid&>(*action.control);
+    if (running.linesBefore > 0 && running.lastBefore != lines_[running.linesBefore - 1]) return;
+    const std::string name = nameOf(grid);
+    const bool opened = lines_.size() > running.linesBefore || form.ActiveControl() != &grid;
+    auto at = lines_.begin() + static_cast<std::ptrdiff_t>(running.linesBefore);
+    if (opened)
+        at = lines_.insert(
+            at,
+            Json({{"do", "cell"}, {"control", name}, {"row", grid.Row()}, {"column", grid.Col()}}));
+    if (running.focus != &grid) lines_.insert(at, Json({{"do", "focus"}, {"control", name}}));
+    changed.raise();
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "controls/list_box.h"
+
+#include <QFrame>
+#include <functional>
+#include <vector>
+
+class QLabel;
+class QLineEdit;
+
+namespace headerdtc::qt {
+
+class SelectionList;
+
+// Finds items of a list: a line that opens over the list's lower edge when somebody types in the
+// list. The best match is marked at once, by what a person does, and Up and Down go on to the
+// others; the list keeps all its items.
+//
+// Where marking means something by itself (a translated field) nothing is marked while searching:
+// the match is shown, and Enter marks it beside what is marked.
+class ListFinder : public QFrame {
+    Q_OBJECT
+
+  public:
+    struct Ways {
+        // Does something to the control in the person's name.
+        std::function<void(const std::function<void()>&)> act;
+        bool marksAtOnce = true;
+        // What Enter does to the marked items; nothing: it goes back to the list.
+        std::function<void()> use;
+    };
+
+    // The list and its view outlive the finder, which is a child of the view.
+    ListFinder(ListBox& list, SelectionList& view, Ways ways);
+
+    // Opens with a text, which whatever was sought before gives way to.
+    void open(const QString& text);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    class Frame;
+
+    void place();
+    void find();
+    void step(int by);
+    void show(int match);
+    void accept();
+    void close(bool backToList);
+    bool keyPressed(int key);
+
+    ListBox& list_;
+    SelectionList& view_;
+    Ways ways_;
+    QLineEdit* edit_;
+    QLabel* count_;
+    QWidget* frame_;
+    std::vector<int> matches_;
+    int current_ = -1;  // of matches_
+};
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "qt/editor/lists/field_mover.h"
+
+#include <QObject>
+#include <vector>
+
+class QKeyEvent;
+
+namespace headerdtc {
+class HeaderDTC;
+}
+
+namespace headerdtc::qt {
+
+class ControlSurface;
+class ListFinder;
+class SelectionList;
+
+// What makes the long lists of a control's surface quick to use: finding, counts, moving in one
+// stroke. All of it is done by what a person does, with the events of that.
+//
+//     letters, digits, Ctrl+F     find
+//     Alt+Up, Alt+Down            move the marked fields
+//     Alt+Home, Alt+End           move them to the top, to the bottom
+class ListTools : public QObject {
+    Q_OBJECT
+
+  public:
+    // Belongs to the surface.
+    ListTools(HeaderDTC& dtc, ControlSurface& surface);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct Tools {
+        ListBox* list = nullptr;
+        SelectionList* view = nullptr;
+        ListFinder* finder = nullptr;
+        Button* up = nullptr;  // nullptr where the order is not the author's
+        Button* down = nullptr;
+    };
+
+    void equip(ListBox& list, Button* use, Button* up, Button* down, bool marksAtOnce);
+    void addCount(ListBox& list, SelectionList& view);
+    bool keyPressed(const Tools& tools, const QKeyEvent& event);
+    void move(const Tools& tools, FieldMove move);
+
+    ControlSurface& surface_;
+    std::vector<Tools> tools_;
+};
+
+}  // namespace headerdtc::qt
