@@ -43,6 +43,7 @@ struct SiteModel::Node {
     QString name;
     fs::path path;
     bool isPage = false;
+    const PageResult* result = nullptr;
     int row = 0;
     std::vector<std::unique_ptr<Node>> children;
     std::map<fs::path, Node*> folders;
@@ -85,14 +86,17 @@ void SiteModel::setPages(const fs::path& root, const std::vector<fs::path>& page
         folder.children.push_back(std::move(node));
     }
     std::erase_if(results_, [&](const auto& result) { return !pages_.contains(result.first); });
+    for (const auto& [page, result] : results_)
+        pages_[page]->result = &result;
     endResetModel();
 }
 
 void SiteModel::setResults(const std::vector<PageResult>& results) {
     for (const PageResult& result : results) {
-        results_[result.page] = result;
+        const PageResult& kept = results_[result.page] = result;
         const QModelIndex changed = indexOf(result.page);
         if (!changed.isValid()) continue;
+        nodeOf(changed).result = &kept;
         // Folders tell of what is in them, too.
         for (QModelIndex node = changed; node.isValid(); node = parent(node))
             Q_EMIT dataChanged(node.siblingAtColumn(Name), node.siblingAtColumn(State));
@@ -155,9 +159,8 @@ QVariant SiteModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant SiteModel::stateOf(const Node& node, int role) const {
-    const auto result = results_.find(node.path);
-    if (!node.isPage || result == results_.end()) return {};
-    const Verdict now = nowOf(result->second);
+    if (!node.result) return {};
+    const Verdict now = nowOf(*node.result);
     switch (role) {
         case HasControlRole:
             return now != Verdict::NoControl;
@@ -168,8 +171,8 @@ QVariant SiteModel::stateOf(const Node& node, int role) const {
         case Qt::DecorationRole:
             return *lookOf(now).icon ? editorIcon(lookOf(now).icon) : QVariant();
         case Qt::ToolTipRole: {
-            QStringList lines;
-            for (const std::string& message : result->second.messages)
+            QStringList lines{tr(lookOf(now).word)};
+            for (const std::string& message : node.result->messages)
                 lines += QString::fromStdString(message);
             return lines.join(QLatin1Char('\n'));
         }

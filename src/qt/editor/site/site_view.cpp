@@ -100,7 +100,10 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
     tree_->setAllColumnsShowFocus(true);
     tree_->header()->setStretchLastSection(false);
     tree_->header()->setSectionResizeMode(SiteModel::Name, QHeaderView::Stretch);
-    tree_->header()->setSectionResizeMode(SiteModel::State, QHeaderView::ResizeToContents);
+    // Measured once: to fit the contents all rows would be asked with each result that comes in.
+    tree_->header()->resizeSection(
+        SiteModel::State,
+        fontMetrics().horizontalAdvance(tr("out of date")) + 3 * fontMetrics().height());
     connect(tree_, &QTreeView::activated, this, [this](const QModelIndex& index) {
         const QString page = index.data(SiteModel::PageRole).toString();
         if (!page.isEmpty()) Q_EMIT pageActivated(page);

@@ -1,6 +1,7 @@
 #include "qt/editor/source/source_view.h"
 
 #include "qt/editor/source/asp_highlighter.h"
+#include "qt/editor/source/folding_layout.h"
 #include "qt/editor/source/source_gutter.h"
 #include "qt/editor/window/words.h"
 
@@ -35,6 +36,9 @@ QString rawText(const QTextDocument& document, int begin, int end) {
 SourceView::SourceView(QWidget* parent) : QPlainTextEdit(parent) {
     setObjectName(QStringLiteral("SourceView"));
     setAccessibleName(tr("Page source"));
+    auto* folding = new QTextDocument(this);
+    folding->setDocumentLayout(new FoldingLayout(folding));
+    setDocument(folding);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setTabStopDistance(4 * fontMetrics().horizontalAdvance(QLatin1Char(' ')));
