@@ -1,6 +1,7 @@
 #include "qt/surface/selection_list.h"
 
 #include <QMouseEvent>
+#include <QPainter>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -8,6 +9,22 @@ namespace headerdtc::qt {
 SelectionList::SelectionList(QWidget* parent) : QListView(parent) {
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
+}
+
+void SelectionList::setEmptyText(const QString& text) {
+    if (text == emptyText_) return;
+    emptyText_ = text;
+    viewport()->update();
+}
+
+void SelectionList::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (emptyText_.isEmpty() || !model() || model()->rowCount() > 0) return;
+    constexpr int Margin = 8;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(Margin, Margin, -Margin, -Margin),
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
 void SelectionList::changed() {

@@ -2,6 +2,7 @@
 
 #include "core/header_dtc.h"
 #include "qt/editor/files/notice_bar.h"
+#include "qt/editor/health/page_health.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/source/find_bar.h"
@@ -46,6 +47,7 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
       page_(std::move(page)) {
     notices_ = new NoticeBar;
     controls_ = new ControlPane(*page_);
+    health_ = new PageHealth(*page_, *controls_, this);
     source_ = new SourceView;
     findBar_ = new FindBar(*source_);
     preview_ = new PreviewPane;
@@ -100,6 +102,11 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
                        tr("The marked lines belong to the control: change them at the control, or "
                           "take it out with Edit > Remove control."));
     });
+    connect(health_, &PageHealth::judged, this,
+            [this](const std::string& control, const std::vector<Message>& messages) {
+                Q_EMIT messagesChanged(sourceName("fields " + control), messages);
+            });
+    connect(health_, &PageHealth::changed, this, &PageEditor::stateChanged);
     followPage();
     showDoubts();
 }
@@ -226,6 +233,7 @@ QString PageEditor::sourceName(const std::string& part) const {
 void PageEditor::refreshPreviews() {
     previewed_.clear();
     previewTimer_.start();
+    health_->judgeSoon();
 }
 
 void PageEditor::requestPreviews() {

@@ -19,6 +19,7 @@ namespace headerdtc::qt {
 class ControlPane;
 class FindBar;
 class NoticeBar;
+class PageHealth;
 class PreviewPane;
 class SourceView;
 
@@ -35,6 +36,7 @@ class PageEditor : public QWidget {
     SourceView& source() { return *source_; }
     PreviewPane& preview() { return *preview_; }
     NoticeBar& notices() { return *notices_; }
+    PageHealth& health() { return *health_; }
 
     // The file's name.
     QString title() const;
@@ -90,6 +92,7 @@ class PageEditor : public QWidget {
 
     NoticeBar* notices_;
     ControlPane* controls_;
+    PageHealth* health_;
     SourceView* source_;
     FindBar* findBar_;
     QWidget* sourcePart_;
