@@ -18,8 +18,9 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr int PreviewDelay = 200;  // milliseconds after the last change
-constexpr int SealDelay = 1000;    // a pause this long ends a step of typing
+// Milliseconds after the last change: the text is to follow an edit within 300.
+constexpr int PreviewDelay = 60;
+constexpr int SealDelay = 1000;  // a pause this long ends a step of typing
 
 // Pages change their names; their messages keep the one that they came under.
 int editorsMade = 0;
@@ -262,6 +263,7 @@ void PageEditor::requestPreviews() {
 
 void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     previews_[preview->controlId] = preview;
+    Q_EMIT stateChanged();
     const auto index = page_->content()->indexOf(preview->controlId);
     if (!index) return;
     const ControlSpan& span = page_->content()->controls()[*index];
@@ -280,6 +282,20 @@ void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     const auto current = controls_->current();
     if (current && page_->content()->controls()[*current].id == preview->controlId)
         showPreviewOfCurrent();
+}
+
+PageEditor::Freshness PageEditor::freshness() const {
+    Freshness worst = Freshness::Fresh;
+    for (const ControlSpan& span : page_->content()->controls()) {
+        const auto found = previews_.find(span.id);
+        if (found == previews_.end()) return Freshness::Unknown;
+        const Preview& preview = *found->second;
+        if (!preview.problem.empty() || preview.expansion.doubt) return Freshness::Failing;
+        const bool changes = std::any_of(preview.changes.begin(), preview.changes.end(),
+                                         [](const DiffRun& run) { return !run.same; });
+        if (changes) worst = Freshness::Stale;
+    }
+    return worst;
 }
 
 void PageEditor::showPreviewOfCurrent() {

@@ -32,6 +32,7 @@ class PageEditor : public QWidget {
     ~PageEditor() override;
 
     EditedPage& page() { return *page_; }
+    const EditedPage& page() const { return *page_; }
     ControlPane& controls() { return *controls_; }
     SourceView& source() { return *source_; }
     PreviewPane& preview() { return *preview_; }
@@ -57,6 +58,9 @@ class PageEditor : public QWidget {
     void refreshPreviews();
     void showParts(bool source, bool preview);
     bool isBusy() const;
+    // Whether the file holds the text that would be generated.
+    enum class Freshness { Unknown, Fresh, Stale, Failing };
+    Freshness freshness() const;
     // What the names of all its message sources begin with.
     QString messageSources() const { return messageSources_; }
 

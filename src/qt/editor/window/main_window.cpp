@@ -466,7 +466,7 @@ void MainWindow::follow() {
         setWindowFilePath({});
     }
     setWindowModified(editor && editor->isModified());
-    status_->follow(editor ? &editor->page() : nullptr);
+    status_->follow(editor);
     commands_->follow(state);
     (*commands_)[Command::ReplaceField]->setEnabled(editor && editor->health().hasVanished());
     QAction* record = (*commands_)[Command::Record];
