@@ -25,6 +25,10 @@ struct Scenario {
     bool usesDatabase;
 };
 
+void PrintTo(const Scenario& scenario, std::ostream* out) {
+    *out << scenario.name;
+}
+
 constexpr Scenario AllScenarios[] = {
     {"full_configuration", "orders/mine.asp", true, false},
     {"corrections", "customers/regions/overview.asp", false, false},

@@ -67,7 +67,8 @@ void ListFinder::open(const QString& text) {
 }
 
 void ListFinder::place() {
-    const QRect inner = view_.contentsRect();
+    // Beside the scroll bar, which would hide the count.
+    const QRect inner = view_.viewport()->geometry();
     const int height = sizeHint().height();
     setGeometry(inner.left(), inner.bottom() - height + 1, inner.width(), height);
 }
