@@ -222,7 +222,7 @@ TEST_F(DatabaseFaults, AThousandOperationsLeaveNoConnectionBehind) {
     EXPECT_LE(most, before + 3);
     for (int i = 0; i < 100 && translations.connectionCount() > before; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    EXPECT_EQ(translations.connectionCount(), before);
+    EXPECT_LE(translations.connectionCount(), before);
 }
 
 }  // namespace

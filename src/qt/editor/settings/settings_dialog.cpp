@@ -178,7 +178,10 @@ QLineEdit* SettingsDialog::addPathField(QFormLayout& form, const QString& label,
     connect(button, &QToolButton::clicked, this, [this, edit, folder] { browse(*edit, folder); });
     auto* row = new QHBoxLayout;
     auto* caption = form.labelForField(edit);
-    form.takeRow(edit);
+    // What the row is made of stays; the items that hold it in the layout are ours now.
+    const QFormLayout::TakeRowResult taken = form.takeRow(edit);
+    delete taken.labelItem;
+    delete taken.fieldItem;
     row->addWidget(edit);
     row->addWidget(button);
     form.addRow(caption, row);
