@@ -42,7 +42,7 @@ int check(const CommonOptions& common, const CheckOptions& options) {
     if (options.listRules) return listRules();
     Sites sites(common.only());
     SiteFactsCache facts;
-    const SitePages pages = findSitePages(options.paths.all());
+    const SitePages pages = options.paths.pages();
     const auto report = makeCheckReport(options);
     CheckTotals totals{.pages = pages.pages.size()};
     report->begin();

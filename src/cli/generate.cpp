@@ -40,15 +40,15 @@ ExitStatus print(Sites& sites, const std::string& page) {
 int generate(const CommonOptions& common, const GenerateOptions& options) {
     Sites sites(common.only());
     if (options.print) {
-        const auto paths = options.paths.all();
-        if (paths.size() != 1) {
+        const auto& words = options.paths.words;
+        if (words.size() != 1 || !options.paths.file.empty()) {
             printLine(stderr, "headerdtc: --print takes one page");
             return WrongUsage;
         }
-        return guarded([&] { return print(sites, paths.front()); });
+        return guarded([&] { return print(sites, words.front()); });
     }
 
-    const SitePages pages = findSitePages(options.paths.all());
+    const SitePages pages = options.paths.pages();
     const auto report = makeGenerateReport(sites, options);
     GenerateTotals totals{.pages = pages.pages.size()};
     report->begin();

@@ -38,7 +38,7 @@ The site's configuration is the headerdtc.toml in the page's folder or the neare
 --config FILE or the environment variable HEADERDTC_CONFIG names another.
 
 Exit status: 0 done, 1 --check found something, 2 wrong usage or configuration,
-3 at least one page could not be done, whatever was found in others.)";
+3 at least one page could not be done, whatever was found in others, 130 interrupted.)";
 
 CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     auto* command = app.add_subcommand("generate", "Write the server script of pages");
@@ -65,7 +65,9 @@ CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     command->footer(
         "A page is rewritten only when its bytes change, and left as it was, with the reason, "
         "when\n"
-        "something would be lost. Written pages are listed on standard output.");
+        "something would be lost. Written pages are listed on standard output.\n\n"
+        "Exit status: 0 done, 1 --check found pages that are out of date, 2 wrong usage or\n"
+        "configuration, 3 at least one page could not be done, 130 interrupted.");
     return command;
 }
 
@@ -136,7 +138,7 @@ int afterFlushing(int status) {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
     std::fprintf(stderr, "headerdtc: the standard output cannot be written: %s\n",
                  std::generic_category().message(errno != 0 ? errno : EIO).c_str());
-    return PageNotDone;
+    return status == WrongUsage ? WrongUsage : PageNotDone;
 }
 
 }  // namespace

@@ -8,8 +8,8 @@
 
 namespace headerdtc::cli {
 
-std::vector<std::string> PathList::all() const {
-    std::vector<std::string> paths = words;
+std::vector<std::string> PathList::listed() const {
+    std::vector<std::string> paths;
     if (file.empty()) return paths;
     const std::string text = readInput(file);
     // Names that may have anything in them are ended by zeros, as find -print0 writes them.

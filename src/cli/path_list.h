@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/generation/site_pages.h"
+
 #include <string>
 #include <vector>
 
@@ -15,8 +17,10 @@ struct PathList {
     std::vector<std::string> words;
     std::string file;
 
-    // All of them. Throws FileError when the file cannot be read.
-    std::vector<std::string> all() const;
+    // Those of the file. Throws FileError when it cannot be read.
+    std::vector<std::string> listed() const;
+    // The pages of both.
+    SitePages pages() const { return findSitePages(words, listed()); }
     // Neither words nor a file.
     bool empty() const { return words.empty() && file.empty(); }
 };

@@ -42,7 +42,7 @@ Command addCheck(CLI::App& app, const CommonOptions& common) {
         "rule,\n"
         "and what to do.\n\n"
         "Exit status: 0 nothing found, 1 something found, 2 wrong usage or configuration,\n"
-        "3 at least one page could not be checked.");
+        "3 at least one page could not be checked, 130 interrupted.");
     return {command, [&common, options] { return check(common, *options); }};
 }
 
@@ -96,7 +96,10 @@ Command addWhere(CLI::App& app, const CommonOptions& common) {
     addJobs(*command, words->options.jobs);
     command->callback([words] { words->choose(); });
     command->footer(
-        "Names compare without regard to case. A place is told as PAGE:LINE: CONTROL, what it is.");
+        "Names compare without regard to case. A place is told as PAGE:LINE: CONTROL, what it "
+        "is.\n\n"
+        "Exit status: 0 done, whether something was found or not, 2 wrong usage or configuration,\n"
+        "3 a page or the database could not be read, 130 interrupted.");
     return {command, [&common, words] { return where(common, words->options); }};
 }
 
@@ -162,7 +165,8 @@ Command addAutomate(CLI::App& app, const CommonOptions& common) {
         "nothing is written. Neither the translation database nor any other file is changed.\n"
         "Exit status then: 0 done or nothing to change, 1 pages would be changed, 2 wrong usage "
         "or\n"
-        "configuration, 3 a line of the script was refused, or a page could not be done.");
+        "configuration, 3 a line of the script was refused, or a page could not be done, 130\n"
+        "interrupted, nothing written.");
     return {command, [&common, words] {
                 return words->over ? replay(common, words->replay) : automate(common, words->page);
             }};
@@ -194,6 +198,9 @@ std::vector<Command> addTranslations(CLI::App& app, const CommonOptions& common)
     exporting->add_flag("--gaps", exported->onlyGaps, "only labels that lack a text");
     exporting->add_flag("--bom", exported->byteOrderMark,
                         "begin with a byte-order mark, by which spreadsheets know UTF-8");
+    exporting->footer(
+        "Exit status: 0 done, 2 wrong usage or configuration, 3 the database cannot be read, or\n"
+        "the file not be written.");
 
     const auto imported = std::make_shared<TranslationImportOptions>();
     auto* importing = group->add_subcommand("import", "Take edited texts into the database");
@@ -256,7 +263,9 @@ std::vector<Command> addCatalogue(CLI::App& app, const CommonOptions& common) {
     importing->footer(
         "Tables become record groups, columns numbered fields, primary keys key fields. A field\n"
         "that is there already keeps its number and its spelling, by which pages know it. The\n"
-        "database is only read.");
+        "database is only read.\n\n"
+        "Exit status: 0 done, 2 wrong usage or configuration, 3 the database or the catalogue\n"
+        "cannot be read or written.");
 
     return {{checking, [&common, checked] { return checkCatalogue(common, *checked); }},
             {importing, [&common, imported] { return importCatalogue(common, *imported); }}};

@@ -79,8 +79,7 @@ class WhereReport {
 int where(const CommonOptions& common, const WhereOptions& options) {
     Sites sites(common.only());
     WhereUsed whereUsed(sites, options.query);
-    const SitePages pages =
-        findSitePages(options.paths.empty() ? std::vector<std::string>{"."} : options.paths.all());
+    const SitePages pages = options.paths.empty() ? findSitePages({"."}) : options.paths.pages();
     WhereReport report(options.json);
     WhereTotals totals{.pages = pages.pages.size()};
     for (const auto& problem : pages.problems) {

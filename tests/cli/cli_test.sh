@@ -47,6 +47,11 @@ cmp -s site/stock.asp before.asp && fail "--force wrote nothing"
 check 3 "$headerdtc" generate nowhere.asp
 expect "$err" "nowhere.asp: "
 
+# Results that cannot be written are not passed over.
+"$headerdtc" generate --print "$full" >/dev/full 2>err
+[[ $? == 3 && $(<err) == *"standard output cannot be written: No space left"* ]] ||
+    fail "a full disk under the output went unnoticed: $(<err)"
+
 # Making and showing.
 mkdir plain
 check 0 "$headerdtc" new plain/new.asp

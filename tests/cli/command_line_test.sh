@@ -54,10 +54,11 @@ check 2 "$headerdtc" doctor nowhere
 # ---- paths from a file --------------------------------------------------------------------------
 mkdir 'site/a b'
 cp site/traffic/ships.asp $'site/a b/new\nline.asp'
-printf 'site/traffic/ships.asp\r\n\nsite/traffic/today\n' >list
+printf 'site/traffic/ships.asp\r\n\nsite/traffic/today\nsite/suite.reg\n' >list
 check 0 "$headerdtc" where --field BERTH --files-from list
 expect "$out" site/traffic/ships.asp
 expect "$out" site/traffic/today/berths.asp
+expect_empty "$err"
 find site -name '*.asp' -print0 >list
 check 0 "$headerdtc" where --provider Ships --files-from - <list
 expect "$out" $'site/a b/new\nline.asp:'

@@ -13,12 +13,14 @@ namespace fs = std::filesystem;
 
 class Collector {
   public:
-    void add(const fs::path& path) {
+    enum class Is { Named, Found, Link };
+
+    void add(const fs::path& path, Is page) {
         std::error_code failure;
         if (fs::is_directory(path, failure)) {
             addFolder(path);
         } else {
-            addPage({path, canonical(path).native(), Is::Named});
+            addPage({path, canonical(path).native(), page});
         }
     }
 
@@ -34,7 +36,6 @@ class Collector {
     }
 
   private:
-    enum class Is { Named, Found, Link };
     struct Candidate {
         fs::path path;
         std::string file;  // what it is in the end
@@ -88,10 +89,13 @@ class Collector {
 
 }  // namespace
 
-SitePages findSitePages(const std::vector<std::string>& paths) {
+SitePages findSitePages(const std::vector<std::string>& paths,
+                        const std::vector<std::string>& listed) {
     Collector collector;
     for (const std::string& path : paths)
-        collector.add(path);
+        collector.add(path, Collector::Is::Named);
+    for (const std::string& path : listed)
+        collector.add(path, Collector::Is::Found);
     return collector.take();
 }
 

@@ -19,10 +19,12 @@ struct SitePages {
     std::vector<Problem> problems;
 };
 
-// The pages named, and those found below the folders named (*.asp and *.inc in any case), each
-// once, in the order of the names and sorted below a folder. Links to folders are not followed, so
-// no loop keeps it; links to files are, but a page that is found under its own name too goes by
-// that, since its place in the site is part of its text. Hidden folders are passed over.
-SitePages findSitePages(const std::vector<std::string>& paths);
+// The pages named, those of a list, which count as found, and those found below the folders named
+// (*.asp and *.inc in any case), each once, in the order of the names and sorted below a folder.
+// Links to folders are not followed, so no loop keeps it; links to files are, but a page that is
+// found under its own name too goes by that, since its place in the site is part of its text.
+// Hidden folders are passed over.
+SitePages findSitePages(const std::vector<std::string>& paths,
+                        const std::vector<std::string>& listed = {});
 
 }  // namespace headerdtc

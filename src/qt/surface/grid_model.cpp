@@ -17,10 +17,18 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
     // Of rows that are being taken out Qt may ask once more.
     if (!index.isValid() || gridRow(index) >= grid_.Rows()) return {};
-    return toQt(grid_.TextMatrix(gridRow(index), index.column()));
+    if (role == Qt::DisplayRole) return toQt(grid_.TextMatrix(gridRow(index), index.column()));
+    return remarks_.data(index, role,
+                         role == Qt::AccessibleTextRole
+                             ? QVariant(toQt(grid_.TextMatrix(gridRow(index), index.column())))
+                             : QVariant());
+}
+
+void GridModel::setRemarks(ItemRemarks remarks) {
+    remarks_ = std::move(remarks);
+    if (rows_ > 0) Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, grid_.Cols() - 1));
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/grid.h"
+#include "qt/surface/item_remarks.h"
 
 #include <QAbstractTableModel>
 
@@ -20,12 +21,15 @@ class GridModel : public QAbstractTableModel {
     // Follows a change that the grid has just gone through.
     void apply(const GridChange& change);
 
+    void setRemarks(ItemRemarks remarks);
+
     QModelIndex currentCell() const;
     int gridRow(const QModelIndex& index) const { return index.row() + grid_.FixedRows(); }
 
   private:
     const Grid& grid_;
     int rows_;  // as Qt knows them
+    ItemRemarks remarks_;
 };
 
 }  // namespace headerdtc::qt

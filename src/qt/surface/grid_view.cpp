@@ -179,6 +179,7 @@ bool GridView::viewportEvent(const QEvent& event) {
 // A text that its cell is too narrow for shows as a tool tip.
 bool GridView::showCutOffText(const QHelpEvent& event) {
     const QModelIndex cell = table_.indexAt(event.pos());
+    if (!cell.data(Qt::ToolTipRole).toString().isEmpty()) return false;
     const QString text = cell.data().toString();
     const int room = table_.visualRect(cell).width() - cellMargin();
     if (table_.fontMetrics().horizontalAdvance(text) <= room) return false;

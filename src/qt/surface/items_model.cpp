@@ -24,8 +24,15 @@ int ItemsModel::rowCount(const QModelIndex& parent) const {
 QVariant ItemsModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= count_) return {};
     if (role == Qt::DisplayRole) return withDigitWideMargin(toQt(text_(index.row())));
-    if (role == Qt::EditRole || role == Qt::AccessibleTextRole) return toQt(text_(index.row()));
-    return {};
+    if (role == Qt::EditRole) return toQt(text_(index.row()));
+    return remarks_.data(
+        index, role,
+        role == Qt::AccessibleTextRole ? QVariant(toQt(text_(index.row()))) : QVariant());
+}
+
+void ItemsModel::setRemarks(ItemRemarks remarks) {
+    remarks_ = std::move(remarks);
+    if (count_ > 0) Q_EMIT dataChanged(index(0), index(count_ - 1));
 }
 
 void ItemsModel::apply(const ItemsChange& change) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/list_items.h"
+#include "qt/surface/item_remarks.h"
 
 #include <QAbstractListModel>
 #include <functional>
@@ -21,10 +22,12 @@ class ItemsModel : public QAbstractListModel {
 
     // Follows a change that the items have just gone through.
     void apply(const ItemsChange& change);
+    void setRemarks(ItemRemarks remarks);
 
   private:
     int count_;  // as Qt knows it
     ItemText text_;
+    ItemRemarks remarks_;
 };
 
 }  // namespace headerdtc::qt

@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QStyle>
 #include <QToolTip>
 #include <utility>
@@ -23,6 +24,22 @@ bool SelectionList::viewportEvent(QEvent* event) {
         return QListView::viewportEvent(event);
     QToolTip::showText(help.globalPos(), text, viewport());
     return true;
+}
+
+void SelectionList::setEmptyText(const QString& text) {
+    if (text == emptyText_) return;
+    emptyText_ = text;
+    viewport()->update();
+}
+
+void SelectionList::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (emptyText_.isEmpty() || !model() || model()->rowCount() > 0) return;
+    constexpr int Margin = 8;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(Margin, Margin, -Margin, -Margin),
+                     Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
 
 void SelectionList::changed() {

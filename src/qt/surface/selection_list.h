@@ -12,6 +12,10 @@ class SelectionList : public QListView {
   public:
     explicit SelectionList(QWidget* parent = nullptr);
 
+    // What is said in the place of items while there are none: why there are none.
+    void setEmptyText(const QString& text);
+    const QString& emptyText() const { return emptyText_; }
+
     // Changes of selection, current item or items made within its life are the program's.
     class Showing {
       public:
@@ -42,6 +46,7 @@ class SelectionList : public QListView {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& left) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
@@ -49,6 +54,7 @@ class SelectionList : public QListView {
     void changed();
     void endAction();
 
+    QString emptyText_;
     int showing_ = 0;
     bool acting_ = false;    // keys and presses are followed by one signal when they are over
     bool changed_ = false;   // within the action

@@ -1,15 +1,19 @@
 // What an author does to an open page: change, save, take back, write in the source.
 
+#include "host/page/text_property_bag.h"
+#include "qt/editor/window/page_status.h"
 #include "qt/editor/window_fixture.h"
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTextBlock>
 
 namespace headerdtc::qt {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
@@ -278,6 +282,47 @@ TEST_F(Editing, ThePreviewMarksWhatChangesAndLeavesTheControlAlone) {
     EXPECT_EQ("Saving adds 1 line and removes 1 line.", summary->text());
     // The expansion looks into the dictionaries, which adds to them; not to the author's.
     EXPECT_EQ(std::nullopt, editor.controls().live()->takeChange());
+}
+
+// An expansion may show boxes, and its look-ups add to the dictionaries of the control that
+// expands: never to the author's.
+TEST_F(Editing, ThePreviewFollowsAtOnceAndTheAuthorsControlStaysAsItIs) {
+    site.writeTemplate("<% ' <DATAPROVIDER>\n<SPECIFY_ZEKO_CRITERIA>\n%>\n");
+    PageEditor& editor =
+        open("page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
+                                    Site::param("ZEKOCriteria1_2", "<>") +
+                                    Site::param("ZEKOCriteria1_3", "Unlisted")));
+    generated(editor);
+    const auto bag = [&] {
+        CollectingPropertyBag written;
+        dtc(editor).UserControl_WriteProperties(written);
+        return written.asStored();
+    };
+    const StoredProperties before = bag();
+    dtc(editor).DataProvidersCombo.choose("Stock");
+    QElapsedTimer clock;
+    clock.start();
+    ASSERT_TRUE(eventually(
+        [&] { return editor.preview().text().toPlainText().contains(QLatin1String("' Stock")); }));
+    EXPECT_LE(clock.elapsed(), 300);
+    EXPECT_EQ(nullptr, QApplication::activeModalWidget());
+    EXPECT_THAT(messages(), Contains(HasSubstr("Unknown operator '<>' on criterion 1")));
+    dtc(editor).DataProvidersCombo.choose("Orders");
+    generated(editor);
+    EXPECT_EQ(before, bag());
+}
+
+TEST_F(Editing, TheStatusLineSaysHowThePageIsWritten) {
+    PageEditor& editor = open("page.asp", "\xEF\xBB\xBF" + Site::page(Site::ordersParams()));
+    auto* status = window->findChild<PageStatus*>();
+    const auto says = [&](const char* words) {
+        return eventually([&] { return status->text().contains(QLatin1String(words)); });
+    };
+    EXPECT_TRUE(says("utf-8 with byte-order mark   CR LF   1 control   text out of date"))
+        << status->text().toStdString();
+    command(Command::Save);
+    EXPECT_TRUE(says("text up to date"));
+    EXPECT_FALSE(editor.isModified());
 }
 
 TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {

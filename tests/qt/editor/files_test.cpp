@@ -5,11 +5,13 @@
 #include "qt/editor/window_fixture.h"
 
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QTreeWidget>
 
 namespace headerdtc::qt {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
@@ -94,6 +96,54 @@ TEST_F(Files, AChangeByAnotherIsNoticedAndNeverOverwrittenUnasked) {
     EXPECT_THAT(site.read("page.asp"), HasSubstr("EnableExtraFilters"));
 }
 
+// File systems count time in steps: what is written right after the reading, with the same size,
+// may leave the file with the same stamp.
+TEST_F(Files, AnotherWriterIsNoticedUpToTheLastMoment) {
+    Sites sites;
+    for (int i = 0; i < 30; ++i) {
+        site.write("page.asp", "mine " + ordersPage());
+        const auto page = EditedPage::open(sites, site / "page.asp");
+        site.write("page.asp", "thei " + ordersPage());
+        EXPECT_TRUE(page->changedOnDisk());
+        page->replaceText({0, 4}, "here", {});
+        EXPECT_THROW(page->save(EditedPage::Guard::RefuseLosses), ChangedByOther);
+        EXPECT_EQ("thei " + ordersPage(), site.read("page.asp"));
+    }
+}
+
+// Somebody writes while the author is asked about a loss: after the look at the file.
+TEST_F(Files, AWriterBetweenTheLookAndTheSaveIsAskedAbout) {
+    PageEditor& editor = open("page.asp", lostProvider());
+    toggleExtraFilters(editor);
+    const std::string theirs = "<!-- theirs -->" + lostProvider();
+    answerDialogs([&](QWidget& dialog) {
+        if (dialog.objectName() == "CompareDialog") return press(dialog, "Decide later");
+        site.write("page.asp", theirs);
+        press(dialog, "Save anyway");
+    });
+    command(Command::Save);
+    EXPECT_EQ(theirs, site.read("page.asp"));
+    EXPECT_TRUE(editor.isModified());
+    EXPECT_THAT(said, HasSubstr("Theirs, on disk"));
+}
+
+TEST_F(Files, WhereOnlyAControlDiffersItsSpanIsCompared) {
+    const auto shown = [&](const std::string& mine, const std::string& theirs) {
+        const auto content = [&](const std::string& bytes) {
+            return PageContent(site / "page.asp", bytes, CodePage("windows-1252"));
+        };
+        const PageContent base = content(ordersPage()), ours = content(mine),
+                          other = content(theirs);
+        const CompareDialog dialog("page.asp", base, ours, other);
+        return dialog.findChild<QPlainTextEdit*>("ComparePane1")->toPlainText().toStdString();
+    };
+    std::string changed = ordersPage();
+    changed.replace(changed.find("Generic"), 7, "Special");
+    EXPECT_THAT(shown(changed, ordersPage()),
+                AllOf(Not(HasSubstr("<html>")), HasSubstr("Special")));
+    EXPECT_THAT(shown(changed, "<!-- theirs -->" + ordersPage()), HasSubstr("<html>"));
+}
+
 TEST_F(Files, AFileThatIsGoneIsMadeAnew) {
     PageEditor& editor = open("page.asp", ordersPage());
     std::filesystem::remove(site / "page.asp");
@@ -106,9 +156,16 @@ TEST_F(Files, AFileThatIsGoneIsMadeAnew) {
 TEST_F(Files, ClosingAsksAndSaysWhatWouldBeLost) {
     PageEditor& editor = open("page.asp", ordersPage());
     toggleExtraFilters(editor);
+    dtc(editor).SSTab1.clickTab(2);
+    dtc(editor).ZEKO.SelectedFieldsList.select({0}, 0);
+    dtc(editor).ZEKO.RemoveField.press();
+    dtc(editor).ZEKO.SelectedFieldsList.AddItem("2 - CUSTNO");
     answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
     command(Command::Close);
-    EXPECT_THAT(said, HasSubstr("extra filters of HeaderDTC1"));
+    EXPECT_THAT(said, AllOf(HasSubstr("extra filters of HeaderDTC1"),
+                            HasSubstr("ZEKO return fields of HeaderDTC1: + 2 - CUSTNO, "
+                                      "\xE2\x88\x92 1 - ORDNO"),
+                            Not(HasSubstr("source text"))));
     EXPECT_EQ(&editor, window->tabs().current());
     EXPECT_FALSE(window->close());
 

@@ -1,3 +1,4 @@
+#include "host/inspection/field_health.h"
 #include "host/inspection/rules/rules.h"
 
 #include <algorithm>
@@ -14,16 +15,8 @@ bool isAmong(const std::vector<StoredItem>& items, std::string_view text) {
 
 void requireOffered(const StoredItem& field, StoredRole role, Family family,
                     const ProviderFields& offered, const std::string& provider, Remarks& remarks) {
-    if (field.text.empty() || offered.hasEntry(field.text)) return;
-    const auto name = fieldNameIn(field.text, family);
-    const auto now = name ? offered.entryOfName(*name) : std::nullopt;
-    const std::string like = name && !now ? offered.entryLike(*name) : "";
-    remarks.push_back(about(field, family,
-                            std::string(nameOf(role)) + " " + inQuotes(field.text) +
-                                " is not offered by " + inQuotes(provider) +
-                                (now ? "; the field is " + inQuotes(*now) + " there" : ""),
-                            (like.empty() ? "" : "is " + inQuotes(like) + " meant? ") +
-                                std::string("remove it, or choose the field anew")));
+    if (const auto vanished = vanishedField(role, family, field, offered, provider))
+        remarks.push_back(about(field, family, vanished->text, vanished->advice));
 }
 
 void requireAllOffered(const std::vector<StoredItem>& fields, StoredRole role, Family family,
@@ -73,14 +66,7 @@ void keyFieldsAreOffered(const ControlView& control, Remarks& remarks) {
         const auto& own = configuration.of(family);
         const ProviderFields& offered = provider->of(family);
         const auto require = [&](const StoredItem& key, StoredRole role) {
-            const std::string_view name = trimBlanks(key.text);
-            if (name.empty() || offered.hasKeyField(name)) return;
-            remarks.push_back(about(
-                key, family,
-                std::string(nameOf(role)) + " " + inQuotes(name) + " is no key field of " +
-                    inQuotes(configuration.dataProvider.text),
-                role == StoredRole::KeyField ? "choose the provider anew, so that its keys are read"
-                                             : "choose a key field that is offered"));
+            requireOffered(key, role, family, offered, configuration.dataProvider.text, remarks);
         };
         for (const StoredItem& key : own.keyFields)
             require(key, StoredRole::KeyField);

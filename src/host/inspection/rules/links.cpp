@@ -17,15 +17,9 @@ void linkedFieldsAreOffered(const ControlView& control, Remarks& remarks) {
             if (provider)
                 requireOffered(link.from, StoredRole::LinkFrom, family, provider->of(family),
                                configuration.dataProvider.text, remarks);
-            if (!linked || link.to.text.empty()) continue;
-            const ProviderFields& offered = linked->of(family);
-            if (offered.hasKeyField(link.to.text) || offered.hasName(link.to.text)) continue;
-            remarks.push_back(about(link.to, family,
-                                    std::string(nameOf(StoredRole::LinkTo)) + " " +
-                                        std::to_string(link.row) + ", " + inQuotes(link.to.text) +
-                                        ", is no field of the linked data provider " +
-                                        inQuotes(configuration.linkedDataProvider.text),
-                                    "choose a key field of that provider, or remove the link"));
+            if (linked)
+                requireOffered(link.to, StoredRole::LinkTo, family, linked->of(family),
+                               configuration.linkedDataProvider.text, remarks);
         }
     }
 }

@@ -3,6 +3,7 @@
 #include "qt/editor/window/icons.h"
 #include "qt/editor/window/words.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QGridLayout>
@@ -13,17 +14,26 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace headerdtc::qt {
 namespace {
 
 constexpr std::size_t PaneCount = 3;
 
+// The span of a control, empty where the page has none of that ID.
+std::string spanOf(const PageContent& content, const std::string& id) {
+    const auto index = content.indexOf(id);
+    if (!index) return {};
+    const ByteRange& whole = content.controls()[*index].whole;
+    return content.bytes().substr(whole.begin, whole.size());
+}
+
 }  // namespace
 
 CompareDialog::CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
                              const PageContent& theirs, QWidget* parent)
-    : QDialog(parent) {
+    : QDialog(parent), states_{&base, &mine, &theirs} {
     setObjectName(QStringLiteral("CompareDialog"));
     setWindowTitle(tr("Compare %1").arg(title));
     auto* panes = new QGridLayout;
@@ -52,11 +62,12 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
         panes->addWidget(counts_[i], 2, column);
         panes->setColumnStretch(column, 1);
     }
-    const std::string baseText = base.codePage().decode(base.bytes());
-    const std::string mineText = mine.codePage().decode(mine.bytes());
-    const std::string theirsText = theirs.codePage().decode(theirs.bytes());
-    fill(alignTexts(baseText, mineText, theirsText));
     scrollTogether();
+    parts_ = new QComboBox;
+    parts_->setObjectName(QStringLiteral("ComparePart"));
+    parts_->setAccessibleName(tr("Part of the page"));
+    addParts();
+    connect(parts_, &QComboBox::currentIndexChanged, this, &CompareDialog::showPart);
 
     auto* buttons = new QDialogButtonBox;
     auto* keep = buttons->addButton(tr("&Keep mine"), QDialogButtonBox::AcceptRole);
@@ -84,10 +95,53 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
     bottom->addWidget(next);
     bottom->addStretch();
     bottom->addWidget(buttons);
+    auto* caption = new QLabel(tr("&Show:"));
+    caption->setBuddy(parts_);
+    auto* top = new QHBoxLayout;
+    top->addWidget(caption);
+    top->addWidget(parts_);
+    top->addStretch();
     auto* layout = new QVBoxLayout(this);
+    layout->addLayout(top);
     layout->addLayout(panes, 1);
     layout->addLayout(bottom);
     resize(1100, 650);
+    showPart(parts_->currentIndex());
+}
+
+// The whole page comes first; a control is shown at once when nothing differs around it.
+void CompareDialog::addParts() {
+    parts_->addItem(tr("The whole page"));
+    std::vector<std::string> ids;
+    for (const PageContent* state : states_) {
+        for (const ControlSpan& span : state->controls()) {
+            if (std::find(ids.begin(), ids.end(), span.id) == ids.end()) ids.push_back(span.id);
+        }
+    }
+    int differing = 0;
+    for (const std::string& id : ids) {
+        const std::string base = spanOf(*states_[0], id);
+        const bool differs = base != spanOf(*states_[1], id) || base != spanOf(*states_[2], id);
+        const QString name = QString::fromStdString(id);
+        parts_->addItem(differs ? name : tr("%1 (no difference)").arg(name), name);
+        if (differs && differing == 0) differing = parts_->count() - 1;
+    }
+    const std::string around = states_[0]->aroundControls();
+    const bool onlyControls =
+        around == states_[1]->aroundControls() && around == states_[2]->aroundControls();
+    if (onlyControls) parts_->setCurrentIndex(differing);
+}
+
+void CompareDialog::showPart(int part) {
+    const std::string id = parts_->itemData(part).toString().toStdString();
+    std::array<std::string, PaneCount> texts;
+    for (std::size_t i = 0; i < PaneCount; ++i) {
+        const PageContent& state = *states_[i];
+        texts[i] = state.codePage().decode(id.empty() ? state.bytes() : spanOf(state, id));
+    }
+    differences_.clear();
+    shown_ = -1;
+    fill(alignTexts(texts[0], texts[1], texts[2]));
     if (!differences_.empty()) goToDifference(1);
 }
 

@@ -133,7 +133,7 @@ void EditedPage::save(Guard guard) {
         const std::string problem = replacer.commit().front().problem;
         if (!problem.empty()) throw FileError(file_.string(), problem);
     } else if (bytes != saved_->bytes()) {
-        replaceWholeFile(file_, bytes, stamp_);
+        replaceFile(bytes);
     } else {
         // The file holds exactly this; only an undone step may stand in between.
         history_.replaceCurrent(saved_);
@@ -143,6 +143,27 @@ void EditedPage::save(Guard guard) {
         return;
     }
     takeSaved(file_);
+}
+
+// The bytes are compared once more, and the file is replaced only as long as it is the one that was
+// compared: another writer is noticed up to the last moment.
+void EditedPage::replaceFile(const std::string& bytes) {
+    const auto refuse = [this] {
+        throw ChangedByOther(file_.string(), "was written by somebody else meanwhile");
+    };
+    WholeFile now;
+    try {
+        now = readWholeFile(file_);
+    } catch (const FileError&) {
+        refuse();
+    }
+    if (now.bytes != saved_->bytes()) refuse();
+    try {
+        replaceWholeFile(file_, bytes, now.stamp);
+    } catch (const FileError&) {
+        if (!now.stamp.isStillOf(file_)) refuse();
+        throw;
+    }
 }
 
 void EditedPage::saveAs(const fs::path& file, Guard guard) {

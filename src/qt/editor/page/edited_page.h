@@ -13,6 +13,12 @@
 
 namespace headerdtc::qt {
 
+// Somebody else has written the file, perhaps a moment ago: nothing was saved.
+class ChangedByOther : public FileError {
+  public:
+    using FileError::FileError;
+};
+
 // A page that is being edited: its content, how it came to it, and its file. Whatever changes it,
 // the source view, a control, undo or a reload, goes through here and can be undone.
 class EditedPage : public QObject {
@@ -51,7 +57,7 @@ class EditedPage : public QObject {
 
     // ---- the file ----------------------------------------------------------------------------
     // Generates the controls and writes the page where its bytes are others. Throws SaveRefused
-    // with the reasons, and FileError.
+    // with the reasons, ChangedByOther, and FileError.
     void save(Guard guard);
     // The same into another file, which the page then has; one that is there is replaced.
     void saveAs(const std::filesystem::path& file, Guard guard);
@@ -60,7 +66,8 @@ class EditedPage : public QObject {
     // Why the next save would be refused, as far as that is known.
     const std::map<std::string, std::string>& doubts() const { return doubts_; }
 
-    // Somebody else changed or removed the file since it was read.
+    // Somebody else changed or removed the file since it was read. A change that leaves size and
+    // time as they were, which is possible right after the reading, is found by its bytes.
     bool changedOnDisk() const;
     // The file's bytes as they are now. Throws FileError.
     WholeFile readTheirs() const;
@@ -83,6 +90,7 @@ class EditedPage : public QObject {
     void placeChanged();
 
   private:
+    void replaceFile(const std::string& bytes);
     EditedPage(std::shared_ptr<Site> site, std::filesystem::path file, PageContentPtr content);
     PageContentPtr contentOf(std::string bytes) const;
     void step(std::string bytes, Step step);

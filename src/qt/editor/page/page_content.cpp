@@ -50,6 +50,16 @@ std::string PageContent::runtimeTextOf(std::size_t control) const {
     return markup().runtimeTextOf(controls().at(control));
 }
 
+std::string PageContent::aroundControls() const {
+    std::string around;
+    std::size_t begin = 0;
+    for (const ControlSpan& span : controls()) {
+        around.append(bytes(), begin, span.whole.begin - begin);
+        begin = span.whole.end;
+    }
+    return around.append(bytes(), begin);
+}
+
 std::string PageContent::lineEnd() const {
     struct Kind {
         const char* text;

@@ -27,6 +27,8 @@ class PageContent {
     const std::optional<FileError>& problem() const { return problem_; }
     std::optional<std::size_t> indexOf(std::string_view controlId) const;
     std::string runtimeTextOf(std::size_t control) const;
+    // The page without its controls.
+    std::string aroundControls() const;
     // The page's most frequent line end, CR LF when it has none.
     std::string lineEnd() const;
 

@@ -2,6 +2,7 @@
 
 #include "core/header_dtc.h"
 #include "qt/editor/files/notice_bar.h"
+#include "qt/editor/health/page_health.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/source/find_bar.h"
@@ -18,8 +19,9 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr int PreviewDelay = 200;  // milliseconds after the last change
-constexpr int SealDelay = 1000;    // a pause this long ends a step of typing
+// Milliseconds after the last change: the text is to follow an edit within 300.
+constexpr int PreviewDelay = 60;
+constexpr int SealDelay = 1000;  // a pause this long ends a step of typing
 
 // Pages change their names; their messages keep the one that they came under.
 int editorsMade = 0;
@@ -47,6 +49,7 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
       page_(std::move(page)) {
     notices_ = new NoticeBar;
     controls_ = new ControlPane(*page_);
+    health_ = new PageHealth(*page_, *controls_, this);
     source_ = new SourceView;
     findBar_ = new FindBar(*source_);
     preview_ = new PreviewPane;
@@ -103,6 +106,11 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
                        tr("The marked lines belong to the control: change them at the control, or "
                           "take it out with Edit > Remove control."));
     });
+    connect(health_, &PageHealth::judged, this,
+            [this](const std::string& control, const std::vector<Message>& messages) {
+                Q_EMIT messagesChanged(sourceName("fields " + control), messages);
+            });
+    connect(health_, &PageHealth::changed, this, &PageEditor::stateChanged);
     followPage();
     showDoubts();
 }
@@ -229,6 +237,7 @@ QString PageEditor::sourceName(const std::string& part) const {
 void PageEditor::refreshPreviews() {
     previewed_.clear();
     previewTimer_.start();
+    health_->judgeSoon();
 }
 
 void PageEditor::requestPreviews() {
@@ -257,6 +266,7 @@ void PageEditor::requestPreviews() {
 
 void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     previews_[preview->controlId] = preview;
+    Q_EMIT stateChanged();
     const auto index = page_->content()->indexOf(preview->controlId);
     if (!index) return;
     const ControlSpan& span = page_->content()->controls()[*index];
@@ -275,6 +285,20 @@ void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     const auto current = controls_->current();
     if (current && page_->content()->controls()[*current].id == preview->controlId)
         showPreviewOfCurrent();
+}
+
+PageEditor::Freshness PageEditor::freshness() const {
+    Freshness worst = Freshness::Fresh;
+    for (const ControlSpan& span : page_->content()->controls()) {
+        const auto found = previews_.find(span.id);
+        if (found == previews_.end()) return Freshness::Unknown;
+        const Preview& preview = *found->second;
+        if (!preview.problem.empty() || preview.expansion.doubt) return Freshness::Failing;
+        const bool changes = std::any_of(preview.changes.begin(), preview.changes.end(),
+                                         [](const DiffRun& run) { return !run.same; });
+        if (changes) worst = Freshness::Stale;
+    }
+    return worst;
 }
 
 void PageEditor::showPreviewOfCurrent() {

@@ -19,6 +19,7 @@ namespace headerdtc::qt {
 class ControlPane;
 class FindBar;
 class NoticeBar;
+class PageHealth;
 class PreviewPane;
 class SourceView;
 
@@ -31,10 +32,12 @@ class PageEditor : public QWidget {
     ~PageEditor() override;
 
     EditedPage& page() { return *page_; }
+    const EditedPage& page() const { return *page_; }
     ControlPane& controls() { return *controls_; }
     SourceView& source() { return *source_; }
     PreviewPane& preview() { return *preview_; }
     NoticeBar& notices() { return *notices_; }
+    PageHealth& health() { return *health_; }
 
     // The file's name.
     QString title() const;
@@ -55,6 +58,9 @@ class PageEditor : public QWidget {
     void refreshPreviews();
     void showParts(bool source, bool preview);
     bool isBusy() const;
+    // Whether the file holds the text that would be generated.
+    enum class Freshness { Unknown, Fresh, Stale, Failing };
+    Freshness freshness() const;
     // What the names of all its message sources begin with.
     QString messageSources() const { return messageSources_; }
 
@@ -90,6 +96,7 @@ class PageEditor : public QWidget {
 
     NoticeBar* notices_;
     ControlPane* controls_;
+    PageHealth* health_;
     SourceView* source_;
     FindBar* findBar_;
     QWidget* sourcePart_;

@@ -4,6 +4,8 @@
 #include "core/stored_keys.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -21,6 +23,7 @@ struct Known {
     std::string_view word;  // in the property's name
     const char* caption;
     int tab;
+    bool follows = false;  // from what an author chooses
 };
 
 // What an author chooses comes first, what follows from it last. The first row whose word occurs in
@@ -50,14 +53,14 @@ constexpr Known Table[] = {
     {"EAILinkFromFields", "EAI links", EaiLink},
     {"EAILinkToFields", "EAI links", EaiLink},
     {"LinkedEAIFields", "EAI links", EaiLink},
-    {"ZEKOKeyField", "ZEKO key fields", Zeko},
-    {"EAIKeyField", "EAI key fields", Eai},
-    {"ZEKOAvailableFieldsLinked", "linked provider's ZEKO fields", ZekoLink},
-    {"EAIAvailableFieldsLinked", "linked provider's EAI fields", EaiLink},
-    {"ZEKOAvailableFields", "ZEKO available fields", Zeko},
-    {"EAIAvailableFields", "EAI available fields", Eai},
-    {"ZEKOToLinkKeyFields", "linked provider's ZEKO key fields", ZekoLink},
-    {"EAIToLinkKeyFields", "linked provider's EAI key fields", EaiLink},
+    {"ZEKOKeyField", "ZEKO key fields", Zeko, true},
+    {"EAIKeyField", "EAI key fields", Eai, true},
+    {"ZEKOAvailableFieldsLinked", "linked provider's ZEKO fields", ZekoLink, true},
+    {"EAIAvailableFieldsLinked", "linked provider's EAI fields", EaiLink, true},
+    {"ZEKOAvailableFields", "ZEKO available fields", Zeko, true},
+    {"EAIAvailableFields", "EAI available fields", Eai, true},
+    {"ZEKOToLinkKeyFields", "linked provider's ZEKO key fields", ZekoLink, true},
+    {"EAIToLinkKeyFields", "linked provider's EAI key fields", EaiLink, true},
 };
 
 const Known* find(std::string_view name) {
@@ -103,6 +106,54 @@ QString describeChange(const StoredProperties& before, const StoredProperties& a
         if (known && (!first || known < first)) first = known;
     }
     return first ? QString::fromLatin1(first->caption) : QStringLiteral("configuration");
+}
+
+std::vector<ChangedPart> changedParts(const StoredProperties& before,
+                                      const StoredProperties& after) {
+    struct Texts {
+        std::multiset<std::string_view> before, after;
+    };
+    std::map<const Known*, Texts> texts;  // in the order of the table
+    const auto gather = [&](const StoredProperties& properties, auto member) {
+        for (const auto& [name, text] : properties) {
+            const Known* known = find(name);
+            const bool isText = storedTypeOf(name) == StoredType::String && !isScriptButton(name);
+            if (known && isText) (texts[known].*member).insert(text);
+        }
+    };
+    gather(before, &Texts::before);
+    gather(after, &Texts::after);
+    std::map<const Known*, bool> changed;
+    for (const std::string_view name : differing(before, after)) {
+        const Known* known = find(name);
+        if (known && !isScriptButton(name)) changed[known] = true;
+    }
+    std::vector<ChangedPart> parts;
+    for (const bool follows : {false, true}) {
+        for (const auto& [known, _] : changed) {
+            if (known->follows != follows) continue;
+            ChangedPart part;
+            part.caption = QString::fromLatin1(known->caption);
+            const auto list = [](const auto& from, const auto& without, QStringList& to) {
+                std::vector<std::string_view> left;
+                std::set_difference(from.begin(), from.end(), without.begin(), without.end(),
+                                    std::back_inserter(left));
+                for (const std::string_view text : left) {
+                    if (!text.empty())
+                        to += QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
+                                  .trimmed();
+                }
+            };
+            list(texts[known].after, texts[known].before, part.added);
+            list(texts[known].before, texts[known].after, part.removed);
+            const bool isToldAlready = std::any_of(
+                parts.begin(), parts.end(),
+                [&](const ChangedPart& other) { return other.caption == part.caption; });
+            if (!isToldAlready) parts.push_back(std::move(part));
+        }
+        if (!parts.empty()) break;
+    }
+    return parts;
 }
 
 bool isSameConfiguration(const StoredProperties& left, const StoredProperties& right) {

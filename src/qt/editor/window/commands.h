@@ -28,6 +28,7 @@ enum class Command {
     Find,
     InsertControl,
     RemoveControl,
+    ReplaceField,
     Record,
     ShowSource,
     ShowPreview,

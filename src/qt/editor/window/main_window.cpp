@@ -2,6 +2,7 @@
 
 #include "host/site/site_configuration.h"
 #include "qt/editor/files/notice_bar.h"
+#include "qt/editor/health/page_health.h"
 #include "qt/editor/messages/messages_panel.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/page/page_editor.h"
@@ -145,6 +146,8 @@ void MainWindow::connectCommands() {
     onPage(Command::Find, [](PageEditor& editor) { editor.find(); });
     onPage(Command::InsertControl, [](PageEditor& editor) { editor.insertControl(); });
     onPage(Command::RemoveControl, [](PageEditor& editor) { editor.removeControl(); });
+    onPage(Command::ReplaceField,
+           [](PageEditor& editor) { editor.health().chooseReplacement(std::nullopt); });
     const auto showParts = [this] {
         for (PageEditor* editor : tabs_->editors())
             editor->showParts((*commands_)[Command::ShowSource]->isChecked(),
@@ -479,8 +482,9 @@ void MainWindow::follow() {
         setWindowFilePath({});
     }
     setWindowModified(editor && editor->isModified());
-    status_->follow(editor ? &editor->page() : nullptr);
+    status_->follow(editor);
     commands_->follow(state);
+    (*commands_)[Command::ReplaceField]->setEnabled(editor && editor->health().hasVanished());
     QAction* record = (*commands_)[Command::Record];
     record->setEnabled(state.control || recorder_.isRecording());
     record->setChecked(recorder_.isRecording());

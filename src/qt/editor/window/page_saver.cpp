@@ -29,6 +29,27 @@ bool askToSaveAnyway(QWidget& window, const QString& title, const QString& reaso
     return box.clickedButton() == anyway;
 }
 
+// "+ 2 - CUSTNO, - 1 - ORDNO": what came and what went, as far as it is short.
+QString detailsOf(const ChangedPart& part) {
+    constexpr qsizetype MostItems = 4;
+    QStringList words;
+    for (const QString& text : part.added)
+        words += QStringLiteral("+ ") + text;
+    for (const QString& text : part.removed)
+        words += QStringLiteral("\u2212 ") + text;
+    if (words.isEmpty()) return {};
+    if (words.size() > MostItems) {
+        const qsizetype more = words.size() - MostItems;
+        words = words.mid(0, MostItems);
+        words += PageSaver::tr("and %1 more").arg(more);
+    }
+    return QStringLiteral(": ") + words.join(QStringLiteral(", "));
+}
+
+bool sourceDiffers(const PageContent& before, const PageContent& now) {
+    return before.aroundControls() != now.aroundControls();
+}
+
 }  // namespace
 
 template <class Save>
@@ -41,6 +62,10 @@ bool PageSaver::guarded(PageEditor& editor, Save save) {
                 return false;
             save(EditedPage::Guard::SaveAnyway);
         }
+    } catch (const ChangedByOther&) {
+        // Between the last look and the writing. Whose content is kept is asked, and all begins
+        // again: the other may write once more.
+        return resolveChangeOnDisk(editor) && this->save(editor);
     } catch (const std::exception& error) {
         QMessageBox::critical(&window_, tr("Not saved"),
                               tr("%1 could not be saved; nothing was written.\n\n%2")
@@ -65,6 +90,10 @@ bool PageSaver::saveAs(PageEditor& editor) {
         tr("ASP pages (*.asp *.inc *.ASP *.INC);;All files (*)"));
     if (name.isEmpty()) return false;
     const std::filesystem::path file = QFile::encodeName(name).toStdString();
+    // Under its own name it is a save like any other, with all that is asked before one.
+    std::error_code failure;
+    if (editor.page().hasFile() && std::filesystem::equivalent(file, editor.page().file(), failure))
+        return save(editor);
     return guarded(editor, [&](EditedPage::Guard guard) { editor.page().saveAs(file, guard); });
 }
 
@@ -106,6 +135,7 @@ bool PageSaver::resolveChangeOnDisk(PageEditor& editor) {
 }
 
 QString unsavedChanges(PageEditor& editor) {
+    constexpr qsizetype MostLines = 12;
     const EditedPage& page = editor.page();
     if (!page.hasFile()) return PageSaver::tr("The page was never saved.");
     QStringList changes;
@@ -114,15 +144,26 @@ QString unsavedChanges(PageEditor& editor) {
         const QString control = QString::fromStdString(span.id);
         if (!before) {
             changes += PageSaver::tr("new control %1").arg(control);
-        } else if (page.saved()->controls()[*before].properties != span.properties) {
-            changes += PageSaver::tr("%1 of %2")
-                           .arg(describeChange(page.saved()->controls()[*before].properties,
-                                               span.properties),
-                                control);
+            continue;
         }
+        for (const ChangedPart& part :
+             changedParts(page.saved()->controls()[*before].properties, span.properties))
+            changes += PageSaver::tr("%1 of %2%3").arg(part.caption, control, detailsOf(part));
     }
-    if (changes.isEmpty()) changes += PageSaver::tr("source text");
-    return PageSaver::tr("Changed: %1").arg(changes.join(QLatin1String(", ")));
+    for (const ControlSpan& span : page.saved()->controls()) {
+        if (!page.content()->indexOf(span.id))
+            changes +=
+                PageSaver::tr("control %1 is taken out").arg(QString::fromStdString(span.id));
+    }
+    if (changes.isEmpty() || sourceDiffers(*page.saved(), *page.content()))
+        changes += PageSaver::tr("source text");
+    if (changes.size() > MostLines) {
+        const qsizetype more = changes.size() - MostLines + 1;
+        changes = changes.mid(0, MostLines - 1);
+        changes += PageSaver::tr("and %1 more").arg(more);
+    }
+    return PageSaver::tr("What would be lost:\n%1")
+        .arg(QStringLiteral("\u2022 ") + changes.join(QStringLiteral("\n\u2022 ")));
 }
 
 }  // namespace headerdtc::qt

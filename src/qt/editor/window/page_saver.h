@@ -33,7 +33,7 @@ class PageSaver : public QObject {
     QWidget& window_;
 };
 
-// What of a page is not saved, for the question whether to: "Changed: ZEKO criteria, source text".
+// What of a page is not saved, part by part, for the question whether to.
 QString unsavedChanges(PageEditor& editor);
 
 }  // namespace headerdtc::qt

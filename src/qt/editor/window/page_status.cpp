@@ -1,6 +1,7 @@
 #include "qt/editor/window/page_status.h"
 
-#include "qt/editor/page/edited_page.h"
+#include "qt/editor/page/page_editor.h"
+#include "qt/editor/window/words.h"
 
 namespace headerdtc::qt {
 namespace {
@@ -10,21 +11,42 @@ QString lineEndName(const std::string& lineEnd) {
     return lineEnd == "\r" ? QStringLiteral("CR") : QStringLiteral("CR LF");
 }
 
+QString encodingName(const PageContent& content) {
+    const bool hasMark = content.bytes().starts_with("\xEF\xBB\xBF");
+    QString name = QString::fromStdString(content.codePage().name());
+    return hasMark ? name + PageStatus::tr(" with byte-order mark") : name;
+}
+
+QString freshnessName(PageEditor::Freshness freshness) {
+    switch (freshness) {
+        case PageEditor::Freshness::Fresh:
+            return PageStatus::tr("text up to date");
+        case PageEditor::Freshness::Stale:
+            return PageStatus::tr("text out of date");
+        case PageEditor::Freshness::Failing:
+            return PageStatus::tr("text cannot be generated");
+        case PageEditor::Freshness::Unknown:
+            break;
+    }
+    return {};
+}
+
 }  // namespace
 
-void PageStatus::follow(const EditedPage* page) {
-    if (!page) {
+void PageStatus::follow(const PageEditor* editor) {
+    if (!editor) {
         clear();
         return;
     }
-    const PageContent& content = *page->content();
+    const EditedPage& page = editor->page();
+    const PageContent& content = *page.content();
     const auto controls = static_cast<int>(content.controls().size());
-    QStringList words{QString::fromStdString(content.codePage().name()),
-                      lineEndName(content.lineEnd()),
+    QStringList words{encodingName(content), lineEndName(content.lineEnd()),
                       content.problem() ? tr("controls cannot be read")
-                      : controls == 1   ? tr("1 control")
-                                        : tr("%1 controls").arg(controls)};
-    if (!page->hasFile()) words += tr("not saved yet");
+                                        : counted(controls, "control", "controls")};
+    if (controls > 0) words += freshnessName(editor->freshness());
+    if (!page.hasFile()) words += tr("not saved yet");
+    words.removeAll(QString());
     setText(words.join(QStringLiteral("   ")));
 }
 

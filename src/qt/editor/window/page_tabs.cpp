@@ -4,6 +4,7 @@
 #include "qt/editor/page/page_editor.h"
 #include "qt/editor/window/page_saver.h"
 
+#include <QAbstractButton>
 #include <QFile>
 #include <QMessageBox>
 #include <QTabBar>
@@ -160,6 +161,9 @@ bool PageTabs::close(PageEditor* editor) {
         box.setInformativeText(unsavedChanges(*editor));
         box.setTextFormat(Qt::PlainText);
         box.setDefaultButton(QMessageBox::Save);
+        box.button(QMessageBox::Save)->setText(tr("&Save"));
+        box.button(QMessageBox::Discard)->setText(tr("&Discard"));
+        box.button(QMessageBox::Cancel)->setText(tr("&Cancel"));
         const int answer = box.exec();
         if (answer == QMessageBox::Cancel) return false;
         if (answer == QMessageBox::Save && !saver_.save(*editor)) return false;

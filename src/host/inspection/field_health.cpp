@@ -1,0 +1,101 @@
+#include "host/inspection/field_health.h"
+
+#include "platform/text.h"
+
+namespace headerdtc {
+namespace {
+
+std::string inQuotes(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
+
+bool isOffered(StoredRole role, std::string_view text, const ProviderFields& offered) {
+    switch (role) {
+        case StoredRole::KeyField:
+        case StoredRole::CriterionKey:
+            return offered.hasKeyField(text);
+        case StoredRole::LinkTo:
+            return offered.hasKeyField(text) || offered.hasName(text);
+        default:
+            return offered.hasEntry(text);
+    }
+}
+
+// `like`: an offered entry whose name is nearly that of the field; empty for none.
+void describe(VanishedField& field, std::string_view text, const std::string& like) {
+    const std::string role(nameOf(field.role));
+    switch (field.role) {
+        case StoredRole::KeyField:
+        case StoredRole::CriterionKey:
+            field.text =
+                role + " " + inQuotes(text) + " is no key field of " + inQuotes(field.provider);
+            field.advice = field.role == StoredRole::KeyField
+                               ? "choose the provider anew, so that its keys are read"
+                               : "choose a key field that is offered";
+            return;
+        case StoredRole::LinkTo:
+            field.text = role + " " + std::to_string(field.item.row) + ", " + inQuotes(text) +
+                         ", is no field of the linked data provider " + inQuotes(field.provider);
+            field.advice = "choose a key field of that provider, or remove the link";
+            return;
+        default:
+            field.text = role + " " + inQuotes(text) + " is not offered by " +
+                         inQuotes(field.provider) +
+                         (field.now ? "; the field is " + inQuotes(*field.now) + " there" : "");
+            field.advice = (like.empty() ? "" : "is " + inQuotes(like) + " meant? ") +
+                           std::string("remove it, or choose the field anew");
+    }
+}
+
+}  // namespace
+
+std::optional<VanishedField> vanishedField(StoredRole role, Family family, const StoredItem& item,
+                                           const ProviderFields& offered,
+                                           const std::string& provider) {
+    const bool isKey = role == StoredRole::KeyField || role == StoredRole::CriterionKey;
+    const std::string_view text = isKey ? trimBlanks(item.text) : std::string_view(item.text);
+    if (text.empty() || isOffered(role, text, offered)) return std::nullopt;
+    VanishedField field;
+    field.role = role;
+    field.family = family;
+    field.item = item;
+    field.provider = provider;
+    std::string like;
+    if (!isKey && role != StoredRole::LinkTo) {
+        const auto name = fieldNameIn(item.text, family);
+        if (name) field.now = offered.entryOfName(*name);
+        if (name && !field.now) like = offered.entryLike(*name);
+    }
+    describe(field, text, like);
+    return field;
+}
+
+std::vector<VanishedField> vanishedFields(const StoredConfiguration& configuration,
+                                          const OfferLookup& offers) {
+    std::vector<VanishedField> vanished;
+    for (const Family family : {Family::EAI, Family::ZEKO}) {
+        const auto& own = configuration.of(family);
+        const auto look = [&](StoredRole role, const StoredItem& item, const StoredItem& provider) {
+            const ProviderFields* offered = offers(provider.text, family);
+            if (!offered) return;
+            if (auto field = vanishedField(role, family, item, *offered, provider.text))
+                vanished.push_back(std::move(*field));
+        };
+        const StoredItem& provider = configuration.dataProvider;
+        for (const StoredItem& item : own.returnFields)
+            look(StoredRole::ReturnField, item, provider);
+        for (const auto& criterion : own.criteria)
+            look(StoredRole::CriterionKey, criterion.key, provider);
+        for (const auto& link : own.links)
+            look(StoredRole::LinkFrom, link.from, provider);
+        if (!configuration.hasLinkedProvider()) continue;
+        const StoredItem& linked = configuration.linkedDataProvider;
+        for (const auto& link : own.links)
+            look(StoredRole::LinkTo, link.to, linked);
+        for (const StoredItem& item : own.linkedFields)
+            look(StoredRole::LinkedField, item, linked);
+    }
+    return vanished;
+}
+
+}  // namespace headerdtc

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/inspection/provider_fields.h"
+#include "host/inspection/stored_configuration.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace headerdtc {
+
+// A stored field that the catalogue does not offer, or no longer. It stays in the configuration
+// until somebody removes or replaces it.
+struct VanishedField {
+    StoredRole role = StoredRole::ReturnField;
+    Family family = Family::ZEKO;
+    StoredItem item;
+    std::string provider;            // that does not offer it
+    std::optional<std::string> now;  // the entry under which it offers a field of that name
+    std::string text;                // what is wrong, a sentence without its full stop
+    std::string advice;              // what to do
+};
+
+// Looks whether a provider offers a field: return fields, linked fields and the from-side of links
+// by their entry, keys by their name, the to-side of links by either. Nothing when it does, or when
+// nothing is stored.
+std::optional<VanishedField> vanishedField(StoredRole role, Family family, const StoredItem& item,
+                                           const ProviderFields& offered,
+                                           const std::string& provider);
+
+// What a provider offers to a family; nullptr for a provider that is not known, whose fields cannot
+// be judged.
+using OfferLookup = std::function<const ProviderFields*(const std::string& provider, Family)>;
+
+// All return fields, keys of criteria, links and linked fields of a configuration that have
+// vanished, in the order of the tabs.
+std::vector<VanishedField> vanishedFields(const StoredConfiguration& configuration,
+                                          const OfferLookup& offers);
+
+}  // namespace headerdtc

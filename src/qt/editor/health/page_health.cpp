@@ -1,0 +1,210 @@
+#include "qt/editor/health/page_health.h"
+
+#include "core/header_dtc.h"
+#include "host/inspection/field_replacement.h"
+#include "host/quiet_host.h"
+#include "qt/editor/health/replace_dialog.h"
+#include "qt/editor/health/surface_marks.h"
+#include "qt/editor/page/control_pane.h"
+#include "qt/editor/page/edited_page.h"
+#include "qt/surface/control_surface.h"
+#include "qt/surface/text.h"
+
+#include <QMenu>
+#include <QMessageBox>
+#include <algorithm>
+
+namespace headerdtc::qt {
+namespace {
+
+constexpr int JudgeDelay = 50;  // milliseconds; typing goes on meanwhile
+
+bool isSame(const VanishedField& left, const VanishedField& right) {
+    return left.family == right.family && left.role == right.role &&
+           left.item.text == right.item.text && left.item.row == right.item.row;
+}
+
+int tabOf(const VanishedField& field) {
+    const bool isLink = field.role == StoredRole::LinkFrom || field.role == StoredRole::LinkTo ||
+                        field.role == StoredRole::LinkedField;
+    return isLink ? traitsOf(field.family).linkTabPage : traitsOf(field.family).tabPage;
+}
+
+// The cell that holds a field, and the editor that a click on it opens.
+struct Cell {
+    Grid& grid;
+    int column;
+    ComboBox& editor;
+};
+
+std::optional<Cell> cellOf(FamilyControls& family, StoredRole role) {
+    switch (role) {
+        case StoredRole::CriterionKey:
+            return Cell{family.CriteriaGrid, criteria_column::Key, family.KeyFieldsCombo};
+        case StoredRole::LinkFrom:
+            return Cell{family.LinksGrid, links_column::From, family.FromLinkFieldsCombo};
+        case StoredRole::LinkTo:
+            return Cell{family.LinksGrid, links_column::To, family.ToLinkFieldsCombo};
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
+
+PageHealth::PageHealth(EditedPage& page, ControlPane& controls, QObject* parent)
+    : QObject(parent), page_(page), controls_(controls) {
+    soon_.setSingleShot(true);
+    soon_.setInterval(JudgeDelay);
+    connect(&soon_, &QTimer::timeout, this, &PageHealth::judge);
+    connect(&page_, &EditedPage::contentChanged, this, &PageHealth::judgeSoon);
+    connect(&page_, &EditedPage::placeChanged, this, &PageHealth::judgeSoon);
+    connect(&controls_, &ControlPane::currentChanged, this, &PageHealth::judgeSoon);
+    connect(&controls_, &ControlPane::surfaceMade, this, &PageHealth::judgeSoon);
+    judgeSoon();
+}
+
+void PageHealth::judge() {
+    offers_.refresh(page_.site());
+    const auto lookup = [this](const std::string& provider, Family family) {
+        return offers_.of(provider, family);
+    };
+    const auto before = vanished_.size();
+    vanished_.clear();
+    configuration_ = {};
+    std::set<std::string> ids;
+    const auto& spans = page_.content()->controls();
+    for (std::size_t i = 0; i < spans.size(); ++i) {
+        const StoredConfiguration configuration = readStoredConfiguration(spans[i].properties);
+        const auto vanished = vanishedFields(configuration, lookup);
+        ids.insert(spans[i].id);
+        // What nobody complains about is not told of again.
+        if (!vanished.empty() || judged_.contains(spans[i].id))
+            Q_EMIT judged(spans[i].id, messagesOf(vanished, spans[i]));
+        if (!vanished.empty()) judged_.insert(spans[i].id);
+        if (controls_.current() != i) continue;
+        vanished_ = vanished;
+        configuration_ = configuration;
+    }
+    std::erase_if(judged_, [&](const std::string& id) {
+        if (ids.contains(id)) return false;
+        Q_EMIT judged(id, {});
+        return true;
+    });
+    mark();
+    if (before != vanished_.size()) Q_EMIT changed();
+}
+
+void PageHealth::mark() {
+    ControlSurface* surface = controls_.surface();
+    if (!surface) return;
+    if (!marks_ || marks_->parent() != surface) {
+        marks_ = surface->findChild<SurfaceMarks*>();
+        if (!marks_) {
+            marks_ = new SurfaceMarks(controls_.live()->dtc(), *surface);
+            connect(marks_, &SurfaceMarks::menuRequested, this, &PageHealth::openMenu);
+        }
+    }
+    marks_->show(vanished_, offers_);
+}
+
+std::vector<Message> PageHealth::messagesOf(const std::vector<VanishedField>& vanished,
+                                            const ControlSpan& span) const {
+    std::vector<Message> messages;
+    for (const VanishedField& field : vanished) {
+        Message message;
+        message.severity = Message::Severity::Warning;
+        message.text = toQt(field.text) + QStringLiteral(": ") + toQt(field.advice) +
+                       tr(", or replace it (Edit > Replace missing field)");
+        message.text[0] = message.text.at(0).toUpper();
+        message.page = page_.file();
+        message.place.control = span.id;
+        message.place.tab = tabOf(field);
+        message.place.row = field.role == StoredRole::CriterionKey ? field.item.row : -1;
+        message.place.line = span.line;
+        messages.push_back(std::move(message));
+    }
+    return messages;
+}
+
+// ---- replacing ----------------------------------------------------------------------------------
+
+void PageHealth::openMenu(const VanishedField& vanished, const QPoint& at) {
+    constexpr std::size_t Suggestions = 3;
+    const VanishedField field = vanished;
+    const auto replacements = offers_.replacements(field, configuration_);
+    auto* menu = new QMenu(controls_.surface());
+    menu->setObjectName(QStringLiteral("MissingFieldMenu"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (std::size_t i = 0; i < std::min(Suggestions, replacements.size()); ++i) {
+        const std::string with = replacements[i];
+        QString text = toQt(with).trimmed();
+        menu->addAction(tr("Replace with %1").arg(text.replace('&', QLatin1String("&&"))), this,
+                        [this, field, with] {
+                            const QString problem = replace(field, with);
+                            if (!problem.isEmpty())
+                                QMessageBox::warning(&controls_, tr("Not replaced"), problem);
+                        });
+    }
+    menu->addSeparator();
+    menu->addAction(tr("Replace &with..."), this, [this, field] { chooseReplacement(field); });
+    menu->popup(at);
+}
+
+void PageHealth::chooseReplacement(const std::optional<VanishedField>& which) {
+    controls_.finishEditing();
+    judge();
+    if (vanished_.empty()) return;
+    // The dialog's own: the page may be judged anew while it is open.
+    const auto vanished = vanished_;
+    const auto configuration = configuration_;
+    std::size_t first = 0;
+    for (std::size_t i = 0; which && i < vanished.size(); ++i) {
+        if (isSame(vanished[i], *which)) first = i;
+    }
+    ReplaceDialog dialog(vanished, first, offers_, configuration, controls_.window());
+    if (dialog.exec() != QDialog::Accepted || dialog.replacement().empty()) return;
+    const QString problem = replace(dialog.vanished(), dialog.replacement());
+    if (!problem.isEmpty()) QMessageBox::warning(&controls_, tr("Not replaced"), problem);
+}
+
+// By the editor of the cell, where that offers the field.
+bool PageHealth::replaceByPerson(const VanishedField& vanished, const std::string& with) {
+    HeaderDTC& dtc = controls_.live()->dtc();
+    const auto cell = cellOf(dtc.family(vanished.family), vanished.role);
+    if (!cell || cell->editor.find(with) < 0) return false;
+    const int row = vanished.item.row;
+    controls_.surface()->act([&] {
+        if (dtc.SSTab1.Tab() != tabOf(vanished)) dtc.SSTab1.clickTab(tabOf(vanished));
+        cell->grid.clickCell(row, cell->column);
+        cell->editor.choose(with);
+        // The editor writes when it is left.
+        cell->grid.clickCell(row, 0);
+    });
+    controls_.takeChanges();
+    return cell->grid.TextMatrix(row, cell->column) == with;
+}
+
+QString PageHealth::replace(const VanishedField& vanished, const std::string& with) {
+    controls_.finishEditing();
+    const auto current = controls_.current();
+    if (!current || controls_.isBusy())
+        return tr("No control is shown, or a dialog of it is open.");
+    page_.sealStep();
+    if (replaceByPerson(vanished, with)) return {};
+    const ControlSpan& span = page_.content()->controls()[*current];
+    try {
+        QuietHost host;
+        OpenControl hidden(page_.site(), page_.file(), span, host.faces());
+        if (hidden.loadingDoubt())
+            return tr("Something else would be lost: %1").arg(toQt(*hidden.loadingDoubt()));
+        replaceField(hidden.dtc(), vanished, with);
+        page_.setProperties(*current, hidden.properties());
+    } catch (const std::exception& error) {
+        return toQt(error.what());
+    }
+    page_.sealStep();
+    return {};
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "qt/editor/health/field_offers.h"
+#include "qt/editor/messages/message.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace headerdtc::qt {
+
+class ControlPane;
+class EditedPage;
+class SurfaceMarks;
+
+// Keeps watch over the fields of a page's controls: which of them the catalogue offers no more.
+// They stay, are marked, and can be replaced.
+class PageHealth : public QObject {
+    Q_OBJECT
+
+  public:
+    // Page and controls outlive this.
+    PageHealth(EditedPage& page, ControlPane& controls, QObject* parent = nullptr);
+
+    // Of the control that is shown.
+    bool hasVanished() const { return !vanished_.empty(); }
+    const std::vector<VanishedField>& vanished() const { return vanished_; }
+
+    // Catalogue or page may be others.
+    void judgeSoon() { soon_.start(); }
+
+    // Asks for the field that stands in the place of one, or of any of those that have vanished,
+    // and replaces it.
+    void chooseReplacement(const std::optional<VanishedField>& which);
+    // Replaces a field of the control that is shown, as one step: by what a person does where the
+    // control offers the other field, in the page otherwise. Why it cannot be done; empty when it
+    // was.
+    QString replace(const VanishedField& vanished, const std::string& with);
+
+  Q_SIGNALS:
+    // What there is to say of the fields of a control, replacing what was said before.
+    void judged(const std::string& control, const std::vector<headerdtc::qt::Message>& messages);
+    // Another set of fields has vanished from the control that is shown.
+    void changed();
+
+  private:
+    void judge();
+    void mark();
+    void openMenu(const VanishedField& vanished, const QPoint& at);
+    bool replaceByPerson(const VanishedField& vanished, const std::string& with);
+    std::vector<Message> messagesOf(const std::vector<VanishedField>& vanished,
+                                    const ControlSpan& span) const;
+
+    EditedPage& page_;
+    ControlPane& controls_;
+    FieldOffers offers_;
+    QPointer<SurfaceMarks> marks_;  // of the surface that is shown
+    std::vector<VanishedField> vanished_;
+    StoredConfiguration configuration_;  // in which they were found
+    std::set<std::string> judged_;
+    QTimer soon_;
+};
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,160 @@
+// Fields that the catalogue offers no more: kept, marked by text too, and replaced.
+
+#include "qt/editor/health/page_health.h"
+#include "qt/editor/window_fixture.h"
+#include "qt/surface/selection_list.h"
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QMenu>
+#include <QTableView>
+
+namespace headerdtc::qt {
+namespace {
+
+using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class Health : public WindowTest {
+  protected:
+    // "Orders" had these when the page was made; the catalogue of today has ORDNO, CUSTNO, STATUS.
+    static std::string pageWithOldFields() {
+        std::string params = Site::ordersParams();
+        const auto set = [&](const std::string& name, const std::string& value) {
+            const auto at = params.find("NAME=\"" + name + '"');
+            if (at == std::string::npos) {
+                params += Site::param(name, value);
+            } else {
+                const auto from = params.find("VALUE=\"", at) + 7;
+                params.replace(from, params.find('"', from) - from, value);
+            }
+        };
+        set("ZEKOReturnFieldCount", "3");
+        set("ZEKOReturnFields1", "2 - CUSTOMER");
+        set("ZEKOReturnFields2", "3 - STATUS");
+        set("NrOfZEKOI18NFieldnames", "1");
+        set("ZEKOI18NFieldnames0", "2 - CUSTOMER");
+        set("ZEKOAvailableFieldsCount", "1");
+        set("ZEKOAvailableFields0", "2 - CUSTNO");
+        set("ZEKOKeyFieldsCount", "2");
+        set("ZEKOKeyFieldnames0", "ORDNO");
+        set("ZEKOKeyFieldnames1", "CUSTOMER");
+        set("ZEKOCriteria1_1", "CUSTOMER");
+        set("ZEKOCriteria1_2", "==");
+        set("ZEKOCriteria1_3", "1");
+        return Site::page(params);
+    }
+    PageEditor& openOld() {
+        PageEditor& editor = open("page.asp", pageWithOldFields());
+        EXPECT_TRUE(eventually([&] { return editor.health().hasVanished(); }));
+        return editor;
+    }
+    template <class Widget>
+    static Widget& widget(PageEditor& editor, const char* name) {
+        return *editor.controls().surface()->findChild<Widget*>(name);
+    }
+    static std::vector<std::string> vanished(PageEditor& editor) {
+        std::vector<std::string> texts;
+        for (const VanishedField& field : editor.health().vanished())
+            texts.push_back(field.item.text);
+        return texts;
+    }
+};
+
+TEST_F(Health, AVanishedFieldStaysAndIsMarkedByTextToo) {
+    PageEditor& editor = openOld();
+    EXPECT_THAT(vanished(editor), ElementsAre("2 - CUSTOMER", "CUSTOMER"));
+    EXPECT_FALSE(editor.isModified());
+    const auto& model = *widget<SelectionList>(editor, "ZEKOSelectedFieldsList").model();
+    const QModelIndex gone = model.index(1, 0);
+    for (const int role : {Qt::ToolTipRole, Qt::StatusTipRole, Qt::AccessibleTextRole})
+        EXPECT_THAT(gone.data(role).toString().toStdString(), HasSubstr("Not offered by Orders"));
+    EXPECT_THAT(gone.data(Qt::AccessibleTextRole).toString().toStdString(),
+                HasSubstr("2 - CUSTOMER, "));
+    EXPECT_FALSE(gone.data(Qt::DecorationRole).isNull());
+    EXPECT_TRUE(model.index(0, 0).data(Qt::ToolTipRole).isNull());
+    EXPECT_EQ("1 - ORDNO", model.index(0, 0).data(Qt::AccessibleTextRole).toString());
+    const auto& cells = *widget<QTableView>(editor, "ZEKOCriteriaGrid").model();
+    EXPECT_THAT(cells.index(0, criteria_column::Key).data(Qt::ToolTipRole).toString().toStdString(),
+                HasSubstr("choose a key field that is offered"));
+
+    EXPECT_THAT(messages(), AllOf(Contains(HasSubstr("Return field \"2 - CUSTOMER\" is not "
+                                                     "offered by \"Orders\"")),
+                                  Contains(HasSubstr("Key of criterion \"CUSTOMER\""))));
+    command(Command::Save);
+    EXPECT_THAT(site.read("page.asp"), HasSubstr("VALUE=\"2 - CUSTOMER\""));
+}
+
+TEST_F(Health, AReturnFieldIsReplacedInItsPlaceAsOneStep) {
+    PageEditor& editor = openOld();
+    answerDialogs([this](QWidget& dialog) {
+        auto& choices = *dialog.findChild<QListWidget*>("Replacements");
+        said += choices.currentItem()->text().toStdString();
+        press(dialog, "Replace");
+    });
+    command(Command::ReplaceField);
+    // The likest name comes first; what is chosen already does not come.
+    EXPECT_THAT(said, HasSubstr("2 - CUSTNO"));
+    FamilyControls& zeko = dtc(editor).ZEKO;
+    EXPECT_EQ("2 - CUSTNO", zeko.SelectedFieldsList.List(1));
+    EXPECT_EQ(3, zeko.SelectedFieldsList.ListCount());
+    EXPECT_EQ("2 - CUSTNO", zeko.I18NFieldnamesList.List(1));
+    EXPECT_TRUE(zeko.I18NFieldnamesList.Selected(1));
+    EXPECT_EQ(0, zeko.FieldsList.ListCount());
+    EXPECT_EQ("&Undo: ZEKO return fields", window->commands()[Command::Undo]->text());
+    ASSERT_TRUE(eventually([&] { return vanished(editor).size() == 1; }));
+    EXPECT_THAT(messages(), Not(Contains(HasSubstr("Return field"))));
+    command(Command::Undo);
+    EXPECT_EQ(pageWithOldFields(), editor.page().content()->bytes());
+    EXPECT_TRUE(eventually([&] { return vanished(editor).size() == 2; }));
+}
+
+TEST_F(Health, AKeyIsReplacedByWhatAPersonDoes) {
+    PageEditor& editor = openOld();
+    const LiveControl* live = editor.controls().live();
+    EXPECT_EQ("", editor.health().replace(editor.health().vanished()[1], "ORDNO"));
+    EXPECT_EQ(live, editor.controls().live());
+    EXPECT_EQ("ORDNO", dtc(editor).ZEKO.CriteriaGrid.TextMatrix(1, criteria_column::Key));
+    EXPECT_FALSE(dtc(editor).ZEKO.KeyFieldsCombo.Visible());
+    EXPECT_EQ("&Undo: ZEKO criteria", window->commands()[Command::Undo]->text());
+    // CUSTNO is a key of today, which this control was never told of.
+    command(Command::Undo);
+    settle();
+    EXPECT_EQ("", editor.health().replace(editor.health().vanished()[1], "CUSTNO"));
+    EXPECT_EQ("CUSTNO", dtc(editor).ZEKO.CriteriaGrid.TextMatrix(1, criteria_column::Key));
+}
+
+TEST_F(Health, TheCatalogueOfTodayDecides) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    EXPECT_FALSE(editor.health().hasVanished());
+    EXPECT_FALSE(window->commands()[Command::ReplaceField]->isEnabled());
+    site.write("catalogue.json", R"({"providers": [{"name": "Orders", "zeko": {"fields": [],
+                                     "keyFields": []}}]})");
+    command(Command::Refresh);
+    ASSERT_TRUE(eventually([&] { return editor.health().hasVanished(); }));
+    EXPECT_TRUE(window->commands()[Command::ReplaceField]->isEnabled());
+    EXPECT_THAT(messages(), Contains(HasSubstr("Return field \"1 - ORDNO\"")));
+}
+
+TEST_F(Health, EmptyListsSayWhy) {
+    PageEditor& editor = open("page.asp", Site::page(""));
+    const auto why = [&](const char* list) {
+        editor.health().judgeSoon();
+        QTest::qWait(100);
+        return widget<SelectionList>(editor, list).emptyText().toStdString();
+    };
+    EXPECT_EQ("No data provider is chosen on the General tab.", why("ZEKOFieldsList"));
+    dtc(editor).DataProvidersCombo.choose("Stock");
+    dtc(editor).SSTab1.clickTab(1);
+    EXPECT_EQ("The catalogue has no EAI fields of \"Stock\".", why("EAIFieldsList"));
+    EXPECT_EQ("No field is chosen yet.", why("ZEKOSelectedFieldsList"));
+    site.write("catalogue.json", "{");
+    EXPECT_THAT(why("ZEKOFieldsList"), HasSubstr("The catalogue cannot be read"));
+}
+
+}  // namespace
+}  // namespace headerdtc::qt
