@@ -46,6 +46,15 @@ TEST_F(ListsTest, EachActionOnTheSelectionIsOneSelectOfTheModel) {
     EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
     EXPECT_EQ(fields.ListIndex(), twin.ListIndex());
     EXPECT_EQ(qtFocused(), "EAIFieldsList");
+
+    press(Qt::Key_Space);
+    twin.press(Key::of(U' '));
+    EXPECT_EQ(events.take(), plain.events.take());
+    EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
+    // A letter that no item begins with leads nowhere.
+    press(Qt::Key_Z);
+    EXPECT_THAT(events.take(), ElementsAre());
+    EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
 }
 
 TEST_F(ListsTest, AFieldIsAddedWithTheButtonAndWithADoubleClick) {

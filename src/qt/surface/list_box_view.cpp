@@ -78,7 +78,9 @@ void ListBoxView::show() {
 
 bool ListBoxView::keyPressed(const QKeyEvent& event) {
     const auto key = keyOf(event);
-    if (!key || key->shift || !isArrowKey(*key)) return ControlView::keyPressed(event);
+    // The blank too: Qt would select with it and never deselect.
+    const bool isModels = key && !key->shift && (isArrowKey(*key) || key->isBlank());
+    if (!isModels) return ControlView::keyPressed(event);
     act([&] { model_.press(*key); });
     showIfPending();
     return true;

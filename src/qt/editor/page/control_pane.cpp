@@ -62,6 +62,7 @@ ControlPane::ControlPane(EditedPage& page, QWidget* parent)
     area_ = new QScrollArea;
     area_->setFrameShape(QFrame::NoFrame);
     area_->setWidgetResizable(true);
+    area_->setFocusPolicy(Qt::NoFocus);  // no stop for Tab of its own
 
     reason_ = new QLabel;
     reason_->setWordWrap(true);

@@ -103,7 +103,7 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
     // Measured once: to fit the contents all rows would be asked with each result that comes in.
     tree_->header()->resizeSection(
         SiteModel::State,
-        fontMetrics().horizontalAdvance(tr("out of date")) + 3 * fontMetrics().height());
+        fontMetrics().horizontalAdvance(tr("out of date")) + 2 * fontMetrics().height());
     connect(tree_, &QTreeView::activated, this, [this](const QModelIndex& index) {
         const QString page = index.data(SiteModel::PageRole).toString();
         if (!page.isEmpty()) Q_EMIT pageActivated(page);

@@ -117,6 +117,7 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent) : QWidget(parent), re
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);  // no stop for Tab of its own
     area->setWidget(centred);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

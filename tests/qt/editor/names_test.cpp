@@ -1,0 +1,64 @@
+// What assistive technology reads aloud of the windows around the control.
+
+#include "qt/editor/window_fixture.h"
+
+#include <QAccessible>
+
+namespace headerdtc::qt {
+namespace {
+
+using ::testing::IsEmpty;
+
+class Names : public WindowTest {
+  protected:
+    // The widgets that take the focus and have nothing to be called by.
+    static std::vector<std::string> nameless(QWidget& window) {
+        std::vector<std::string> found;
+        for (QWidget* widget : window.findChildren<QWidget*>()) {
+            const bool isReached = (widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
+                                   !widget->focusProxy() && widget->window() == &window;
+            // Parts of other widgets, which are known by those; the main window's own bar of docks.
+            const bool isPart = widget->objectName().startsWith(QLatin1String("qt_")) ||
+                                qobject_cast<QComboBox*>(widget->parentWidget()) ||
+                                qobject_cast<QMainWindow*>(widget->parentWidget());
+            if (!isReached || isPart) continue;
+            const QAccessibleInterface* face = QAccessible::queryAccessibleInterface(widget);
+            if (face && !face->text(QAccessible::Name).isEmpty()) continue;
+            found.push_back(std::string(widget->metaObject()->className()) + " " +
+                            widget->objectName().toStdString());
+        }
+        return found;
+    }
+};
+
+TEST_F(Names, EveryWidgetOfTheWindowHasAName) {
+    EXPECT_THAT(nameless(*window), IsEmpty()) << "at the start";
+    PageEditor& editor = open("page.asp", ordersPage());
+    editor.insertControl();  // for the choice between two
+    editor.find();
+    for (int tab = 0; tab < 6; ++tab) {
+        dtc(editor).SSTab1.clickTab(tab);
+        settle();
+        EXPECT_THAT(nameless(*window), IsEmpty()) << "tab " << tab;
+    }
+    open("plain.asp", "<html>\n</html>\n");
+    EXPECT_THAT(nameless(*window), IsEmpty()) << "without a control";
+}
+
+TEST_F(Names, EveryWidgetOfTheDialogsHasAName) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    answerDialogs([](QWidget& dialog) {
+        EXPECT_THAT(nameless(dialog), IsEmpty()) << dialog.objectName().toStdString();
+        dialog.close();
+    });
+    command(Command::Settings);
+    command(Command::About);
+    toggleExtraFilters(editor);
+    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    site.write("page.asp", "<!-- theirs -->" + ordersPage());
+    command(Command::Save);
+    command(Command::Close);
+}
+
+}  // namespace
+}  // namespace headerdtc::qt
