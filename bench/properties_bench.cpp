@@ -5,6 +5,7 @@
 #include "host/page/text_property_bag.h"
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 namespace headerdtc::bench {
 namespace {
@@ -14,6 +15,25 @@ constexpr int Fields = 1600;  // in each of twenty lists
 void perProperty(benchmark::State& state, std::size_t properties) {
     state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(properties));
     state.counters["properties"] = static_cast<double>(properties);
+}
+
+// What reading a page's properties takes of memory, in sizes of that page: the stored texts and
+// what the control keeps of them.
+double memoryInPages() {
+    const std::string page =
+        writeControl("page.asp", {"HeaderDTC1", storedPropertiesOf(Fields), {}},
+                     CodePage("windows-1252"))
+            .append("\r\n");
+    const auto taken = [] {
+        const auto info = mallinfo2();
+        return static_cast<double>(info.uordblks + info.hblkhd);
+    };
+    const double before = taken();
+    const auto control = std::make_unique<ConfiguredControl>(0);
+    const PageMarkup markup("page.asp", page, CodePage("windows-1252"));
+    StoredPropertyBag bag(markup.controls().front().properties);
+    control->dtc.UserControl_ReadProperties(bag);
+    return (taken() - before) / static_cast<double>(page.size());
 }
 
 void UserControl_ReadProperties(benchmark::State& state) {
@@ -29,6 +49,7 @@ void UserControl_ReadProperties(benchmark::State& state) {
         state.ResumeTiming();
     }
     perProperty(state, stored.size());
+    state.counters["memory in pages"] = memoryInPages();
 }
 BENCHMARK(UserControl_ReadProperties)->Unit(benchmark::kMicrosecond);
 

@@ -41,8 +41,9 @@ void AnnotationReport::finding(const Finding& finding) {
                   "::" + asMessage(finding.remark.text + ": " + finding.remark.advice));
 }
 
-void AnnotationReport::failure(const std::string& page, const std::string& text) {
-    printLine(stdout, "::error file=" + asValue(page) + ",title=not checked::" + asMessage(text));
+void AnnotationReport::failure(const std::string& page, const PageFailure& failure) {
+    printLine(stdout,
+              "::error file=" + asValue(page) + ",title=not checked::" + asMessage(failure.text));
 }
 
 }  // namespace headerdtc::cli

@@ -9,7 +9,7 @@ namespace headerdtc::cli {
 class AnnotationReport : public CheckReport {
   public:
     void finding(const Finding& finding) override;
-    void failure(const std::string& page, const std::string& text) override;
+    void failure(const std::string& page, const PageFailure& failure) override;
 };
 
 }  // namespace headerdtc::cli

@@ -47,11 +47,10 @@ Comparison compare(const CommonOptions& common, const CatalogueOptions& options)
         before = Catalogue::parse(result.file.string(), read.bytes);
         result.stamp = read.stamp;
     }
-    const auto tables =
-        readDatabaseTables(options.connectString, site->database.settings(), options.filter);
-    if (tables.empty())
-        printLine(stderr, "the database has no table of that kind; see --table, --schema, --views");
-    result.merged = mergeTables(before, tables, options.merge);
+    result.merged = mergeTables(
+        before,
+        readDatabaseTables(options.connectString, site->database.settings(), options.filter),
+        options.merge);
     return result;
 }
 

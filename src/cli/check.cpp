@@ -1,4 +1,5 @@
 #include "cli/check_report.h"
+#include "cli/interruption.h"
 #include "cli/output.h"
 #include "cli/progress.h"
 #include "cli/site_commands.h"
@@ -26,10 +27,10 @@ void tell(const InspectedPage& page, const std::string& name, bool named, CheckR
         ++(finding.severity == Severity::Error ? totals.errors : totals.warnings);
         report.finding(finding);
     }
-    if (!page.failure.empty()) {
+    if (page.failure) {
         ++totals.failed;
-        totals.misconfigured = totals.misconfigured || page.notConfigured;
-        report.failure(name, page.failure);
+        if (page.failure->of == PageFailure::Of::Configuration) totals.misconfigured = true;
+        report.failure(name, *page.failure);
     } else if (!page.hasControl && named) {
         printMessage(name, "holds no HeaderDTC control");
     }
@@ -41,26 +42,31 @@ int check(const CommonOptions& common, const CheckOptions& options) {
     if (options.listRules) return listRules();
     Sites sites(common.only());
     SiteFactsCache facts;
-    const SitePages pages = findSitePages(options.paths);
+    const SitePages pages = findSitePages(options.paths.all());
     const auto report = makeCheckReport(options);
     CheckTotals totals{.pages = pages.pages.size()};
     report->begin();
-    for (const std::string& problem : pages.problems) {
+    for (const auto& problem : pages.problems) {
         ++totals.failed;
-        report->failure(problem.substr(0, problem.find(": ")),
-                        problem.substr(problem.find(": ") + 2));
+        report->failure(problem.path, {PageFailure::Of::Page, problem.reason});
     }
     Progress progress(pages.pages.size(), options.quiet);
-    runInOrder<InspectedPage>(
+    const Interruption interruption;
+    const std::size_t done = runInOrder<InspectedPage>(
         pages.pages.size(), options.jobs,
         [&](std::size_t page) { return inspectPage(pages.pages[page], sites, facts); },
         [&](std::size_t page, const InspectedPage& inspected) {
             progress.hide();
             tell(inspected, pages.pages[page].string(), pages.named[page], *report, totals);
         },
-        [&](std::size_t finished) { progress.show(finished); });
+        [&](std::size_t finished) {
+            progress.show(finished);
+            return !Interruption::seen();
+        });
+    totals.left = pages.pages.size() - done;
     report->end(totals);
     progress.end(totals.summary());
+    if (totals.left > 0) tellOfPagesLeft(pages, done);
     return totals.status();
 }
 

@@ -25,8 +25,8 @@ void CheckJson::finding(const Finding& finding) {
     lines_.write(line);
 }
 
-void CheckJson::failure(const std::string& page, const std::string& text) {
-    lines_.write({{"type", "failure"}, {"page", page}, {"message", text}});
+void CheckJson::failure(const std::string& page, const PageFailure& failure) {
+    lines_.write({{"type", "failure"}, {"page", page}, {"message", failure.text}});
 }
 
 void CheckJson::end(const CheckTotals& totals) {

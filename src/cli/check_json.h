@@ -10,7 +10,7 @@ class CheckJson : public CheckReport {
   public:
     void begin() override;
     void finding(const Finding& finding) override;
-    void failure(const std::string& page, const std::string& text) override;
+    void failure(const std::string& page, const PageFailure& failure) override;
     void end(const CheckTotals& totals) override;
 
   private:

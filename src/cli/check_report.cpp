@@ -2,10 +2,9 @@
 
 #include "cli/annotations.h"
 #include "cli/check_json.h"
+#include "cli/failure_lines.h"
 #include "cli/output.h"
 #include "cli/sarif.h"
-
-#include <set>
 
 namespace headerdtc::cli {
 namespace {
@@ -28,18 +27,18 @@ class TextCheckReport : public CheckReport {
         printLine(stdout, visible("    " + placeOf(finding) + ": " + finding.remark.advice));
     }
 
-    void failure(const std::string& page, const std::string& text) override {
-        // What is wrong with a whole site is said once, not for each of its pages.
-        if (said_.insert(text).second) printMessage(page, text);
+    void failure(const std::string& page, const PageFailure& failure) override {
+        failures_.print(page, failure);
     }
 
   private:
-    std::set<std::string> said_;
+    FailureLines failures_;
 };
 
 }  // namespace
 
 ExitStatus CheckTotals::status() const {
+    if (left > 0) return Interrupted;
     if (misconfigured) return WrongUsage;
     if (failed > 0) return PageNotDone;
     return errors + warnings > 0 ? CheckFoundSomething : Done;

@@ -2,6 +2,7 @@
 
 #include "cli/site_commands.h"
 #include "host/inspection/finding.h"
+#include "host/inspection/page_failure.h"
 
 #include <cstddef>
 #include <memory>
@@ -14,6 +15,7 @@ struct CheckTotals {
     std::size_t pages = 0;  // looked at
     std::size_t errors = 0, warnings = 0;
     std::size_t failed = 0;  // not checked
+    std::size_t left = 0;    // not come to, when it was interrupted
     bool misconfigured = false;
 
     ExitStatus status() const;
@@ -27,7 +29,7 @@ class CheckReport {
     virtual void begin() {}
     virtual void finding(const Finding& finding) = 0;
     // A page, or a path, that could not be checked.
-    virtual void failure(const std::string& page, const std::string& text) = 0;
+    virtual void failure(const std::string& page, const PageFailure& failure) = 0;
     virtual void end(const CheckTotals&) {}
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "cli/path_list.h"
+
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -14,6 +16,7 @@ enum ExitStatus : int {
     CheckFoundSomething = 1,
     WrongUsage = 2,   // wrong usage or configuration
     PageNotDone = 3,  // at least one page could not be done
+    Interrupted = 130,
 };
 
 // Options that every command takes.
@@ -26,7 +29,7 @@ struct CommonOptions {
 };
 
 struct GenerateOptions {
-    std::vector<std::string> paths;
+    PathList paths;
     bool print = false;
     bool check = false;
     bool diff = false;  // with check: what would change, in the place of the list

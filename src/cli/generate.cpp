@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/generate_report.h"
+#include "cli/interruption.h"
 #include "cli/output.h"
 #include "cli/progress.h"
 #include "host/generation/site_generation.h"
@@ -39,19 +40,20 @@ ExitStatus print(Sites& sites, const std::string& page) {
 int generate(const CommonOptions& common, const GenerateOptions& options) {
     Sites sites(common.only());
     if (options.print) {
-        if (options.paths.size() != 1) {
+        const auto paths = options.paths.all();
+        if (paths.size() != 1) {
             printLine(stderr, "headerdtc: --print takes one page");
             return WrongUsage;
         }
-        return guarded([&] { return print(sites, options.paths.front()); });
+        return guarded([&] { return print(sites, paths.front()); });
     }
 
-    const SitePages pages = findSitePages(options.paths);
+    const SitePages pages = findSitePages(options.paths.all());
     const auto report = makeGenerateReport(sites, options);
     GenerateTotals totals{.pages = pages.pages.size()};
     report->begin();
-    for (const std::string& problem : pages.problems) {
-        report->problem(problem);
+    for (const auto& problem : pages.problems) {
+        report->problem(problem.text());
         ++totals.failed;
     }
     SiteGeneration generation(
@@ -60,16 +62,24 @@ int generate(const CommonOptions& common, const GenerateOptions& options) {
                 .jobs = options.jobs,
                 .keepBytes = options.check && (options.diff || options.json)});
     Progress progress(pages.pages.size(), options.quiet);
+    const Interruption interruption;
+    std::size_t told = 0;
     generation.run(
         pages.pages,
         [&](const SiteGeneration::Done& done) {
             progress.hide();
+            ++told;
             totals.add(done.page.verdict);
             report->page(pages.pages[done.index].string(), pages.named[done.index], done);
         },
-        [&](std::size_t finished) { progress.show(finished); });
+        [&](std::size_t finished) {
+            if (Interruption::seen()) generation.cancel();
+            progress.show(finished);
+        });
+    totals.left = pages.pages.size() - told;
     report->end(totals);
     progress.end(totals.summary(options));
+    if (totals.left > 0) tellOfPagesLeft(pages, told);
     return totals.status(options);
 }
 

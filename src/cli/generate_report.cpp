@@ -65,6 +65,7 @@ void GenerateTotals::add(Verdict verdict) {
 }
 
 ExitStatus GenerateTotals::status(const GenerateOptions& options) const {
+    if (left > 0) return Interrupted;
     if (misconfigured) return WrongUsage;
     if (failed > 0) return PageNotDone;
     return options.check && stale > 0 ? CheckFoundSomething : Done;

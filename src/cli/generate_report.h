@@ -15,6 +15,7 @@ struct GenerateTotals {
     std::size_t pages = 0;   // looked at
     std::size_t stale = 0;   // out of date with --check, else written
     std::size_t failed = 0;  // not done
+    std::size_t left = 0;    // not come to, when it was interrupted
     bool misconfigured = false;
 
     void add(GeneratedPage::Verdict verdict);

@@ -1,11 +1,17 @@
 #include "cli/commands.h"
 #include "cli/completion.h"
+#include "cli/output.h"
 #include "cli/site_commands.h"
 #include "cli/version.h"
+#include "cli/wrong_usage.h"
+#include "host/odbc/secrets.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <exception>
+#include <system_error>
 
 namespace {
 
@@ -36,8 +42,7 @@ Exit status: 0 done, 1 --check found something, 2 wrong usage or configuration,
 
 CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     auto* command = app.add_subcommand("generate", "Write the server script of pages");
-    command->add_option("PATH", options.paths, "pages, or folders with pages (*.asp, *.inc)")
-        ->required();
+    addPathList(*command, options.paths, "pages, or folders with pages (*.asp, *.inc)");
     auto* print = command->add_flag("--print", options.print,
                                     "write the runtime text to standard output, save nothing");
     auto* check = command->add_flag("--check", options.check,
@@ -54,6 +59,9 @@ CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     print->excludes(check)->excludes(force)->excludes(diff)->excludes(json);
     check->excludes(force);
     diff->needs(check);
+    command->callback([&options] {
+        if (options.paths.empty()) throw CLI::RequiredError("PATH");
+    });
     command->footer(
         "A page is rewritten only when its bytes change, and left as it was, with the reason, "
         "when\n"
@@ -104,7 +112,11 @@ int run(int argc, char** argv) {
     } catch (const CLI::Success& help) {
         return app.exit(help);
     } catch (const CLI::ParseError& error) {
-        app.exit(error);
+        std::string said = unknownWord(app, {argv + 1, argv + argc});
+        if (said.empty()) said = error.what();
+        // A connect string may be among the words that are told.
+        printLine(stderr, "headerdtc: " + headerdtc::maskSecrets(said) + "\n" +
+                              "Run with --help for more information.");
         return WrongUsage;
     }
 
@@ -118,11 +130,22 @@ int run(int argc, char** argv) {
     return WrongUsage;
 }
 
+// Results that nobody could be given are a failure like others.
+int afterFlushing(int status) {
+    errno = 0;
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+    std::fprintf(stderr, "headerdtc: the standard output cannot be written: %s\n",
+                 std::generic_category().message(errno != 0 ? errno : EIO).c_str());
+    return PageNotDone;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A file that would become too large is a failure to be reported, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
-        return run(argc, argv);
+        return afterFlushing(run(argc, argv));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "headerdtc: %s\n", error.what());
     } catch (...) {

@@ -1,24 +1,19 @@
 #include "host/automation/replay.h"
 
 #include "cli/diff_output.h"
+#include "cli/input.h"
+#include "cli/interruption.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
 #include "host/generation/site_pages.h"
 #include "host/inspection/ordered_run.h"
 
-#include <iostream>
-#include <iterator>
 #include <set>
 
 namespace headerdtc::cli {
 namespace {
 
 using Outcome = ReplayedPage::Outcome;
-
-std::string readScript(const std::string& file) {
-    if (file == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
-    return readWholeFile(file).bytes;
-}
 
 // Shows what a script would change, page by page, and writes it where that is wanted.
 class Replay {
@@ -38,7 +33,7 @@ class Replay {
         }
         switch (replayed.outcome) {
             case Outcome::NoControl:
-                if (named) printMessage(page, "holds no HeaderDTC control");
+                if (named) missControl(page);
                 break;
             case Outcome::Unchanged:
                 break;
@@ -76,6 +71,13 @@ class Replay {
     }
 
   private:
+    // Of a page that was named; of those found in folders not every one has to have it.
+    void missControl(const std::string& page) {
+        if (options_.control.empty()) return printMessage(page, "holds no HeaderDTC control");
+        ++failed_;
+        printMessage(page, "there is no control with the ID '" + options_.control + "'");
+    }
+
     void change(const std::string& page, const ReplayedPage& replayed) {
         ++changed_;
         printDiff(page, replayed.before, replayed.after,
@@ -101,22 +103,34 @@ class Replay {
 
 int replay(const CommonOptions& common, const ReplayOptions& options) {
     return guarded([&] {
-        const std::string script = readScript(options.script);
+        const std::string script = readInput(options.script);
+        if (!scriptSaves(script)) {
+            printLine(stderr,
+                      options.script + ": the script saves no page; end it with {\"do\":\"save\"}");
+            return WrongUsage;
+        }
         Sites sites(common.only());
         const SitePages pages = findSitePages(options.paths);
         Replay replay(sites, options);
-        for (const std::string& problem : pages.problems) {
-            printLine(stderr, problem);
+        for (const auto& problem : pages.problems) {
+            printLine(stderr, problem.text());
             replay.fail();
         }
-        runInOrder<ReplayedPage>(
+        const Interruption interruption;
+        const std::size_t done = runInOrder<ReplayedPage>(
             pages.pages.size(), options.jobs,
             [&](std::size_t page) {
                 return replayOnPage(sites, pages.pages[page], options.control, script);
             },
             [&](std::size_t page, const ReplayedPage& replayed) {
                 replay.take(pages.pages[page].string(), pages.named[page], replayed);
-            });
+            },
+            [](std::size_t) { return !Interruption::seen(); });
+        if (done < pages.pages.size()) {
+            tellOfPagesLeft(pages, done);
+            printLine(stderr, "nothing was written");
+            return Interrupted;
+        }
         replay.end();
         return replay.status();
     });

@@ -81,10 +81,10 @@ void SarifReport::finding(const Finding& finding) {
                                      {"logicalLocations", Json::array({logical})}}})}});
 }
 
-void SarifReport::failure(const std::string& page, const std::string& text) {
+void SarifReport::failure(const std::string& page, const PageFailure& failure) {
     notifications_.push_back(
         {{"level", "error"},
-         {"message", {{"text", text}}},
+         {"message", {{"text", failure.text}}},
          {"locations",
           Json::array({{{"physicalLocation", {{"artifactLocation", locationOf(page)}}}}})}});
 }

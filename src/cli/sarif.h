@@ -10,7 +10,7 @@ namespace headerdtc::cli {
 class SarifReport : public CheckReport {
   public:
     void finding(const Finding& finding) override;
-    void failure(const std::string& page, const std::string& text) override;
+    void failure(const std::string& page, const PageFailure& failure) override;
     void end(const CheckTotals& totals) override;
 
   private:

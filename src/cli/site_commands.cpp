@@ -14,11 +14,16 @@ void addJobs(CLI::App& command, int& jobs) {
         ->check(CLI::Range(1, 256));
 }
 
+void addSitePath(CLI::App& command, std::string& place) {
+    command.add_option("PATH", place, "a page or folder of the site (default: this folder)")
+        ->check(CLI::ExistingPath);
+}
+
 Command addCheck(CLI::App& app, const CommonOptions& common) {
     const auto options = std::make_shared<CheckOptions>();
     auto* command = app.add_subcommand("check", "Look for faults in pages");
     auto* paths =
-        command->add_option("PATH", options->paths, "pages, or folders with pages (*.asp, *.inc)");
+        addPathList(*command, options->paths, "pages, or folders with pages (*.asp, *.inc)");
     auto* json = command->add_flag("--json", options->json, "one JSON object a finding");
     auto* sarif = command->add_flag("--sarif", options->sarif, "a SARIF 2.1.0 log");
     auto* annotations = command->add_flag("--annotations", options->annotations,
@@ -29,8 +34,8 @@ Command addCheck(CLI::App& app, const CommonOptions& common) {
     json->excludes(sarif)->excludes(annotations);
     sarif->excludes(annotations);
     rules->excludes(paths);
-    command->callback([paths, rules] {
-        if (rules->count() == 0 && paths->count() == 0) throw CLI::RequiredError("PATH");
+    command->callback([options, rules] {
+        if (rules->count() == 0 && options->paths.empty()) throw CLI::RequiredError("PATH");
     });
     command->footer(
         "Nothing is written. Each finding has its page, line, control, query family, row and "
@@ -85,8 +90,8 @@ Command addWhere(CLI::App& app, const CommonOptions& common) {
         ->type_name(FileType);
     command->add_option("--label", words->label,
                         "a label that translates fields or values (asks the database)");
-    command->add_option("PATH", words->options.paths,
-                        "pages, or folders with pages (default: this folder)");
+    addPathList(*command, words->options.paths,
+                "pages, or folders with pages (default: this folder)");
     command->add_flag("--json", words->options.json, "one JSON object a place");
     addJobs(*command, words->options.jobs);
     command->callback([words] { words->choose(); });
@@ -98,8 +103,7 @@ Command addWhere(CLI::App& app, const CommonOptions& common) {
 Command addDoctor(CLI::App& app, const CommonOptions& common) {
     const auto options = std::make_shared<DoctorOptions>();
     auto* command = app.add_subcommand("doctor", "Examine the set-up of a site");
-    command->add_option("PATH", options->place,
-                        "a page or folder of the site (default: this folder)");
+    addSitePath(*command, options->place);
     command->add_flag("--json", options->json, "one JSON object a link");
     command->footer(
         "Looks at everything that a site needs, from its configuration to the tables of its\n"
@@ -116,10 +120,6 @@ void addTranslationOptions(CLI::App& command, TranslationOptions& options) {
                     "only this language, by its locale (1031); may be given several times")
         ->allow_extra_args(false)
         ->check(CLI::Range(1, 999999999));
-}
-
-void addSitePath(CLI::App& command, std::string& place) {
-    command.add_option("PATH", place, "a page or folder of the site (default: this folder)");
 }
 
 // One page is driven over standard input and output; with --over a script is replayed over many.

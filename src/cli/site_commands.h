@@ -16,7 +16,7 @@ class App;
 namespace headerdtc::cli {
 
 struct CheckOptions {
-    std::vector<std::string> paths;
+    PathList paths;
     bool listRules = false;
     bool json = false, sarif = false, annotations = false;
     bool quiet = false;
@@ -25,7 +25,7 @@ struct CheckOptions {
 
 struct WhereOptions {
     WhereQuery query;
-    std::vector<std::string> paths{"."};
+    PathList paths;  // none: this folder
     bool json = false;
     int jobs = 0;  // 0: one for each core
 };

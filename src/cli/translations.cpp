@@ -1,5 +1,6 @@
 // The commands on translations: check, export, import.
 
+#include "cli/input.h"
 #include "cli/json_lines.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
@@ -23,7 +24,9 @@ constexpr int SchemaVersion = 1;
 std::vector<std::string> localesOf(const TranslationTable& table,
                                    const TranslationOptions& options) {
     if (options.locales.empty()) return table.locales;
-    std::vector<std::string> locales = options.locales;
+    std::vector<std::string> locales;
+    for (const std::string& locale : options.locales)
+        locales.push_back(localeNumber(locale));
     std::sort(locales.begin(), locales.end(), localeLess);
     locales.erase(std::unique(locales.begin(), locales.end()), locales.end());
     std::erase(locales, SourceLocale);
@@ -111,6 +114,7 @@ std::size_t count(const std::vector<ImportStep>& plan, Action action) {
 }
 
 void tellAsText(const std::vector<ImportStep>& plan, bool written) {
+    const std::size_t added = count(plan, Action::Add), changed = count(plan, Action::Change);
     for (const ImportStep& step : plan) {
         std::string line = "line " + std::to_string(step.line) + ": " + step.label;
         if (!step.locale.empty()) line += " " + step.locale;
@@ -121,11 +125,10 @@ void tellAsText(const std::vector<ImportStep>& plan, bool written) {
             line += ": \"" + visible(step.before) + "\" is now \"" + visible(step.after) + "\"";
         printLine(stdout, line);
     }
-    printLine(stdout, std::to_string(count(plan, Action::Add)) + " added, " +
-                          std::to_string(count(plan, Action::Change)) + " changed, " +
+    printLine(stdout, std::to_string(added) + " added, " + std::to_string(changed) + " changed, " +
                           std::to_string(count(plan, Action::None)) + " unchanged, " +
                           std::to_string(count(plan, Action::Refuse)) + " refused; " +
-                          (written ? "written" : "nothing was written"));
+                          (written && added + changed > 0 ? "written" : "nothing was written"));
 }
 
 void tellAsJson(const std::vector<ImportStep>& plan, bool written, ExitStatus status) {
@@ -157,7 +160,7 @@ void tellAsJson(const std::vector<ImportStep>& plan, bool written, ExitStatus st
 // A file in whatever code page a spreadsheet left it is read as UTF-8: what is none is said, rather
 // than stored.
 std::string readUtf8(const std::string& file) {
-    std::string bytes = readWholeFile(file).bytes;
+    std::string bytes = readInput(file);
     const CodePage& utf8 = CodePage::utf8();
     if (utf8.decode(bytes) != bytes)
         throw FileError(file, "it is no UTF-8; save it from the spreadsheet as \"CSV UTF-8\"");
@@ -214,6 +217,10 @@ int importTranslations(const CommonOptions& common, const TranslationImportOptio
         Sites sites(common.only());
         const auto site = sites.forPage(options.common.place);
         const auto file = TranslationFile::parse(options.file, readUtf8(options.file));
+        for (const std::string& head : file.passedOver)
+            printLine(stderr, options.file + ": the column \"" + visible(head) +
+                                  "\" is passed over; that of a language is headed by its locale, "
+                                  "like 1031");
         if (!file.hasStates)
             printLine(stderr, options.file +
                                   ": has no column \"state\"; what was changed in the database "

@@ -1,11 +1,11 @@
+#include "cli/failure_lines.h"
+#include "cli/interruption.h"
 #include "cli/json_lines.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
 #include "host/generation/site_pages.h"
 #include "host/inspection/ordered_run.h"
 #include "host/inspection/where_used.h"
-
-#include <set>
 
 namespace headerdtc::cli {
 namespace {
@@ -15,9 +15,11 @@ constexpr int SchemaVersion = 1;
 // What looking into a site came to.
 struct WhereTotals {
     std::size_t pages = 0, pagesUsing = 0, uses = 0, failed = 0;
+    std::size_t left = 0;  // not come to, when it was interrupted
     bool misconfigured = false;
 
     ExitStatus status() const {
+        if (left > 0) return Interrupted;
         if (misconfigured) return WrongUsage;
         return failed > 0 ? PageNotDone : Done;
     }
@@ -38,9 +40,9 @@ class WhereReport {
         printLine(stdout, line + ": " + visible(use.item.text));
     }
 
-    void failure(const std::string& page, const std::string& text) {
-        if (json_) return lines_.write({{"type", "failure"}, {"page", page}, {"message", text}});
-        if (said_.insert(text).second) printMessage(page, text);
+    void failure(const std::string& page, const PageFailure& failure) {
+        if (!json_) return failures_.print(page, failure);
+        lines_.write({{"type", "failure"}, {"page", page}, {"message", failure.text}});
     }
 
     void end(const WhereTotals& totals) {
@@ -69,7 +71,7 @@ class WhereReport {
 
     bool json_;
     JsonLines lines_;
-    std::set<std::string> said_;
+    FailureLines failures_;
 };
 
 }  // namespace
@@ -77,15 +79,16 @@ class WhereReport {
 int where(const CommonOptions& common, const WhereOptions& options) {
     Sites sites(common.only());
     WhereUsed whereUsed(sites, options.query);
-    const SitePages pages = findSitePages(options.paths);
+    const SitePages pages =
+        findSitePages(options.paths.empty() ? std::vector<std::string>{"."} : options.paths.all());
     WhereReport report(options.json);
     WhereTotals totals{.pages = pages.pages.size()};
-    for (const std::string& problem : pages.problems) {
+    for (const auto& problem : pages.problems) {
         ++totals.failed;
-        report.failure(problem.substr(0, problem.find(": ")),
-                       problem.substr(problem.find(": ") + 2));
+        report.failure(problem.path, {PageFailure::Of::Page, problem.reason});
     }
-    runInOrder<PageUses>(
+    const Interruption interruption;
+    const std::size_t done = runInOrder<PageUses>(
         pages.pages.size(), options.jobs,
         [&](std::size_t page) { return whereUsed.lookInto(pages.pages[page]); },
         [&](std::size_t index, const PageUses& found) {
@@ -94,12 +97,15 @@ int where(const CommonOptions& common, const WhereOptions& options) {
                 report.use(page, use);
             totals.uses += found.uses.size();
             totals.pagesUsing += found.uses.empty() ? 0 : 1;
-            if (found.failure.empty()) return;
+            if (!found.failure) return;
             ++totals.failed;
-            totals.misconfigured = totals.misconfigured || found.notConfigured;
-            report.failure(page, found.failure);
-        });
+            if (found.failure->of == PageFailure::Of::Configuration) totals.misconfigured = true;
+            report.failure(page, *found.failure);
+        },
+        [](std::size_t) { return !Interruption::seen(); });
+    totals.left = pages.pages.size() - done;
     report.end(totals);
+    if (totals.left > 0) tellOfPagesLeft(pages, done);
     return totals.status();
 }
 

@@ -13,19 +13,26 @@ namespace headerdtc {
 // event.
 class Subscription {
   public:
+    // The place of a handler in its event.
+    class Slot {
+      public:
+        virtual ~Slot() = default;
+        virtual void cancel() = 0;
+    };
+
     Subscription() = default;
-    explicit Subscription(std::function<void()> cancel) : cancel_(std::move(cancel)) {}
-    Subscription(Subscription&& other) noexcept : cancel_(std::exchange(other.cancel_, nullptr)) {}
+    explicit Subscription(std::weak_ptr<Slot> slot) : slot_(std::move(slot)) {}
+    Subscription(Subscription&&) noexcept = default;
     Subscription& operator=(Subscription&& other) noexcept {
-        Subscription(std::move(other)).cancel_.swap(cancel_);
+        Subscription(std::move(other)).slot_.swap(slot_);
         return *this;
     }
     ~Subscription() {
-        if (cancel_) cancel_();
+        if (const auto slot = slot_.lock()) slot->cancel();
     }
 
   private:
-    std::function<void()> cancel_;
+    std::weak_ptr<Slot> slot_;
 };
 
 // The subscriptions of one listener.
@@ -56,16 +63,8 @@ class Event {
 
     [[nodiscard]] Subscription subscribe(Handler handler) {
         if (!state_) state_ = std::make_shared<State>();
-        const auto slot = std::make_shared<Slot>(std::move(handler));
-        state_->slots.push_back(slot);
-        return Subscription([state = std::weak_ptr(state_), slot = std::weak_ptr(slot)] {
-            const auto cancelled = slot.lock();
-            const auto left = state.lock();
-            if (!cancelled || !left) return;
-            cancelled->active = false;
-            left->cancelled = true;
-            left->tidy();
-        });
+        state_->slots.push_back(std::make_shared<Slot>(state_, std::move(handler)));
+        return Subscription(state_->slots.back());
     }
 
     void raise(Args... args) const {
@@ -80,9 +79,16 @@ class Event {
     }
 
   private:
-    struct Slot {
-        explicit Slot(Handler handlerOfSlot) : handler(std::move(handlerOfSlot)) {}
-        Handler handler;
+    struct State;
+    struct Slot : Subscription::Slot {
+        Slot(std::weak_ptr<State> ofState, Handler ofSlot)
+            : state(std::move(ofState)), handler(std::move(ofSlot)) {}
+        void cancel() override {
+            active = false;
+            if (const auto left = state.lock()) left->remove(this);
+        }
+        const std::weak_ptr<State> state;
+        const Handler handler;
         bool active = true;
     };
     struct State {
@@ -90,12 +96,23 @@ class Event {
         int raisings = 0;        // under way, one inside the other
         bool cancelled = false;  // slots that are no longer active may be there
 
+        // The caller keeps the slot: what its handler holds may itself be a subscription to this
+        // event, and is destroyed last.
+        void remove(const Slot* gone) {
+            if (raisings > 0) {
+                cancelled = true;
+                return;
+            }
+            const auto place = std::find_if(slots.begin(), slots.end(), [gone](const auto& slot) {
+                return slot.get() == gone;
+            });
+            if (place != slots.end()) slots.erase(place);
+        }
         void tidy() {
             if (!cancelled || raisings > 0) return;
             cancelled = false;
             const auto gone = std::stable_partition(slots.begin(), slots.end(),
                                                     [](const auto& slot) { return slot->active; });
-            // Destroyed last: what a handler holds may itself be a subscription to this event.
             const std::vector<std::shared_ptr<Slot>> dying(gone, slots.end());
             slots.erase(gone, slots.end());
         }

@@ -16,17 +16,19 @@ class GapVector {
     T& operator[](int index) { return store_[place(index)]; }
     const T& operator[](int index) const { return store_[place(index)]; }
 
-    void insert(int index, T value) {
+    // Puts in an empty one and gives it.
+    T& insert(int index) {
         if (gapSize_ == 0) grow();
         moveGap(index);
-        store_[at(gapStart_)] = std::move(value);
-        ++gapStart_;
         --gapSize_;
+        T& item = store_[at(gapStart_++)];
+        item = T{};  // what was moved away may have left something behind
+        return item;
     }
 
     void erase(int index) {
         moveGap(index);
-        store_[at(gapStart_ + gapSize_)] = T{};
+        store_[at(gapStart_ + gapSize_)] = T{};  // frees what it held
         ++gapSize_;
     }
 

@@ -21,7 +21,7 @@ void ListItems::refuse() {
 void ListItems::insert(int index, std::string text) {
     if (index != count()) require(index);
     if (count() >= MaxListCount) throw RuntimeError(ErrorNumber::Overflow);
-    items_.insert(index, {std::move(text), false});
+    items_.insert(index).text = std::move(text);
 }
 
 void ListItems::remove(int index) {

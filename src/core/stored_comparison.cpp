@@ -4,6 +4,7 @@
 #include "core/stored_values.h"
 #include "platform/runtime_error.h"
 
+#include <algorithm>
 #include <set>
 #include <string_view>
 #include <unordered_map>
@@ -55,11 +56,24 @@ class WrittenEntries {
     std::set<std::pair<std::string_view, std::string>> entries_;
 };
 
+// A page that the control wrote itself comes back like this.
+bool isWrittenAsStored(const std::vector<std::pair<std::string, std::string>>& stored,
+                       const std::vector<std::pair<std::string, PropertyValue>>& written) {
+    return std::equal(stored.begin(), stored.end(), written.begin(), written.end(),
+                      [](const auto& before, const auto& after) {
+                          if (before.first != after.first) return false;
+                          const auto* text = std::get_if<std::string>(&after.second);
+                          return text ? *text == before.second
+                                      : pageText(after.second) == before.second;
+                      });
+}
+
 }  // namespace
 
 std::vector<LostProperty> findLosses(
     const std::vector<std::pair<std::string, std::string>>& stored,
     const std::vector<std::pair<std::string, PropertyValue>>& written) {
+    if (isWrittenAsStored(stored, written)) return {};
     std::unordered_map<std::string_view, const PropertyValue*> rewritten;
     rewritten.reserve(written.size());
     WrittenEntries entries;

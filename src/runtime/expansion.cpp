@@ -1,5 +1,6 @@
 #include "runtime/expansion.h"
 
+#include "platform/runtime_error.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -51,9 +52,26 @@ void Expansion::replace(std::string value) {
 
     const std::string& kept = sources_.emplace_back(std::move(value));
     scan(kept);
+    checkRoom(places.size(), pieces_[places.front()].text.size(), kept.size());
     for (const PieceIndex place : places) {
         size_ += kept.size() - pieces_[place].text.size();
         putScanned(place);
+    }
+}
+
+void Expansion::checkRoom(std::size_t places, std::size_t lengthNow, std::size_t lengthThen) const {
+    constexpr std::size_t MostMebibytes = 64;
+    constexpr std::size_t MostBytes = MostMebibytes * 1024 * 1024;
+    constexpr std::size_t MostPieces = 4'000'000;
+    const bool fits =
+        pieces_.size() < MostPieces && size_ < MostBytes &&
+        (scanned_.empty() || places < (MostPieces - pieces_.size()) / scanned_.size()) &&
+        (lengthThen <= lengthNow || places < (MostBytes - size_) / (lengthThen - lengthNow));
+    if (!fits) {
+        constexpr int OutOfStringSpace = 14;
+        throw RuntimeError(OutOfStringSpace,
+                           "Out of string space: the text would become larger than " +
+                               std::to_string(MostMebibytes) + " MiB");
     }
 }
 

@@ -53,7 +53,9 @@ class Expansion {
     Expansion(const Expansion&) = delete;
     Expansion& operator=(const Expansion&) = delete;
 
-    // Does the next step; there must be one left.
+    // Does the next step; there must be one left. Raises 14 (Out of string space) before the text
+    // gets larger than any page could be: values that bring in each other's placeholders, as a
+    // page can hold them, multiply.
     void replace(std::string value);
     // The text as the steps done so far left it.
     std::string text() const;
@@ -74,6 +76,7 @@ class Expansion {
         PieceIndex next = 0;
     };
 
+    void checkRoom(std::size_t places, std::size_t lengthNow, std::size_t lengthThen) const;
     bool stillReplaced(int tag) const { return stepsLeft_[static_cast<std::size_t>(tag)] > 0; }
     void scan(std::string_view text);
     void addScanned(std::string_view text, int tag, OpenTag open);

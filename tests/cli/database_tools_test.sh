@@ -33,7 +33,7 @@ expect "$(cat texts.csv)" 'key,source (1033),1031,1036,comment,state'
 expect "$(cat texts.csv)" 'H3,"Say ""hi"", pilot",,,,'
 before=$(texts)
 check 0 "$headerdtc" translations import texts.csv site
-expect "$out" '0 added, 0 changed, 6 unchanged, 0 refused'
+expect "$out" '0 added, 0 changed, 6 unchanged, 0 refused; nothing was written'
 [[ $(texts) == "$before" ]] || fail "an unedited file changed the database"
 
 # Edited as by a translator: exactly those cells change, and a dry run changes none.
@@ -99,6 +99,10 @@ check 0 "$headerdtc" catalogue import --connect "$connect" --catalogue new.json 
     $(jq -c '[.providers[] | [.name, [.eai.groups[].name]]]' new.json) == '[["Port",["SHIP","LONG_SHIP"]]]' ]] ||
     fail "not one provider of two tables: $(cat new.json)"
 check 3 "$headerdtc" catalogue check --connect "DSN=Nowhere;PWD=quayside" site
+check 3 "$headerdtc" catalogue check --connect "$connect" --table nothing site
+expect "$err" "no such table"
+check 3 "$headerdtc" catalogue import --connect "DRIVER=SQLite3;Database=none.sqlite" site
+[[ ! -e none.sqlite ]] || fail "a database was made that was not there"
 check 2 "$headerdtc" catalogue check site
 
 finish

@@ -48,36 +48,12 @@ check 3 "$headerdtc" automate --over --apply site fields
 expect "$err" 'site/traffic/ships.asp: line 4: '
 expect "$out" '--- site/traffic/today/berths.asp'
 check 2 "$headerdtc" automate --over site
+check 2 "$headerdtc" automate --over site <(echo '{"do":"tab","index":2}')
+expect "$err" 'saves no page'
+check 0 "$headerdtc" automate --over --control HeaderDTC9 site <(cat steps)
+expect "$err" '0 pages would be changed, 0 not done'
+check 3 "$headerdtc" automate --over --control HeaderDTC9 site/traffic/ships.asp steps
 check 2 "$headerdtc" automate --apply site/traffic/ships.asp
 check 3 "$headerdtc" automate --over site nowhere
-
-# ---- completions --------------------------------------------------------------------------------
-completed() {  # completed WORD...: what bash offers for the last word
-    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMPREPLY=()
-    _headerdtc
-    echo "${COMPREPLY[*]}"
-}
-check 0 "$headerdtc" completion bash
-# shellcheck disable=SC1091
-. ./out
-[[ $(completed headerdtc wh) == where ]] || fail "no completion of a command"
-[[ $(completed headerdtc translations imp) == import ]] || fail "no completion of a command below"
-expect "$(completed headerdtc translations import --)" "--dry-run"
-expect "$(completed headerdtc generate --ch)" "--check"
-[[ $(completed headerdtc check si) == site ]] || fail "no completion of a folder"
-[[ $(completed headerdtc --config st) == steps ]] || fail "no completion of a file: "
-expect_empty "$(completed headerdtc where --field s)"
-for shell in zsh fish; do
-    check 0 "$headerdtc" completion "$shell"
-    ! command -v "$shell" >/dev/null || "$shell" -n out || fail "$shell refuses its completions"
-done
-check 2 "$headerdtc" completion tcsh
-
-# ---- nothing is left out of the manual page -----------------------------------------------------
-check 0 "$headerdtc" completion fish
-manual=$(sed 's/Fl -/--/g; s/\\-/-/g' "$project/packaging/man/headerdtc.1")
-while read -r option; do
-    [[ $manual == *"--$option"* ]] || fail "the manual page does not know --$option"
-done < <(grep -o ' -l [a-z-]*' out | cut -d' ' -f3 | sort -u)
 
 finish

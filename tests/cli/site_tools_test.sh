@@ -100,7 +100,13 @@ expect "$out" "unknown-field"
 check 2 "$headerdtc" check
 check 2 "$headerdtc" check --json --sarif site
 
-# Failing outranks finding, a wrong configuration both; each is said once.
+# Failing outranks finding, a wrong configuration both; what is wrong with the whole site is said
+# once, what is wrong with pages of each of them.
+for command in check 'where --field IMO'; do
+    # shellcheck disable=SC2086
+    check 3 "$headerdtc" $command none.asp none-either.asp
+    [[ $(grep -c '^none.*\.asp: cannot be read' err) == 2 ]] || fail "not both are told: $err"
+done
 printf '<!--METADATA TYPE="DesignerControl" startspan' >site/cut.asp
 check 3 "$headerdtc" check site
 expect "$err" "site/cut.asp"

@@ -2,7 +2,9 @@
 #include "host/files/whole_file.h"
 #include "host/temporary_folder.h"
 
+#include <algorithm>
 #include <csignal>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <sys/file.h>
 #include <sys/resource.h>
@@ -153,6 +155,71 @@ TEST_F(FileReplacerTest, AFileThatAnotherWriterChangedIsNotOverwritten) {
     EXPECT_THAT(folder.names(), ElementsAre("made.asp", "page.asp", "second.asp"));
 }
 
+// Within one tick of the file system's clock a change of the same size may leave the stamp as it
+// is.
+TEST_F(FileReplacerTest, AChangeThatLeavesTheStampIsSeenByItsBytes) {
+    const auto read = readWholeFile(page);
+    ASSERT_TRUE(read.stamp.digest) << "the file has just been written";
+    const auto rewrite = [&](const char* bytes) {
+        std::fstream(page, std::ios::in | std::ios::out) << bytes;
+        auto stamp = FileStamp::of(page);
+        stamp.digest = read.stamp.digest;
+        return stamp;
+    };
+    EXPECT_THROW(replacer.replace(page, "ours", rewrite("new")), FileError);
+    const auto unchanged = rewrite("old");
+    replacer.replace(page, "ours", unchanged);
+    EXPECT_EQ(replacer.commit().front().problem, "");
+    EXPECT_EQ(folder.read("page.asp"), "ours");
+
+    for (int number = 1000; number < 1100; ++number) {
+        const auto before = readWholeFile(page);
+        replacer.replace(page, "ours", before.stamp);
+        std::fstream(page, std::ios::in | std::ios::out) << number;
+        ASSERT_THAT(replacer.commit().front().problem, HasSubstr("changed by someone else"));
+        ASSERT_EQ(folder.read("page.asp"), std::to_string(number));
+    }
+    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
+}
+
+// Both put a number into the file: the other counts, we keep the number that we read. A number that
+// does not stay was overwritten by somebody who had not read it.
+TEST_F(FileReplacerTest, NothingThatASecondWriterRenamesIntoPlaceIsLost) {
+    folder.write("page.asp", "ours 0");
+    const auto number = [this] {
+        const std::string text = folder.read("page.asp");
+        return text.substr(std::min(text.size(), text.find(' ')));
+    };
+    const pid_t other = fork();
+    if (other == 0) {
+        for (int count = 0; count < 1000; ++count) {
+            usleep(count % 5 * 200);
+            const auto counted = " " + std::to_string(count);
+            std::ofstream(folder / "aside", std::ios::binary) << "theirs" << counted;
+            std::error_code failure;
+            fs::rename(folder / "aside", page, failure);
+            int looks = 0;
+            while (number() != counted && ++looks < 200)
+                usleep(1000);
+            if (failure || looks == 200) _exit(1);
+        }
+        _exit(0);
+    }
+    int replaced = 0, refused = 0, status = 0;
+    while (waitpid(other, &status, WNOHANG) == 0) {
+        const auto read = readWholeFile(page);
+        try {
+            replaceWholeFile(page, "ours" + read.bytes.substr(read.bytes.find(' ')), read.stamp);
+            ++replaced;
+        } catch (const FileError&) {
+            ++refused;
+        }
+    }
+    EXPECT_EQ(status, 0) << "a change was lost";
+    EXPECT_GT(replaced, 0);
+    EXPECT_GT(refused, 0);
+}
+
 TEST_F(FileReplacerTest, PermissionsAreHonoured) {
     fs::permissions(folder.path(), fs::perms(0777));
     const auto problemAsPlainUser = [&](const std::string& wanted) {
@@ -218,6 +285,16 @@ TEST_F(FileReplacerTest, WhatAKilledProcessLeftIsRemovedByTheNext) {
     EXPECT_EQ(folder.read("page.asp"), "new");
     EXPECT_THAT(folder.names(), ElementsAre(".headerdtc-1-1.tmp", locked.filename().string(),
                                             ".headerdtc" + gone + "x.tmp", "page.asp"));
+}
+
+// In a container every run may have the same id.
+TEST_F(FileReplacerTest, WhatAKilledProcessOfTheSameIdLeftIsRemovedToo) {
+    const auto stray = ".headerdtc-" + std::to_string(getpid()) + "-1.tmp";
+    folder.write(stray, "half");
+    replacer.replace(page, "new", FileStamp::of(page));
+    EXPECT_EQ(folder.names().size(), 2U) << "the stray one is gone, the waiting one is not";
+    replacer.commit();
+    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
 }
 
 TEST_F(FileReplacerTest, NewFilesGetTheUsualMode) {

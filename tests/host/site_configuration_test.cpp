@@ -102,6 +102,10 @@ TEST_F(SiteConfigurationTest, FaultsNameTheirPlaceAndWhatIsKnown) {
         {"registry = ", "1:12: "},
         {"registry = \"a\"\nregistry = \"b\"", "2:"},
         {"registry = \"\xFF\"", "1:"},
+        // Letters outside of texts, from both ranges that the library asks about.
+        {"é = 1", "1:1: "},
+        {"\xEF\xB3\xBF# T", "1:"},
+        {"a = \"\"\"\\\n é\"\"\" ѐ", "2:"},
     };
     for (const auto& [toml, problem] : cases)
         EXPECT_THAT(problemOf(toml), HasSubstr(problem)) << toml;

@@ -1,5 +1,6 @@
 #include "runtime/expansion.h"
 
+#include "platform/runtime_error.h"
 #include "runtime/plain_expansion.h"
 
 #include <cstdlib>
@@ -45,6 +46,25 @@ TEST(Expansion, GivesTheTextAsTheStepsSoFarLeftIt) {
     EXPECT_EQ(expansion.text(), "<tWO><two>");
     expansion.replace("2");
     EXPECT_EQ(expansion.text(), "22");
+}
+
+// A page's values may bring in placeholders of other values of the same page, a thousand times
+// each.
+TEST(Expansion, ValuesThatMultiplyEndBeforeTheMemoryDoes) {
+    const auto times = [](int count, const std::string& text) {
+        std::string all;
+        for (int i = 0; i < count; ++i)
+            all += text;
+        return all;
+    };
+    const std::string many = times(3000, "<B>"), more = times(3000, "<C>");
+    const std::string wide = times(10, "<C>"), widest(100'000, 'x');
+    for (const auto& [b, c] : {std::pair{more, std::string("x")}, std::pair{wide, widest}}) {
+        const ReplacementStep steps[] = {{"<A>", many}, {"<B>", b}, {"<C>", c}};
+        EXPECT_THROW(expandSteps("<A>", steps), RuntimeError);
+    }
+    const ReplacementStep steps[] = {{"<A>", many}, {"<B>", wide}, {"<C>", "x"}};
+    EXPECT_EQ(expandSteps("<A>", steps), std::string(30'000, 'x'));
 }
 
 TEST(Expansion, TakesPlaceholdersThatAreNoTagsToo) {

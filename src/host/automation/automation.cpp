@@ -9,6 +9,7 @@
 #include "core/property_table.h"
 #include "host/automation/command.h"
 #include "host/automation/control_state.h"
+#include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 
 #include <istream>
@@ -16,6 +17,11 @@
 
 namespace headerdtc {
 namespace {
+
+constexpr const char* Verbs[] = {"tab",  "click", "select",     "dblclick", "choose",
+                                 "type", "cell",  "dblcell",    "key",      "focus",
+                                 "pick", "read",  "get",        "set",      "properties",
+                                 "save", "quit",  "runtimeText"};
 
 template <class Kind>
 Kind& as(Control& control, const char* kind) {
@@ -53,6 +59,19 @@ PublicValue publicValueOf(const nlohmann::json& value) {
         scripts->Add(name, script.get<std::string>());
     }
     return scripts;
+}
+
+std::string withNumber(const RuntimeError& error) {
+    return error.description() + " (" + std::to_string(error.number()) + ")";
+}
+
+// "; did you mean ...", where it is the name of a property that was not found.
+std::string questionFor(const RuntimeError& error, const std::string& property) {
+    if (error.number() != static_cast<int>(ErrorNumber::NoSuchProperty)) return {};
+    NearestName nearest(property);
+    for (const PropertyInfo& info : publicProperties())
+        nearest.offer(info.name);
+    return nearest.question();
 }
 
 }  // namespace
@@ -119,7 +138,10 @@ void Automation::executeLine(const std::string& line, bool nested) {
 
 void Automation::execute(const Command& command) {
     if (actOnPage(command) || actOnControl(command)) return;
-    throw CommandError("there is no command \"" + command.verb + "\"");
+    NearestName nearest(command.verb);
+    for (const char* const verb : Verbs)
+        nearest.offer(verb);
+    throw CommandError("there is no command \"" + command.verb + "\"" + nearest.question());
 }
 
 bool Automation::actOnPage(const Command& command) {
@@ -208,8 +230,11 @@ Control& Automation::findControl(const std::string& name) const {
     Form* form = dot == std::string::npos ? &page_->control.surface : findForm(formName);
     if (!form) throw CommandError("form '" + formName + "' is not open");
     Control* control = form->find(dot == std::string::npos ? name : name.substr(dot + 1));
-    if (!control) throw CommandError("there is no control '" + name + "'");
-    return *control;
+    if (control) return *control;
+    NearestName nearest(name);
+    for (const Control* each : form->controls())
+        nearest.offer(dot == std::string::npos ? each->name() : formName + "." + each->name());
+    throw CommandError("there is no control '" + name + "'" + nearest.question());
 }
 
 void Automation::pressKey(const Command& command) {
@@ -220,21 +245,22 @@ void Automation::pressKey(const Command& command) {
 }
 
 void Automation::getProperty(const Command& command) {
+    const std::string property = command.text("property");
     try {
-        reply_["value"] = jsonOf(headerdtc::getProperty(page_->control, command.text("property"),
-                                                        command.integerIfGiven("index")));
+        reply_["value"] = jsonOf(
+            headerdtc::getProperty(page_->control, property, command.integerIfGiven("index")));
     } catch (const RuntimeError& error) {
-        fail(error.description() + " (" + std::to_string(error.number()) + ")");
+        fail(withNumber(error) + questionFor(error, property));
     }
 }
 
 void Automation::setProperty(const Command& command) {
+    const std::string property = command.text("property");
     try {
-        headerdtc::setProperty(page_->control, command.text("property"),
-                               command.integerIfGiven("index"),
+        headerdtc::setProperty(page_->control, property, command.integerIfGiven("index"),
                                publicValueOf(command.value("value")));
     } catch (const RuntimeError& error) {
-        fail(error.description() + " (" + std::to_string(error.number()) + ")");
+        fail(withNumber(error) + questionFor(error, property));
     }
 }
 

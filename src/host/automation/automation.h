@@ -31,6 +31,9 @@ struct AutomationPage {
 // closes it when all that waited behind the dialog has run.
 class Automation : public ModalLoop {
   public:
+    // One line of a conversation, read.
+    struct Command;
+
     Automation(std::istream& in, std::ostream& out, EventLog& events);
     ~Automation() override;
 
@@ -43,7 +46,6 @@ class Automation : public ModalLoop {
 
   private:
     using Json = nlohmann::ordered_json;
-    struct Command;
     struct EndOfConversation {};
 
     void converseWhile(const std::function<bool()>& goOn, bool nested);

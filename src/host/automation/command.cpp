@@ -14,8 +14,8 @@ bool isInt(const nlohmann::json& value) {
 
 }  // namespace
 
-Automation::Command::Command(const std::string& line) {
-    fields = nlohmann::json::parse(line, nullptr, false);
+Automation::Command::Command(const std::string& line)
+    : fields(nlohmann::json::parse(line, nullptr, false)) {
     if (fields.is_discarded()) throw CommandError("the line is not JSON");
     if (!fields.is_object()) throw CommandError("the line is not a JSON object");
     verb = text("do");

@@ -9,6 +9,7 @@
 #include "platform/text.h"
 #include "platform/text_files.h"
 
+#include <algorithm>
 #include <sstream>
 
 namespace headerdtc {
@@ -125,7 +126,12 @@ void replay(Sites& sites, const std::filesystem::path& page, const std::string& 
             const std::string& script, ReplayedPage& result) {
     const auto site = sites.forPage(page);
     PageDocument document(page, site->configuration->codePage);
-    if (document.markup().controls().empty()) return;
+    const auto& controls = document.markup().controls();
+    const bool hasControl =
+        controlId.empty() ? !controls.empty()
+                          : std::any_of(controls.begin(), controls.end(),
+                                        [&](const auto& each) { return each.id == controlId; });
+    if (!hasControl) return;
     result.stamp = document.stamp();
     result.before = document.markup().bytes();
     result.after = result.before;
@@ -161,6 +167,14 @@ void replay(Sites& sites, const std::filesystem::path& page, const std::string& 
 }
 
 }  // namespace
+
+bool scriptSaves(const std::string& script) {
+    const auto lines = splitText(script, "\n");
+    return std::any_of(lines.begin(), lines.end(), [](std::string_view line) {
+        const auto command = nlohmann::json::parse(line, nullptr, false);
+        return command.is_object() && command.value("do", nlohmann::json()) == "save";
+    });
+}
 
 ReplayedPage replayOnPage(Sites& sites, const std::filesystem::path& page,
                           const std::string& control, const std::string& script) {

@@ -12,7 +12,7 @@ namespace headerdtc {
 // What replaying a script on one page came to.
 struct ReplayedPage {
     enum class Outcome {
-        NoControl,      // nothing of ours in it
+        NoControl,      // nothing of ours in it, or not the control that is asked for
         Unchanged,      // the script saved nothing, or the same bytes
         Changed,        // other bytes
         Failed,         // a line was refused, or the page cannot be read or saved
@@ -24,6 +24,9 @@ struct ReplayedPage {
     std::string before, after;          // the page's bytes; after: only of a changed page
     FileStamp stamp;                    // of the file that was read
 };
+
+// Whether a script has a line that saves the page, without which it changes none.
+bool scriptSaves(const std::string& script);
 
 // Does on a page what the lines of an automation script say, and writes nothing: what the script
 // saves is kept, and neither the translation database nor any other file is changed; a line that

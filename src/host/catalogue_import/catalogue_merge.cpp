@@ -186,6 +186,7 @@ class Merger {
   public:
     Merger(const Catalogue& before, const MergeOptions& options) : options_(options) {
         result_.catalogue = before;
+        tablesOf_.resize(before.providers.size());
     }
 
     MergedCatalogue merge(const std::vector<DatabaseTable>& tables) {
@@ -203,7 +204,6 @@ class Merger {
     // The index of the provider that a table belongs to; made where there is none.
     std::size_t providerOf(const DatabaseTable& table) {
         auto& providers = result_.catalogue.providers;
-        tablesOf_.resize(providers.size());
         auto found = providers.end();
         if (options_.provider.empty()) {
             found = std::find_if(providers.begin(), providers.end(), [&](const Provider& provider) {

@@ -15,6 +15,32 @@ bool isWanted(const OdbcTable& table, const TableFilter& filter) {
                        [&](const auto& pattern) { return fitsPattern(table.name, pattern); });
 }
 
+// A catalogue has one record group of a name, whatever schema it comes from.
+void requireOneOfEachName(const std::vector<OdbcTable>& tables) {
+    for (auto table = tables.begin(); table != tables.end(); ++table) {
+        const auto other = std::find_if(tables.begin(), table, [&](const OdbcTable& each) {
+            return equalIgnoringCase(each.name, table->name);
+        });
+        if (other == table) continue;
+        const auto place = [](const OdbcTable& each) {
+            return each.schema.empty() ? each.name : each.schema + "." + each.name;
+        };
+        throw RuntimeError(0, "the database has several tables of one name, " + place(*other) +
+                                  " and " + place(*table) + "; choose by --schema");
+    }
+}
+
+std::vector<OdbcTable> wantedTables(OdbcMetadata& metadata, const TableFilter& filter) {
+    auto tables = metadata.tables(filter.withViews);
+    std::erase_if(tables, [&](const OdbcTable& table) { return !isWanted(table, filter); });
+    if (tables.empty())
+        throw RuntimeError(0,
+                           "the database has no such table; --table and --schema say which are "
+                           "looked at, --views that views are too");
+    requireOneOfEachName(tables);
+    return tables;
+}
+
 }  // namespace
 
 std::vector<DatabaseTable> readDatabaseTables(const std::string& connectString,
@@ -23,8 +49,7 @@ std::vector<DatabaseTable> readDatabaseTables(const std::string& connectString,
     OdbcSession session(connectString, settings);
     OdbcMetadata metadata(session);
     std::vector<DatabaseTable> tables;
-    for (const OdbcTable& found : metadata.tables(filter.withViews)) {
-        if (!isWanted(found, filter)) continue;
+    for (const OdbcTable& found : wantedTables(metadata, filter)) {
         DatabaseTable& table = tables.emplace_back();
         table.name = found.name;
         for (auto& column : metadata.columns(found))

@@ -18,7 +18,7 @@ struct TableFilter {
 
 // The tables of a live database, asked by ODBC's catalogue functions; it is only read. The
 // settings say where its data source is described. Raises RuntimeError, the driver's text without
-// secrets.
+// secrets, and when there is no table that is wanted, or there are several of one name.
 std::vector<DatabaseTable> readDatabaseTables(const std::string& connectString,
                                               const OdbcDatabase::Settings& settings,
                                               const TableFilter& filter);

@@ -19,7 +19,7 @@ void examineCatalogue(Examination& seen) {
         seen.whole(Link, file.string() + ", " + std::to_string(providers) +
                              (providers == 1 ? " data provider" : " data providers"));
     } catch (const FileError& error) {
-        seen.broken(Link, error.what(), remedy);
+        seen.broken(Link, error.what(), error.line() > 0 ? "correct that place" : remedy);
     }
 }
 

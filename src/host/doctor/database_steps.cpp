@@ -126,24 +126,7 @@ class LogOnExamination {
         return true;
     }
 
-    // SQLite makes a database that is not there; nothing is to be made here.
-    bool databaseIsThere() {
-        const bool isSqlite = packageFor(driver_ + odbcsDriverLibrary(driver_)) == "libsqliteodbc";
-        if (!isSqlite) return true;
-        const std::string own = parts_.value("DSN");
-        std::string file = parts_.value("Database");
-        if (file.empty() && !own.empty()) file = odbcsOwnDataSourceKey(own, "Database");
-        std::error_code ignored;
-        if (file.empty() || file == ":memory:" || file.starts_with("file:") ||
-            fs::is_regular_file(file, ignored))
-            return true;
-        seen_.broken(words_.logOn, "there is no database file " + file,
-                     "put the database there, or correct its Database");
-        return false;
-    }
-
     std::unique_ptr<OdbcSession> logOn() {
-        if (!databaseIsThere()) return nullptr;
         const auto begin = std::chrono::steady_clock::now();
         try {
             auto session = std::make_unique<OdbcSession>(connectString_, settings_);

@@ -48,7 +48,7 @@ class FileCache {
         }
         // A file that changed a moment ago may change once more without getting another stamp, so
         // until its stamp has settled its bytes are compared instead.
-        if (whole.settled) {
+        if (!whole.stamp.digest) {
             stamp_ = whole.stamp;
             bytes_.reset();
         } else {

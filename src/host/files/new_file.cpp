@@ -34,6 +34,32 @@ std::vector<std::string> extendedAttributes(const std::filesystem::path& file) {
     return result;
 }
 
+// A file that can be told from others under whatever name: while it is held, no new one can get its
+// inode.
+class HeldFile {
+  public:
+    explicit HeldFile(const std::filesystem::path& path)
+        : descriptor_(open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC)) {}
+    ~HeldFile() {
+        if (descriptor_ >= 0) close(descriptor_);
+    }
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(HeldFile&& other) noexcept {
+        std::swap(descriptor_, other.descriptor_);
+        return *this;
+    }
+
+    bool isAt(const std::filesystem::path& path) const {
+        struct stat held {};
+        struct stat there {};
+        return fstat(descriptor_, &held) == 0 && lstat(path.c_str(), &there) == 0 &&
+               held.st_dev == there.st_dev && held.st_ino == there.st_ino;
+    }
+
+  private:
+    int descriptor_;
+};
+
 }  // namespace
 
 NewFile::NewFile(std::filesystem::path target, Access access, std::string called)
@@ -62,7 +88,7 @@ NewFile::NewFile(NewFile&& other) noexcept
       descriptor_(std::exchange(other.descriptor_, -1)) {}
 
 NewFile::~NewFile() {
-    if (!path_.empty()) unlink(path_.c_str());
+    remove();
     close();
 }
 
@@ -129,6 +155,47 @@ void NewFile::replaceTarget() {
     path_.clear();
 }
 
+bool NewFile::replaceTarget(const FileStamp& expected) {
+    if (!expected.isStillOf(target_)) return false;
+    HeldFile placed(path_);
+    if (const int error = changePlaces(); error == EINVAL || error == ENOSYS) {
+        // Not every file system can do that; what others write in this very moment is lost then.
+        replaceTarget();
+        return true;
+    } else if (error != 0) {
+        fail("cannot be replaced", error);
+    }
+    if (expected.isStillOfMoved(path_)) {
+        remove();
+        return true;
+    }
+    // What others put there between the look at the target and its replacement lies here now, and
+    // goes back; unless they were there again meanwhile, and what comes out is newer still.
+    while (true) {
+        HeldFile theirs(path_);
+        if (const int error = changePlaces(); error != 0) {
+            const auto kept = std::exchange(path_, {});
+            fail("was changed by someone else, whose version is " + kept.string() + " now", error);
+        }
+        if (placed.isAt(path_)) break;
+        placed = std::move(theirs);
+    }
+    remove();
+    return false;
+}
+
+// Gives the error.
+int NewFile::changePlaces() noexcept {
+    return renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, target_.c_str(), RENAME_EXCHANGE) == 0
+               ? 0
+               : errno;
+}
+
+void NewFile::remove() noexcept {
+    if (!path_.empty()) unlink(path_.c_str());
+    path_.clear();
+}
+
 void NewFile::becomeTarget() {
     if (renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, target_.c_str(), RENAME_NOREPLACE) == 0) {
         path_.clear();
@@ -137,8 +204,7 @@ void NewFile::becomeTarget() {
     // Not every file system can do that; a second name, after which the first goes, is as good.
     if (errno != EINVAL && errno != ENOSYS) fail("cannot be made", errno);
     if (link(path_.c_str(), target_.c_str()) != 0) fail("cannot be made", errno);
-    unlink(path_.c_str());
-    path_.clear();
+    remove();
 }
 
 void NewFile::close() noexcept {

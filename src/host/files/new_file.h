@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/files/whole_file.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -36,12 +38,17 @@ class NewFile {
     void flush();
 
     void replaceTarget();
+    // The same for a target that has to be what was read under that stamp. Gives false when it is
+    // not, and then has left it in its place.
+    bool replaceTarget(const FileStamp& expected);
     // For a target that must not be there.
     void becomeTarget();
 
   private:
     [[noreturn]] void fail(const std::string& failure, int error) const;
     void copyExtendedAttributes();
+    int changePlaces() noexcept;
+    void remove() noexcept;
     void close() noexcept;
 
     std::filesystem::path target_;

@@ -4,10 +4,12 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
+#include <cstdint>
 #include <exception>
 #include <fcntl.h>
 #include <mutex>
 #include <optional>
+#include <random>
 #include <set>
 #include <string_view>
 #include <sys/file.h>
@@ -19,26 +21,48 @@ namespace {
 constexpr std::string_view Prefix = ".headerdtc-";
 constexpr std::string_view Suffix = ".tmp";
 
-std::optional<pid_t> takeNumber(std::string_view& text) {
-    pid_t number = 0;
+// The numbers that this process gives. Where they begin differs from process to process: in
+// containers each run may have the same id as the one that was killed before.
+struct Numbers {
+    const std::uint32_t first = std::random_device()() >> 1U;
+    std::atomic<std::uint32_t> next{first};
+
+    bool wasGiven(std::uint32_t number) const { return number >= first && number < next; }
+};
+
+Numbers& numbers() {
+    static Numbers own;
+    return own;
+}
+
+template <class Number>
+std::optional<Number> takeNumber(std::string_view& text) {
+    Number number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc()) return std::nullopt;
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));
     return number;
 }
 
-// The process that a name belongs to; nothing for a name that is not of our making.
-std::optional<pid_t> processOf(std::string_view name) {
+// What a name of our making says.
+struct Maker {
+    pid_t process;
+    std::uint32_t number;
+
+    bool isGone() const {
+        if (process == getpid()) return !numbers().wasGiven(number);
+        return kill(process, 0) != 0 && errno == ESRCH;
+    }
+};
+
+std::optional<Maker> makerOf(std::string_view name) {
     if (!name.starts_with(Prefix) || !name.ends_with(Suffix)) return std::nullopt;
     name.remove_prefix(Prefix.size());
-    const auto process = takeNumber(name);
+    const auto process = takeNumber<pid_t>(name);
     if (!process || *process <= 0 || !name.starts_with('-')) return std::nullopt;
     name.remove_prefix(1);
-    return takeNumber(name) && name == Suffix ? process : std::nullopt;
-}
-
-bool isGone(pid_t process) {
-    return kill(process, 0) != 0 && errno == ESRCH;
+    const auto number = takeNumber<std::uint32_t>(name);
+    return number && name == Suffix ? std::optional(Maker{*process, *number}) : std::nullopt;
 }
 
 // A process in another container or on another machine cannot be seen from here, but its lock can.
@@ -60,9 +84,8 @@ bool isFirstLook(const std::filesystem::path& folder) {
 }  // namespace
 
 std::string newFileName() {
-    static std::atomic<unsigned> last{0};
     std::string name(Prefix);
-    name.append(std::to_string(getpid())).append("-").append(std::to_string(++last));
+    name.append(std::to_string(getpid())).append("-").append(std::to_string(numbers().next++));
     return name.append(Suffix);
 }
 
@@ -73,9 +96,8 @@ void removeStrayFiles(const std::filesystem::path& folder) noexcept {
         std::filesystem::directory_iterator entry(folder, ignored);
         for (; !ignored && entry != std::filesystem::directory_iterator();
              entry.increment(ignored)) {
-            const auto process = processOf(entry->path().filename().native());
-            if (process && isGone(*process) && !isLocked(entry->path()))
-                unlink(entry->path().c_str());
+            const auto maker = makerOf(entry->path().filename().native());
+            if (maker && maker->isGone() && !isLocked(entry->path())) unlink(entry->path().c_str());
         }
     } catch (const std::exception&) {
         // The stray files stay for another time.

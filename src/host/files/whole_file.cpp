@@ -7,10 +7,12 @@
 #include <cerrno>
 #include <ctime>
 #include <fcntl.h>
+#include <functional>
 #include <map>
 #include <optional>
 #include <system_error>
 #include <thread>
+#include <tuple>
 #include <unistd.h>
 #include <utility>
 
@@ -87,6 +89,36 @@ bool FileStamp::isSettled() const {
     return changed < nanoseconds(now) - Grain;
 }
 
+bool FileStamp::operator==(const FileStamp& other) const {
+    const auto shown = [](const FileStamp& stamp) {
+        return std::tie(stamp.device, stamp.inode, stamp.size, stamp.modified, stamp.changed);
+    };
+    return shown(*this) == shown(other);
+}
+
+bool FileStamp::isStillOf(const fs::path& path) const {
+    if (of(path) != *this) return false;
+    if (!digest) return true;
+    try {
+        const WholeFile now = readWholeFile(path);
+        return now.stamp == *this && digestOf(now.bytes) == *digest;
+    } catch (const FileError&) {
+        return false;
+    }
+}
+
+bool FileStamp::isStillOfMoved(const fs::path& path) const {
+    struct stat status {};
+    if (lstat(path.c_str(), &status) != 0) return false;
+    FileStamp moved = *this;
+    moved.changed = nanoseconds(status.st_ctim);
+    return FileStamp::of(status) == moved && moved.isStillOf(path);
+}
+
+std::uint64_t digestOf(std::string_view bytes) {
+    return std::hash<std::string_view>()(bytes);
+}
+
 WholeFile readWholeFile(const fs::path& path) {
     // Without waiting, for the sake of pipes that nobody writes to.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
@@ -100,7 +132,10 @@ WholeFile readWholeFile(const fs::path& path) {
         const auto stamp = FileStamp::of(status);
         const bool settled = stamp.isSettled();
         auto bytes = readToEnd(path, file, static_cast<std::size_t>(status.st_size));
-        if (FileStamp::of(statusOf(path, file)) == stamp) return {std::move(bytes), stamp, settled};
+        if (FileStamp::of(statusOf(path, file)) != stamp) continue;
+        WholeFile whole{std::move(bytes), stamp};
+        if (!settled) whole.stamp.digest = digestOf(whole.bytes);
+        return whole;
     }
     throw FileError(path, "cannot be read: another program keeps writing it");
 }
@@ -168,9 +203,7 @@ struct FileReplacer::Waiting {
         attempt([this] {
             if (!expected) {
                 file.becomeTarget();
-            } else if (FileStamp::of(file.target()) == *expected) {
-                file.replaceTarget();
-            } else {
+            } else if (!file.replaceTarget(*expected)) {
                 throw FileError(path, ChangedMeanwhile);
             }
         });
@@ -188,7 +221,8 @@ void FileReplacer::replace(const fs::path& path, std::string_view bytes,
                            const FileStamp& expected) {
     const auto target = behindLinks(path);
     const auto status = statusToReplace(path, target);
-    if (FileStamp::of(status) != expected) throw FileError(path, ChangedMeanwhile);
+    if (FileStamp::of(status) != expected || !expected.isStillOf(target))
+        throw FileError(path, ChangedMeanwhile);
     NewFile file(target, NewFile::Access::OwnerOnly, path);
     file.write(bytes);
     file.takeAttributes(status);

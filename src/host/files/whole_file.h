@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -10,26 +11,34 @@
 namespace headerdtc {
 
 // What tells one state of a file from another without reading it: a file whose stamp is the same
-// was neither rewritten nor replaced. A file that is not there has a stamp of its own.
+// was neither rewritten nor replaced, if the stamp was settled. A file that is not there has a
+// stamp of its own.
 struct FileStamp {
     std::uint64_t device = 0, inode = 0;
     std::int64_t size = -1;
     std::int64_t modified = 0, changed = 0;  // nanoseconds
+    // Of bytes that were read before the stamp was settled: the next change may leave the file with
+    // the same stamp, so only the bytes tell.
+    std::optional<std::uint64_t> digest = {};
 
     static FileStamp of(const struct stat& status);
     static FileStamp of(const std::filesystem::path& path);
     // Whether the stamp is older than the steps in which file systems count time, so that the next
     // change is sure to give the file another one.
     bool isSettled() const;
-    bool operator==(const FileStamp&) const = default;
+    // Whether a file still is what was read under this stamp; reads it where only its bytes tell.
+    bool isStillOf(const std::filesystem::path& path) const;
+    // The same for a file that was given another name, which some file systems count as a change.
+    bool isStillOfMoved(const std::filesystem::path& path) const;
+    // Of what a file shows without being read.
+    bool operator==(const FileStamp& other) const;
 };
+
+std::uint64_t digestOf(std::string_view bytes);
 
 struct WholeFile {
     std::string bytes;
     FileStamp stamp;  // of the file as it was read
-    // Whether that stamp was settled before the first byte was read: only then does an equal stamp,
-    // later, stand for equal bytes.
-    bool settled = false;
 };
 
 // Reads a file whole. Throws SystemFileError with the system's reason, and FileError for a device,
@@ -53,7 +62,9 @@ class FileReplacer {
     FileReplacer& operator=(const FileReplacer&) = delete;
 
     // Waits for commit(). `expected` is the stamp of the file that the new bytes were made from;
-    // a file that has become another one since is not overwritten. Throws FileError.
+    // a file that has become another one since is not overwritten. Where the file system can have
+    // two files change places, this holds to the end: what was replaced is looked at once more,
+    // and put back when it is not what was expected. Throws FileError.
     void replace(const std::filesystem::path& path, std::string_view bytes,
                  const FileStamp& expected);
     // Makes a file that is not there yet; the same promise. Throws FileError when it is there.

@@ -38,7 +38,7 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     const auto site = sites.forPage(page);
     WholeFile file = readWholeFile(page);
     result.stamp = file.stamp;
-    const PageMarkup markup(page.string(), std::move(file.bytes), site->configuration->codePage);
+    PageMarkup markup(page.string(), std::move(file.bytes), site->configuration->codePage);
     if (markup.controls().empty()) return;
 
     std::vector<ControlContent> contents;
@@ -51,9 +51,11 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
         if (doubt && guard == LossGuard::Refuse) result.doubts.push_back({contents.size(), *doubt});
         contents.push_back(std::move(made.content));
     }
-    result.after = markup.with(contents);
-    result.before = markup.bytes();
-    result.verdict = result.after == result.before ? Verdict::UpToDate : Verdict::Stale;
+    result.verdict = Verdict::UpToDate;
+    if (!markup.holds(contents)) {
+        result.after = markup.with(contents);
+        if (result.after != markup.bytes()) result.verdict = Verdict::Stale;
+    }
     if (!result.doubts.empty()) {
         result.verdict = Verdict::LeftAlone;
         explainRegistry(*site, result.messages);
@@ -61,6 +63,7 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     if (result.verdict != Verdict::Stale) result.after.clear();
     for (const auto& doubt : result.doubts)
         result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.reason));
+    result.before = std::move(markup).bytes();
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 #include "host/generation/site_generation.h"
 
+#include "host/files/stray_files.h"
+
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 
 namespace headerdtc {
@@ -13,6 +16,17 @@ namespace {
 // Flushing a group costs little more than flushing one page; a group that is too large would keep
 // finished pages waiting.
 constexpr std::size_t PagesOfAGroup = 128;
+
+// What a killed run left beside pages goes even where this one has nothing to write.
+void removeStrayFilesBeside(const std::vector<std::filesystem::path>& pages) {
+    std::filesystem::path last;
+    for (const auto& page : pages) {
+        auto folder = std::filesystem::absolute(page).parent_path();
+        if (folder == last) continue;
+        removeStrayFiles(folder);
+        last = std::move(folder);
+    }
+}
 
 }  // namespace
 
@@ -107,16 +121,23 @@ class SiteGeneration::Worker {
 void SiteGeneration::run(const std::vector<std::filesystem::path>& pages,
                          const std::function<void(const Done&)>& tell,
                          const std::function<void(std::size_t)>& tick) {
+    if (options_.mode == Mode::Write) removeStrayFilesBeside(pages);
     Board board(pages);
     std::size_t jobs = options_.jobs > 0 ? static_cast<std::size_t>(options_.jobs)
                                          : std::max(1U, std::thread::hardware_concurrency());
     jobs = std::clamp<std::size_t>(jobs, 1, std::max<std::size_t>(1, pages.size()));
     board.workers = jobs;
     std::vector<std::jthread> threads;
-    for (std::size_t i = 0; i < jobs; ++i)
-        threads.emplace_back([this, &board] { Worker(*this, board).work(); });
+    try {
+        while (threads.size() < jobs)
+            threads.emplace_back([this, &board] { Worker(*this, board).work(); });
+    } catch (const std::system_error&) {
+        // With fewer threads it takes longer.
+        if (threads.empty()) throw;
+    }
 
     std::unique_lock lock(board.mutex);
+    board.workers -= jobs - threads.size();
     for (std::size_t told = 0;;) {
         while (told < pages.size() && board.results[told]) {
             const Done done = std::move(*board.results[told]);

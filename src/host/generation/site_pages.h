@@ -11,13 +11,18 @@ struct SitePages {
     std::vector<std::filesystem::path> pages;
     // Named in so many words, rather than found below a folder; page by page.
     std::vector<bool> named;
-    // What could not be looked into: "PATH: reason".
-    std::vector<std::string> problems;
+    // A folder that could not be looked into.
+    struct Problem {
+        std::string path, reason;
+        std::string text() const { return path + ": " + reason; }
+    };
+    std::vector<Problem> problems;
 };
 
 // The pages named, and those found below the folders named (*.asp and *.inc in any case), each
 // once, in the order of the names and sorted below a folder. Links to folders are not followed, so
-// no loop keeps it; links to files are. Hidden folders are passed over.
+// no loop keeps it; links to files are, but a page that is found under its own name too goes by
+// that, since its place in the site is part of its text. Hidden folders are passed over.
 SitePages findSitePages(const std::vector<std::string>& paths);
 
 }  // namespace headerdtc

@@ -41,7 +41,8 @@ void describe(VanishedField& field, std::string_view text) {
             field.text = role + " " + inQuotes(text) + " is not offered by " +
                          inQuotes(field.provider) +
                          (field.now ? "; the field is " + inQuotes(*field.now) + " there" : "");
-            field.advice = "remove it, or choose the field anew";
+            field.advice = (field.like.empty() ? "" : "is " + inQuotes(field.like) + " meant? ") +
+                           std::string("remove it, or choose the field anew");
     }
 }
 
@@ -61,6 +62,7 @@ std::optional<VanishedField> vanishedField(StoredRole role, Family family, const
     if (!isKey && role != StoredRole::LinkTo) {
         const auto name = fieldNameIn(item.text, family);
         if (name) field.now = offered.entryOfName(*name);
+        if (name && !field.now) field.like = offered.entryLike(*name);
     }
     describe(field, text);
     return field;

@@ -32,14 +32,15 @@ void inspect(const std::filesystem::path& page, Sites& sites, SiteFactsCache& ca
     const GeneratedPage generated = generatePage(page, sites, LossGuard::Refuse);
     result.hasControl = generated.verdict != Verdict::NoControl;
     if (!result.hasControl) return;
-    result.notConfigured = generated.verdict == Verdict::NotConfigured;
-    if (result.notConfigured || generated.verdict == Verdict::NotReadable) {
-        result.failure = generated.messages.back();
+    if (generated.verdict == Verdict::NotConfigured || generated.verdict == Verdict::NotReadable) {
+        const bool isPages = generated.verdict == Verdict::NotReadable;
+        result.failure = {isPages ? PageFailure::Of::Page : PageFailure::Of::Configuration,
+                          generated.messages.back()};
         return;
     }
     const auto site = sites.forPage(page);
     const PageMarkup markup(page.string(), generated.before, site->configuration->codePage);
-    const PageView view(markup, page, *site, cache.of(site), generated);
+    const PageView view(markup, page, cache.of(site), generated);
     for (std::size_t i = 0; i < markup.controls().size(); ++i)
         inspectControl({view, i}, page.string(), result.findings);
     std::stable_sort(result.findings.begin(), result.findings.end(),
@@ -50,17 +51,8 @@ void inspect(const std::filesystem::path& page, Sites& sites, SiteFactsCache& ca
 
 InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts) {
     InspectedPage result;
-    try {
-        inspect(page, sites, facts, result);
-    } catch (const ConfigurationError& error) {
-        result.notConfigured = true;
-        result.failure = error.what();
-    } catch (const FileError& error) {
-        const bool isPages = error.file() == page.string() && error.line() == 0;
-        result.failure = isPages ? error.problem() : error.what();
-    } catch (const std::exception& error) {
-        result.failure = error.what();
-    }
+    const auto failure = failureOf(page, [&] { inspect(page, sites, facts, result); });
+    if (failure) result.failure = failure;
     return result;
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "host/inspection/finding.h"
+#include "host/inspection/page_failure.h"
 #include "host/inspection/site_facts.h"
 #include "host/site/site.h"
 
 #include <filesystem>
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace headerdtc {
@@ -13,9 +14,8 @@ namespace headerdtc {
 // What checking one page came to.
 struct InspectedPage {
     bool hasControl = false;
-    std::vector<Finding> findings;  // by line
-    std::string failure;            // why it could not be checked; empty when it was
-    bool notConfigured = false;     // the failure is the configuration's
+    std::vector<Finding> findings;       // by line
+    std::optional<PageFailure> failure;  // nothing when it was checked
 };
 
 // Checks a page against every rule; writes nothing. Never throws for the page's sake. Thread-safe.

@@ -4,9 +4,9 @@
 
 namespace headerdtc {
 
-PageView::PageView(const PageMarkup& markup, const std::filesystem::path& file, const Site& site,
+PageView::PageView(const PageMarkup& markup, const std::filesystem::path& file,
                    std::shared_ptr<SiteFacts> facts, const GeneratedPage& generated)
-    : markup_(markup), file_(file), site_(site), facts_(std::move(facts)), generated_(generated) {
+    : markup_(markup), file_(file), facts_(std::move(facts)), generated_(generated) {
     for (const ControlSpan& control : markup.controls())
         configurations_.push_back(readStoredConfiguration(control.properties));
 }

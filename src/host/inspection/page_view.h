@@ -16,8 +16,8 @@ namespace headerdtc {
 // A page as rules see it.
 class PageView {
   public:
-    // `generated` is what generating it came to. Markup, site and generated page outlive the view.
-    PageView(const PageMarkup& markup, const std::filesystem::path& file, const Site& site,
+    // `generated` is what generating it came to. Markup and generated page outlive the view.
+    PageView(const PageMarkup& markup, const std::filesystem::path& file,
              std::shared_ptr<SiteFacts> facts, const GeneratedPage& generated);
 
     const PageMarkup& markup() const { return markup_; }
@@ -35,7 +35,6 @@ class PageView {
 
     const PageMarkup& markup_;
     const std::filesystem::path& file_;
-    const Site& site_;
     std::shared_ptr<SiteFacts> facts_;
     const GeneratedPage& generated_;
     std::vector<StoredConfiguration> configurations_;        // by control

@@ -1,5 +1,6 @@
 #include "host/inspection/provider_fields.h"
 
+#include "platform/nearest_name.h"
 #include "platform/text.h"
 
 namespace headerdtc {
@@ -8,7 +9,7 @@ ProviderFields::ProviderFields(const Catalogue::Provider& provider, Family famil
     const auto add = [this](const std::string& before, std::string_view separator,
                             const std::string& name) {
         const std::string entry = before + std::string(separator) + name;
-        names_.emplace(name, entry);
+        if (names_.emplace(name, entry).second) namesInOrder_.push_back(name);
         fields_.insert(entry);
     };
     const std::string_view separator = traitsOf(family).separator;
@@ -34,6 +35,13 @@ bool ProviderFields::hasEntry(std::string_view entry) const {
 std::optional<std::string> ProviderFields::entryOfName(std::string_view name) const {
     const auto found = names_.find(name);
     return found == names_.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::string ProviderFields::entryLike(std::string_view name) const {
+    NearestName nearest(name);
+    for (const std::string_view offered : namesInOrder_)
+        nearest.offer(offered);
+    return entryOfName(nearest.found()).value_or("");
 }
 
 std::optional<std::string_view> fieldNameIn(std::string_view entry, Family family) {

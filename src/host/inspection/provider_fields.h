@@ -8,6 +8,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 namespace headerdtc {
 
@@ -26,10 +27,14 @@ class ProviderFields {
     bool hasKeyField(std::string_view name) const { return keyFields_.contains(name); }
     // The entry under which a field of that name stands now, of all that have it the first.
     std::optional<std::string> entryOfName(std::string_view name) const;
+    // The entry of the field whose name is nearest to one that is not offered; empty when none is
+    // near.
+    std::string entryLike(std::string_view name) const;
 
   private:
     std::unordered_set<std::string> fields_;                   // entries without padding
     std::unordered_map<std::string_view, std::string> names_;  // name to entry
+    std::vector<std::string_view> namesInOrder_;
     std::unordered_set<std::string_view> keyFields_;
 };
 

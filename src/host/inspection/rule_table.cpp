@@ -26,6 +26,7 @@ constexpr Rule Rules[] = {
     {"missing-include",         Error,   "an include file is not there",                                  rules::includesAreThere},
     {"missing-stylesheet",      Error,   "the stylesheet is not there",                                   rules::stylesheetIsThere},
     {"value-breaks-script",     Error,   "a value holds what ends the text that it is put into",          rules::valuesFitTheScript},
+    {"outside-code-page",       Error,   "a value has a character that the page's code page lacks",       rules::valuesFitTheCodePage},
     {"long-statement",          Error,   "a statement has more lines than a script engine takes",         rules::statementsFitTheEngine},
     {"not-generated",           Error,   "the page would be left as it is by a generation",               rules::pageCanBeGenerated},
     {"stale",                   Warning, "the text is not what would be generated",                       rules::textIsUpToDate},

@@ -1,13 +1,13 @@
 #include "host/inspection/site_facts.h"
 
 #include "host/files/whole_file.h"
+#include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "runtime/runtime_text.h"
 #include "scripts/install_directory.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace headerdtc {
 namespace {
@@ -19,37 +19,38 @@ std::optional<fs::path> ifFile(const fs::path& path) {
     return fs::is_regular_file(path, failure) ? std::optional(path) : std::nullopt;
 }
 
-// A file of this machine, its components found without regard to case.
-std::optional<fs::path> findAnyCase(const fs::path& path) {
+bool isBelow(const fs::path& path, const fs::path& folder) {
+    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
+           folder.end();
+}
+
+// A page says what it includes, but only the site says where files are read: below its root and in
+// the folders of its drives. What links lead to from there is the site's own choice.
+bool isOfSite(const fs::path& path, const SiteConfiguration& site) {
+    const auto& drives = site.drives.drives();
+    return isBelow(path, site.projectRoot) ||
+           std::any_of(drives.begin(), drives.end(), [&](const auto& drive) {
+               return drive.second != drive.second.root_path() && isBelow(path, drive.second);
+           });
+}
+
+// A file of the site, its components found without regard to case.
+std::optional<fs::path> findAnyCase(const fs::path& path, const SiteConfiguration& site) {
+    const fs::path plain = path.lexically_normal();
+    if (!isOfSite(plain, site)) return std::nullopt;
     try {
-        return ifFile(WindowsPaths().toLocal("Z:" + path.lexically_normal().string()));
+        return ifFile(WindowsPaths().toLocal("Z:" + plain.string()));
     } catch (const RuntimeError&) {
         return std::nullopt;
     }
 }
 
-// How many letters have to be added, removed or replaced to make one text of the other; letters
-// compare without regard to case.
-std::size_t editDistance(std::string_view from, std::string_view to) {
-    const std::string a = upperCase(from), b = upperCase(to);
-    std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j)
-        row[j] = j;
-    for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i);
-        for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-            diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
-        }
-    }
-    return row.back();
-}
-
 }  // namespace
 
 SiteFacts::SiteFacts(const std::shared_ptr<Site>& site)
-    : site_(site), catalogue_(site->dataSources.current()) {
-    installDir_ = installDirectoryOf(site->registry);
+    : site_(site),
+      catalogue_(site->dataSources.current()),
+      installDir_(installDirectoryOf(site->registry)) {
     if (installDir_.empty()) {
         const auto& registry = site->configuration->registry;
         throw FileError(registry.empty() ? site->configuration->folder.string() : registry.string(),
@@ -68,15 +69,10 @@ const SiteFacts::Provider* SiteFacts::provider(const std::string& name) const {
 }
 
 std::string SiteFacts::similarProvider(std::string_view name) const {
-    std::string nearest;
-    std::size_t smallest = std::max<std::size_t>(1, name.size() / 3) + 1;
-    for (const auto& provider : catalogue_->providers) {
-        const std::size_t distance = editDistance(name, provider.name);
-        if (distance >= smallest) continue;
-        smallest = distance;
-        nearest = provider.name;
-    }
-    return nearest;
+    NearestName nearest(name);
+    for (const auto& provider : catalogue_->providers)
+        nearest.offer(provider.name);
+    return nearest.found();
 }
 
 std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
@@ -87,14 +83,16 @@ std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
         // A drive that leads nowhere: the project may still have the file.
     }
     // With a slash at its front too it is a path below the root.
-    return findAnyCase(site_->configuration->projectRoot.string() + "/" +
-                       replaceAll(sitePath, "\\", "/"));
+    return findAnyCase(
+        site_->configuration->projectRoot.string() + "/" + replaceAll(sitePath, "\\", "/"),
+        *site_->configuration);
 }
 
 std::optional<fs::path> SiteFacts::findIncluded(const ScriptText::Include& include,
                                                 const fs::path& includer) const {
     if (include.isVirtual) return find(include.path);
-    return findAnyCase(includer.parent_path() / replaceAll(include.path, "\\", "/"));
+    return findAnyCase(includer.parent_path() / replaceAll(include.path, "\\", "/"),
+                       *site_->configuration);
 }
 
 const ScriptText& SiteFacts::scriptOf(const fs::path& file) {
@@ -115,7 +113,11 @@ void SiteFacts::collect(const ScriptText& script, const fs::path& file, Function
     all.insert(script.functions.begin(), script.functions.end());
     for (const auto& include : script.includes) {
         const auto included = findIncluded(include, file);
-        if (included && seen.insert(included->string()).second)
+        if (!included) continue;
+        // Links make many names for one file, and in a loop of folders names without end.
+        std::error_code failure;
+        const fs::path real = fs::canonical(*included, failure);
+        if (!failure && seen.insert(real.string()).second)
             collect(scriptOf(*included), *included, all, seen);
     }
 }

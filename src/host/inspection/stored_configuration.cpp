@@ -108,7 +108,8 @@ class Reader {
         try {
             return toInteger(std::string(found->second));
         } catch (const RuntimeError&) {
-            result_.faults.push_back({std::string(name), std::string(found->second)});
+            result_.faults.push_back(
+                {std::string(name), std::string(found->second), "which is no 16-bit number"});
             return fallback;
         }
     }
@@ -126,7 +127,11 @@ class Reader {
         readList(KeyFields, family);
         for (const ListRow& list : LaterLists)
             readList(list, family);
-        const int rows = count(named("NrOfLinked@Fields", family), 2);
+        const std::string linkRows = named("NrOfLinked@Fields", family);
+        const int rows = count(linkRows, 2);
+        if (rows < 1)
+            result_.faults.push_back(
+                {linkRows, std::string(text(linkRows)), "while the header alone is one row"});
         const std::string from = named("@LinkFromFields", family);
         const std::string to = named("@LinkToFields", family);
         for (int row = 1; row < rows; ++row)

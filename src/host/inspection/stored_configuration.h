@@ -77,9 +77,10 @@ struct StoredConfiguration {
         StoredItem name;
         std::string text;
     };
-    // A stored text that is no value of its property's type, which ends the reading of a control.
+    // A stored text that ends the reading of a control, and why: "which is no 16-bit number".
     struct Fault {
         std::string property, text;
+        std::string_view reason;
     };
 
     StoredItem dataProvider, linkedDataProvider, stylesheet;

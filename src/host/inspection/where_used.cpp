@@ -83,17 +83,8 @@ std::vector<std::string> fieldsOf(const std::vector<Row>& rows, std::string_view
 
 PageUses WhereUsed::lookInto(const std::filesystem::path& page) {
     PageUses result;
-    try {
-        lookInto(page, result);
-    } catch (const ConfigurationError& error) {
-        result.notConfigured = true;
-        result.failure = error.what();
-    } catch (const FileError& error) {
-        const bool isPages = error.file() == page.string() && error.line() == 0;
-        result.failure = isPages ? error.problem() : error.what();
-    } catch (const std::exception& error) {
-        result.failure = error.what();
-    }
+    const auto failure = failureOf(page, [&] { lookInto(page, result); });
+    if (failure) result.failure = failure;
     return result;
 }
 
@@ -105,7 +96,7 @@ void WhereUsed::lookInto(const std::filesystem::path& page, PageUses& result) {
     const LabelledFields* labelled = nullptr;
     if (query_.kind == WhereQuery::Kind::Label && result.hasControl) {
         labelled = &labelledFields(site);
-        result.failure = labelled->failure;
+        if (!labelled->failure.empty()) result.failure = {PageFailure::Of::Site, labelled->failure};
     }
     for (const ControlSpan& control : markup.controls()) {
         const StoredConfiguration configuration = readStoredConfiguration(control.properties);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/inspection/page_failure.h"
 #include "host/inspection/stored_configuration.h"
 #include "host/site/site.h"
 
@@ -40,8 +41,7 @@ struct Use {
 struct PageUses {
     bool hasControl = false;
     std::vector<Use> uses;
-    std::string failure;  // why it could not be looked into; empty when it was
-    bool notConfigured = false;
+    std::optional<PageFailure> failure;  // nothing when it was looked into
 };
 
 // Looks for one thing in any number of pages. Labels are looked up in each site's translation

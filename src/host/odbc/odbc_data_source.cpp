@@ -50,16 +50,25 @@ bool isFileOf(const std::string& database, const std::string& driverNames) {
            database.find('/') != std::string::npos;
 }
 
-// The path of a database file that a section names; raises 53 when there is no such file, where
-// the driver would make an empty one.
-std::string databaseFile(const std::string& database, const fs::path& siteFolder,
-                         const std::string& section) {
+// The path of a database file that a place names; raises 53 when there is no such file, where the
+// driver would make an empty one.
+std::string databaseFile(const std::string& database, const fs::path& folder,
+                         const std::string& place) {
     std::error_code failed;
-    const fs::path path = fs::absolute(siteFolder / database, failed).lexically_normal();
+    const fs::path path = fs::absolute(folder / database, failed).lexically_normal();
     if (failed || !fs::exists(path, failed))
-        throw RuntimeError(ErrorNumber::FileNotFound,
-                           path.string() + ", the Database of " + section);
+        throw RuntimeError(ErrorNumber::FileNotFound, path.string() + ", the Database of " + place);
     return path.string();
+}
+
+// The same for a database that the site's odbc.ini does not name: the driver goes from the working
+// folder.
+void requireDatabaseFile(const OdbcConnectString& parts, const std::string& dsn,
+                         const std::string& driverNames) {
+    const std::string own = parts.value("Database");
+    const std::string database = own.empty() ? odbcsOwnDataSourceKey(dsn, "Database") : own;
+    if (driverNames.find(FileDriver) != std::string::npos && isFileOf(database, driverNames))
+        databaseFile(database, {}, own.empty() ? "the data source " + dsn : "the connect string");
 }
 
 // Puts the section of the site's odbc.ini in the place of DSN. Returns the driver's names.
@@ -99,6 +108,8 @@ OdbcDataSource findDataSource(const std::string& connectString,
     const std::string driver = inSite        ? useSection(parts, settings)
                                : namesDriver ? driverNames(parts.value("DRIVER"))
                                              : driverNames(odbcsOwnDataSourceKey(dsn, "Driver"));
+
+    requireDatabaseFile(parts, dsn, driver);
 
     OdbcDataSource source;
     if (driver.find(FileDriver) != std::string::npos) source.form = OdbcText::Utf8;

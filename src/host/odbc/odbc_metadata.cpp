@@ -78,12 +78,17 @@ std::vector<OdbcTable> OdbcMetadata::tables(bool withViews) {
         Narrow wanted(types);
         return SQLTables(handle, nullptr, 0, nullptr, 0, nullptr, 0, wanted.data(), wanted.size());
     });
+    const std::string database = session_.database();
     std::vector<OdbcTable> tables;
     for (Row& row : rows(statement, place::TableType + 1)) {
         const std::string& type = row[place::TableType];
         // Not every driver keeps to the types that it is asked for.
         const bool isView = equalIgnoringCase(type, "VIEW");
         if (!equalIgnoringCase(type, "TABLE") && !(withViews && isView)) continue;
+        // Some drivers tell those of all databases of a server.
+        const std::string& catalogue = row[place::Catalogue];
+        if (!catalogue.empty() && !database.empty() && !equalIgnoringCase(catalogue, database))
+            continue;
         tables.push_back({std::move(row[place::Catalogue]), std::move(row[place::Schema]),
                           std::move(row[place::Table]), isView ? "VIEW" : "TABLE"});
     }

@@ -25,8 +25,8 @@ class OdbcMetadata {
     // The session outlives it.
     explicit OdbcMetadata(OdbcSession& session) : session_(session) {}
 
-    // Tables, and views too where they are wanted; none of the database's own. In the driver's
-    // order.
+    // Tables, and views too where they are wanted; none of the database's own, nor of other
+    // databases of the server. In the driver's order.
     std::vector<OdbcTable> tables(bool withViews);
     // In the table's order.
     std::vector<OdbcTableColumn> columns(const OdbcTable& table);

@@ -114,6 +114,16 @@ void OdbcSession::close() {
     SQLDisconnect(logOn_.get());
 }
 
+std::string OdbcSession::database() const {
+    std::u16string name(256, u'\0');
+    SQLSMALLINT bytes = 0;
+    const auto room = static_cast<SQLSMALLINT>(name.size() * sizeof(char16_t));
+    if (!SQL_SUCCEEDED(SQLGetInfoW(logOn_.get(), SQL_DATABASE_NAME, name.data(), room, &bytes)))
+        return {};
+    name.resize(std::min(name.size(), name.find(u'\0')));
+    return utf8FromUtf16(name);
+}
+
 void OdbcSession::setAutoCommit(bool on) {
     checkOdbc(SQLSetConnectAttr(logOn_.get(), SQL_ATTR_AUTOCOMMIT,
                                 attribute(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0),

@@ -37,6 +37,9 @@ class OdbcSession {
     // Frees all statements, undoes an open transaction and logs off.
     void close();
 
+    // The name of the database in use; empty where the driver knows none.
+    std::string database() const;
+
     void beginTransaction();
     void commitTransaction();
 

@@ -36,6 +36,18 @@ std::size_t endOfValue(std::string_view text, std::size_t begin) {
     return std::min(text.find_first_of(";\r\n", begin), text.size());
 }
 
+// What stands behind the semicolon after a password and is no keyword with its value is the rest of
+// a password that should have stood in braces.
+std::size_t endOfSecret(std::string_view text, std::size_t end) {
+    while (end < text.size() && text[end] == ';') {
+        const std::size_t next = std::min(text.find_first_of(";=\"' \t\r\n", end + 1), text.size());
+        const char stop = next < text.size() ? text[next] : ';';
+        if (next == end + 1 || stop == '=' || stop == ' ') break;
+        end = next;
+    }
+    return end;
+}
+
 // "keyword = value" at a place where a word begins; moves past what it appends.
 bool takeKeyword(std::string_view text, std::size_t& at, std::string& masked) {
     const auto* const wordEnd =
@@ -53,7 +65,9 @@ bool takeKeyword(std::string_view text, std::size_t& at, std::string& masked) {
     const std::size_t value = skipBlanks(text, equals + 1);
     masked += text.substr(at, value - at);
     at = endOfValue(text, value);
-    if (!trimBlanks(text.substr(value, at - value)).empty()) masked += MaskedSecret;
+    if (trimBlanks(text.substr(value, at - value)).empty()) return true;
+    at = endOfSecret(text, at);
+    masked += MaskedSecret;
     return true;
 }
 

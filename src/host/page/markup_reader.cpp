@@ -1,11 +1,13 @@
 #include "host/page/markup_reader.h"
 
+#include "host/files/utf8_scan.h"
 #include "host/page/character_references.h"
+#include "host/page/property_index.h"
 #include "host/page/tag_reader.h"
 #include "platform/text.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <vector>
 
 namespace headerdtc {
 namespace {
@@ -162,20 +164,20 @@ class PageReader {
     std::size_t readProperties(const ObjectTag& tag, StoredProperties& properties) {
         if (!tag.closed) fail(tag.begin, "the OBJECT tag is not closed; it has to end in \">\"");
         TagReader reader(page_, tag.end);
-        std::unordered_map<std::string, std::size_t> places;
-        for (reader.skipSpace(); !takeClosingTag(reader, "</OBJECT"); reader.skipSpace()) {
+        std::vector<std::size_t> places;
+        while (true) {
+            reader.skipSpace();
             const auto place = reader.at();
-            if (takeClosingTag(reader, "</PARAM")) continue;
-            if (!reader.takeTag("<PARAM")) failInObject(tag, reader);
-            auto property = readParam(reader, place);
-            const auto [first, isNew] = places.emplace(property.first, place);
-            if (!isNew) {
-                fail(place, "the property \"" + property.first +
-                                "\" is there twice, here and on line " +
-                                std::to_string(lineOf(first->second)) + "; remove one of them");
+            if (reader.takeTag("<PARAM")) {
+                properties.push_back(readParam(reader, place));
+                places.push_back(place);
+            } else if (takeClosingTag(reader, "</OBJECT")) {
+                break;
+            } else if (!takeClosingTag(reader, "</PARAM")) {
+                failInObject(tag, reader);
             }
-            properties.push_back(std::move(property));
         }
+        refuseRepeated(properties, places);
         reader.skipSpace();
         if (!reader.take(CommentEnd)) {
             fail(reader.at(),
@@ -183,6 +185,17 @@ class PageReader {
         }
         if (!reader.take("\r\n")) reader.take("\n");
         return reader.at();
+    }
+
+    void refuseRepeated(const StoredProperties& properties,
+                        const std::vector<std::size_t>& places) {
+        const PropertyIndex index(properties);
+        const auto second = index.repeated();
+        if (!second) return;
+        const std::string& name = properties[*second].first;
+        fail(places[*second], "the property \"" + name + "\" is there twice, here and on line " +
+                                  std::to_string(lineOf(places[*index.find(name)])) +
+                                  "; remove one of them");
     }
 
     static bool takeClosingTag(TagReader& reader, std::string_view name) {
@@ -214,7 +227,10 @@ class PageReader {
     }
 
     std::string textOf(std::string_view bytes) const {
-        return resolveReferences(codePage_.decode(bytes));
+        // Nearly all texts are the same in every code page.
+        const bool isPlain =
+            asciiLength(bytes) == bytes.size() && bytes.find('&') == std::string_view::npos;
+        return isPlain ? std::string(bytes) : resolveReferences(codePage_.decode(bytes));
     }
 
     int lineOf(std::size_t place) {
@@ -246,9 +262,11 @@ class PageReader {
 }  // namespace
 
 std::optional<SpanMarker> findSpanMarker(std::string_view page, std::size_t from) {
-    for (auto begin = page.find(CommentStart, from); begin != std::string_view::npos;
-         begin = page.find(CommentStart, begin + CommentStart.size())) {
-        if (auto marker = markerAt(page, begin)) return marker;
+    // A page is full of '<'; its '!' are few.
+    for (auto at = page.find('!', from + 1); at != std::string_view::npos;
+         at = page.find('!', at + 1)) {
+        if (!page.substr(at - 1).starts_with(CommentStart)) continue;
+        if (auto marker = markerAt(page, at - 1)) return marker;
     }
     return std::nullopt;
 }

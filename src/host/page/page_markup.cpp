@@ -1,5 +1,6 @@
 #include "host/page/page_markup.h"
 
+#include "host/files/utf8_scan.h"
 #include "host/page/character_references.h"
 #include "host/page/markup_reader.h"
 #include "platform/text.h"
@@ -13,6 +14,8 @@ namespace {
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::string_view EndComment = "<!--METADATA TYPE=\"DesignerControl\" endspan-->";
+
+constexpr std::size_t LongestUsualParam = 100;  // bytes
 
 const CodePage& codePageOf(std::string_view bytes, const CodePage& siteCodePage) {
     return bytes.starts_with(ByteOrderMark) ? CodePage::utf8() : siteCodePage;
@@ -68,21 +71,44 @@ std::string PageMarkup::runtimeTextOf(const ControlSpan& control) const {
     return codePage_.decode(textOf(control.runtimeText));
 }
 
+bool PageMarkup::hasMarkup(const ControlSpan& control, const ControlContent& content) {
+    return content.id == control.id && content.properties == control.properties;
+}
+
+bool PageMarkup::hasRuntimeText(const ControlSpan& control, const ControlContent& content) const {
+    const auto bytes = textOf(control.runtimeText);
+    // ASCII is the same in every code page, so it needs no decoding.
+    if (asciiLength(bytes) == bytes.size()) return content.runtimeText == bytes;
+    return content.runtimeText == runtimeTextOf(control);
+}
+
+bool PageMarkup::holds(const std::vector<ControlContent>& contents) const {
+    return std::equal(controls_.begin(), controls_.end(), contents.begin(), contents.end(),
+                      [this](const ControlSpan& control, const ControlContent& content) {
+                          return hasMarkup(control, content) && hasRuntimeText(control, content);
+                      });
+}
+
 std::string PageMarkup::with(const std::vector<ControlContent>& contents) const {
     if (contents.size() != controls_.size())
         throw std::invalid_argument("a page's controls and their contents differ in number");
+    // A page that grew beyond what is reserved would be copied once more.
+    std::size_t size = bytes_.size();
+    for (const auto& content : contents)
+        size += content.runtimeText.size() + content.properties.size() * LongestUsualParam;
     std::string result;
-    result.reserve(bytes_.size());
+    result.reserve(size);
     std::size_t at = 0;
     for (std::size_t i = 0; i < controls_.size(); ++i) {
         const auto& control = controls_[i];
         const auto& content = contents[i];
         result += textOf({at, control.markup.begin});
-        const bool sameMarkup =
-            content.id == control.id && content.properties == control.properties;
-        result +=
-            sameMarkup ? std::string(textOf(control.markup)) : writeMarkup(content, codePage_);
-        if (content.runtimeText == runtimeTextOf(control)) {
+        if (hasMarkup(control, content)) {
+            result += textOf(control.markup);
+        } else {
+            result += writeMarkup(content, codePage_);
+        }
+        if (hasRuntimeText(control, content)) {
             result += textOf(control.runtimeText);
         } else {
             // Without a line end of its own the markup would take the new text's first one.

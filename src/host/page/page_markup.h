@@ -52,7 +52,8 @@ class PageMarkup {
     PageMarkup(std::string file, std::string bytes, const CodePage& siteCodePage);
 
     const std::string& file() const { return file_; }
-    const std::string& bytes() const { return bytes_; }
+    const std::string& bytes() const& { return bytes_; }
+    std::string bytes() && { return std::move(bytes_); }
     const CodePage& codePage() const { return codePage_; }
     const std::vector<ControlSpan>& controls() const { return controls_; }
     std::string_view textOf(const ByteRange& range) const;
@@ -65,6 +66,8 @@ class PageMarkup {
     // with the same values), the runtime text where it is the same. Throws FileError when a text
     // holds what would end its span, or start another.
     std::string with(const std::vector<ControlContent>& contents) const;
+    // Whether the page holds these contents already, so that with() would give its own bytes.
+    bool holds(const std::vector<ControlContent>& contents) const;
     // The page's bytes with one more control, before a line (from 1; one behind the last line is
     // the end). Throws FileError for a line that is not there or lies inside a control's span of
     // any kind.
@@ -73,6 +76,8 @@ class PageMarkup {
     std::string freeId() const;
 
   private:
+    static bool hasMarkup(const ControlSpan& control, const ControlContent& content);
+    bool hasRuntimeText(const ControlSpan& control, const ControlContent& content) const;
     std::size_t placeOfLine(int line) const;
 
     std::string file_;

@@ -136,7 +136,7 @@ OpenControl::OpenControl(std::shared_ptr<Site> site, const fs::path& page, const
         const auto losses = findLosses(span.properties, written.written());
         if (!losses.empty()) parts_->doubt = describe(losses);
     }
-    parts_->asLoaded = written.asStored();
+    parts_->asLoaded = std::move(written).asStored();
 }
 
 OpenControl::~OpenControl() = default;
@@ -164,7 +164,7 @@ StoredProperties OpenControl::properties() {
     if (parts_->asLoaded) return *std::exchange(parts_->asLoaded, std::nullopt);
     CollectingPropertyBag written;
     parts_->control.dtc.UserControl_WriteProperties(written);
-    return written.asStored();
+    return std::move(written).asStored();
 }
 
 std::string OpenControl::runtimeText() {

@@ -2,29 +2,28 @@
 
 #include "platform/text.h"
 
+#include <array>
+
 namespace headerdtc {
 namespace {
 
-constexpr std::string_view CommentEnd = "-->";
+// Every byte of a page's tags is asked about.
+constexpr auto NameCharacters = [] {
+    std::array<bool, 256> table{};
+    table.fill(true);
+    for (const unsigned char c : std::string_view(" \t\n\v\f\r<>=\"'/"))
+        table[c] = false;
+    return table;
+}();
 
 bool isNameCharacter(char c) {
-    return !isMarkupSpace(c) && std::string_view("<>=\"'/").find(c) == std::string_view::npos;
+    return NameCharacters[static_cast<unsigned char>(c)];
 }
 
 }  // namespace
 
-bool isMarkupSpace(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
-bool TagReader::sees(std::string_view word) const {
+bool TagReader::seesMore(std::string_view word) const {
     return equalIgnoringCase(bytes_.substr(at_, word.size()), word);
-}
-
-bool TagReader::take(std::string_view word) {
-    if (!sees(word)) return false;
-    at_ += word.size();
-    return true;
 }
 
 bool TagReader::takeTag(std::string_view opening) {
@@ -35,14 +34,9 @@ bool TagReader::takeTag(std::string_view opening) {
     return true;
 }
 
-void TagReader::skipSpace() {
-    while (!atEnd() && isMarkupSpace(bytes_[at_]))
-        ++at_;
-}
-
 std::string_view TagReader::takeName() {
     const auto begin = at_;
-    while (!atEnd() && isNameCharacter(bytes_[at_]) && !sees(CommentEnd))
+    while (!atEnd() && isNameCharacter(bytes_[at_]) && !seesCommentEnd())
         ++at_;
     return bytes_.substr(begin, at_ - begin);
 }
@@ -58,7 +52,7 @@ std::optional<std::string_view> TagReader::takeValue() {
     }
     const auto begin = at_;
     while (!atEnd() && (isNameCharacter(bytes_[at_]) || bytes_[at_] == '/' || bytes_[at_] == '=') &&
-           !sees(CommentEnd))
+           !seesCommentEnd())
         ++at_;
     return bytes_.substr(begin, at_ - begin);
 }

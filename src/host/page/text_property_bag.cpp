@@ -3,21 +3,26 @@
 namespace headerdtc {
 namespace {
 
-std::string storedText(const PropertyValue& value) {
+std::string storedText(PropertyValue value) {
+    if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
     if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "-1" : "0";
-    if (const auto* number = std::get_if<std::int16_t>(&value)) return std::to_string(*number);
-    return std::get<std::string>(value);
+    return std::to_string(std::get<std::int16_t>(value));
 }
 
 }  // namespace
 
 StoredPropertyBag::StoredPropertyBag(const StoredProperties& properties)
-    : values_(properties.begin(), properties.end()) {}
+    : properties_(properties), index_(properties) {}
 
+// Properties are stored in the order in which they are read, but for where their groups begin.
 PropertyValue StoredPropertyBag::ReadProperty(std::string_view name,
                                               const PropertyValue& fallback) {
-    const auto found = values_.find(name);
-    return found == values_.end() ? fallback : PropertyValue(std::string(found->second));
+    if (next_ >= properties_.size() || properties_[next_].first != name) {
+        const auto found = index_.find(name);
+        if (!found) return fallback;
+        next_ = *found;
+    }
+    return properties_[next_++].second;
 }
 
 void CollectingPropertyBag::WriteProperty(std::string_view name, const PropertyValue& value,
@@ -25,11 +30,17 @@ void CollectingPropertyBag::WriteProperty(std::string_view name, const PropertyV
     if (value != fallback) written_.emplace_back(name, value);
 }
 
-StoredProperties CollectingPropertyBag::asStored() const {
+StoredProperties CollectingPropertyBag::asStored() const& {
+    CollectingPropertyBag copy(*this);
+    return std::move(copy).asStored();
+}
+
+StoredProperties CollectingPropertyBag::asStored() && {
     StoredProperties stored;
     stored.reserve(written_.size());
-    for (const auto& [name, value] : written_)
-        stored.emplace_back(name, storedText(value));
+    for (auto& [name, value] : written_)
+        stored.emplace_back(std::move(name), storedText(std::move(value)));
+    written_.clear();
     return stored;
 }
 

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "host/page/page_markup.h"
+#include "host/page/property_index.h"
 #include "platform/property_bag.h"
 
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -21,7 +20,9 @@ class StoredPropertyBag : public PropertyBag {
     void WriteProperty(std::string_view, const PropertyValue&, const PropertyValue&) override {}
 
   private:
-    std::unordered_map<std::string_view, std::string_view> values_;
+    const StoredProperties& properties_;
+    const PropertyIndex index_;
+    std::size_t next_ = 0;  // behind the last one that was read
 };
 
 // Collects what a control writes, defaults left out, typed and in order.
@@ -33,12 +34,14 @@ class CollectingPropertyBag : public PropertyBag {
     void WriteProperty(std::string_view name, const PropertyValue& value,
                        const PropertyValue& fallback) override;
 
-    const std::vector<std::pair<std::string, PropertyValue>>& written() const { return written_; }
+    using Written = std::vector<std::pair<std::string, PropertyValue>>;
+    const Written& written() const { return written_; }
     // As a page keeps them: Booleans -1 and 0, integers decimal.
-    StoredProperties asStored() const;
+    StoredProperties asStored() const&;
+    StoredProperties asStored() &&;
 
   private:
-    std::vector<std::pair<std::string, PropertyValue>> written_;
+    Written written_;
 };
 
 }  // namespace headerdtc

@@ -2,13 +2,14 @@
 
 #include "host/files/file_cache.h"
 #include "host/files/utf8_scan.h"
+#include "host/odbc/secrets.h"
+#include "host/site/toml.h"
 
 #include <algorithm>
 #include <array>
 #include <map>
 #include <mutex>
 #include <stdexcept>
-#include <toml++/toml.h>
 
 namespace headerdtc {
 namespace {
@@ -106,7 +107,7 @@ class ConfigurationReader {
             names.append(names.empty() ? "" : ", ").append(known.name);
         }
         if (section.empty()) names += ", [project], [drives], [datasource], [translations]";
-        fail(key.source(), "unknown key \"" + std::string(key.str()) + "\"" +
+        fail(key.source(), "unknown key \"" + maskSecrets(key.str()) + "\"" +
                                (section.empty() ? "" : " in [" + std::string(section) + "]") +
                                "; known are " + names);
     }
@@ -150,7 +151,7 @@ class ConfigurationReader {
         const bool isLetter = name.size() == 1 && ((name[0] >= 'A' && name[0] <= 'Z') ||
                                                    (name[0] >= 'a' && name[0] <= 'z'));
         if (!isLetter) {
-            fail(key.source(), "unknown key \"" + std::string(name) +
+            fail(key.source(), "unknown key \"" + maskSecrets(name) +
                                    "\" in [drives]; a drive is one letter from A to Z");
         }
         const char letter = static_cast<char>(name[0] & ~0x20);

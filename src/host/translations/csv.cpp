@@ -12,7 +12,7 @@ class Reader {
   public:
     Reader(const std::string& file, std::string_view text) : file_(file), text_(text) {
         if (text_.starts_with(Utf8ByteOrderMark)) at_ = Utf8ByteOrderMark.size();
-        separator_ = findSeparator();
+        if (!takeSeparatorLine()) separator_ = findSeparator();
     }
 
     std::vector<CsvRecord> read() {
@@ -26,6 +26,19 @@ class Reader {
     }
 
   private:
+    // "sep=;", which some spreadsheets put before the table.
+    bool takeSeparatorLine() {
+        constexpr std::string_view Begin = "sep=";
+        const std::string_view line = text_.substr(at_, text_.find('\n', at_) - at_);
+        if (!line.starts_with(Begin) ||
+            line.substr(Begin.size() + 1) != (line.ends_with('\r') ? "\r" : ""))
+            return false;
+        separator_ = line[Begin.size()];
+        at_ += line.size() + 1;
+        ++line_;
+        return true;
+    }
+
     char findSeparator() const {
         std::size_t end = at_;
         if (end < text_.size() && text_[end] == '"') {
@@ -86,7 +99,7 @@ class Reader {
 
     const std::string& file_;
     std::string_view text_;
-    char separator_;
+    char separator_ = ',';
     std::size_t at_ = 0;
     int line_ = 1;
 };

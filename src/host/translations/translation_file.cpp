@@ -14,9 +14,8 @@ namespace {
 constexpr std::string_view Key = "key", Source = "source", Comment = "comment", State = "state";
 constexpr const char* NoText = "-";
 
-bool isLocale(std::string_view head) {
-    return !head.empty() && head.size() <= 9 &&
-           std::all_of(head.begin(), head.end(), [](char c) { return c >= '0' && c <= '9'; });
+bool isBlank(std::string_view text) {
+    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
 
 // "1033:8c1f0a2b 1031:-"
@@ -48,7 +47,8 @@ Column columnOf(std::string_view head) {
     if (equalIgnoringCase(head, Key)) return {Column::Is::Key, ""};
     if (equalIgnoringCase(head.substr(0, Source.size()), Source)) return {Column::Is::Source, ""};
     if (equalIgnoringCase(head, State)) return {Column::Is::State, ""};
-    if (isLocale(head)) return {Column::Is::Locale, std::string(head)};
+    if (std::string locale = localeNumber(head); !locale.empty())
+        return {Column::Is::Locale, std::move(locale)};
     return {};
 }
 
@@ -72,12 +72,23 @@ std::vector<Column> columnsOf(const std::string& file, const CsvRecord& heads) {
         throw FileError(file, heads.line, 0,
                         "there is no column \"key\"; the first line has to name the columns, as "
                         "'headerdtc translations export' writes it");
+    const bool hasLanguage = std::any_of(columns.begin(), columns.end(), [](const Column& column) {
+        return column.is == Column::Is::Locale && column.locale != SourceLocale;
+    });
+    if (!hasLanguage)
+        throw FileError(
+            file, heads.line, 0,
+            "there is no column of a language; the head of one is its locale, like 1031");
     return columns;
 }
 
 TranslationFile::Row rowOf(const CsvRecord& record, const std::vector<Column>& columns) {
     TranslationFile::Row row;
     row.line = record.line;
+    row.overflows =
+        std::any_of(record.cells.begin() +
+                        static_cast<std::ptrdiff_t>(std::min(columns.size(), record.cells.size())),
+                    record.cells.end(), [](const std::string& cell) { return !isBlank(cell); });
     for (std::size_t i = 0; i < std::min(columns.size(), record.cells.size()); ++i) {
         const std::string& cell = record.cells[i];
         switch (columns[i].is) {
@@ -102,6 +113,14 @@ TranslationFile::Row rowOf(const CsvRecord& record, const std::vector<Column>& c
 
 }  // namespace
 
+std::string localeNumber(std::string_view text) {
+    const bool isNumber = text.size() <= 9 && std::all_of(text.begin(), text.end(), [](char c) {
+                              return c >= '0' && c <= '9';
+                          });
+    const auto first = text.find_first_not_of('0');
+    return isNumber && first != std::string_view::npos ? std::string(text.substr(first)) : "";
+}
+
 std::string textFingerprint(const std::string* text) {
     if (!text) return NoText;
     // FNV-1a: the same everywhere, and small enough for a cell that nobody reads.
@@ -123,7 +142,16 @@ TranslationFile TranslationFile::parse(const std::string& file, std::string_view
             result.locales.push_back(column.locale);
         result.hasStates = result.hasStates || column.is == Column::Is::State;
     }
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const std::string& head = records.front().cells[i];
+        if (columns[i].is == Column::Is::Other && !isBlank(head) &&
+            !equalIgnoringCase(trimBlanks(head), Comment))
+            result.passedOver.push_back(head);
+    }
     for (std::size_t i = 1; i < records.size(); ++i) {
+        // Spreadsheets write the rows below the table that somebody has once been in.
+        const auto& cells = records[i].cells;
+        if (std::all_of(cells.begin(), cells.end(), isBlank)) continue;
         Row row = rowOf(records[i], columns);
         // The source's locale may head its column too.
         if (const auto source = row.texts.extract(SourceLocale); source && !row.source)

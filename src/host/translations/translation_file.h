@@ -17,6 +17,8 @@ namespace headerdtc {
 struct TranslationFile {
     struct Row {
         int line = 0;  // in the file, from 1
+        // It has more in it than there are columns: a text that has the separator is not in quotes.
+        bool overflows = false;
         std::string label;
         std::optional<std::string> source;
         std::map<std::string, std::string> texts;   // by locale
@@ -25,12 +27,16 @@ struct TranslationFile {
 
     std::vector<std::string> locales;  // of its columns, in their order
     bool hasStates = false;
+    std::vector<std::string> passedOver;  // heads of columns that are none of these
     std::vector<Row> rows;
 
-    // Throws FileError with the line for a table without a "key", for a column that is there twice,
-    // and for what readCsv refuses.
+    // Throws FileError with the line for a table without a "key" or without a language, for a
+    // column that is there twice, and for what readCsv refuses.
     static TranslationFile parse(const std::string& file, std::string_view text);
 };
+
+// A locale's number as the tables have it, "1031" for "01031"; empty for what is none.
+std::string localeNumber(std::string_view text);
 
 // What stands for a text in the column "state"; nothing for one that is not there.
 std::string textFingerprint(const std::string* text);

@@ -15,6 +15,22 @@ namespace {
 using Action = ImportStep::Action;
 using Row = TranslationFile::Row;
 
+// The text with line feeds alone: spreadsheets write every line end of a cell as one.
+std::string withLineFeeds(std::string_view text) {
+    return replaceAll(replaceAll(text, "\r\n", "\n"), "\r", "\n");
+}
+
+bool isSameText(std::string_view a, std::string_view b) {
+    return a == b || withLineFeeds(a) == withLineFeeds(b);
+}
+
+// The line ends of a text as another has them.
+std::string withLineEndsOf(std::string_view model, const std::string& text) {
+    return model.find("\r\n") == std::string_view::npos
+               ? text
+               : replaceAll(withLineFeeds(text), "\n", "\r\n");
+}
+
 class Planner {
   public:
     Planner(const TranslationFile& file, const TranslationTable& table, long longest)
@@ -45,13 +61,19 @@ class Planner {
         }
         entry_ = &table_.entries.at(row.label);
         sourceChanged_ = wasChanged(row, SourceLocale);
-        if (row.source && *row.source != *entry_->text(SourceLocale) && !sourceChanged_)
-            refuse(row, SourceLocale,
-                   "its source was edited; the page editor changes sources, not an import");
+        const std::string& source = *entry_->text(SourceLocale);
+        if (row.source && !isSameText(*row.source, source) && !sourceChanged_)
+            refuse(
+                row, SourceLocale,
+                "its source was edited, or taken for a number by the spreadsheet; the page editor "
+                "changes sources, not an import");
         return true;
     }
 
     std::string rowRefusal(const Row& row) const {
+        if (row.overflows)
+            return "it has more cells than the first line; put a text with a comma into quotation "
+                   "marks";
         if (row.label.empty()) return "it has no key";
         if (occurrences_.at(row.label) > 1) return "its key is in the file more than once";
         const auto found = table_.entries.find(row.label);
@@ -68,8 +90,11 @@ class Planner {
         const auto cell = row.texts.find(locale);
         const std::string* now = entry_->text(locale);
         ImportStep step{row.line, row.label, locale, Action::None, now ? *now : "", "", ""};
-        step.after = cell == row.texts.end() ? "" : cell->second;
-        if (step.after.empty() || step.after == step.before) {
+        const std::string& source = *entry_->text(SourceLocale);
+        step.after = cell == row.texts.end() || trimBlanks(cell->second).empty()
+                         ? ""
+                         : withLineEndsOf(source, cell->second);
+        if (step.after.empty() || isSameText(step.after, step.before)) {
             step.after = step.before;
             steps_.push_back(std::move(step));
             return;
@@ -86,6 +111,8 @@ class Planner {
         const auto& repeated = entry_->repeated;
         if (std::find(repeated.begin(), repeated.end(), locale) != repeated.end())
             return "the database has several texts there";
+        if (text.find('\0') != std::string::npos)
+            return "it has a character 0 in it, which ends a text";
         if (longest_ > 0 && characterCount(text) > longest_)
             return "it has " + std::to_string(characterCount(text)) +
                    " characters; the database takes " + std::to_string(longest_);

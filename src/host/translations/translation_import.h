@@ -27,8 +27,9 @@ struct ImportStep {
 };
 
 // Compares a file with a database; row by row, in the order of the file. An empty cell never
-// removes a text. A cell is refused where writing it could lose something: the label is unknown or
-// stands in the file twice, its text or its source was changed in the database since the export,
+// removes a text, nor does one with blanks alone; line ends, which a spreadsheet changes, do not
+// make another text. A cell is refused where writing it could lose something: the label is unknown
+// or stands in the file twice, its text or its source was changed in the database since the export,
 // the database has several texts there, or the text is longer than the column takes. A source that
 // was edited in the file is refused too: it belongs to the page editor. `longest` is in characters,
 // 0 for no bound.

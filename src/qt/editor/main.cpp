@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QStandardPaths>
 #include <QTimer>
+#include <csignal>
 
 using namespace headerdtc::qt;
 
@@ -19,6 +20,8 @@ std::filesystem::path toPath(const QString& name) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // A file that would become too large is a failure to be reported, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("headerdtc"));
     QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));

@@ -88,6 +88,8 @@ void ComboBoxView::choose(int item) {
 
 void ComboBoxView::edited() {
     if (showing_) return;
+    // Qt has begun to show an item that the person chose, and tells of the choice in the end.
+    if (combo_.currentIndex() != model_.ListIndex()) return;
     const QLineEdit& edit = *combo_.lineEdit();
     const std::string text = fromQt(edit.text());
     const bool changed = text != model_.Text();

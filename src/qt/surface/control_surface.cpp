@@ -70,7 +70,7 @@ ControlSurface::ControlSurface(HeaderDTC& dtc, QWidget* parent) : QWidget(parent
 ControlSurface::~ControlSurface() = default;
 
 QSize ControlSurface::sizeHint() const {
-    return QSize(620, 640).expandedTo(minimumSizeHint());
+    return QSize(DesignedWidth, 640).expandedTo(minimumSizeHint());
 }
 
 void ControlSurface::act(const std::function<void()>& action) {

@@ -21,6 +21,8 @@ class ControlSurface : public QWidget {
     ~ControlSurface() override;
 
     QSize sizeHint() const override;
+    // In pixels, what the tabs are drawn for.
+    static constexpr int DesignedWidth = 560;
 
     // Does something to the control in the person's name, with the focus following as it follows a
     // key or the mouse; what a person could not do is left undone.

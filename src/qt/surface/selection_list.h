@@ -38,6 +38,8 @@ class SelectionList : public QListView {
     void pressedTwice();
 
   protected:
+    // An item's text that the list is too narrow for shows as a tool tip.
+    bool viewportEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

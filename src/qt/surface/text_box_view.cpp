@@ -43,9 +43,13 @@ void TextBoxView::edited(const std::optional<std::string>& text, int selStart, i
 void TextBoxView::showGround() {
     const QScopedValueRollback colouring(colouring_, true);
     QPalette palette;
-    if (!isEditable())
-        palette.setBrush(QPalette::Base,
-                         widget().parentWidget()->palette().brush(QPalette::Window));
+    if (!isEditable()) {
+        const QPalette& around = widget().parentWidget()->palette();
+        palette.setBrush(QPalette::Base, around.brush(QPalette::Window));
+        // What cannot be changed is still there to be read.
+        palette.setBrush(QPalette::Disabled, QPalette::Text,
+                         around.brush(QPalette::Active, QPalette::WindowText));
+    }
     widget().setPalette(palette);
 }
 
@@ -87,6 +91,8 @@ LinesView::LinesView(TextBox& model, QPlainTextEdit& widget, FormFace face)
     : TextBoxView(model, widget, face), edit_(widget) {
     // A box that Tab could not leave would be a trap.
     edit_.setTabChangesFocus(true);
+    // Scripts are indented with tabs, as the source beside them shows.
+    edit_.setTabStopDistance(4 * edit_.fontMetrics().horizontalAdvance(QLatin1Char(' ')));
     connect(&edit_, &QPlainTextEdit::textChanged, this, [this] { report(); });
     connect(&edit_, &QPlainTextEdit::cursorPositionChanged, this, [this] { report(); });
     connect(&edit_, &QPlainTextEdit::selectionChanged, this, [this] { report(); });

@@ -20,7 +20,7 @@ class TextBoxView : public ControlView {
 
   protected:
     // Whether a person could edit the text. What is only to be read lies on the window's ground.
-    virtual bool isEditable() const { return !model_.Locked(); }
+    bool isEditable() const { return model_.Enabled() && !model_.Locked(); }
     void showGround();
     bool keyPressed(const QKeyEvent& event) override;
     // Keys that only the model acts upon.
@@ -59,7 +59,6 @@ class LinesView : public TextBoxView {
     void show() override;
     // A text that cannot be edited can still be scrolled through.
     void showEnabled(bool enabled) override;
-    bool isEditable() const override { return model_.Enabled() && !model_.Locked(); }
     bool isModelKey(const Key& key) const override;
     bool applyKey(const Key& key) override;
 

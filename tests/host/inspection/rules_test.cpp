@@ -101,7 +101,7 @@ TEST_F(Rules, FollowLinksToTheLinkedProvider) {
 
 TEST_F(Rules, LookAtEachCriterion) {
     EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_3", ""}})),
-                ElementsAre(HasSubstr("incomplete-criterion ZEKO 1 ZEKOCriteria1_3: ")));
+                ElementsAre(HasSubstr("incomplete-criterion ZEKO 1 ZEKOCriteria1_1: ")));
     EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_2", "&lt;&gt;"}})),
                 ElementsAre(HasSubstr("unknown-operator ZEKO 1 ZEKOCriteria1_2: the operator "
                                       "\"<>\" of criterion 1")));
@@ -177,6 +177,10 @@ TEST_F(Rules, FindValuesThatEndTheTextTheyArePutInto) {
     EXPECT_THAT(found(valued("quay &quot;&quot;A&quot;&quot;")), IsEmpty());
     EXPECT_THAT(found(valued("100%>")), ElementsAre(HasSubstr("has a %>")));
     EXPECT_THAT(found(valued("two&#10;lines")), ElementsAre(HasSubstr("has a line end")));
+    EXPECT_THAT(found(valued("100 &#8364;")), IsEmpty());
+    EXPECT_THAT(found(valued("&#937;")),
+                ElementsAre(HasSubstr("outside-code-page ZEKO 1 ZEKOCriteria1_3: value of "
+                                      "criterion \"\xCE\xA9\" has a character that windows-1252")));
 }
 
 TEST_F(Rules, CountTheLinesOfAStatement) {
@@ -215,6 +219,8 @@ TEST_F(Rules, SayWhatOfAPageIsStaleAndWhatWouldNotBeWritten) {
     EXPECT_THAT(shown(site.inspect("page.asp")),
                 AllOf(Contains(HasSubstr("unreadable-property ZEKOReturnFieldCount: ")),
                       Contains(HasSubstr("not-generated: "))));
+    EXPECT_THAT(found(HarbourSite::with({{"NrOfLinkedZEKOFields", "0"}})),
+                Contains(HasSubstr("unreadable-property NrOfLinkedZEKOFields: ")));
 }
 
 TEST_F(Rules, NameTheLineOfThePropertyAndTheControlsOfAPage) {
@@ -242,14 +248,15 @@ TEST(PropertyLine, IsThatOfTheNameHoweverItIsWritten) {
 
 TEST_F(Rules, APageThatCannotBeCheckedSaysWhy) {
     site.write("page.asp", "<!--METADATA TYPE=\"DesignerControl\" startspan\n<OBJECT>");
-    EXPECT_FALSE(site.inspect("page.asp").failure.empty());
-    EXPECT_FALSE(site.inspect("missing.asp").failure.empty());
+    EXPECT_EQ(site.inspect("page.asp").failure->of, PageFailure::Of::Page);
+    EXPECT_EQ(site.inspect("missing.asp").failure->of, PageFailure::Of::Page);
 
     site.writePage("page.asp", HarbourSite::ships());
     site.write("catalogue.json", "{");
-    EXPECT_THAT(site.inspect("page.asp").failure, HasSubstr("catalogue.json:1:"));
+    EXPECT_EQ(site.inspect("page.asp").failure->of, PageFailure::Of::Site);
+    EXPECT_THAT(site.inspect("page.asp").failure->text, HasSubstr("catalogue.json:1:"));
     site.write("headerdtc.toml", "colour = 1\n");
-    EXPECT_TRUE(site.inspect("page.asp").notConfigured);
+    EXPECT_EQ(site.inspect("page.asp").failure->of, PageFailure::Of::Configuration);
 }
 
 }  // namespace

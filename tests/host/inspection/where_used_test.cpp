@@ -22,7 +22,7 @@ class Where : public ::testing::Test {
                                   const std::string& provider = "") {
         const PageUses found =
             WhereUsed(sites, {kind, value, provider}).lookInto(site / "page.asp");
-        EXPECT_EQ(found.failure, "");
+        EXPECT_FALSE(found.failure);
         std::vector<std::string> properties;
         for (const Use& use : found.uses)
             properties.push_back(use.item.property);
@@ -55,9 +55,8 @@ TEST_F(Where, FindsProvidersAndFiles) {
 
 TEST_F(Where, SaysWhyALabelCannotBeLookedUp) {
     const auto found = WhereUsed(sites, {Kind::Label, "L1", ""}).lookInto(site / "page.asp");
-    EXPECT_THAT(found.failure, HasSubstr("headerdtc doctor"));
-    EXPECT_FALSE(
-        WhereUsed(sites, {Kind::Field, "x", ""}).lookInto(site / "no.asp").failure.empty());
+    EXPECT_THAT(found.failure->text, HasSubstr("headerdtc doctor"));
+    EXPECT_TRUE(WhereUsed(sites, {Kind::Field, "x", ""}).lookInto(site / "no.asp").failure);
 }
 
 }  // namespace

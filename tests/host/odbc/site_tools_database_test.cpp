@@ -1,6 +1,7 @@
 // What the tools for whole sites ask of a database beyond the control's statements: bound values,
 // catalogue functions, an import of translations.
 
+#include "host/catalogue_import/database_tables.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/odbc/odbc_metadata.h"
 #include "host/translations/translation_import.h"
@@ -97,6 +98,23 @@ TEST_F(SiteTools, CatalogueFunctionsTellTablesColumnsAndKeys) {
     EXPECT_EQ(longestText(connection), 1000);
     database.run("DROP TABLE QUAY_A");
     database.run("DROP TABLE QUAYXA");
+}
+
+TEST_F(SiteTools, TablesOfOneNameHaveToBeToldApart) {
+    if (database.kind != "postgresql") GTEST_SKIP() << "its tables are all of one schema";
+    database.run("CREATE SCHEMA quays");
+    database.run("CREATE TABLE quays.i18ntext (berth INTEGER)");
+    const auto namesIn = [&](const std::string& schema) {
+        std::vector<std::string> names;
+        for (const auto& each : readDatabaseTables(database.settings.connectString,
+                                                   database.settings, {{"i18n*"}, schema, false}))
+            names.push_back(each.name);
+        return names;
+    };
+    EXPECT_THROW(namesIn(""), RuntimeError);
+    EXPECT_THAT(namesIn("quays"), ElementsAre("i18ntext"));
+    EXPECT_EQ(namesIn("public").size(), 3U);
+    database.run("DROP SCHEMA quays CASCADE");
 }
 
 TEST_F(SiteTools, AnImportGivesExactlyTheEditedTexts) {

@@ -74,7 +74,23 @@ TEST(TranslationFile, EditedItChangesTheEditedCellsAlone) {
     EXPECT_THAT(planned("key,1031\nH1,\n", harbourTexts()), IsEmpty());
 }
 
+TEST(TranslationFile, TakesForAnEditNothingThatASpreadsheetDoes) {
+    const auto texts = TranslationTable::gather(
+        {{"L", "Two\r\nlines", "1033"}, {"L", "Zwei\r\nZeilen", "1031"}}, {}, {});
+    const std::string text = exportTranslations(texts, {.locales = {"1031"}});
+    EXPECT_THAT(planned(replaceAll(text, "\r\n", "\n") + ",,,,\n  ,,,,\n", texts), IsEmpty());
+    EXPECT_THAT(planned("key,1031\nL,\"Drei\nZeilen\"\n", texts),
+                ElementsAre("2 L 1031 change Drei\r\nZeilen"));
+    EXPECT_THAT(planned("key,01031\nL,  \n", texts), IsEmpty());
+    EXPECT_THAT(planned("key,01031\nL,Neu\n", texts), ElementsAre("2 L 1031 change Neu"));
+}
+
 TEST(TranslationFile, RefusesWhatCouldLoseSomething) {
+    EXPECT_THAT(planned("key,1031\nH1,Boot, Kahn\n", harbourTexts()),
+                ElementsAre(HasSubstr("2 H1  refuse it has more cells than the first line")));
+    EXPECT_THAT(planned(std::string("key,1031\nH1,a\0b\n", 16), harbourTexts()),
+                ElementsAre(HasSubstr("2 H1 1031 refuse it has a character 0")));
+
     EXPECT_THAT(
         planned("key,1031\nH1,A\nH9,B\nH1,C\n,D\nH3,E\nH4,F\n", harbourTexts()),
         ElementsAre("2 H1  refuse its key is in the file more than once",
@@ -116,9 +132,11 @@ TEST(TranslationFile, SaysWhatIsWrongWithItsColumns) {
     EXPECT_THAT(problem("label,1031\n"), HasSubstr("file.csv:1: there is no column \"key\""));
     EXPECT_THAT(problem("key,1031,1031\n"), HasSubstr("the column \"1031\" is there twice"));
     EXPECT_THAT(problem(""), HasSubstr("nothing in it"));
+    EXPECT_THAT(problem("key,German\nH1,Boot\n"), HasSubstr("no column of a language"));
     // In any order, with columns of a spreadsheet's own, the source headed by its locale.
     const auto file = TranslationFile::parse("f", "notes,1033,1031,KEY\nx,Ship,Boot,H1\n");
     EXPECT_EQ(file.rows.at(0).source, "Ship");
+    EXPECT_THAT(file.passedOver, ElementsAre("notes"));
     EXPECT_THAT(file.locales, ElementsAre("1031"));
 }
 

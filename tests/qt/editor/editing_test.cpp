@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QTextBlock>
 
 namespace headerdtc::qt {
@@ -117,18 +118,48 @@ TEST_F(Editing, ManyStepsUndoneGiveThePageOfTheStart) {
         command(Command::Undo);
 }
 
-TEST_F(Editing, AValueThatIsStillBeingTypedIsSaved) {
-    PageEditor& editor =
-        open("page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
-                                    Site::param("ZEKOCriteria1_2", "==")));
-    HeaderDTC& control = dtc(editor);
-    control.SSTab1.clickTab(2);
-    answerDialogs([](QWidget& dialog) { press(dialog, "OK"); });  // the warning of the Del key
-    control.ZEKO.CriteriaGrid.doubleClickCell(1, criteria_column::Value);
-    ASSERT_TRUE(control.ZEKO.KeyFieldValueText.hasFocus());
-    control.ZEKO.KeyFieldValueText.type("100200");
-    command(Command::Save);
-    EXPECT_THAT(site.read("page.asp"), HasSubstr("NAME=\"ZEKOCriteria1_3\" VALUE=\"100200\""));
+// However the author leaves the editor over a cell, what is in it belongs to the page.
+TEST_F(Editing, AValueThatIsStillBeingTypedGetsIntoThePage) {
+    const std::vector<std::pair<const char*, std::function<void()>>> ways{
+        {"save", [&] { command(Command::Save); }},
+        {"close the page", [&] { command(Command::Close); }},
+        {"close the window",
+         [&] {
+             window->close();
+             openWindow();
+         }},
+        {"another page",
+         [&] {
+             command(Command::NextPage);
+             command(Command::SaveAll);
+         }},
+        {"another tab",
+         [&] {
+             dtc(*window->tabs().current()).SSTab1.clickTab(0);
+             command(Command::SaveAll);
+         }},
+    };
+    for (std::size_t i = 0; i < ways.size(); ++i) {
+        SCOPED_TRACE(ways[i].first);
+        const std::string name = "page" + std::to_string(i) + ".asp";
+        open("other.asp", ordersPage());
+        PageEditor& editor =
+            open(name, Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
+                                  Site::param("ZEKOCriteria1_2", "==")));
+        HeaderDTC& control = dtc(editor);
+        control.SSTab1.clickTab(2);
+        // The warning of the Del key, and what is asked when something is closed.
+        answerDialogs([](QWidget& dialog) {
+            press(dialog, dialog.objectName() == QLatin1String("UnsavedBox") ? "Save" : "OK");
+        });
+        control.ZEKO.CriteriaGrid.doubleClickCell(1, criteria_column::Value);
+        auto* edit = editor.findChild<QLineEdit*>("ZEKOKeyFieldValueText");
+        ASSERT_TRUE(eventually([&] { return !QApplication::activeModalWidget(); }));
+        edit->setFocus();
+        QTest::keyClicks(edit, "100200");
+        ways[i].second();
+        EXPECT_THAT(site.read(name), HasSubstr("NAME=\"ZEKOCriteria1_3\" VALUE=\"100200\""));
+    }
 }
 
 TEST_F(Editing, SourceIsWrittenAroundTheControlByteForByte) {

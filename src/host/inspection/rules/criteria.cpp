@@ -76,8 +76,9 @@ void criteriaAreComplete(const ControlView& control, Remarks& remarks) {
             const bool value = !criterion.value.text.empty();
             if (isWritten(criterion) || (!key && !operation && !value)) continue;
             const char* missing = !key ? "key field" : !operation ? "operator" : "value";
+            // What is missing is not stored: the finding stands where the rest of the row is.
             remarks.push_back(about(
-                !key ? criterion.key : (!operation ? criterion.operation : criterion.value), family,
+                key ? criterion.key : (operation ? criterion.operation : criterion.value), family,
                 nameOfCriterion(criterion) + " has no " + missing + " and is left out",
                 "complete it, or remove it"));
         }

@@ -5,6 +5,12 @@ namespace headerdtc::rules {
 void includesAreThere(const ControlView& control, Remarks& remarks) {
     for (const StoredItem& include : control.configuration().includes) {
         if (control.facts().find(include.text)) continue;
+        if (include.text.empty()) {
+            remarks.push_back(about(include, std::nullopt,
+                                    "include file " + std::to_string(include.row) + " has no name",
+                                    "remove it"));
+            continue;
+        }
         remarks.push_back(about(include, std::nullopt,
                                 "there is no include file " + inQuotes(include.text),
                                 "remove it, or put the file below the install directory"));

@@ -34,7 +34,7 @@ void propertiesCanBeRead(const ControlView& control, Remarks& remarks) {
     for (const auto& fault : control.configuration().faults) {
         remarks.push_back({std::nullopt, 0, fault.property,
                            "the stored property " + fault.property + " is " + inQuotes(fault.text) +
-                               ", which is no 16-bit number",
+                               ", " + std::string(fault.reason),
                            "put the number back by hand: of the list's items, or of the grid's "
                            "rows with its header",
                            0});

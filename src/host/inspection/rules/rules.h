@@ -36,6 +36,7 @@ void includesAreThere(const ControlView& control, Remarks& remarks);
 void stylesheetIsThere(const ControlView& control, Remarks& remarks);
 
 // script.cpp
+void valuesFitTheCodePage(const ControlView& control, Remarks& remarks);
 void valuesFitTheScript(const ControlView& control, Remarks& remarks);
 void statementsFitTheEngine(const ControlView& control, Remarks& remarks);
 

@@ -76,6 +76,28 @@ void valuesFitTheScript(const ControlView& control, Remarks& remarks) {
     forEachItem(configuration, look);
 }
 
+// In the control's own markup such a character is a reference that reads as the character; in the
+// script it stays the text of a reference.
+void valuesFitTheCodePage(const ControlView& control, Remarks& remarks) {
+    const StoredConfiguration& configuration = control.configuration();
+    const CodePage& codePage = control.page.markup().codePage();
+    const auto require = [&](std::string_view text, const StoredItem& item,
+                             std::optional<Family> family, const std::string& what) {
+        if (codePage.decode(codePage.encode(text)) == text) return;
+        remarks.push_back(about(item, family,
+                                what + " has a character that " + codePage.name() +
+                                    " does not have; the script would get a reference in its place",
+                                "write it otherwise, or make the page UTF-8 by a byte-order mark"));
+    };
+    forEachItem(
+        configuration, [&](StoredRole role, std::optional<Family> family, const StoredItem& item) {
+            require(item.text, item, family, std::string(nameOf(role)) + " " + inQuotes(item.text));
+        });
+    for (const auto& script : configuration.scripts)
+        require(script.text, script.name, std::nullopt,
+                "the text of the local script " + inQuotes(script.name.text));
+}
+
 void statementsFitTheEngine(const ControlView& control, Remarks& remarks) {
     const StoredConfiguration& configuration = control.configuration();
     for (const Family family : BothFamilies) {

@@ -75,7 +75,6 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
     auto* take = buttons->addButton(tr("&Take theirs"), QDialogButtonBox::AcceptRole);
     take->setToolTip(tr("The page becomes what is on disk; undo brings yours back"));
     auto* later = buttons->addButton(tr("Decide &later"), QDialogButtonBox::RejectRole);
-    later->setDefault(true);
     const auto end = [this](Answer answer) {
         answer_ = answer;
         accept();
@@ -88,6 +87,9 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
     auto* next = new QPushButton(editorIcon("go-down"), tr("&Next difference"));
     connect(previous, &QPushButton::clicked, this, [this] { goToDifference(-1); });
     connect(next, &QPushButton::clicked, this, [this] { goToDifference(1); });
+    // Enter looks at the next difference; only the three answers end the dialog.
+    next->setDefault(true);
+    next->setFocus();
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(previous);
     bottom->addWidget(next);

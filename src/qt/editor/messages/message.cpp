@@ -43,6 +43,7 @@ void findPlace(Message& message, const StoredProperties& properties) {
         QStringLiteral("^Incomplete criterion on line (\\d+) on the (\\w+) tab"));
     static const QRegularExpression noOperator(
         QStringLiteral("^(?:Specify operator|Unknown operator '(.*)') on criterion (\\d+)"));
+    static const QRegularExpression atLine(QStringLiteral("^line (\\d+): "));
     static const QRegularExpression lost(QStringLiteral("would come back different: (\\w+) is "));
     if (const auto match = incomplete.match(message.text); match.hasMatch()) {
         message.place.row = match.captured(1).toInt();
@@ -53,6 +54,9 @@ void findPlace(Message& message, const StoredProperties& properties) {
         const std::string text = operatorMatch.captured(1).toStdString();
         message.place.tab =
             tabOfCriterion(properties, operatorMatch.captured(2), text.empty() ? " " : text);
+    } else if (const auto lineMatch = atLine.match(message.text); lineMatch.hasMatch()) {
+        message.place.line = lineMatch.captured(1).toInt();
+        message.text.remove(0, lineMatch.capturedLength());
     } else if (const auto lostMatch = lost.match(message.text); lostMatch.hasMatch()) {
         message.place.tab = tabOfProperty(lostMatch.captured(1).toStdString());
     }

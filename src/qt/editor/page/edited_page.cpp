@@ -4,29 +4,11 @@
 #include "qt/editor/page/step_name.h"
 #include "qt/editor/preview/expansion.h"
 
-#include <chrono>
-#include <thread>
 #include <utility>
 
 namespace headerdtc::qt {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-// File systems count time in steps; what is written within the step of the reading leaves the same
-// stamp. So a file that was written just now is read once more when its step is over.
-WholeFile readSettled(const fs::path& file) {
-    constexpr auto Step = std::chrono::milliseconds(5);
-    WholeFile whole = readWholeFile(file);
-    for (int attempt = 0; !whole.settled && attempt < 10; ++attempt) {
-        std::this_thread::sleep_for(Step);
-        whole = readWholeFile(file);
-    }
-    return whole;
-}
-
-}  // namespace
 
 EditedPage::EditedPage(std::shared_ptr<Site> site, fs::path file, PageContentPtr content)
     : file_(std::move(file)),
@@ -42,7 +24,6 @@ std::unique_ptr<EditedPage> EditedPage::open(Sites& sites, const fs::path& file)
     std::unique_ptr<EditedPage> page(new EditedPage(std::move(site), file, std::move(content)));
     page->hasFile_ = true;
     page->stamp_ = whole.stamp;
-    page->settled_ = whole.settled;
     page->sites_ = &sites;
     return page;
 }
@@ -164,24 +145,14 @@ void EditedPage::save(Guard guard) {
     takeSaved(file_);
 }
 
-// The bytes are compared once more, and the file is replaced only as long as it is the one that was
-// compared: another writer is noticed up to the last moment.
+// The file is replaced only as long as it is the one that was read: another writer is noticed up to
+// the last moment.
 void EditedPage::replaceFile(const std::string& bytes) {
-    const auto refuse = [this] {
+    try {
+        replaceWholeFile(file_, bytes, stamp_);
+    } catch (const FileError&) {
+        if (!changedOnDisk()) throw;
         throw ChangedByOther(file_.string(), "was written by somebody else meanwhile");
-    };
-    WholeFile now;
-    try {
-        now = readSettled(file_);
-    } catch (const FileError&) {
-        refuse();
-    }
-    if (now.bytes != saved_->bytes()) refuse();
-    try {
-        replaceWholeFile(file_, bytes, now.stamp);
-    } catch (const FileError&) {
-        if (FileStamp::of(file_) != now.stamp) refuse();
-        throw;
     }
 }
 
@@ -208,7 +179,6 @@ void EditedPage::takeSaved(const fs::path& file) {
     hasFile_ = true;
     fileIsGone_ = false;
     stamp_ = whole.stamp;
-    settled_ = whole.settled;
     saved_ = contentOf(std::move(whole.bytes));
     history_.replaceCurrent(saved_);
     doubts_.clear();
@@ -217,14 +187,7 @@ void EditedPage::takeSaved(const fs::path& file) {
 }
 
 bool EditedPage::changedOnDisk() const {
-    if (!hasFile_) return false;
-    if (FileStamp::of(file_) != stamp_) return true;
-    if (settled_) return false;
-    try {
-        return readWholeFile(file_).bytes != saved_->bytes();
-    } catch (const FileError&) {
-        return true;
-    }
+    return hasFile_ && !stamp_.isStillOf(file_);
 }
 
 WholeFile EditedPage::readTheirs() const {
@@ -233,7 +196,6 @@ WholeFile EditedPage::readTheirs() const {
 
 void EditedPage::takeTheirs(WholeFile theirs) {
     stamp_ = theirs.stamp;
-    settled_ = theirs.settled;
     saved_ = contentOf(theirs.bytes);
     doubts_.clear();
     step(std::move(theirs.bytes), {.name = tr("reload from disk")});
@@ -242,14 +204,12 @@ void EditedPage::takeTheirs(WholeFile theirs) {
 
 void EditedPage::keepMine(WholeFile theirs) {
     stamp_ = theirs.stamp;
-    settled_ = theirs.settled;
     saved_ = contentOf(std::move(theirs.bytes));
     Q_EMIT stateChanged();
 }
 
 void EditedPage::keepWithoutFile() {
     stamp_ = FileStamp::of(file_);
-    settled_ = true;  // there are no bytes
     fileIsGone_ = true;
     Q_EMIT stateChanged();
 }

@@ -7,6 +7,7 @@
 #include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/source/find_bar.h"
 #include "qt/editor/source/source_view.h"
+#include "qt/surface/control_surface.h"
 
 #include <QApplication>
 #include <QFile>
@@ -71,6 +72,8 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     whole->addWidget(beside_);
     whole->setStretchFactor(0, 0);
     whole->setStretchFactor(1, 1);
+    // Room for the names of fields; the source gets what is left.
+    whole->setSizes({ControlSurface::DesignedWidth, ControlSurface::DesignedWidth});
     whole->setChildrenCollapsible(false);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

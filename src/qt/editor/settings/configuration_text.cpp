@@ -217,8 +217,9 @@ void ConfigurationText::set(std::string_view section, std::string_view key,
         const std::size_t column = oldLength + gap;
         gap = column > written.size() ? column - written.size() : 1;
     }
-    line = line.substr(0, entry->valueBegin) + written +
-           (rest < line.size() ? std::string(gap, ' ') + line.substr(rest) : std::string());
+    line.replace(
+        entry->valueBegin, std::string::npos,
+        rest < line.size() ? written + std::string(gap, ' ') + line.substr(rest) : written);
 }
 
 void ConfigurationText::remove(std::string_view section, std::string_view key) {

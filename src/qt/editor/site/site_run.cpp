@@ -30,8 +30,8 @@ void SiteRun::start(const fs::path& folder, Mode mode) {
     worker_ = std::thread([this, folder] {
         const SitePages site = findSitePages({folder.string()});
         QStringList problems;
-        for (const std::string& problem : site.problems)
-            problems += QString::fromStdString(problem);
+        for (const auto& problem : site.problems)
+            problems += QString::fromStdString(problem.text());
         post([this, pages = site.pages, problems] { Q_EMIT found(pages, problems); });
         work(site.pages);
     });

@@ -35,10 +35,7 @@ void SourceGutter::paintEvent(QPaintEvent* event) {
     const QColor strong = palette().color(QPalette::WindowText);
     const int caretLine = view_.textCursor().blockNumber();
 
-    for (QTextBlock block = view_.firstVisibleBlock(); block.isValid(); block = block.next()) {
-        if (!block.isVisible()) continue;
-        const QRectF place = view_.blockBoundingGeometry(block).translated(view_.contentOffset());
-        if (place.top() > event->rect().bottom()) break;
+    view_.forShownLines(event->rect(), [&](const QTextBlock& block, const QRectF& place) {
         const int line = block.blockNumber();
         painter.setPen(line == caretLine ? strong : faint);
         painter.drawText(
@@ -46,7 +43,7 @@ void SourceGutter::paintEvent(QPaintEvent* event) {
             Qt::AlignRight, QString::number(line + 1));
 
         const SourceView::Region* region = view_.regionAt(line);
-        if (!region || region->first != line) continue;
+        if (!region || region->first != line) return;
         const double size = foldWidth() * 0.3;
         const QPointF middle(width() - foldWidth() * 0.5,
                              place.top() + view_.fontMetrics().height() * 0.5);
@@ -62,7 +59,7 @@ void SourceGutter::paintEvent(QPaintEvent* event) {
         }
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillPath(triangle, strong);
-    }
+    });
 }
 
 void SourceGutter::mousePressEvent(QMouseEvent* event) {

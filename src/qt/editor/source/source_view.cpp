@@ -139,8 +139,6 @@ QColor SourceView::spanTint() const {
 
 void SourceView::markSpans() {
     regions_.clear();
-    QList<QTextEdit::ExtraSelection> marks;
-    const QColor tint = spanTint();
     const std::string& bytes = lines_->page().bytes();
     for (const ControlSpan& span : lines_->page().controls()) {
         const int first = lines_->lineOfByte(span.whole.begin);
@@ -148,19 +146,11 @@ void SourceView::markSpans() {
         // What the author wrote behind the span stays in view.
         const ByteRange lastLine = lines_->bytesOfLine(last);
         const bool sharesLine = bytes.find_first_not_of(" \t", span.whole.end) < lastLine.end;
-        regions_.push_back({span.id, first, sharesLine ? last : last + 1});
+        regions_.push_back({span.id, first, last, sharesLine ? last : last + 1});
         if (known_.insert(span.id).second) folded_.insert(span.id);
-
-        QTextEdit::ExtraSelection mark;
-        mark.format.setBackground(tint);
-        mark.format.setProperty(QTextFormat::FullWidthSelection, true);
-        for (int line = first; line <= last; ++line) {
-            mark.cursor = QTextCursor(document()->findBlockByNumber(line));
-            marks.push_back(mark);
-        }
     }
-    setExtraSelections(marks);
     fold();
+    viewport()->update();
 }
 
 void SourceView::fold() {
@@ -247,18 +237,49 @@ void SourceView::resizeEvent(QResizeEvent* event) {
     if (gutter_) placeGutter();
 }
 
+// Adds up the heights of what shows; the document's own way to a line's place goes by every line
+// that a fold hides, for each line anew.
+void SourceView::forShownLines(
+    const QRect& area, const std::function<void(const QTextBlock&, const QRectF&)>& visit) const {
+    double top = contentOffset().y();
+    QTextBlock block = firstVisibleBlock();
+    while (block.isValid() && top <= area.bottom()) {
+        if (block.isVisible()) {
+            const QRectF place(0, top, viewport()->width(), blockBoundingRect(block).height());
+            visit(block, place);
+            top += place.height();
+        } else if (const Region* region = regionAt(block.blockNumber())) {
+            block = document()->findBlockByNumber(region->hiddenEnd);
+            continue;
+        }
+        block = block.next();
+    }
+}
+
+// Below the text. Marks of the document would cost every change of a long span too much.
+void SourceView::tintSpans(const QRect& area) {
+    QPainter painter(viewport());
+    forShownLines(area, [&](const QTextBlock& block, const QRectF& place) {
+        const int line = block.blockNumber();
+        const bool tinted = std::any_of(regions_.begin(), regions_.end(), [&](const Region& span) {
+            return line >= span.first && line <= span.last;
+        });
+        if (tinted) painter.fillRect(place, spanTint());
+    });
+}
+
 // Over the first line of a folded span: whose it is, and how many lines it has. The line's own end
 // says less.
 void SourceView::paintEvent(QPaintEvent* event) {
+    tintSpans(event->rect());
     QPlainTextEdit::paintEvent(event);
     QPainter painter(viewport());
     painter.setFont(font());
     painter.setRenderHint(QPainter::Antialiasing);
-    for (const Region& region : regions_) {
-        if (!isFolded(region.controlId)) continue;
-        const QTextBlock block = document()->findBlockByNumber(region.first);
-        const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
-        if (!place.intersects(event->rect())) continue;
+    forShownLines(event->rect(), [&](const QTextBlock& block, const QRectF& place) {
+        const Region* found = regionAt(block.blockNumber());
+        if (!found || found->first != block.blockNumber() || !isFolded(found->controlId)) return;
+        const Region& region = *found;
         const QString shown = block.text();
         const auto open = shown.lastIndexOf(QLatin1String(MarkupBegin), -1, Qt::CaseInsensitive);
         const QString before =
@@ -268,8 +289,8 @@ void SourceView::paintEvent(QPaintEvent* event) {
         const QString text = QStringLiteral(" %1, %2 ")
                                  .arg(QString::fromStdString(region.controlId),
                                       counted(region.hiddenEnd - region.first, "line", "lines"));
-        const double left =
-            place.left() + document()->documentMargin() + fontMetrics().horizontalAdvance(before);
+        const double left = contentOffset().x() + document()->documentMargin() +
+                            fontMetrics().horizontalAdvance(before);
         const double textWidth = fontMetrics().horizontalAdvance(text);
         const double hidden = fontMetrics().horizontalAdvance(shown.mid(before.size()));
         painter.fillRect(QRectF(left, place.top(), std::max(textWidth, hidden), place.height()),
@@ -281,7 +302,7 @@ void SourceView::paintEvent(QPaintEvent* event) {
         painter.drawRoundedRect(label, 3, 3);
         painter.setPen(palette().color(QPalette::Text));
         painter.drawText(label, Qt::AlignCenter, text);
-    }
+    });
 }
 
 void SourceView::changeEvent(QEvent* event) {

@@ -3,6 +3,7 @@
 #include "qt/editor/source/source_lines.h"
 
 #include <QPlainTextEdit>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -54,7 +55,7 @@ class SourceView : public QPlainTextEdit {
     // The lines of a control's span, from 0: the first, and those that folding hides.
     struct Region {
         std::string controlId;
-        int first, hiddenEnd;
+        int first, last, hiddenEnd;  // the lines behind the first one are hidden up to the end
     };
 
     void documentChanged(int position, int removed, int added);
@@ -66,6 +67,10 @@ class SourceView : public QPlainTextEdit {
     void toggleFoldAt(int line);
     void placeGutter();
     QColor spanTint() const;
+    void tintSpans(const QRect& area);
+    // The lines that show in an area, each with its place in the viewport.
+    void forShownLines(const QRect& area,
+                       const std::function<void(const QTextBlock&, const QRectF&)>& visit) const;
 
     std::unique_ptr<SourceLines> lines_;
     AspHighlighter* highlighter_ = nullptr;

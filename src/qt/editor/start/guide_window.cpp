@@ -5,11 +5,14 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QLineEdit>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QToolBar>
 #include <QUrl>
+#include <algorithm>
 
 namespace headerdtc::qt {
 namespace {
@@ -81,9 +84,56 @@ void GuideWindow::follow(const QUrl& link) {
         QFile file(QLatin1String(Folder) + name);
         if (!file.open(QIODevice::ReadOnly)) return;
         text_->document()->setMarkdown(QString::fromUtf8(file.readAll()));
+        drawTables();
+        fitPictures();
         text_->moveCursor(QTextCursor::Start);
     }
     goTo(link.fragment());
+}
+
+// Lines between the cells and air around their texts, which Markdown says nothing of.
+void GuideWindow::drawTables() {
+    constexpr int Padding = 4;
+    for (QTextFrame* frame : text_->document()->rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (!table) continue;
+        QTextTableFormat format = table->format();
+        format.setBorderCollapse(true);
+        format.setBorder(1);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderBrush(palette().mid());
+        format.setCellPadding(Padding);
+        format.setCellSpacing(0);
+        table->setFormat(format);
+    }
+}
+
+// No picture is wider than the window.
+void GuideWindow::fitPictures() {
+    QTextDocument& document = *text_->document();
+    const int room = text_->viewport()->width() - 2 * static_cast<int>(document.documentMargin());
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextImageFormat format = part.fragment().charFormat().toImageFormat();
+            if (!format.isValid()) continue;
+            // Of a palette's few colours none could be mixed.
+            QImage picture = QImage(QLatin1String(Folder) + format.name())
+                                 .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+            if (picture.width() > room) {
+                const int pixels = qRound(room * devicePixelRatioF());
+                picture = picture.scaledToWidth(std::max(1, std::min(pixels, picture.width())),
+                                                Qt::SmoothTransformation);
+                picture.setDevicePixelRatio(picture.width() / static_cast<double>(room));
+            }
+            document.addResource(QTextDocument::ImageResource, QUrl(format.name()), picture);
+        }
+    }
+    document.markContentsDirty(0, document.characterCount());
+}
+
+void GuideWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    fitPictures();
 }
 
 void GuideWindow::goTo(const QString& heading) {

@@ -17,9 +17,15 @@ class GuideWindow : public QMainWindow {
 
     // Shows a heading of the guide ("setting-up-a-site"); the beginning without one.
     void showGuide(const QString& heading = {});
+    // Follows a link of the guide; one that leads elsewhere opens in the browser.
+    void follow(const QUrl& link);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void follow(const QUrl& link);
+    void drawTables();
+    void fitPictures();
     void goTo(const QString& heading);
     void find();
 

@@ -34,6 +34,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <utility>
 
 namespace headerdtc::qt {
 namespace {
@@ -267,6 +268,7 @@ void MainWindow::openAnything(const fs::path& path) {
     std::error_code failure;
     if (fs::is_directory(path, failure)) {
         site_->openFolder(fs::absolute(path).lexically_normal());
+        follow();
         siteDock_->show();
     } else {
         open(path);
@@ -359,6 +361,7 @@ void MainWindow::showRecent() {
 
 void MainWindow::saveAll() {
     for (PageEditor* editor : tabs_->editors()) {
+        editor->finishEditing();
         if (editor->isModified() && !saver_.save(*editor)) return;
     }
 }
@@ -426,7 +429,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     site_->run().cancel();
     QSettings settings;
     settings.setValue(GeometryKey, saveGeometry());
-    settings.setValue(StateKey, saveState());
+    settings.setValue(StateKey, atStart_ ? docksBesidePages_ : saveState());
     if (guide_) guide_->close();
     event->accept();
 }
@@ -444,8 +447,21 @@ void MainWindow::activate(const Message& message) {
     if (PageEditor* editor = tabs_->open(message.page)) editor->goTo(message.place);
 }
 
+// Without page or site there is nothing in them to look at.
+void MainWindow::layDocks(bool atStart) {
+    if (atStart == std::exchange(atStart_, atStart)) return;
+    if (!atStart) {
+        restoreState(docksBesidePages_);
+        return;
+    }
+    docksBesidePages_ = saveState();
+    siteDock_->hide();
+    messagesDock_->hide();
+}
+
 void MainWindow::follow() {
     PageEditor* editor = tabs_->current();
+    layDocks(!editor && site_->folder().empty());
     centre_->setCurrentWidget(editor ? static_cast<QWidget*>(tabs_) : centre_->widget(0));
     Commands::State state;
     state.site = !site_->folder().empty() && !site_->run().isRunning();

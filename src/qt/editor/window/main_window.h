@@ -76,6 +76,7 @@ class MainWindow : public QMainWindow {
     void showGuide();
     void activate(const Message& message);
     void follow();
+    void layDocks(bool atStart);
     void showRecent();
     std::filesystem::path workFolder() const;
 
@@ -94,6 +95,9 @@ class MainWindow : public QMainWindow {
     QDockWidget* siteDock_;
     QDockWidget* messagesDock_;
     QDockWidget* recordingDock_;
+    // How the docks lie beside pages, while the start page has the window to itself.
+    QByteArray docksBesidePages_;
+    bool atStart_ = false;
     PageStatus* status_;
     GuideWindow* guide_ = nullptr;
 };

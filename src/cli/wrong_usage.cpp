@@ -1,0 +1,69 @@
+#include "cli/wrong_usage.h"
+
+#include "platform/nearest_name.h"
+
+#include <CLI/CLI.hpp>
+
+namespace headerdtc::cli {
+namespace {
+
+// Options are looked for in a command and in those above it, as the command line itself does.
+const CLI::Option* findOption(const CLI::App* level, const std::string& name) {
+    for (; level; level = level->get_parent()) {
+        if (const auto* option = level->get_option_no_throw(name)) return option;
+    }
+    return nullptr;
+}
+
+std::string unknownOption(const CLI::App* level, const std::string& name) {
+    NearestName nearest(name);
+    for (const auto* each = level; each; each = each->get_parent()) {
+        for (const CLI::Option* option : each->get_options()) {
+            for (const std::string& longName : option->get_lnames())
+                nearest.offer("--" + longName);
+        }
+    }
+    const std::string of = level->get_parent() ? " of '" + level->get_name() + "'" : "";
+    return "there is no option '" + name + "'" + of + nearest.question();
+}
+
+const CLI::App* findCommand(const CLI::App& level, const std::string& name) {
+    for (const CLI::App* command : level.get_subcommands([](const CLI::App*) { return true; })) {
+        if (command->get_name() == name) return command;
+    }
+    return nullptr;
+}
+
+std::string unknownCommand(const CLI::App& level, const std::string& name) {
+    NearestName nearest(name);
+    std::string all;
+    for (const CLI::App* command : level.get_subcommands([](const CLI::App*) { return true; })) {
+        nearest.offer(command->get_name());
+        all += (all.empty() ? "" : ", ") + command->get_name();
+    }
+    return "there is no command '" + name + "'" +
+           (nearest.found().empty() ? "; there are " + all : nearest.question());
+}
+
+}  // namespace
+
+std::string unknownWord(const CLI::App& app, const std::vector<std::string>& words) {
+    const CLI::App* level = &app;
+    for (auto word = words.begin(); word != words.end() && *word != "--"; ++word) {
+        if (word->starts_with("-") && word->size() > 1) {
+            const bool isLong = word->starts_with("--");
+            const std::string name = word->substr(0, isLong ? word->find('=') : 2);
+            const CLI::Option* option = findOption(level, name);
+            if (!option) return unknownOption(level, name);
+            const bool takesNext = option->get_items_expected_max() > 0 && name == *word;
+            if (takesNext && std::next(word) != words.end()) ++word;
+        } else if (!level->get_subcommands([](const CLI::App*) { return true; }).empty()) {
+            const CLI::App* command = findCommand(*level, *word);
+            if (!command) return unknownCommand(*level, *word);
+            level = command;
+        }
+    }
+    return {};
+}
+
+}  // namespace headerdtc::cli

@@ -1,0 +1,146 @@
+#!/usr/bin/env bash
+# command_line_test.sh HEADERDTC PROJECT: what the commands have in common: exit status, input of
+# paths, interruption, help, completions and manual page.
+set -u
+headerdtc=$1
+project=$2
+# shellcheck source=tests/cli/checks.sh
+. "$project/tests/cli/checks.sh"
+# shellcheck source=tests/cli/harbour_site.sh
+. "$project/tests/cli/harbour_site.sh"
+harbour_site site
+template=site/c/Suite/Orvane/include/DTC_TEMPLATE.ASP
+
+# ---- the exit status of every pair of outcomes --------------------------------------------------
+mkdir pages wrong
+cp site/headerdtc.toml site/suite.reg site/providers.json site/odbc.ini site/texts.sqlite pages
+cp -r site/c pages
+cp site/traffic/today/berths.asp pages/fresh.asp
+"$headerdtc" generate pages >made.log
+sed 's/mStyle = /mSheet = /' pages/fresh.asp >pages/stale.asp
+printf '<!--METADATA TYPE="DesignerControl" startspan' >pages/failing.asp
+echo 'colour = 1' >wrong/headerdtc.toml
+cp pages/fresh.asp wrong/misconfigured.asp
+echo '{"do":"save"}' >steps
+page() { if [[ $1 == misconfigured ]]; then echo wrong/misconfigured.asp; else echo "pages/$1.asp"; fi; }
+for one in fresh stale failing misconfigured; do
+    for other in fresh stale failing misconfigured; do
+        case " $one $other " in
+            *" misconfigured "*) expected=2 ;;
+            *" failing "*) expected=3 ;;
+            *" stale "*) expected=1 ;;
+            *) expected=0 ;;
+        esac
+        pair=("$(page "$one")" "$(page "$other")")
+        check "$expected" "$headerdtc" generate --check "${pair[@]}"
+        check "$expected" "$headerdtc" check "${pair[@]}"
+        check "$expected" "$headerdtc" automate --over "${pair[@]}" steps
+        check "$((expected == 1 ? 0 : expected))" "$headerdtc" where --field IMO "${pair[@]}"
+    done
+done
+
+# ---- wrong words --------------------------------------------------------------------------------
+check 2 "$headerdtc" chek site
+expect "$err" "there is no command 'chek'; did you mean 'check'?"
+check 2 "$headerdtc" translations imprt
+expect "$err" "did you mean 'import'?"
+check 2 "$headerdtc" --config site/headerdtc.toml check site --jsn
+expect "$err" "there is no option '--jsn' of 'check'; did you mean '--json'?"
+check 2 "$headerdtc" catalogue check --conect 'DSN=Harbour;PWD=quayside' site
+expect "$err" "did you mean '--connect'?"
+check 2 "$headerdtc" catalogue check 'DSN=Harbour;PWD=quayside'
+check 2 "$headerdtc" doctor nowhere
+
+# ---- paths from a file --------------------------------------------------------------------------
+mkdir 'site/a b'
+cp site/traffic/ships.asp $'site/a b/new\nline.asp'
+printf 'site/traffic/ships.asp\r\n\nsite/traffic/today\n' >list
+check 0 "$headerdtc" where --field BERTH --files-from list
+expect "$out" site/traffic/ships.asp
+expect "$out" site/traffic/today/berths.asp
+find site -name '*.asp' -print0 >list
+check 0 "$headerdtc" where --provider Ships --files-from - <list
+expect "$out" $'site/a b/new\nline.asp:'
+check 0 "$headerdtc" check --files-from /dev/null
+check 0 "$headerdtc" generate --check --files-from <(echo pages/fresh.asp)
+check 2 "$headerdtc" generate --files-from nowhere
+
+# ---- the same bytes every time ------------------------------------------------------------------
+sed -i 's/mStyle = /mSheet = /' $template
+cp -r site other
+LC_ALL=C TZ=Pacific/Kiritimati "$headerdtc" generate --jobs 1 site >made.log
+(cd other && LC_ALL=C.UTF-8 TZ=Pacific/Honolulu "$headerdtc" generate --jobs 4 . >../made.log)
+diff -r site other >wrong.log || fail "two runs differ: $(cat wrong.log)"
+LC_ALL=C TZ=Pacific/Kiritimati "$headerdtc" check --json --jobs 1 pages wrong >one
+LC_ALL=C.UTF-8 TZ=Pacific/Honolulu "$headerdtc" check --json --jobs 4 pages wrong >other.json
+cmp -s one other.json || fail "two checks differ"
+
+# ---- Ctrl-C -------------------------------------------------------------------------------------
+for ((i = 0; i < 1500; i++)); do cp site/traffic/ships.asp "site/traffic/p$i.asp"; done
+sed -i 's/mSheet = /mOther = /' $template
+env --default-signal=INT "$headerdtc" generate --jobs 1 site >out 2>err &
+running=$!
+for ((i = 0; i < 1000; i++)); do
+    grep -q mOther site/traffic/p0.asp && break
+    sleep 0.01
+done
+kill -INT "$running"
+wait "$running"
+[[ $? == 130 ]] || fail "an interrupted run did not end with 130"
+expect "$(cat err)" "interrupted: "
+[[ -z $(find site -name '.headerdtc*') ]] || fail "a stray file stayed behind"
+written=$(wc -l <out)
+((written > 0 && written < 1503)) || fail "$written pages were written"
+check 1 "$headerdtc" generate --check site
+# One of the pages has two lines to its name.
+[[ $(wc -l <out) == $((1504 - written)) ]] || fail "$written written, but out of date: $(wc -l <out)"
+
+# ---- completions --------------------------------------------------------------------------------
+completed() {  # completed WORD...: what bash offers for the last word
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMPREPLY=()
+    _headerdtc
+    echo "${COMPREPLY[*]}"
+}
+check 0 "$headerdtc" completion bash
+# shellcheck disable=SC1091
+. ./out
+[[ $(completed headerdtc wh) == where ]] || fail "no completion of a command"
+[[ $(completed headerdtc translations imp) == import ]] || fail "no completion of a command below"
+expect "$(completed headerdtc translations import --)" "--dry-run"
+expect "$(completed headerdtc generate --ch)" "--check"
+[[ $(completed headerdtc check si) == site ]] || fail "no completion of a folder"
+[[ $(completed headerdtc --config st) == steps ]] || fail "no completion of a file: "
+expect_empty "$(completed headerdtc where --field s)"
+for shell in zsh fish; do
+    check 0 "$headerdtc" completion "$shell"
+    ! command -v "$shell" >/dev/null || "$shell" -n out || fail "$shell refuses its completions"
+done
+check 2 "$headerdtc" completion tcsh
+
+# ---- the manual page has every option of every command, where that is told ---------------------
+manual=$(sed 's/Fl -/--/g; s/| -/| --/g; s/Fl \([a-z]\)\b/-\1/g' "$project/packaging/man/headerdtc.1")
+synopsis_of() {  # synopsis_of COMMAND...: its lines
+    awk -v command="$*" '
+        /^\.Nm/ { inside = 0 }
+        /^\.Sh DESCRIPTION/ { exit }
+        index($0, ".Cm ") == 1 {
+            line = substr($0, 5)
+            split(command, words, " ")
+            if (line ~ "^" words[1] && (words[2] == "" || index(line, words[2]))) inside = 1
+        }
+        inside { print }' <<<"$manual"
+}
+for command in generate check where doctor new show automate 'translations check' \
+    'translations export' 'translations import' 'catalogue check' 'catalogue import' edit; do
+    # shellcheck disable=SC2086
+    check 0 "$headerdtc" $command --help
+    synopsis=$(synopsis_of "$command")
+    while read -r option short; do
+        [[ $synopsis == *"$option"* || (-n $short && $synopsis == *"$short"[[:space:]]*) ]] ||
+            fail "the manual page does not have $option of '$command'"
+    done < <(sed -n '/^Options:/,$s/^  \(-\([a-z]\),\)\?\(--[a-z-]*\).*/\3 -\2/p' out |
+        sed 's/ -$//' | grep -v -e --help)
+    expect "$manual" "--config"
+done
+
+finish

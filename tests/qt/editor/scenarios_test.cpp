@@ -1,0 +1,151 @@
+// Every scenario of the automation, played by a person at the window: the same page, byte for byte.
+
+#include "host/automation/automation_session.h"
+#include "host/automation/property_json.h"
+#include "host/page/new_control.h"
+#include "qt/editor/scenario_player.h"
+#include "qt/editor/window_fixture.h"
+#include "qt/surface/text.h"
+
+#include <QFile>
+#include <QProcess>
+#include <fstream>
+
+namespace headerdtc::qt {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAreArray;
+using Json = nlohmann::json;
+
+struct Scenario {
+    const char* name;
+    const char* page;
+    bool isNewPage;
+    bool usesDatabase;
+};
+
+constexpr Scenario AllScenarios[] = {
+    {"full_configuration", "orders/mine.asp", true, false},
+    {"corrections", "customers/regions/overview.asp", false, false},
+    {"translations", "customers/regions/overview.asp", false, true},
+};
+
+// A copy of the demo site with the page of a scenario.
+class DemoCopy {
+  public:
+    explicit DemoCopy(const Scenario& scenario) : page_(folder_ / "site" / scenario.page) {
+        fs::copy(HEADERDTC_SOURCE_DIR "/demo", folder_ / "site", fs::copy_options::recursive);
+        fs::remove(folder_ / "site/translations.sqlite");
+        if (scenario.isNewPage) {
+            const auto site = Sites().forPage(page_);
+            std::ofstream(page_, std::ios::binary) << newPage(page_, site->configuration->codePage);
+        }
+        if (scenario.usesDatabase) run((folder_ / "site/make-translations").string(), {});
+    }
+
+    const fs::path& page() const { return page_; }
+    std::string bytes() const { return readWholeFile(page_).bytes; }
+    // The translation database, as statements.
+    std::string translations() const {
+        return run("sqlite3", {toQt((folder_ / "site/translations.sqlite").string()), ".dump"});
+    }
+
+  private:
+    static std::string run(const std::string& program, const QStringList& arguments) {
+        QProcess process;
+        process.start(toQt(program), arguments);
+        if (!process.waitForFinished() || process.exitCode() != 0)
+            throw std::runtime_error(program +
+                                     " failed: " + process.readAllStandardError().toStdString());
+        return process.readAllStandardOutput().toStdString();
+    }
+
+    testing::TempFolder folder_;
+    fs::path page_;
+};
+
+// The scenario without the saving at its end.
+std::vector<std::string> linesOf(const Scenario& scenario) {
+    std::ifstream file(std::string(HEADERDTC_SOURCE_DIR "/tests/scenarios/") + scenario.name +
+                       ".jsonl");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);)
+        lines.push_back(line);
+    EXPECT_EQ(R"({"do":"save"})", lines.back());
+    lines.pop_back();
+    return lines;
+}
+
+struct Outcome {
+    std::vector<std::string> messages;
+    std::string properties, runtimeText;
+};
+
+// What the automation makes of the lines, and saves. The text is asked for last: the expansion's
+// look-ups add to the control that it expands.
+Outcome automate(const fs::path& page, std::vector<std::string> lines) {
+    for (const char* ask : {"properties", "save", "runtimeText"})
+        lines.push_back(Json{{"do", ask}}.dump());
+    std::string script;
+    for (const std::string& line : lines)
+        script += line + '\n';
+    std::istringstream in(script);
+    std::ostringstream out;
+    Sites sites;
+    EXPECT_TRUE(automatePage(sites, page, {}, in, out));
+    Outcome outcome;
+    std::istringstream replies(out.str());
+    for (std::string reply; std::getline(replies, reply);) {
+        const auto json = nlohmann::ordered_json::parse(reply);
+        EXPECT_TRUE(json["ok"].get<bool>()) << reply;
+        for (const auto& event : json["events"]) {
+            if (event.contains("message")) outcome.messages.push_back(event["message"]);
+        }
+        if (json.contains("properties")) outcome.properties = json["properties"].dump(1);
+        if (json.contains("text")) outcome.runtimeText = json["text"];
+    }
+    return outcome;
+}
+
+class ScenarioTest : public WindowTest, public ::testing::WithParamInterface<Scenario> {};
+
+TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
+    const Scenario& scenario = GetParam();
+    const DemoCopy automated(scenario);
+    const DemoCopy played(scenario);
+    const std::vector<std::string> lines = linesOf(scenario);
+    const Outcome expected = automate(automated.page(), lines);
+
+    window->open(played.page());
+    settle();
+    PageEditor* editor = window->tabs().current();
+    ASSERT_NE(nullptr, editor);
+    const auto toLocal = [&](const std::string& file) {
+        const WindowsPaths& drives = editor->page().site()->configuration->drives;
+        return QFile::decodeName(drives.toLocal(file).c_str());
+    };
+    ScenarioPlayer player(*window, toLocal);
+    player.play(lines);
+    EXPECT_THAT(player.messages(), ElementsAreArray(expected.messages));
+
+    editor->finishEditing();
+    const ControlSpan& control = editor->page().content()->controls().front();
+    EXPECT_EQ(expected.properties, propertiesJson(control.properties).dump(1));
+    command(Command::Save);
+    EXPECT_EQ(expected.runtimeText, editor->page().content()->runtimeTextOf(0));
+    // The window saves what `generate` makes of the page at once: entries of a dictionary that
+    // stand behind one without a name, which is not read back, are numbered anew.
+    Sites sites;
+    const GeneratedPage generated = generatePage(automated.page(), sites, LossGuard::Refuse);
+    EXPECT_EQ(generated.after.empty() ? automated.bytes() : generated.after, played.bytes());
+    if (scenario.usesDatabase) {
+        EXPECT_EQ(automated.translations(), played.translations());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, ScenarioTest, ::testing::ValuesIn(AllScenarios),
+                         [](const auto& scenario) { return scenario.param.name; });
+
+}  // namespace
+}  // namespace headerdtc::qt
