@@ -21,8 +21,7 @@ bool isOffered(StoredRole role, std::string_view text, const ProviderFields& off
     }
 }
 
-// `like`: an offered entry whose name is nearly that of the field; empty for none.
-void describe(VanishedField& field, std::string_view text, const std::string& like) {
+void describe(VanishedField& field, std::string_view text) {
     const std::string role(nameOf(field.role));
     switch (field.role) {
         case StoredRole::KeyField:
@@ -42,7 +41,7 @@ void describe(VanishedField& field, std::string_view text, const std::string& li
             field.text = role + " " + inQuotes(text) + " is not offered by " +
                          inQuotes(field.provider) +
                          (field.now ? "; the field is " + inQuotes(*field.now) + " there" : "");
-            field.advice = (like.empty() ? "" : "is " + inQuotes(like) + " meant? ") +
+            field.advice = (field.like.empty() ? "" : "is " + inQuotes(field.like) + " meant? ") +
                            std::string("remove it, or choose the field anew");
     }
 }
@@ -60,13 +59,12 @@ std::optional<VanishedField> vanishedField(StoredRole role, Family family, const
     field.family = family;
     field.item = item;
     field.provider = provider;
-    std::string like;
     if (!isKey && role != StoredRole::LinkTo) {
         const auto name = fieldNameIn(item.text, family);
         if (name) field.now = offered.entryOfName(*name);
-        if (name && !field.now) like = offered.entryLike(*name);
+        if (name && !field.now) field.like = offered.entryLike(*name);
     }
-    describe(field, text, like);
+    describe(field, text);
     return field;
 }
 

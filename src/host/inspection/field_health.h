@@ -18,6 +18,7 @@ struct VanishedField {
     StoredItem item;
     std::string provider;            // that does not offer it
     std::optional<std::string> now;  // the entry under which it offers a field of that name
+    std::string like;                // else the entry of the likest name; empty: none
     std::string text;                // what is wrong, a sentence without its full stop
     std::string advice;              // what to do
 };

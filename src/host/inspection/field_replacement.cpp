@@ -1,6 +1,7 @@
 #include "host/inspection/field_replacement.h"
 
 #include "core/header_dtc.h"
+#include "platform/text.h"
 
 namespace headerdtc {
 namespace {
@@ -18,9 +19,11 @@ void replaceIn(Grid& grid, int column, const std::string& text, const std::strin
     }
 }
 
+// Blanks before a number depend on how many fields there were when the list was made.
 void takeFrom(ListBox& available, const std::string& field) {
-    const int item = available.find(field);
-    if (item >= 0) available.RemoveItem(item);
+    for (int i = available.ListCount() - 1; i >= 0; --i) {
+        if (trimBlanks(available.List(i)) == trimBlanks(field)) available.RemoveItem(i);
+    }
 }
 
 }  // namespace

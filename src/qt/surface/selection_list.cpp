@@ -14,18 +14,6 @@ SelectionList::SelectionList(QWidget* parent) : QListView(parent) {
     setEditTriggers(NoEditTriggers);
 }
 
-bool SelectionList::viewportEvent(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
-    const auto& help = static_cast<const QHelpEvent&>(*event);
-    const QModelIndex item = indexAt(help.pos());
-    const QString text = item.data().toString();
-    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
-    if (fontMetrics().horizontalAdvance(text) + margins <= viewport()->width())
-        return QListView::viewportEvent(event);
-    QToolTip::showText(help.globalPos(), text, viewport());
-    return true;
-}
-
 void SelectionList::setEmptyText(const QString& text) {
     if (text == emptyText_) return;
     emptyText_ = text;
@@ -40,6 +28,19 @@ void SelectionList::paintEvent(QPaintEvent* event) {
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(Margin, Margin, -Margin, -Margin),
                      Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+}
+
+bool SelectionList::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex item = indexAt(help.pos());
+    if (!item.data(Qt::ToolTipRole).toString().isEmpty()) return QListView::viewportEvent(event);
+    const QString text = item.data().toString();
+    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
+    if (fontMetrics().horizontalAdvance(text) + margins <= viewport()->width())
+        return QListView::viewportEvent(event);
+    QToolTip::showText(help.globalPos(), text, viewport());
+    return true;
 }
 
 void SelectionList::changed() {

@@ -24,6 +24,12 @@ bool isSame(const VanishedField& left, const VanishedField& right) {
            left.item.text == right.item.text && left.item.row == right.item.row;
 }
 
+QString capitalised(const std::string& text) {
+    QString words = toQt(text);
+    if (!words.isEmpty()) words[0] = words.at(0).toUpper();
+    return words;
+}
+
 int tabOf(const VanishedField& field) {
     const bool isLink = field.role == StoredRole::LinkFrom || field.role == StoredRole::LinkTo ||
                         field.role == StoredRole::LinkedField;
@@ -114,9 +120,8 @@ std::vector<Message> PageHealth::messagesOf(const std::vector<VanishedField>& va
     for (const VanishedField& field : vanished) {
         Message message;
         message.severity = Message::Severity::Warning;
-        message.text = toQt(field.text) + QStringLiteral(": ") + toQt(field.advice) +
-                       tr(", or replace it (Edit > Replace missing field)");
-        message.text[0] = message.text.at(0).toUpper();
+        message.text = tr("%1. %2, or replace it with Edit > Replace missing field.")
+                           .arg(capitalised(field.text), capitalised(field.advice));
         message.page = page_.file();
         message.place.control = span.id;
         message.place.tab = tabOf(field);

@@ -92,7 +92,9 @@ void ListFinder::show(int match) {
     count_->setText(tr("%1 of %2").arg(match + 1).arg(matches_.size()));
     const int item = matches_[static_cast<std::size_t>(match)];
     const QModelIndex index = view_.model()->index(item, 0);
-    if (ways_.marksAtOnce) ways_.act([&] { list_.select({item}, item); });
+    const bool isMarked =
+        list_.ListIndex() == item && list_.SelCount() == 1 && list_.Selected(item);
+    if (ways_.marksAtOnce && !isMarked) ways_.act([&] { list_.select({item}, item); });
     // Not where the finder lies.
     view_.scrollTo(index, QAbstractItemView::PositionAtCenter);
     frame_->setVisible(!ways_.marksAtOnce);

@@ -145,24 +145,14 @@ void EditedPage::save(Guard guard) {
     takeSaved(file_);
 }
 
-// The bytes are compared once more, and the file is replaced only as long as it is the one that was
-// compared: another writer is noticed up to the last moment.
+// The file is replaced only as long as it is the one that was read: another writer is noticed up to
+// the last moment.
 void EditedPage::replaceFile(const std::string& bytes) {
-    const auto refuse = [this] {
+    try {
+        replaceWholeFile(file_, bytes, stamp_);
+    } catch (const FileError&) {
+        if (!changedOnDisk()) throw;
         throw ChangedByOther(file_.string(), "was written by somebody else meanwhile");
-    };
-    WholeFile now;
-    try {
-        now = readWholeFile(file_);
-    } catch (const FileError&) {
-        refuse();
-    }
-    if (now.bytes != saved_->bytes()) refuse();
-    try {
-        replaceWholeFile(file_, bytes, now.stamp);
-    } catch (const FileError&) {
-        if (!now.stamp.isStillOf(file_)) refuse();
-        throw;
     }
 }
 

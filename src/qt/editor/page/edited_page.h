@@ -90,12 +90,12 @@ class EditedPage : public QObject {
     void placeChanged();
 
   private:
-    void replaceFile(const std::string& bytes);
     EditedPage(std::shared_ptr<Site> site, std::filesystem::path file, PageContentPtr content);
     PageContentPtr contentOf(std::string bytes) const;
     void step(std::string bytes, Step step);
     std::string bytesToSave(const std::filesystem::path& file, const std::shared_ptr<Site>& site,
                             Guard guard) const;
+    void replaceFile(const std::string& bytes);
     void takeSaved(const std::filesystem::path& file);
 
     std::filesystem::path file_;
