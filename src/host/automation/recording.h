@@ -40,6 +40,7 @@ class Recording {
     using Kind = PersonAction::Kind;
 
     // An action that has begun and is not over; behind it those that wait for a dialog.
+    // NOLINTNEXTLINE(bugprone-exception-escape): moving JSON does not throw.
     struct Running {
         const Form* form = nullptr;
         bool isPartOfAnother = false;    // of the same form: what it does belongs to that
