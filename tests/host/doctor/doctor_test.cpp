@@ -115,8 +115,8 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     EXPECT_THAT(look("data source"), AllOf(StartsWith("broken: "), HasSubstr("texts.sqlite"),
                                            HasSubstr("-> put the file there")));
     configure("DRIVER=SQLite3;Database=" + (site / "texts.sqlite").string() + ";PWD=hush");
-    EXPECT_THAT(look("data source"), AllOf(StartsWith("broken: "), HasSubstr("texts.sqlite"),
-                                           Not(HasSubstr("hush"))));
+    EXPECT_THAT(look("data source"),
+                AllOf(StartsWith("broken: "), HasSubstr("texts.sqlite"), Not(HasSubstr("hush"))));
     EXPECT_THAT(look("tables"), StartsWith("skipped: "));
     EXPECT_FALSE(site.has("texts.sqlite"));
 
