@@ -129,7 +129,7 @@ OpenControl::OpenControl(std::shared_ptr<Site> site, const fs::path& page, const
     HeaderDTC& dtc = parts_->control.dtc;
     StoredPropertyBag stored(span.properties);
     dtc.UserControl_ReadProperties(stored);
-    CollectingPropertyBag written;
+    CollectingPropertyBag written(span.properties.size());
     dtc.UserControl_WriteProperties(written);
     parts_->doubt = failureDoubt("loading", parts_->failures.take());
     if (!parts_->doubt) {

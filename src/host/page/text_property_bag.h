@@ -28,6 +28,8 @@ class StoredPropertyBag : public PropertyBag {
 // Collects what a control writes, defaults left out, typed and in order.
 class CollectingPropertyBag : public PropertyBag {
   public:
+    // `expected`: about how many properties there will be.
+    explicit CollectingPropertyBag(std::size_t expected = 0) { written_.reserve(expected); }
     PropertyValue ReadProperty(std::string_view, const PropertyValue& fallback) override {
         return fallback;
     }

@@ -136,23 +136,22 @@ std::vector<Message> PageHealth::messagesOf(const std::vector<VanishedField>& va
 
 void PageHealth::openMenu(const VanishedField& vanished, const QPoint& at) {
     constexpr std::size_t Suggestions = 3;
-    const VanishedField field = vanished;
-    const auto replacements = offers_.replacements(field, configuration_);
+    const auto replacements = offers_.replacements(vanished, configuration_);
     auto* menu = new QMenu(controls_.surface());
     menu->setObjectName(QStringLiteral("MissingFieldMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (std::size_t i = 0; i < std::min(Suggestions, replacements.size()); ++i) {
-        const std::string with = replacements[i];
-        QString text = toQt(with).trimmed();
+        QString text = toQt(replacements[i]).trimmed();
         menu->addAction(tr("Replace with %1").arg(text.replace('&', QLatin1String("&&"))), this,
-                        [this, field, with] {
+                        [this, field = vanished, with = replacements[i]] {
                             const QString problem = replace(field, with);
                             if (!problem.isEmpty())
                                 QMessageBox::warning(&controls_, tr("Not replaced"), problem);
                         });
     }
     menu->addSeparator();
-    menu->addAction(tr("Replace &with..."), this, [this, field] { chooseReplacement(field); });
+    menu->addAction(tr("Replace &with..."), this,
+                    [this, field = vanished] { chooseReplacement(field); });
     menu->popup(at);
 }
 

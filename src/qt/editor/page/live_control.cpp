@@ -80,7 +80,7 @@ void LiveControl::showError(const std::string& text) {
 }
 
 std::string LiveControl::open(const FileDialogRequest& request) {
-    const std::string file = fileDialog_.open(request);
+    std::string file = fileDialog_.open(request);
     Q_EMIT fileChosen(file);
     return file;
 }
