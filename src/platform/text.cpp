@@ -47,7 +47,8 @@ std::string replaceFound(std::string_view text, std::string_view from, std::stri
         result.append(text.substr(start, hit - start)).append(to);
         start = hit + from.size();
     }
-    return result.append(text.substr(start));
+    result.append(text.substr(start));
+    return result;
 }
 
 }  // namespace

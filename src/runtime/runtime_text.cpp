@@ -136,7 +136,8 @@ std::string withLineEnds(std::string_view text) {
         if (cr < start) cr = text.find('\r', start);
         if (lf < start) lf = text.find('\n', start);
     }
-    return copied < text.size() ? lines.append(text.substr(copied)) : lines;
+    if (copied < text.size()) lines.append(text.substr(copied));
+    return lines;
 }
 
 std::string GetRuntimeText(HeaderDTC& control) {

@@ -33,7 +33,8 @@ std::string writeMarkup(const ControlContent& content, const CodePage& codePage)
         markup += "\t<PARAM NAME=" + attribute(name, codePage);
         markup += " VALUE=" + attribute(value, codePage) + ">\r\n";
     }
-    return markup += "</OBJECT>\r\n-->\r\n";
+    markup += "</OBJECT>\r\n-->\r\n";
+    return markup;
 }
 
 // Throws FileError for a text that would not come back; `line` is 0 where the control is not in the
@@ -117,7 +118,8 @@ std::string PageMarkup::with(const std::vector<ControlContent>& contents) const 
         }
         at = control.runtimeText.end;
     }
-    return result += textOf({at, bytes_.size()});
+    result += textOf({at, bytes_.size()});
+    return result;
 }
 
 std::string PageMarkup::withNewControl(int line, const ControlContent& content) const {
