@@ -1,13 +1,10 @@
 #include "host/inspection/field_health.h"
 
+#include "host/inspection/finding.h"
 #include "platform/text.h"
 
 namespace headerdtc {
 namespace {
-
-std::string inQuotes(std::string_view text) {
-    return '"' + std::string(text) + '"';
-}
 
 bool isOffered(StoredRole role, std::string_view text, const ProviderFields& offered) {
     switch (role) {

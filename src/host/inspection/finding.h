@@ -14,6 +14,11 @@ enum class Severity { Warning, Error };
 // "warning", "error"
 std::string_view nameOf(Severity severity);
 
+// A text in double quotes, as findings name what stands in a page.
+inline std::string inQuotes(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
+
 // What a rule has to say about one control. The rule, its severity and the page are known to
 // whoever called it.
 struct Remark {

@@ -102,10 +102,6 @@ void fieldsHaveTheirSeparator(const ControlView& control, Remarks& remarks) {
     }
 }
 
-std::string inQuotes(std::string_view text) {
-    return '"' + std::string(text) + '"';
-}
-
 Remark about(const StoredItem& item, std::optional<Family> family, std::string text,
              std::string advice) {
     return {family, item.row, item.property, std::move(text), std::move(advice)};

@@ -48,8 +48,6 @@ void idIsItsOwn(const ControlView& control, Remarks& remarks);
 
 // ---- shared by them --------------------------------------------------------------------------
 
-// A text in double quotes.
-std::string inQuotes(std::string_view text);
 // A remark about one stored text.
 Remark about(const StoredItem& item, std::optional<Family> family, std::string text,
              std::string advice);
