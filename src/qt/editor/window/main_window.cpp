@@ -6,17 +6,16 @@
 #include "qt/editor/messages/messages_panel.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/page/page_editor.h"
-#include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/recording/recording_panel.h"
 #include "qt/editor/recovery/recovery_dialog.h"
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
-#include "qt/editor/source/source_view.h"
 #include "qt/editor/start/about_dialog.h"
 #include "qt/editor/start/demo_site.h"
 #include "qt/editor/start/guide_window.h"
 #include "qt/editor/start/start_page.h"
 #include "qt/editor/window/icons.h"
+#include "qt/editor/window/page_commands.h"
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/window/page_tabs.h"
 #include "qt/surface/control_surface.h"
@@ -124,55 +123,21 @@ void MainWindow::connectCommands() {
     const auto on = [this](Command command, auto act) {
         connect((*commands_)[command], &QAction::triggered, this, act);
     };
-    // Commands that a page is needed for.
-    const auto onPage = [this, on](Command command, auto act) {
-        on(command, [this, act] {
-            PageEditor* editor = tabs_->current();
-            if (editor && !editor->isBusy()) act(*editor);
-        });
-    };
     on(Command::New, [this] { tabs_->openNew(workFolder()); });
     on(Command::Open, [this] { choosePages(); });
     on(Command::OpenSite, [this] { chooseSite(); });
     on(Command::OpenDemo, [this] { chooseDemoFolder(); });
-    onPage(Command::Save, [this](PageEditor& editor) { saver_.save(editor); });
-    onPage(Command::SaveAs, [this](PageEditor& editor) { saver_.saveAs(editor); });
     on(Command::SaveAll, [this] { saveAll(); });
     on(Command::Revert, [this] { revert(); });
-    onPage(Command::Close, [this](PageEditor& editor) { tabs_->close(&editor); });
     on(Command::Quit, [this] { close(); });
-    onPage(Command::Undo, [](PageEditor& editor) { editor.undo(); });
-    onPage(Command::Redo, [](PageEditor& editor) { editor.redo(); });
-    onPage(Command::Find, [](PageEditor& editor) { editor.find(); });
-    onPage(Command::InsertControl, [](PageEditor& editor) { editor.insertControl(); });
-    onPage(Command::RemoveControl, [](PageEditor& editor) { editor.removeControl(); });
-    onPage(Command::ReplaceField,
-           [](PageEditor& editor) { editor.health().chooseReplacement(std::nullopt); });
-    const auto showParts = [this] {
-        for (PageEditor* editor : tabs_->editors())
-            editor->showParts((*commands_)[Command::ShowSource]->isChecked(),
-                              (*commands_)[Command::ShowPreview]->isChecked());
-    };
-    on(Command::ShowSource, showParts);
-    on(Command::ShowPreview, showParts);
-    onPage(Command::ToggleFold, [](PageEditor& editor) { editor.toggleFold(); });
-    onPage(Command::NextChange, [](PageEditor& editor) { editor.preview().goToNextChange(); });
-    onPage(Command::PreviousChange,
-           [](PageEditor& editor) { editor.preview().goToPreviousChange(); });
     on(Command::Refresh, [this] {
         tabs_->checkDisk();
         tabs_->refreshSites();
     });
-    onPage(Command::FocusControl, [](PageEditor& editor) { editor.controls().focusControl(); });
-    onPage(Command::FocusSource, [](PageEditor& editor) { editor.source().setFocus(); });
-    const auto turn = [this](int by) {
-        tabs_->setCurrentIndex((tabs_->currentIndex() + by + tabs_->count()) % tabs_->count());
-    };
-    onPage(Command::NextPage, [turn](PageEditor&) { turn(1); });
-    onPage(Command::PreviousPage, [turn](PageEditor&) { turn(-1); });
     on(Command::CheckSite, [this] { site_->checkAll(); });
     on(Command::GenerateAll, [this] { generateAll(); });
-    onPage(Command::PageSite, [this](PageEditor& editor) {
+    connectPageCommands(*commands_, *tabs_, saver_);
+    onPage(*commands_, Command::PageSite, *tabs_, [this](PageEditor& editor) {
         site_->openFolder(editor.page().site()->configuration->projectRoot);
         siteDock_->show();
     });
@@ -183,8 +148,7 @@ void MainWindow::connectCommands() {
 
 void MainWindow::connectParts() {
     connect(tabs_, &PageTabs::opened, this, [this](PageEditor* editor) {
-        editor->showParts((*commands_)[Command::ShowSource]->isChecked(),
-                          (*commands_)[Command::ShowPreview]->isChecked());
+        showParts(*commands_, *editor);
         connect(editor, &PageEditor::messagesChanged, this,
                 [this, editor](const QString& source, const std::vector<Message>& messages) {
                     // The open page knows better than the last run over the site.
