@@ -104,6 +104,12 @@ done
 on_disk() {
     mkdir -p disk && mount -t tmpfs -o "mode=777,$1" tmpfs disk 2>/dev/null
 }
+# on_quota SIZE: the same with a limit on what may be used of it.
+on_quota() {
+    mkdir -p disk && truncate -s 128m quota.img && mkfs.btrfs -q --mixed quota.img 2>/dev/null &&
+        mount -o loop quota.img disk 2>/dev/null && chmod 777 disk &&
+        btrfs quota enable disk && btrfs qgroup limit "$1" disk
+}
 # Without room for all pages; $1 is the reason that has to be told, $2 what makes room.
 no_room() {
     begin disk/site
@@ -128,11 +134,11 @@ if ((EUID == 0)) && on_disk size=1m; then
     on_disk size=4m,nr_inodes=80
     no_room "no new file can be made in its folder: No space left on device" "rm -r disk/many" \
         "mkdir disk/many; for i in {1..80}; do : 2>/dev/null >disk/many/\$i; done"
-    if on_disk size=8m,usrquota_block_hardlimit=600k,usrquota; then
-        no_room "cannot be written: Disk quota exceeded" "rm disk/filling" \
+    if on_quota 1m; then
+        no_room "Disk quota exceeded" "btrfs qgroup limit none disk" \
             "cat /dev/zero >disk/filling 2>/dev/null"
     else
-        echo "Left out: a quota; this system has none for temporary file systems"
+        echo "Left out: a quota; no btrfs can be made and mounted here"
     fi
 else
     echo "Left out: a full disk and a quota; no file system can be mounted here"
