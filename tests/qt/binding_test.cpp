@@ -1,11 +1,9 @@
-#include "qt/sample_dialogs.h"
-#include "qt/surface/dialog_forms.h"
+#include "i18n/add_label_dialog.h"
+#include "i18n/translation_store.h"
 #include "qt/surface/form_binder.h"
 #include "qt/surface_fixture.h"
 
 #include <QAbstractButton>
-#include <QDialog>
-#include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
 #include <QTabBar>
@@ -15,9 +13,11 @@
 namespace headerdtc {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using ::testing::ThrowsMessage;
 
 TEST_F(SurfaceTest, EveryControlHasItsWidgetAndNoWidgetIsWithoutControl) {
     for (const Control* control : dtc.surface.controls()) {
@@ -36,22 +36,20 @@ TEST_F(SurfaceTest, EveryControlHasItsWidgetAndNoWidgetIsWithoutControl) {
     }
 }
 
-TEST_F(SurfaceTest, NamesForAssistiveTechnologyAreCaptionsOrElseLabelsOrElseControlNames) {
-    EXPECT_EQ(widget(dtc.SaveCommand).accessibleName(), "Save");
-    EXPECT_EQ(widget(dtc.IncludeASPText).accessibleName(), "Include ASP:");
-    EXPECT_EQ(widget(dtc.ZEKO.MoveUpCommand).accessibleName(), "ZEKOMoveUpCommand");
-    EXPECT_EQ(widget(dtc.ZEKO.MoveUpCommand).accessibleDescription(), "Move up");
-    EXPECT_EQ(widget(dtc.ZEKO.SelectedFieldsList).accessibleName(), "ZEKOSelectedFieldsList");
-}
-
-TEST_F(SurfaceTest, TheTwinsPagesCarryTheirOwnLabels) {
-    const auto labelOf = [this](const Control& control) {
-        return surface.findChild<QLabel*>(qt::toQt(control.name() + "Label"));
+TEST_F(SurfaceTest, WidgetsAreCalledByCaptionsOrElseLabelsOrElseControlNames) {
+    const std::tuple<const Control&, const char*, const char*> cases[] = {
+        {dtc.SaveCommand, "Save", ""},
+        {dtc.IncludeASPText, "Include ASP:", ""},
+        {dtc.ZEKO.MoveUpCommand, "ZEKOMoveUpCommand", "Move up"},
+        {dtc.EAI.FieldsList, "Available:", "Available fields"},
+        {dtc.ZEKO.FieldsList, "Available fields:", "Available fields"},
+        {dtc.ZEKO.SelectedFieldsList, "ZEKOSelectedFieldsList",
+         "Selected fields"},  // its label is hidden
     };
-    EXPECT_EQ(labelOf(dtc.EAI.FieldsList)->text().remove('&'), "Available:");
-    EXPECT_EQ(labelOf(dtc.ZEKO.FieldsList)->text().remove('&'), "Available fields:");
-    EXPECT_TRUE(labelOf(dtc.ZEKO.SelectedFieldsList)->isHidden());
-    EXPECT_FALSE(labelOf(dtc.EAI.SelectedFieldsList)->isHidden());
+    for (const auto& [control, name, description] : cases) {
+        EXPECT_EQ(qt::fromQt(widget(control).accessibleName()), name) << control.name();
+        EXPECT_EQ(qt::fromQt(widget(control).accessibleDescription()), description);
+    }
 }
 
 TEST_F(SurfaceTest, NoTwoMnemonicsOfOnePageAreTheSame) {
@@ -94,9 +92,11 @@ TEST_F(SurfaceTest, TabGoesThroughAPageAsTheModelsDo) {
 }
 
 TEST(FormBinder, NamesEveryWidgetThatIsMissingOrOfAnotherKind) {
-    testing::ScriptedModalLoop loop;
-    Desktop desktop(loop);
-    testing::SampleLabelDialog models(desktop);
+    testing::FakeSurroundings outside;
+    const Surroundings surroundings = outside.all();
+    TranslationStore store(surroundings);
+    Desktop desktop(outside.modalLoop);
+    AddLabelDialog models(desktop, surroundings, store);
     QWidget form;
     auto* layout = new QVBoxLayout(&form);
     for (const char* name : {"LabelNameText", "OKButton"}) {
@@ -104,19 +104,11 @@ TEST(FormBinder, NamesEveryWidgetThatIsMissingOrOfAnotherKind) {
         label->setObjectName(name);
         layout->addWidget(label);
     }
-    try {
-        const qt::FormBinder binder(models.form, form);
-        FAIL() << "bound";
-    } catch (const qt::BindingError& error) {
-        EXPECT_THAT(error.what(), HasSubstr("AddLabelDialog"));
-        EXPECT_THAT(error.what(), HasSubstr("LabelNameText is a QLabel, not a QLineEdit"));
-        EXPECT_THAT(error.what(), HasSubstr("CancelButton is missing"));
-    }
-}
-
-TEST(FormBinder, KnowsNoFormByAnUnknownName) {
-    QDialog dialog;
-    EXPECT_THROW(qt::setUpDialogForm("NoSuchDialog", dialog), std::logic_error);
+    EXPECT_THAT(
+        [&] { const qt::FormBinder binder(models.form, form); },
+        ThrowsMessage<qt::BindingError>(AllOf(
+            HasSubstr("AddLabelDialog"), HasSubstr("LabelNameText is a QLabel, not a QLineEdit"),
+            HasSubstr("CancelButton is missing"))));
 }
 
 }  // namespace

@@ -1,8 +1,12 @@
-#include "qt/sample_dialogs.h"
+#include "i18n/add_i18n_field_question_dialog.h"
+#include "i18n/add_label_dialog.h"
+#include "i18n/specify_i18n_fieldname_dialog.h"
+#include "i18n/translation_store.h"
 #include "qt/surface/qt_file_dialog.h"
 #include "qt/surface/qt_message_box.h"
 #include "qt/surface/qt_modal_loop.h"
 #include "qt/surface_fixture.h"
+#include "scripts/specify_criterium_dialog.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -16,18 +20,23 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
+using ::testing::Contains;
+using ::testing::Not;
 
 class DialogsTest : public ::testing::Test, protected Person {
   protected:
+    DialogsTest() {
+        outside.database.execute = [](const std::string&) { return testing::FakeRows(); };
+    }
+
     // Runs a dialog with somebody before it.
-    void show(testing::SampleDialog& dialog, const std::function<void(QWidget&)>& person) {
+    void show(Form& form, const std::function<void(QWidget&)>& person) {
         QTimer::singleShot(0, [&] {
             QWidget& window = *QApplication::activeModalWidget();
             ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
             person(window);
         });
-        dialog.form.ShowModal();
+        form.ShowModal();
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     }
     template <class Widget = QWidget>
@@ -35,49 +44,30 @@ class DialogsTest : public ::testing::Test, protected Person {
         return *window.findChild<Widget*>(name);
     }
 
+    testing::FakeSurroundings outside;
+    Surroundings surroundings = outside.all();
     qt::QtModalLoop loop;
-    Desktop desktop{loop};
+    HeaderDTC dtc{surroundings, loop};
+    TranslationStore store{surroundings};
+    AddLabelDialog label{dtc.desktop, surroundings, store};
 };
 
-TEST_F(DialogsTest, EveryDialogFormFitsItsControls) {
-    testing::SampleCriteriumDialog criterium(desktop);
-    testing::SampleQuestionDialog question(desktop);
-    testing::SampleLabelDialog label(desktop);
-    testing::SampleFieldnameDialog fieldname(desktop);
-    testing::SampleFieldValueDialog values(desktop);
-    for (testing::SampleDialog* dialog : std::initializer_list<testing::SampleDialog*>{
-             &criterium, &question, &label, &fieldname, &values}) {
-        show(*dialog, [&](QWidget& window) {
-            EXPECT_EQ(qt::fromQt(window.windowTitle()), dialog->form.caption());
-            EXPECT_TRUE(dialog->form.isReachable());
-            click(in(window, "OKButton"));
-        });
-        EXPECT_TRUE(dialog->accepted) << dialog->form.name();
-    }
-}
-
 TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
-    testing::SampleLabelDialog dialog(desktop);
-    show(dialog, [&](QWidget& window) {
+    testing::EventRecorder events(label.form);
+    show(label.form, [&](QWidget& window) {
         type(window, "SLBDA2001");
         press(window, Qt::Key_Tab);
         press(window, Qt::Key_Return);
     });
-    EXPECT_TRUE(dialog.accepted);
-    EXPECT_EQ(dialog.LabelNameText.Text(), "SLBDA2001");
-    testing::EventRecorder events(dialog.form);
-    const auto dismissed = [&](const std::function<void(QWidget&)>& person) {
-        dialog.accepted = false;
-        show(dialog, person);
-        const auto raised = events.take();
-        EXPECT_EQ(std::count(raised.begin(), raised.end(), "CancelButton.Click"), 1);
-        EXPECT_FALSE(dialog.accepted);
-    };
-    dismissed([&](QWidget& window) { press(window, Qt::Key_Escape); });
-    dismissed([](QWidget& window) { window.close(); });
+    EXPECT_THAT(events.take(), Contains("OKButton.Click").Times(1));
+    EXPECT_EQ(label.LabelNameText.Text(), "SLBDA2001");
+    show(label.form, [&](QWidget& window) { press(window, Qt::Key_Escape); });
+    EXPECT_THAT(events.take(), Contains("CancelButton.Click").Times(1));
+    show(label.form, [](QWidget& window) { window.close(); });
+    EXPECT_THAT(events.take(), Contains("CancelButton.Click").Times(1));
     // A form that does not want to close stays, and its window with it.
-    dialog.CancelButton.Enabled(false);
-    show(dialog, [&](QWidget& window) {
+    label.CancelButton.Enabled(false);
+    show(label.form, [&](QWidget& window) {
         window.close();
         EXPECT_TRUE(window.isVisible());
         press(window, Qt::Key_Escape);
@@ -86,31 +76,23 @@ TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
     });
 }
 
+// Both dialogs are left by it.
 TEST_F(DialogsTest, AFailureOfAHandlerReachesWhoeverOpenedTheDialog) {
-    testing::SampleLabelDialog outer(desktop);
-    testing::SampleQuestionDialog inner(desktop);
-    inner.subscriptions +=
-        inner.OKButton.Click.subscribe([] { throw RuntimeError(ErrorNumber::TypeMismatch); });
-    int caught = 0;
-    outer.subscriptions += outer.OKButton.GotFocus.subscribe(
-        [&] { show(inner, [&](QWidget& window) { click(in(window, "OKButton")); }); });
-    // The outer dialog is left too, by the same failure.
-    caught = errorOf([&] {
-        QTimer::singleShot(0, [&] {
-            QWidget& window = *QApplication::activeModalWidget();
-            ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-            click(in(window, "OKButton"));
-        });
-        outer.form.ShowModal();
-    });
-    EXPECT_EQ(caught, 13);
-    EXPECT_TRUE(desktop.modalForms().empty());
+    AddI18NFieldQuestionDialog question(dtc.desktop);
+    Subscriptions subscriptions;
+    subscriptions +=
+        question.OKButton.Click.subscribe([] { throw RuntimeError(ErrorNumber::TypeMismatch); });
+    const auto pressOk = [](QWidget& window) { click(in(window, "OKButton")); };
+    subscriptions += label.OKButton.GotFocus.subscribe([&] { show(question.form, pressOk); });
+    EXPECT_EQ(errorOf([&] { show(label.form, pressOk); }), 13);
+    EXPECT_TRUE(dtc.desktop.modalForms().empty());
 }
 
 TEST_F(DialogsTest, ScriptsKeepTheirLineEnds) {
-    testing::SampleCriteriumDialog dialog(desktop);
+    SpecifyCriteriumDialog dialog(dtc);
+    dialog.ValueType(USERSCRIPT);
     dialog.ScriptBodyText.Text("a\nb\r\n");
-    show(dialog, [&](QWidget& window) {
+    show(dialog.form, [&](QWidget& window) {
         auto& body = in<QPlainTextEdit>(window, "ScriptBodyText");
         EXPECT_EQ(body.font().family(), "Courier New");
         click(*body.viewport(), {3, 3});
@@ -123,12 +105,7 @@ TEST_F(DialogsTest, ScriptsKeepTheirLineEnds) {
         EXPECT_EQ(dialog.ScriptBodyText.SelStart(), 9);
         // Enter is the text's, and Tab leads out of it.
         press(window, Qt::Key_Tab);
-        EXPECT_EQ(dialog.form.ActiveControl(), &dialog.ScriptText);
-        type(window, "x");
-        EXPECT_EQ(dialog.ScriptText.Text(), "");
-        dialog.ScriptText.Enabled(false);
-        click(*in<QPlainTextEdit>(window, "ScriptText").viewport(), {3, 3});
-        EXPECT_EQ(dialog.form.ActiveControl(), nullptr);
+        EXPECT_FALSE(dialog.ScriptBodyText.hasFocus());
         click(in(window, "LocalScriptOption"));
         press(window, Qt::Key_Up);
         EXPECT_TRUE(dialog.IncludedScriptOption.Value());
@@ -138,21 +115,19 @@ TEST_F(DialogsTest, ScriptsKeepTheirLineEnds) {
 }
 
 TEST_F(DialogsTest, AnEditableComboTakesWhatIsTypedAndChoosesNothing) {
-    testing::SampleFieldnameDialog dialog(desktop);
+    SpecifyI18NFieldnameDialog dialog(dtc.desktop, surroundings, store, [] {});
     fill(dialog.LabelsCombo, {"SLBDA1", "SLBDA10"});
     testing::EventRecorder events(dialog.form);
-    show(dialog, [&](QWidget& window) {
-        auto& combo = in<QComboBox>(window, "LabelsCombo");
+    show(dialog.form, [&](QWidget& window) {
         dialog.LabelsCombo.focus();
         settle();
         events.take();
         type(window, "SLBDA1");
-        EXPECT_EQ(qt::fromQt(combo.currentText()), "SLBDA1");
+        EXPECT_EQ(qt::fromQt(in<QComboBox>(window, "LabelsCombo").currentText()), "SLBDA1");
         press(window, Qt::Key_Tab);
         EXPECT_EQ(dialog.LabelsCombo.Text(), "SLBDA1");
         EXPECT_EQ(dialog.LabelsCombo.ListIndex(), -1);
-        const auto raised = events.take();
-        EXPECT_EQ(std::count(raised.begin(), raised.end(), "LabelsCombo.Click"), 0);
+        EXPECT_THAT(events.take(), Not(Contains("LabelsCombo.Click")));
         dialog.LabelsCombo.focus();
         press(window, Qt::Key_Down);
         EXPECT_EQ(dialog.LabelsCombo.ListIndex(), 0);
@@ -161,20 +136,16 @@ TEST_F(DialogsTest, AnEditableComboTakesWhatIsTypedAndChoosesNothing) {
 }
 
 TEST_F(DialogsTest, MessagesAreShownAsTheyAre) {
-    qt::QtMessageBox messages;
-    QString title, text;
     QTimer::singleShot(0, [&] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_TRUE(box);
-        title = box->windowTitle();
-        text = box->text();
+        EXPECT_EQ(box->windowTitle(), "HeaderDTC");
+        EXPECT_EQ(box->text(), "Field '<b>'");
         EXPECT_EQ(box->textFormat(), Qt::PlainText);
         EXPECT_EQ(box->buttons().size(), 1);
         box->accept();
     });
-    messages.show("Field '<b>'");
-    EXPECT_EQ(title, "HeaderDTC");
-    EXPECT_EQ(text, "Field '<b>'");
+    qt::QtMessageBox().show("Field '<b>'");
 }
 
 TEST_F(DialogsTest, TheFileDialogAsksAndAnswersInWindowsPaths) {

@@ -12,7 +12,6 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class FocusTest : public SurfaceTest {
   protected:
@@ -31,15 +30,6 @@ class FocusTest : public SurfaceTest {
 
     Subscriptions subscriptions;
 };
-
-TEST_F(FocusTest, BothKindsOfFocusMoveTogether) {
-    click(widget(dtc.XSLFilenameText));
-    EXPECT_EQ(focused(), "XSLFilenameText");
-    EXPECT_THAT(events.take(), ElementsAre("SSTab1.LostFocus", "XSLFilenameText.GotFocus"));
-    dtc.IncludeASPText.SetFocus();
-    EXPECT_EQ(qtFocused(), "IncludeASPText");
-    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "IncludeASPText.GotFocus"));
-}
 
 TEST_F(FocusTest, AnotherWindowTakesNoFocusFromTheModels) {
     click(widget(dtc.XSLFilenameText));
@@ -73,7 +63,7 @@ TEST_F(FocusTest, AControlThatIsDisabledUnderTheFocusHandsItToNobody) {
     press(Qt::Key_X);
     EXPECT_THAT(events.take(), ElementsAre("UserControl.KeyPress"));
     press(Qt::Key_Tab);
-    EXPECT_EQ(focused(), "EAIRemoveField");
+    EXPECT_EQ(focused(), "EAISelectedFieldsList") << "behind a button that is disabled";
 }
 
 TEST_F(FocusTest, TabsTurnAsTheModelsSay) {
@@ -126,8 +116,7 @@ TEST_F(FocusTest, ButtonsAreClickedByMouseSpaceEnterAndMnemonic) {
     press(Qt::Key_Return);
     press(Qt::Key_S, Qt::AltModifier);
     QTest::qWait(150);
-    const auto raised = events.take();
-    EXPECT_EQ(std::count(raised.begin(), raised.end(), "SaveCommand.Click"), 4);
+    EXPECT_THAT(events.take(), Contains("SaveCommand.Click").Times(4));
 
     auto& check = widget<QCheckBox>(dtc.EnableExtraFiltersCheck);
     click(check, {8, check.height() / 2});
@@ -146,14 +135,6 @@ TEST_F(FocusTest, FailuresThatNoHandlerTrapsAreShownAndTheWorkGoesOn) {
     EXPECT_THAT(outside.messages.errors, ElementsAre("Run-time error '6': Overflow"));
     click(widget(dtc.XSLFilenameText));
     EXPECT_EQ(focused(), "XSLFilenameText");
-}
-
-TEST_F(FocusTest, FinishingAnEditPutsItIntoItsCell) {
-    openTab(1);
-    clickCell(dtc.EAI.CriteriaGrid, 1, criteria_column::Value);
-    type(surface, "4");
-    surface.finishEditing();
-    EXPECT_EQ(dtc.EAI.CriteriaGrid.TextMatrix(1, criteria_column::Value), "4");
 }
 
 }  // namespace

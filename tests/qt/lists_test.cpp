@@ -57,26 +57,6 @@ TEST_F(ListsTest, EachActionOnTheSelectionIsOneSelectOfTheModel) {
     EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
 }
 
-TEST_F(ListsTest, AFieldIsAddedWithTheButtonAndWithADoubleClick) {
-    clickItem(fields, 1);
-    clickItem(fields, 3, Qt::ControlModifier);
-    click(widget(dtc.EAI.AddField));
-    EXPECT_THAT(itemsOf(dtc.EAI.SelectedFieldsList), ElementsAre("B", "D"));
-    EXPECT_THAT(itemsOf(fields), ElementsAre("A", "C", "E"));
-    EXPECT_THAT(shownAsSelected(fields), ElementsAre(2));
-    EXPECT_EQ(qtFocused(), "EAIFieldsList");
-
-    events.take();
-    doubleClick(*widget<qt::SelectionList>(fields).viewport(), itemAt(fields, 0));
-    EXPECT_THAT(itemsOf(dtc.EAI.SelectedFieldsList), ElementsAre("B", "D", "A"));
-    const auto raised = events.take();
-    EXPECT_EQ(std::count(raised.begin(), raised.end(), "EAIFieldsList.DblClick"), 1);
-
-    clickItem(dtc.EAI.SelectedFieldsList, 1);
-    click(widget(dtc.EAI.MoveUpCommand));
-    EXPECT_THAT(itemsOf(dtc.EAI.SelectedFieldsList), ElementsAre("D", "B", "A"));
-}
-
 TEST_F(ListsTest, PressesBesideTheItemsLeaveTheSelection) {
     clickItem(fields, 1);
     QWidget& area = *widget<qt::SelectionList>(fields).viewport();
@@ -123,7 +103,7 @@ TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmptyAtOnce) {
     scrollBar.setValue(scrollBar.maximum());
     settle();
     auto& view = widget<qt::SelectionList>(fields);
-    EXPECT_EQ(view.indexAt(view.viewport()->rect().center()).row() > 32700, true);
+    EXPECT_GT(view.indexAt(view.viewport()->rect().center()).row(), 32700);
     const auto opened = timer.restart();
 
     clickItem(fields, MaxListCount - 1);
@@ -133,8 +113,6 @@ TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmptyAtOnce) {
     EXPECT_EQ(fields.ListCount(), 0);
     EXPECT_EQ(dtc.EAI.SelectedFieldsList.ListCount(), MaxListCount);
     const auto moved = timer.elapsed();
-    RecordProperty("opened", static_cast<int>(opened));
-    RecordProperty("moved", static_cast<int>(moved));
     EXPECT_LT(opened, 3000);
     EXPECT_LT(moved, 6000);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/control_fixture.h"
+#include "editor/editor.h"
 #include "qt/event_recorder.h"
-#include "qt/small_behaviours.h"
 #include "qt/surface/control_surface.h"
 #include "qt/surface/selection_list.h"
 #include "qt/surface/text.h"
@@ -43,10 +43,12 @@ struct Person {
     static QWindow* windowOf(QWidget& widget) { return widget.window()->windowHandle(); }
 };
 
-// One control that nobody sees, with some fields and criteria; what the window's person does is
-// done to it through the models, as automation does.
-struct FilledControl : TestControl {
+// A control as the editor makes it, with some fields and criteria. To one that no window shows
+// everything is done through the models, as automation does.
+struct FilledControl {
     FilledControl() {
+        outside.dataSources.providers = {{.name = "Orders"}, {.name = "Stock"}};
+        dtc.UserControl_Initialize();
         for (const Family which : BothFamilies) {
             FamilyControls& family = dtc.family(which);
             fill(family.FieldsList, {"A", "B", "C", "D", "E"});
@@ -55,7 +57,9 @@ struct FilledControl : TestControl {
         }
     }
 
-    testing::SmallBehaviours eai{dtc.EAI};
+    testing::FakeSurroundings outside;
+    HeaderDTC dtc{outside.all(), outside.modalLoop};
+    Editor editor{dtc};
     testing::EventRecorder events{dtc.surface};
 };
 

@@ -9,26 +9,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-TEST_F(SurfaceTest, TypingEditsTheModelKeyByKey) {
-    dtc.XSLFilenameText.Text("");
-    plain.dtc.XSLFilenameText.Text("");
-    click(widget(dtc.XSLFilenameText));
-    plain.dtc.XSLFilenameText.focus();
-    events.take();
-    plain.events.take();
-    type(surface, "ab");
-    press(Qt::Key_Left);
-    type(surface, "x");
-    press(Qt::Key_Backspace);
-    press(Qt::Key_Delete);
-    for (const Key& key : {Key::of(U'a'), Key::of(U'b'), Key::of(Key::Kind::Left), Key::of(U'x'),
-                           Key::of(Key::Kind::Backspace), Key::of(Key::Kind::Delete)})
-        plain.dtc.XSLFilenameText.press(key);
-    EXPECT_EQ(events.take(), plain.events.take());
-    EXPECT_EQ(dtc.XSLFilenameText.Text(), "a");
-    EXPECT_EQ(dtc.XSLFilenameText.SelStart(), 1);
-}
-
 TEST_F(SurfaceTest, PositionsCountCharactersNotUnits) {
     auto& edit = widget<QLineEdit>(dtc.XSLFilenameText);
     click(edit);
