@@ -90,11 +90,11 @@ class TempSite : public TempFolder {
     static std::string param(const std::string& name, const std::string& value) {
         return "\t<PARAM NAME=\"" + name + "\" VALUE=\"" + value + "\">\r\n";
     }
-    // One return field of "Orders", with everything that goes with it.
-    static std::string ordersParams() {
+    // One return field of "Orders", with everything that goes with it; or of another provider.
+    static std::string ordersParams(const std::string& provider = "Orders") {
         return param("ZEKOReturnFields0", "1 - ORDNO") + param("ZEKOCriteriaCount", "2") +
                param("EAICriteriaCount", "2") + param("ZEKOReturnFieldCount", "1") +
-               param("DataProvider", "Orders") + param("XSLFilename", "xsl/Generic.xsl") +
+               param("DataProvider", provider) + param("XSLFilename", "xsl/Generic.xsl") +
                param("NrOfZEKOI18NFieldnames", "0") + param("NrOfEAII18NFieldnames", "0") +
                param("NrOfZEKOI18NFieldValues", "0") + param("NrOfEAII18NFieldValues", "0") +
                param("LinkedDataProvider", "ZEKOLinkedDataProvidersCombo") +

@@ -1,6 +1,7 @@
 // What an author does to an open page: change, save, take back, write in the source.
 
 #include "host/page/text_property_bag.h"
+#include "qt/editor/recording/recorder.h"
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/window_fixture.h"
 
@@ -34,8 +35,7 @@ TEST_F(Editing, OpeningAPageChangesNothing) {
 
 TEST_F(Editing, AChangeAtTheControlIsAStepThatIsSavedAndTakenBack) {
     PageEditor& editor = open("page.asp", ordersPage());
-    toggleExtraFilters(editor);
-    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    change(editor);
     EXPECT_TRUE(window->isWindowModified());
     EXPECT_EQ("&Undo: extra filters", window->commands()[Command::Undo]->text());
 
@@ -44,7 +44,9 @@ TEST_F(Editing, AChangeAtTheControlIsAStepThatIsSavedAndTakenBack) {
     EXPECT_THAT(site.read("page.asp"), HasSubstr("NAME=\"EnableExtraFilters\" VALUE=\"-1\""));
     EXPECT_EQ(GeneratedPage::Verdict::UpToDate, check("page.asp").verdict);
 
+    dtc(editor).SSTab1.clickTab(2);
     command(Command::Undo);
+    EXPECT_EQ(2, dtc(editor).SSTab1.Tab()) << "the author is led to no other tab";
     EXPECT_EQ(CheckState::Unchecked, dtc(editor).EnableExtraFiltersCheck.Value());
     EXPECT_TRUE(window->isWindowModified());
     command(Command::Save);
@@ -53,24 +55,6 @@ TEST_F(Editing, AChangeAtTheControlIsAStepThatIsSavedAndTakenBack) {
     command(Command::Redo);
     EXPECT_EQ(CheckState::Checked, dtc(editor).EnableExtraFiltersCheck.Value());
     EXPECT_TRUE(editor.findChild<QCheckBox*>("EnableExtraFiltersCheck")->isChecked());
-}
-
-TEST_F(Editing, UndoKeepsTheTab) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    dtc(editor).DataProvidersCombo.choose("Stock");
-    dtc(editor).SSTab1.clickTab(2);
-    editor.controls().takeChanges();
-    EXPECT_EQ(0, dtc(editor).ZEKO.SelectedFieldsList.ListCount());
-    dtc(editor).ZEKO.FieldsList.select({0}, 0);
-    dtc(editor).ZEKO.AddField.press();
-    editor.controls().takeChanges();
-    EXPECT_EQ("&Undo: ZEKO return fields", window->commands()[Command::Undo]->text());
-    EXPECT_EQ(1, dtc(editor).ZEKO.SelectedFieldsList.ListCount());
-    command(Command::Undo);
-    EXPECT_EQ(0, dtc(editor).ZEKO.SelectedFieldsList.ListCount());
-    EXPECT_EQ(2, dtc(editor).SSTab1.Tab());
-    command(Command::Undo);
-    EXPECT_FALSE(editor.isModified());
 }
 
 // Whatever the author did, undone fully it gives the bytes of the start, and redone the others.
@@ -165,9 +149,8 @@ TEST_F(Editing, AValueThatIsStillBeingTypedGetsIntoThePage) {
 TEST_F(Editing, SourceIsWrittenAroundTheControlByteForByte) {
     const std::string before = "caf\xE9\rone\n\x81 two\r\n";
     const std::string control = Site::control(Site::ordersParams(), Site::ordersText());
-    PageEditor& editor = open("page.asp", before + control +
-                                              "\nthree\xA0"
-                                              "end");
+    const std::string after = "\nthree\xA0 end";
+    PageEditor& editor = open("page.asp", before + control + after);
     SourceView& source = editor.source();
     source.setFocus();
     source.goToLine(3);
@@ -176,17 +159,8 @@ TEST_F(Editing, SourceIsWrittenAroundTheControlByteForByte) {
     QTest::keyClick(&source, Qt::Key_Return);
     settle();
     command(Command::Save);
-    EXPECT_EQ("caf\xE9\rone\n\x81 two more\r\n\r\n" + control +
-                  "\nthree\xA0"
-                  "end",
-              site.read("page.asp"));
+    EXPECT_EQ("caf\xE9\rone\n\x81 two more\r\n\r\n" + control + after, site.read("page.asp"));
     EXPECT_EQ("&Undo: source text", window->commands()[Command::Undo]->text());
-    while (editor.page().history().undoStep())
-        command(Command::Undo);
-    EXPECT_EQ(before + control +
-                  "\nthree\xA0"
-                  "end",
-              editor.page().content()->bytes());
 }
 
 TEST_F(Editing, TheControlsLinesAreNotWrittenInTheSource) {
@@ -271,28 +245,17 @@ TEST_F(Editing, MarkupThatCannotBeReadIsSaidAndMendedInTheSource) {
     EXPECT_TRUE(eventually([&] { return window->messages().rowCount() == 0; }));
 }
 
-TEST_F(Editing, ThePreviewMarksWhatChangesAndLeavesTheControlAlone) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    generated(editor);
-    auto* summary = editor.findChild<QLabel*>("PreviewSummary");
-    EXPECT_EQ("The page already holds this text.", summary->text());
-    dtc(editor).DataProvidersCombo.choose("Stock");
-    editor.controls().takeChanges();
-    EXPECT_THAT(generated(editor), HasSubstr("<% ' Orders\n<% ' Stock\n"));
-    EXPECT_EQ("Saving adds 1 line and removes 1 line.", summary->text());
-    // The expansion looks into the dictionaries, which adds to them; not to the author's.
-    EXPECT_EQ(std::nullopt, editor.controls().live()->takeChange());
-}
-
 // An expansion may show boxes, and its look-ups add to the dictionaries of the control that
 // expands: never to the author's.
 TEST_F(Editing, ThePreviewFollowsAtOnceAndTheAuthorsControlStaysAsItIs) {
     site.writeTemplate("<% ' <DATAPROVIDER>\n<SPECIFY_ZEKO_CRITERIA>\n%>\n");
     PageEditor& editor =
         open("page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
-                                    Site::param("ZEKOCriteria1_2", "<>") +
-                                    Site::param("ZEKOCriteria1_3", "Unlisted")));
+                                        Site::param("ZEKOCriteria1_2", "<>") +
+                                        Site::param("ZEKOCriteria1_3", "Unlisted"),
+                                    Site::ordersText()));
     generated(editor);
+    auto* summary = editor.findChild<QLabel*>("PreviewSummary");
     const auto bag = [&] {
         CollectingPropertyBag written;
         dtc(editor).UserControl_WriteProperties(written);
@@ -305,6 +268,8 @@ TEST_F(Editing, ThePreviewFollowsAtOnceAndTheAuthorsControlStaysAsItIs) {
     ASSERT_TRUE(eventually(
         [&] { return editor.preview().text().toPlainText().contains(QLatin1String("' Stock")); }));
     EXPECT_LE(clock.elapsed(), 300);
+    EXPECT_THAT(generated(editor), HasSubstr("mReturnFields.Add 1, \"ORDNO\"\n<% ' Stock\n"));
+    EXPECT_EQ("Saving adds 2 lines and removes 2 lines.", summary->text());
     EXPECT_EQ(nullptr, QApplication::activeModalWidget());
     EXPECT_THAT(messages(), Contains(HasSubstr("Unknown operator '<>' on criterion 1")));
     dtc(editor).DataProvidersCombo.choose("Orders");
@@ -323,6 +288,18 @@ TEST_F(Editing, TheStatusLineSaysHowThePageIsWritten) {
     command(Command::Save);
     EXPECT_TRUE(says("text up to date"));
     EXPECT_FALSE(editor.isModified());
+}
+
+TEST_F(Editing, UndoEndsARecordingAndIsSaid) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    command(Command::Record);
+    change(editor);
+    command(Command::Undo);
+    EXPECT_FALSE(window->recorder().isRecording());
+    EXPECT_FALSE(window->commands()[Command::Record]->isChecked());
+    EXPECT_TRUE(editor.notices().shows("recording"));
+    EXPECT_EQ("{\"do\":\"click\",\"control\":\"EnableExtraFiltersCheck\"}\n{\"do\":\"save\"}\n",
+              window->recorder().script());
 }
 
 TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {

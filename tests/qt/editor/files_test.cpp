@@ -17,11 +17,7 @@ using ::testing::Not;
 
 class Files : public WindowTest {
   protected:
-    static std::string lostProvider() {
-        std::string params = Site::ordersParams();
-        const std::string orders = "VALUE=\"Orders\"";
-        return Site::page(params.replace(params.find(orders), orders.size(), "VALUE=\"Gone\""));
-    }
+    static std::string lostProvider() { return Site::page(Site::ordersParams("Gone")); }
 };
 
 TEST_F(Files, ALossIsRefusedWithItsReasonAndSavedOnDemand) {
@@ -71,8 +67,7 @@ TEST_F(Files, APageWithoutChangesFollowsItsFile) {
 
 TEST_F(Files, AChangeByAnotherIsNoticedAndNeverOverwrittenUnasked) {
     PageEditor& editor = open("page.asp", ordersPage());
-    toggleExtraFilters(editor);
-    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    change(editor);
     const std::string theirs = "<!-- theirs -->" + ordersPage();
     site.write("page.asp", theirs);
     ASSERT_TRUE(eventually([&] { return editor.notices().shows("disk"); }));
@@ -220,8 +215,7 @@ class Recovery : public Files {
 
 TEST_F(Recovery, UnsavedChangesAreOfferedAfterACrash) {
     PageEditor& editor = open("page.asp", ordersPage());
-    toggleExtraFilters(editor);
-    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    change(editor);
     const std::string mine = editor.page().content()->bytes();
     // Copies of an editor that runs are nobody else's.
     window->recovery().keepAll();
@@ -246,8 +240,7 @@ TEST_F(Recovery, UnsavedChangesAreOfferedAfterACrash) {
 
 TEST_F(Recovery, AChangeOfTheFileSinceThenIsSaidAndDiscardedCopiesAreGone) {
     PageEditor& editor = open("page.asp", ordersPage());
-    toggleExtraFilters(editor);
-    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    change(editor);
     crash();
     site.write("page.asp", "<!-- later -->" + ordersPage());
     openWindow();

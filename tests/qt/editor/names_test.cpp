@@ -53,8 +53,7 @@ TEST_F(Names, EveryWidgetOfTheDialogsHasAName) {
     });
     command(Command::Settings);
     command(Command::About);
-    toggleExtraFilters(editor);
-    ASSERT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    change(editor);
     site.write("page.asp", "<!-- theirs -->" + ordersPage());
     command(Command::Save);
     command(Command::Close);

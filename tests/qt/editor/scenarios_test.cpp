@@ -1,8 +1,10 @@
-// Every scenario of the automation, played by a person at the window: the same page, byte for byte.
+// Every scenario of the automation, played by a person at the window: the same page, byte for byte,
+// and once more from what was recorded meanwhile.
 
 #include "host/automation/automation_session.h"
 #include "host/automation/property_json.h"
 #include "host/page/new_control.h"
+#include "qt/editor/recording/recorder.h"
 #include "qt/editor/scenario_player.h"
 #include "qt/editor/window_fixture.h"
 #include "qt/surface/text.h"
@@ -69,16 +71,21 @@ class DemoCopy {
     fs::path page_;
 };
 
-// The scenario without the saving at its end.
-std::vector<std::string> linesOf(const Scenario& scenario) {
-    std::ifstream file(std::string(HEADERDTC_SOURCE_DIR "/tests/scenarios/") + scenario.name +
-                       ".jsonl");
+// The lines of a script but for the saving at its end.
+std::vector<std::string> withoutSaving(const std::string& script) {
+    std::istringstream stream(script);
     std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);)
+    for (std::string line; std::getline(stream, line);)
         lines.push_back(line);
     EXPECT_EQ(R"({"do":"save"})", lines.back());
     lines.pop_back();
     return lines;
+}
+
+std::vector<std::string> linesOf(const Scenario& scenario) {
+    const fs::path file =
+        fs::path(HEADERDTC_SOURCE_DIR "/tests/scenarios") / (std::string(scenario.name) + ".jsonl");
+    return withoutSaving(readWholeFile(file).bytes);
 }
 
 struct Outcome {
@@ -118,6 +125,7 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
     const Scenario& scenario = GetParam();
     const DemoCopy automated(scenario);
     const DemoCopy played(scenario);
+    const DemoCopy recorded(scenario);
     const std::vector<std::string> lines = linesOf(scenario);
     const Outcome expected = automate(automated.page(), lines);
 
@@ -129,6 +137,7 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
         const WindowsPaths& drives = editor->page().site()->configuration->drives;
         return QFile::decodeName(drives.toLocal(file).c_str());
     };
+    command(Command::Record);
     ScenarioPlayer player(*window, toLocal);
     player.play(lines);
     EXPECT_THAT(player.messages(), ElementsAreArray(expected.messages));
@@ -138,13 +147,19 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
     EXPECT_EQ(expected.properties, propertiesJson(control.properties).dump(1));
     command(Command::Save);
     EXPECT_EQ(expected.runtimeText, editor->page().content()->runtimeTextOf(0));
+    const std::string automatedPage = automated.bytes();
     // The window saves what `generate` makes of the page at once: entries of a dictionary that
     // stand behind one without a name, which is not read back, are numbered anew.
     Sites sites;
     const GeneratedPage generated = generatePage(automated.page(), sites, LossGuard::Refuse);
-    EXPECT_EQ(generated.after.empty() ? automated.bytes() : generated.after, played.bytes());
+    EXPECT_EQ(generated.after.empty() ? automatedPage : generated.after, played.bytes());
+
+    const std::string script = window->recorder().script().toStdString();
+    automate(recorded.page(), withoutSaving(script));
+    EXPECT_EQ(automatedPage, recorded.bytes()) << script;
     if (scenario.usesDatabase) {
         EXPECT_EQ(automated.translations(), played.translations());
+        EXPECT_EQ(automated.translations(), recorded.translations());
     }
 }
 

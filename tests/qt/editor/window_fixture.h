@@ -85,6 +85,11 @@ class WindowTest : public ::testing::Test {
         ASSERT_NE(nullptr, box);
         QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
     }
+    // Changes a property, which the page takes over a moment later.
+    static void change(PageEditor& editor) {
+        toggleExtraFilters(editor);
+        EXPECT_TRUE(eventually([&] { return editor.page().isModified(); }));
+    }
     // Presses the button that shows a text, whatever its mnemonic.
     static void press(QWidget& parent, const QString& text) {
         for (auto* button : parent.findChildren<QAbstractButton*>()) {
