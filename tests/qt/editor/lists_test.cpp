@@ -8,6 +8,7 @@
 #include "qt/surface/selection_list.h"
 
 #include <QLineEdit>
+#include <nlohmann/json.hpp>
 
 namespace headerdtc::qt {
 namespace {
@@ -22,17 +23,16 @@ class Lists : public WindowTest {
 
     // A provider with more fields than anybody scrolls through, some of them chosen.
     Lists() {
-        std::string zeko, eai;
+        auto catalogue = nlohmann::json::parse(R"({"providers": [{"name": "Parts",
+            "zeko": {"fields": [], "keyFields": ["P1"]},
+            "eai": {"groups": [{"name": "PART", "fields": []}], "keyFields": []}}]})");
+        auto& parts = catalogue["providers"][0];
         for (int i = 1; i <= FieldCount; ++i) {
-            const std::string comma = i > 1 ? "," : "";
-            zeko += comma + R"({"number": )" + std::to_string(i) + R"(, "name": "P)" +
-                    std::to_string(i * 7919 % FieldCount) + "\"}";
-            eai += comma + "\"F" + std::to_string(i * 7919 % FieldCount) + "X\"";
+            const std::string number = std::to_string(i * 7919 % FieldCount);
+            parts["zeko"]["fields"].push_back({{"number", i}, {"name", "P" + number}});
+            parts["eai"]["groups"][0]["fields"].push_back("F" + number + "X");
         }
-        site.write("catalogue.json", R"({"providers": [{"name": "Parts", "zeko": {"fields": [)" +
-                                         zeko + R"(], "keyFields": ["P1"]}, "eai": {"groups": )" +
-                                         R"([{"name": "PART", "fields": [)" + eai +
-                                         R"(]}], "keyFields": []}}]})");
+        site.write("catalogue.json", catalogue.dump());
         editor = &open("page.asp", Site::page(""));
         dtc().DataProvidersCombo.choose("Parts");
         showTab(2);
@@ -110,7 +110,6 @@ TEST_F(Lists, MatchesAreWalkedThroughAndEnterAdds) {
     EXPECT_EQ(matches.front(), list.ListIndex());
     key(Qt::Key_Down);
     EXPECT_EQ(matches[1], list.ListIndex());
-    const std::string second = list.Text();
     key(Qt::Key_Up);
     key(Qt::Key_Up);
     EXPECT_EQ(matches.back(), list.ListIndex());

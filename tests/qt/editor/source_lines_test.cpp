@@ -29,32 +29,20 @@ TEST(SourceLines, ShowsEveryKindOfLineEndAsOne) {
 }
 
 TEST(SourceLines, AnEditLeavesAllOtherBytesAlone) {
-    const SourceLines lines(
-        page("one\x81\r\ntwo\nthr\xE9"
-             "e\rfour"));
-    EXPECT_EQ(
-        "one\x81\r\ntwo\nthr\xE9"
-        "E\rfour",
-        edited(lines, 13, 1, "E"));
-    // A line end of its own kind is taken out and put in.
-    EXPECT_EQ(
-        "one\x81two\nthr\xE9"
-        "e\rfour",
-        edited(lines, 4, 1, ""));
-    EXPECT_EQ(
-        "one\x81\r\nt\nwo\nthr\xE9"
-        "e\rfour",
-        edited(lines, 6, 0, "\n"));
-    EXPECT_EQ(
-        "one\x81\r\ntwo\nthr\xE9"
-        "e\rfo\rur",
-        edited(lines, 17, 0, "\n"));
+    const std::string bytes = "one\x81\r\ntwo\nthr\xE9 e\rfour";
+    const SourceLines lines(page(bytes));
     // What Qt reports is often more than what has changed.
-    EXPECT_EQ(
-        "one\x81\r\ntwo!\nthr\xE9"
-        "e\rfour",
-        edited(lines, 0, static_cast<int>(lines.text().size()),
-               QString(lines.text()).insert(8, QLatin1Char('!'))));
+    const QString whole = QString(lines.text()).insert(8, QLatin1Char('!'));
+    const std::tuple<int, int, QString, std::string> edits[] = {
+        {14, 1, "E", "one\x81\r\ntwo\nthr\xE9 E\rfour"},
+        // A line end of its own kind is taken out and put in.
+        {4, 1, "", "one\x81two\nthr\xE9 e\rfour"},
+        {6, 0, "\n", "one\x81\r\nt\nwo\nthr\xE9 e\rfour"},
+        {18, 0, "\n", "one\x81\r\ntwo\nthr\xE9 e\rfo\rur"},
+        {0, static_cast<int>(lines.text().size()), whole, "one\x81\r\ntwo!\nthr\xE9 e\rfour"},
+    };
+    for (const auto& [position, removed, inserted, expected] : edits)
+        EXPECT_EQ(expected, edited(lines, position, removed, inserted)) << position;
     EXPECT_EQ(std::nullopt, edited(lines, 0, 5, lines.text().left(5)));
 }
 
@@ -73,28 +61,26 @@ TEST(SourceLines, ReplacesWholeCharactersOfUtf8) {
 }
 
 TEST(SourceLines, KeepsAByteOrderMarkOutOfReach) {
-    const SourceLines lines(
-        page("\xEF\xBB\xBF"
-             "ab\n"));
+    const std::string mark = "\xEF\xBB\xBF";
+    const SourceLines lines(page(mark + "ab\n"));
     EXPECT_EQ("ab\n", lines.text());
-    EXPECT_EQ(
-        "\xEF\xBB\xBF"
-        "!ab\n",
-        edited(lines, 0, 0, "!"));
-    EXPECT_EQ("\xEF\xBB\xBF", edited(lines, 0, 3, ""));
+    EXPECT_EQ(mark + "!ab\n", edited(lines, 0, 0, "!"));
+    EXPECT_EQ(mark, edited(lines, 0, 3, ""));
 }
 
 TEST(SourceLines, TellsAControlsSpanFromItsSurroundings) {
     const auto content = page(testing::TempSite::page(testing::TempSite::ordersParams()));
     const SourceLines lines(content);
     const ByteRange span = content->controls()[0].whole;
-    EXPECT_FALSE(lines.touchesControl({span.begin, span.begin}));
-    EXPECT_FALSE(lines.touchesControl({span.end, span.end}));
-    EXPECT_FALSE(lines.touchesControl({0, span.begin}));
-    EXPECT_TRUE(lines.touchesControl({span.begin + 1, span.begin + 1}));
-    EXPECT_TRUE(lines.touchesControl({span.begin - 1, span.begin + 1}));
-    EXPECT_TRUE(lines.touchesControl({span.end - 1, span.end + 1}));
-    EXPECT_TRUE(lines.touchesControl({0, content->bytes().size()}));
+    const auto touches = [&](std::size_t begin, std::size_t end) {
+        return lines.touchesControl({begin, end});
+    };
+    EXPECT_FALSE(touches(0, span.begin));
+    EXPECT_FALSE(touches(span.end, span.end));
+    EXPECT_TRUE(touches(span.begin + 1, span.begin + 1));
+    EXPECT_TRUE(touches(span.begin - 1, span.begin + 1));
+    EXPECT_TRUE(touches(span.end - 1, span.end + 1));
+    EXPECT_TRUE(touches(0, content->bytes().size()));
 }
 
 // Random pages and random edits: bytes before and behind the edit stay, and the page shows what was

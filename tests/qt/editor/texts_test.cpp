@@ -59,10 +59,9 @@ TEST(TextDiff, RunsCoverBothTextsAndSameRunsAreTheSame) {
             oldLine = run.oldEnd;
             newLine = run.newEnd;
             if (!run.same) continue;
-            ASSERT_TRUE(std::equal(oldLines.begin() + static_cast<long>(run.oldBegin),
-                                   oldLines.begin() + static_cast<long>(run.oldEnd),
-                                   newLines.begin() + static_cast<long>(run.newBegin),
-                                   newLines.begin() + static_cast<long>(run.newEnd)));
+            ASSERT_EQ(run.oldEnd - run.oldBegin, run.newEnd - run.newBegin);
+            for (std::size_t i = 0; i < run.oldEnd - run.oldBegin; ++i)
+                ASSERT_EQ(oldLines[run.oldBegin + i], newLines[run.newBegin + i]);
         }
         EXPECT_EQ(oldLines.size(), oldLine);
         EXPECT_EQ(newLines.size(), newLine);
@@ -100,17 +99,12 @@ TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {
 }
 
 TEST(Message, FindsItsPlaceInItsText) {
-    const ControlSpan stored{.id = "HeaderDTC1",
-                             .properties = {{"EAICriteria2_1", "A"},
-                                            {"EAICriteria2_2", "=="},
-                                            {"EAICriteria2_3", "1"},
-                                            {"ZEKOCriteria2_1", "B"},
-                                            {"ZEKOCriteria2_2", "<>"},
-                                            {"ZEKOCriteria2_3", "2"}},
-                             .whole = {},
-                             .markup = {},
-                             .runtimeText = {},
-                             .line = 4};
+    ControlSpan stored;
+    stored.id = "HeaderDTC1";
+    stored.line = 4;
+    stored.properties = {{"EAICriteria2_1", "A"},   {"EAICriteria2_2", "=="},
+                         {"EAICriteria2_3", "1"},   {"ZEKOCriteria2_1", "B"},
+                         {"ZEKOCriteria2_2", "<>"}, {"ZEKOCriteria2_3", "2"}};
     const auto placeOf = [&](const char* text) {
         return describe(messageOf(text, "page.asp", stored).place);
     };
@@ -174,13 +168,11 @@ TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
         "[translations]\n"
         "odbc_ini = \"odbc.ini\"\n",
         text.bytes());
-}
 
-TEST(ConfigurationText, BeginsAFileOfItsOwn) {
-    ConfigurationText text("");
-    text.set("project", "root", ".");
-    text.set("", "registry", "v.reg");
-    EXPECT_EQ("registry = \"v.reg\"\n[project]\nroot = \".\"\n", text.bytes());
+    ConfigurationText fresh("");
+    fresh.set("project", "root", ".");
+    fresh.set("", "registry", "v.reg");
+    EXPECT_EQ("registry = \"v.reg\"\n[project]\nroot = \".\"\n", fresh.bytes());
 }
 
 }  // namespace
