@@ -25,7 +25,7 @@ class SiteWindow : public WindowTest {
         const std::string orders = "VALUE=\"Orders\"";
         site.write("lost.asp",
                    Site::page(params.replace(params.find(orders), orders.size(), "VALUE=\"X\"")));
-        window->openAnything(site.path());
+        window->opener().openAnything(site.path());
         finish();
     }
     void finish() {
@@ -66,7 +66,7 @@ TEST_F(SiteWindow, ShowsOnlyThePagesAskedFor) {
 
 TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
     // An open page without changes follows what the run writes into its file.
-    window->open(site / "sub/stale.asp");
+    window->opener().openPage(site / "sub/stale.asp");
     press(*window, "Generate all");
     finish();
     EXPECT_EQ("up to date", stateOf("sub/stale.asp"));
@@ -86,7 +86,7 @@ TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
 }
 
 TEST_F(SiteWindow, ChangesAreSavedBeforeGeneratingIfTheAuthorWants) {
-    window->open(site / "current.asp");
+    window->opener().openPage(site / "current.asp");
     toggleExtraFilters(*window->tabs().current());
     answerDialogs([](QWidget& dialog) { press(dialog, "Save All"); });
     command(Command::GenerateAll);
@@ -95,7 +95,7 @@ TEST_F(SiteWindow, ChangesAreSavedBeforeGeneratingIfTheAuthorWants) {
 }
 
 TEST_F(SiteWindow, ASavedPageIsCheckedAgain) {
-    window->open(site / "sub/stale.asp");
+    window->opener().openPage(site / "sub/stale.asp");
     settle();
     command(Command::Save);
     finish();
@@ -183,7 +183,7 @@ TEST_F(WindowTest, TheDemoIsCopiedAndOpenedWithoutComplaints) {
     const auto demo = findDemoSite();
     ASSERT_TRUE(demo);
     EXPECT_THROW(copyDemoSite(*demo, site.path()), std::runtime_error);
-    window->openDemo(site / "demo");
+    window->opener().openDemo(site / "demo");
     ASSERT_NE(nullptr, window->tabs().current());
     EXPECT_TRUE(eventually([&] { return !window->site().run().isRunning(); }));
     EXPECT_GT(window->site().model().count(Verdict::UpToDate), 5);
