@@ -1,5 +1,7 @@
 #include "host/page/page_document.h"
 
+#include "host/files/file_replacer.h"
+
 #include <utility>
 
 namespace headerdtc {

@@ -1,5 +1,6 @@
 #include "qt/editor/settings/settings_dialog.h"
 
+#include "host/files/file_replacer.h"
 #include "host/site/site_configuration.h"
 #include "qt/editor/files/file_names.h"
 #include "qt/editor/window/icons.h"
