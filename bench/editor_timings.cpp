@@ -9,6 +9,7 @@
 #include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/window/main_window.h"
+#include "qt/editor/window/opener.h"
 #include "qt/editor/window/page_tabs.h"
 #include "support/temp_site.h"
 
@@ -55,7 +56,7 @@ void timePage(const char* title, const fs::path& page, const fs::path& recovery)
     window.show();
     paint(window);
     watch.tell("empty window");
-    window.open(page);
+    window.opener().openPage(page);
     paint(window);
     watch.tell("page opened and painted");
     PageEditor& editor = *window.tabs().current();
@@ -84,7 +85,7 @@ void timeSite(const fs::path& site, const fs::path& recovery) {
     Stopwatch watch;
     MainWindow window({.configuration = {}, .recoveryFolder = recovery});
     window.show();
-    window.openAnything(site);
+    window.opener().openAnything(site);
     paint(window);
     watch.tell("window usable, pages being looked for");
     QElapsedTimer longest;

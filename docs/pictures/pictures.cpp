@@ -16,6 +16,7 @@
 #include "qt/editor/start/about_dialog.h"
 #include "qt/editor/start/guide_window.h"
 #include "qt/editor/window/main_window.h"
+#include "qt/editor/window/opener.h"
 #include "qt/editor/window/page_tabs.h"
 #include "qt/surface/control_surface.h"
 #include "support/temp_site.h"
@@ -270,7 +271,7 @@ void drawFaults(MainWindow& window, const headerdtc::testing::TempFolder& home) 
         home.read("demo/drive_c/Sites/Main/Orvane/include/DTC_TEMPLATE.ASP") + "\r\n' new\r\n");
     window.commands()[Command::CheckSite]->trigger();
     waitForSite(window);
-    window.open(home / "demo/orders/list.asp");
+    window.opener().openPage(home / "demo/orders/list.asp");
     settle(800);
     draw(window, QStringLiteral("faults"));
 }
@@ -299,7 +300,7 @@ int main(int argc, char** argv) {
     window.resize(1360, 860);
     window.show();
     draw(window, QStringLiteral("start"));
-    window.openDemo(home / "demo");
+    window.opener().openDemo(home / "demo");
     waitForSite(window);
     draw(window, QStringLiteral("page"));
     drawControl(window);
@@ -308,10 +309,10 @@ int main(int argc, char** argv) {
     draw(window, QStringLiteral("unfolded"));
     editor.source().setFolded("HeaderDTC1", true);
     drawChange(window);
-    window.open(home / "demo" / "orders" / "compare.asp");
+    window.opener().openPage(home / "demo" / "orders" / "compare.asp");
     settle(800);
     draw(window, QStringLiteral("two-controls"));
-    window.open(home / "demo" / "index.asp");
+    window.opener().openPage(home / "demo" / "index.asp");
     settle(800);
     draw(window, QStringLiteral("without-control"));
     drawFaults(window, home);

@@ -4,6 +4,7 @@
 #include "cli/output.h"
 #include "cli/site_commands.h"
 #include "host/catalogue_import/catalogue_text.h"
+#include "host/files/file_replacer.h"
 #include "host/files/whole_file.h"
 #include "host/site/site.h"
 

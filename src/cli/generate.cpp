@@ -22,16 +22,17 @@ ExitStatus print(Sites& sites, const std::string& page) {
         return PageNotDone;
     }
     bool failed = false;
+    QuietHost host;
     for (const ControlSpan& span : markup.controls()) {
-        QuietHost host;
         OpenControl control(site, page, span, host.faces());
         const MadeContent made = control.content();
-        for (const std::string& message : host.messages)
-            printMessage(page, message);
-        failed = failed || !made.errors.empty();
+        failed = failed || control.loadingFailed() || !made.errors.empty();
         const std::string bytes = markup.codePage().encodeWithReferences(made.content.runtimeText);
         std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     }
+    if (failed) explainInstallDirectory(*site, host.messages);
+    for (const std::string& message : host.messages)
+        printMessage(page, message);
     return failed ? PageNotDone : Done;
 }
 

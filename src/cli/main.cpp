@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <limits>
 #include <system_error>
 
 namespace {
@@ -76,7 +77,7 @@ CLI::App* addNew(CLI::App& app, NewOptions& options) {
     command->add_option("PAGE", options.page, "the page")->required();
     auto* into = command->add_flag("--into", options.into, "add the control to an existing page");
     command->add_option("--line", options.line, "before this line (from 1) instead of at the start")
-        ->check(CLI::PositiveNumber)
+        ->check(CLI::Range(1, std::numeric_limits<int>::max()))
         ->needs(into);
     return command;
 }

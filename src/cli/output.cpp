@@ -17,7 +17,7 @@ void printLine(std::FILE* stream, std::string_view line) {
 
 void printMessage(std::string_view page, std::string_view text) {
     std::string line(page);
-    printLine(stderr, line.append(": ").append(text));
+    printLine(stderr, line.append(": ").append(visible(text)));
 }
 
 std::string counted(std::size_t count, const std::string& noun) {

@@ -8,7 +8,7 @@ namespace headerdtc::cli {
 
 void printLine(std::FILE* stream, std::string_view line);
 
-// "PAGE: TEXT" to standard error.
+// "PAGE: TEXT" to standard error, in one line whatever the text holds.
 void printMessage(std::string_view page, std::string_view text);
 
 // "1 page", "2 pages"

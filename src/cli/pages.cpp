@@ -1,6 +1,7 @@
 // The commands that look at one page or make one: new, show, automate.
 
 #include "cli/commands.h"
+#include "cli/output.h"
 #include "core/header_dtc.h"
 #include "host/automation/automation_session.h"
 #include "host/automation/property_json.h"
@@ -88,6 +89,9 @@ int automate(const CommonOptions& common, const AutomateOptions& options) {
         Sites sites(common.only());
         std::ios::sync_with_stdio(false);
         const bool opened = automatePage(sites, options.page, options.control, std::cin, std::cout);
+        // The control's own message does not say what to do.
+        const std::string failure = sites.forPage(options.page)->registry.lastFailure();
+        if (!failure.empty()) printMessage(options.page, failure);
         return opened ? Done : PageNotDone;
     });
 }

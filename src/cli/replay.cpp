@@ -5,6 +5,7 @@
 #include "cli/interruption.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
+#include "host/files/file_replacer.h"
 #include "host/generation/site_pages.h"
 #include "host/inspection/ordered_run.h"
 

@@ -4,6 +4,7 @@
 #include "cli/json_lines.h"
 #include "cli/output.h"
 #include "cli/site_commands.h"
+#include "host/files/file_replacer.h"
 #include "host/files/whole_file.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/site/site.h"

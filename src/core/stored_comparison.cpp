@@ -40,16 +40,17 @@ std::string pageText(const PropertyValue& value) {
     return toText(value);
 }
 
-// The entries of the dictionaries that are written, wherever they stand. An entry without a name is
-// not read back, and those behind it then get other numbers.
+// The entries of dictionaries and selections that are written, wherever they stand. A dictionary's
+// entry without a name is not read back, and those behind it then get other numbers; a selection
+// follows its list, whose items can have been moved since.
 class WrittenEntries {
   public:
     void add(const std::string& name, const PropertyValue& value) {
         const auto kind = storedKindOf(name);
-        if (kind && !kind->dictionary.empty()) entries_.emplace(kind->dictionary, toText(value));
+        if (kind && !kind->unordered.empty()) entries_.emplace(kind->unordered, toText(value));
     }
     bool has(const StoredKind& kind, const std::string& entry) const {
-        return !kind.dictionary.empty() && entries_.contains({kind.dictionary, entry});
+        return !kind.unordered.empty() && entries_.contains({kind.unordered, entry});
     }
 
   private:
@@ -80,8 +81,8 @@ std::vector<LostProperty> findLosses(
     for (const auto& [name, value] : written) {
         rewritten.emplace(name, &value);
         // Few names can be an entry's, and telling what a name is takes longer than this.
-        if (name.find("Type") != std::string::npos || name.find("Script") != std::string::npos)
-            entries.add(name, value);
+        for (const std::string_view part : {"Type", "Script", "I18N"})
+            if (name.find(part) != std::string::npos) entries.add(name, value);
     }
 
     std::vector<LostProperty> losses;
@@ -97,6 +98,47 @@ std::vector<LostProperty> findLosses(
         }
     }
     return losses;
+}
+
+std::vector<LostProperty> remainingLosses(
+    const std::vector<LostProperty>& losses,
+    const std::vector<std::pair<std::string, std::string>>& stored) {
+    if (losses.empty()) return {};
+    std::unordered_map<std::string_view, std::string_view> now;
+    WrittenEntries entries;
+    for (const auto& [name, text] : stored) {
+        now.emplace(name, text);
+        entries.add(name, text);
+    }
+    std::vector<LostProperty> remaining;
+    for (const LostProperty& lost : losses) {
+        const auto kind = storedKindOf(lost.name);
+        const auto found = now.find(lost.name);
+        // Another entry at the place of a lost one does not bring that one back.
+        const bool isDealtWith = kind && !kind->unordered.empty() ? entries.has(*kind, lost.stored)
+                                 : found == now.end()             ? lost.rewritten.has_value()
+                                                                  : lost.rewritten != found->second;
+        if (!isDealtWith) remaining.push_back(lost);
+    }
+    return remaining;
+}
+
+bool sayTheSame(const std::vector<std::pair<std::string, std::string>>& stored,
+                const std::vector<std::pair<std::string, std::string>>& written) {
+    if (stored == written) return true;
+    std::unordered_map<std::string_view, std::string_view> rewritten(written.begin(),
+                                                                     written.end());
+    for (const auto& [name, text] : stored) {
+        const auto found = rewritten.find(name);
+        const auto kind = storedKindOf(name);
+        if (!kind) return false;
+        const PropertyValue value =
+            found == rewritten.end() ? kind->readingDefault : std::string(found->second);
+        if (!meansTheSame(text, value, kind->type)) return false;
+        if (found != rewritten.end()) rewritten.erase(found);
+    }
+    // What the page lacks.
+    return rewritten.empty();
 }
 
 }  // namespace headerdtc

@@ -28,4 +28,16 @@ std::vector<LostProperty> findLosses(
     const std::vector<std::pair<std::string, std::string>>& stored,
     const std::vector<std::pair<std::string, PropertyValue>>& written);
 
+// Those of the losses that stand: what came to be something else since, as `stored` has it now, has
+// been dealt with.
+std::vector<LostProperty> remainingLosses(
+    const std::vector<LostProperty>& losses,
+    const std::vector<std::pair<std::string, std::string>>& stored);
+
+// Whether two states of a page's properties are the same to the control that reads them: in other
+// words, another order, or with a default that one of them leaves out. `written` is as the control
+// writes it.
+bool sayTheSame(const std::vector<std::pair<std::string, std::string>>& stored,
+                const std::vector<std::pair<std::string, std::string>>& written);
+
 }  // namespace headerdtc

@@ -66,9 +66,10 @@ std::optional<StoredType> storedTypeOf(std::string_view name) {
 std::optional<StoredKind> storedKindOf(std::string_view name) {
     const stored::Row* row = rowFor(name);
     if (!row) return std::nullopt;
-    const bool isEntry = std::holds_alternative<stored::Scripts>(row->content) ||
-                         std::holds_alternative<stored::CriteriaTypes>(row->content);
-    return StoredKind{row->type, defaultInType(*row), isEntry ? row->key : std::string_view()};
+    const bool isUnordered = std::holds_alternative<stored::Scripts>(row->content) ||
+                             std::holds_alternative<stored::CriteriaTypes>(row->content) ||
+                             std::holds_alternative<stored::Selection>(row->content);
+    return StoredKind{row->type, defaultInType(*row), isUnordered ? row->key : std::string_view()};
 }
 
 }  // namespace headerdtc

@@ -15,9 +15,10 @@ struct StoredKind {
     StoredType type;
     // What reading makes of the property where it is not stored, in the property's type.
     PropertyValue readingDefault;
-    // For the name of a dictionary's entry ("ZEKOCriteriaType2"): the key before its number, which
-    // says where the entry stood and no more. Empty for all others.
-    std::string_view dictionary = {};
+    // Where the number of a name says where the entry stood and no more, the key before it: for the
+    // entries of dictionaries ("ZEKOCriteriaType2") and of selections ("EAII18NFieldnames0"), which
+    // are written in the order of the list that they are selected in. Empty for all others.
+    std::string_view unordered = {};
 };
 
 // The type of a stored property, nothing for a name that the control never stores. Numbered names

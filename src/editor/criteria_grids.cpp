@@ -50,7 +50,7 @@ void CriteriaGrids::AddCriteriumCommand_Click(FamilyControls& family, ChangedPro
     Grid& grid = family.CriteriaGrid;
     ScrollBarRoom room = scrollBarRoom(grid);
     grid.Rows(grid.Rows() + 1);
-    changed.add(familyName(family.family, "Criteria"));
+    changed.add(familyName(family.family, "CriteriaCount"));
     grid.Row(grid.Rows() - 1);
     MoveCriteriaAsterisk(family, grid.Row(), changed);
     room.adjust();
@@ -78,6 +78,7 @@ void CriteriaGrids::RemoveCriteriumCommand_Click(FamilyControls& family,
     // The last row stays: emptied and marked again it may hold what it held before.
     if (removes || hadType || storedCells(grid, row) != cellsBefore)
         changed.add(familyName(family.family, "Criteria"));
+    if (removes) changed.add(familyName(family.family, "CriteriaCount"));
 }
 
 void CriteriaGrids::CriteriaGrid_EnterCell(FamilyControls& family, ChangedProperties& changed) {
@@ -113,12 +114,13 @@ void CriteriaGrids::pressEnter(FamilyControls& family) {
 
 void CriteriaGrids::openScriptDialog(FamilyControls& family, ChangedProperties& changed) {
     const int row = family.CriteriaGrid.Row();
-    const CriteriumRecord before(dtc_, family, row);
     const std::string name(trimBlanks(criteriaCell(dtc_, family, row, criteria_column::Value)));
     // Looking a name up adds it where it is missing. The dialog is given copies, because its OK
     // removes the entries that it was opened with.
     const std::string script = dtc_.userDefinedScripts->item(name);
     const std::int32_t valueType = family.CriteriaType.item(name);
+    // What the look-ups added is no change that the author made.
+    const CriteriumRecord before(dtc_, family, row);
     try {
         if (dtc_.procedures.ShowSpecifyCriteriumDialog) {
             dtc_.procedures.ShowSpecifyCriteriumDialog(static_cast<int>(family.family), row, name,

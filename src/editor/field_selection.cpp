@@ -26,12 +26,18 @@ void noteReturnFields(const FamilyControls& family, ChangedProperties& changed) 
     changed.add(familyName(family.family, "ReturnFields"));
 }
 
+// Fields go from one list to the other.
+void noteBothLists(const FamilyControls& family, ChangedProperties& changed) {
+    noteReturnFields(family, changed);
+    changed.add(familyName(family.family, "AvailableFields"));
+}
+
 void addReturnField(FamilyControls& family, const std::string& field, ChangedProperties& changed) {
     family.I18NFieldnamesList.AddItem(field);
     family.I18NFieldValuesList.AddItem(field);
     family.FromLinkFieldsCombo.AddItem(field);
     family.SelectedFieldsList.AddItem(field);
-    noteReturnFields(family, changed);
+    noteBothLists(family, changed);
 }
 
 void refreshButtons(FamilyControls& family) {
@@ -100,7 +106,7 @@ void FieldSelection::RemoveField_Click(FamilyControls& family, ChangedProperties
             if (!selected.Selected(i)) continue;
             const std::string field = selected.List(i);
             // Noted first: a removal that fails half way may have taken a translation with it.
-            noteReturnFields(family, changed);
+            noteBothLists(family, changed);
             translations.remove(field);
             family.FieldsList.AddItem(field);
             selected.RemoveItem(i);

@@ -63,11 +63,7 @@ void SpecifyI18NFieldValueDialog::subscribe() {
         trap("I18NFieldValuesGrid_KeyPress",
              [&] { I18NFieldValuesGrid_Edit(grid.Row(), grid.Col(), keyCode); });
     });
-    subscriptions_ += grid.RowColChange.subscribe([this, &grid] {
-        MoveAsterisk(grid.Row());
-        // A label editor that was opened and not used has no place over another cell.
-        LabelsCombo.Visible(false);
-    });
+    subscriptions_ += grid.RowColChange.subscribe([this, &grid] { MoveAsterisk(grid.Row()); });
     subscriptions_ += EditText.LostFocus.subscribe([this] { EditText_LostFocus(); });
     subscriptions_ += LabelsCombo.Click.subscribe([this] {
         if (!preselecting_) LabelsCombo_Click();
@@ -148,7 +144,6 @@ void SpecifyI18NFieldValueDialog::I18NFieldValuesGrid_Edit(int row, int column, 
 }
 
 void SpecifyI18NFieldValueDialog::editValue(const std::string& cellText, int keyCode) {
-    LabelsCombo.Visible(false);
     layOverCell(EditText, I18NFieldValuesGrid);
     if (keyCode == key_code::Enter) {
         EditText.Text(cellText);

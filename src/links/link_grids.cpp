@@ -62,6 +62,17 @@ std::string rowCountOf(const FamilyControls& family) {
     return "NrOfLinked" + std::string(family.traits.prefix) + "Fields";
 }
 
+// The texts of a column from the first link on, without the empty ones at its end, which nobody can
+// tell from rows that are not there.
+std::vector<std::string> linkTexts(const Grid& grid, int column) {
+    std::vector<std::string> texts;
+    for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+        texts.push_back(grid.TextMatrix(row, column));
+    while (!texts.empty() && texts.back().empty())
+        texts.pop_back();
+    return texts;
+}
+
 }  // namespace
 
 void noteDiscardedLinks(const FamilyControls& family, ChangedProperties& changed) {
@@ -175,8 +186,14 @@ void LinkGrids::removeLink(FamilyControls& family, ChangedProperties& changed) {
     Grid& grid = family.LinksGrid;
     ScrollBarRoom room(grid, links_column::To, ScrollBarWidth);
     if (grid.Rows() > grid.FixedRows() + 1) {
+        const auto from = linkTexts(grid, links_column::From);
+        const auto to = linkTexts(grid, links_column::To);
         grid.RemoveItem(family.linkRows.current);
         changed.add(rowCountOf(family));
+        if (linkTexts(grid, links_column::From) != from)
+            changed.add(familyName(family.family, "LinkFromFields"));
+        if (linkTexts(grid, links_column::To) != to)
+            changed.add(familyName(family.family, "LinkToFields"));
     } else {
         noteDiscardedLinks(family, changed);
         grid.Clear();

@@ -28,6 +28,12 @@ std::string selectedFieldsOf(const FamilyControls& family) {
     return familyName(family.family, "SelectedLinkedFields");
 }
 
+// Fields go from one list to the other.
+void noteBothLists(const FamilyControls& family, ChangedProperties& changed) {
+    changed.add(selectedFieldsOf(family));
+    changed.add(familyName(family.family, "AvailableFieldsLinked"));
+}
+
 void refreshButtons(FamilyControls& family) {
     refreshFieldButtons(family.LinkedFieldsList, family.SelectedLinkedFieldsList,
                         family.AddLinkedField, family.RemoveLinkedField);
@@ -61,7 +67,7 @@ void LinkedFields::AddLinkedField_Click(FamilyControls& family, ChangedPropertie
     ListBox& available = family.LinkedFieldsList;
     ListBox& selected = family.SelectedLinkedFieldsList;
     if (traits.needsSelection && available.SelCount() < 1) return;
-    if (available.SelCount() > 0) changed.add(selectedFieldsOf(family));
+    if (available.SelCount() > 0) noteBothLists(family, changed);
 
     const int focused = available.ListIndex();
     int lastAdded = 0;
@@ -81,7 +87,7 @@ void LinkedFields::AddLinkedField_Click(FamilyControls& family, ChangedPropertie
 void LinkedFields::LinkedFieldsList_DblClick(FamilyControls& family, ChangedProperties& changed) {
     ListBox& available = family.LinkedFieldsList;
     if (const int index = available.ListIndex(); index >= 0) {
-        changed.add(selectedFieldsOf(family));
+        noteBothLists(family, changed);
         family.SelectedLinkedFieldsList.AddItem(available.Text());
         available.RemoveItem(index);
         selectAfterRemoval(available, index);
@@ -93,7 +99,7 @@ void LinkedFields::RemoveLinkedField_Click(FamilyControls& family, ChangedProper
     ListBox& available = family.LinkedFieldsList;
     ListBox& selected = family.SelectedLinkedFieldsList;
     if (selected.SelCount() >= 1) {
-        changed.add(selectedFieldsOf(family));
+        noteBothLists(family, changed);
         int lowestRemoved = 0;
         for (int i = selected.ListCount() - 1; i >= 0; --i) {
             if (!selected.Selected(i)) continue;

@@ -10,10 +10,19 @@ namespace headerdtc {
 namespace {
 
 constexpr const char* LinkedDataProviderProperty = "LinkedDataProvider";
+// Without the family's prefix.
+constexpr std::string_view AvailableFieldsLinked = "AvailableFieldsLinked";
+constexpr std::string_view ToLinkKeyFields = "ToLinkKeyFields";
 
-void noteDiscardedFields(const FamilyControls& family, ChangedProperties& changed) {
-    if (family.SelectedLinkedFieldsList.ListCount() > 0)
-        changed.add(familyName(family.family, "SelectedLinkedFields"));
+// What the lists of a link tab show belongs to the linked provider and goes with it.
+void clearLinkLists(FamilyControls& family, ChangedProperties& changed) {
+    const auto clear = [&](auto& list, std::string_view property) {
+        if (list.ListCount() > 0) changed.add(familyName(family.family, property));
+        list.Clear();
+    };
+    clear(family.LinkedFieldsList, AvailableFieldsLinked);
+    clear(family.SelectedLinkedFieldsList, "SelectedLinkedFields");
+    clear(family.ToLinkFieldsCombo, ToLinkKeyFields);
 }
 
 }  // namespace
@@ -75,15 +84,16 @@ void LinkedProvider::updateLinkTab(Family which, ChangedProperties& changed) {
     trapErrors(dtc_.surroundings.messages, name, [&] {
         const std::string& provider = dtc_.linkedDataProvider;
         if (provider.empty()) return;
-        noteDiscardedFields(family, changed);
-        family.LinkedFieldsList.Clear();
-        family.SelectedLinkedFieldsList.Clear();
-        family.ToLinkFieldsCombo.Clear();
+        clearLinkLists(family, changed);
         const auto source = dtc_.surroundings.dataSources.createDataSource();
-        for (const std::string& field : fieldEntries(which, *source, provider))
+        for (const std::string& field : fieldEntries(which, *source, provider)) {
             family.LinkedFieldsList.AddItem(field);
-        for (const std::string& field : keyFieldNames(which, *source, provider))
+            changed.add(familyName(which, AvailableFieldsLinked));
+        }
+        for (const std::string& field : keyFieldNames(which, *source, provider)) {
             family.ToLinkFieldsCombo.AddItem(field);
+            changed.add(familyName(which, ToLinkKeyFields));
+        }
         refreshFieldButtons(family.LinkedFieldsList, family.SelectedLinkedFieldsList,
                             family.AddLinkedField, family.RemoveLinkedField);
     });
@@ -99,13 +109,10 @@ void LinkedProvider::deleteLink(FamilyControls& family, ChangedProperties& chang
                    [&] { deleteLink(other, changed); });
     }
     if (!dtc_.linkedDataProvider.empty()) changed.add(LinkedDataProviderProperty);
-    noteDiscardedFields(family, changed);
     noteDiscardedLinks(family, changed);
     dtc_.linkedDataProvider.clear();
-    family.LinkedFieldsList.Clear();
-    family.SelectedLinkedFieldsList.Clear();
+    clearLinkLists(family, changed);
     family.LinksGrid.Clear();
-    family.ToLinkFieldsCombo.Clear();
     family.LinkedDataProvidersCombo.ListIndex(-1);
     dtc_.deletingLink = false;
 }

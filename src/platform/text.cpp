@@ -3,6 +3,8 @@
 #include "platform/runtime_error.h"
 
 #include <algorithm>
+#include <clocale>
+#include <cwctype>
 #include <limits>
 
 namespace headerdtc {
@@ -16,21 +18,14 @@ bool isContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-// The capital of a letter that takes two bytes, as it does itself; empty when windows-1252 has
-// none.
-std::string capitalOf(std::string_view letter) {
-    struct Pair {
-        std::string_view small, capital;
-    };
-    static constexpr Pair Apart[] = {{"š", "Š"}, {"œ", "Œ"}, {"ž", "Ž"}, {"ÿ", "Ÿ"}};
-    for (const auto& [small, capital] : Apart) {
-        if (letter == small) return std::string(capital);
-    }
-    // U+00E0 to U+00FE have theirs 0x20 below, but for the division sign.
-    if (letter.size() != 2 || letter[0] != '\xC3') return {};
-    const auto low = static_cast<unsigned char>(letter[1]);
-    if (low < 0xA0 || low > 0xBE || low == 0xB7) return {};
-    return {letter[0], static_cast<char>(low - 0x20)};
+// The capital of a letter that takes two bytes, when it does itself, else the letter. Letters are
+// those of the C library's own table of Unicode, whatever the user's locale is.
+char32_t capitalOf(char32_t letter) {
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    constexpr char32_t MicroSign = 0xB5;  // has a capital in Greek alone
+    if (!unicode || letter == MicroSign) return letter;
+    const char32_t capital = towupper_l(static_cast<wint_t>(letter), unicode);
+    return capital >= 0x80 && capital <= 0x7FF ? capital : letter;
 }
 
 bool startsTwoBytes(char c) {
@@ -84,9 +79,11 @@ std::string upperCase(std::string_view text) {
     for (std::size_t i = 0; i < result.size(); ++i) {
         if (result[i] >= 'a' && result[i] <= 'z') {
             result[i] = static_cast<char>(result[i] - ('a' - 'A'));
-        } else if (startsTwoBytes(result[i])) {
-            const std::string capital = capitalOf(std::string_view(result).substr(i, 2));
-            if (!capital.empty()) result.replace(i, 2, capital);
+        } else if (startsTwoBytes(result[i]) && i + 1 < result.size() &&
+                   isContinuation(result[i + 1])) {
+            const char32_t capital = capitalOf((result[i] & 0x1FU) << 6U | (result[i + 1] & 0x3FU));
+            result[i] = static_cast<char>(0xC0U | capital >> 6U);
+            result[++i] = static_cast<char>(0x80U | (capital & 0x3FU));
         }
     }
     return result;

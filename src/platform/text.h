@@ -18,8 +18,8 @@ std::vector<std::string_view> splitText(std::string_view text, std::string_view 
 // when the separator does not occur.
 std::string_view secondPiece(std::string_view text, std::string_view separator);
 
-// Upper case of ASCII and of the Latin letters of the suite's code page, windows-1252; text is
-// UTF-8.
+// Upper case of ASCII and of the letters that take two bytes (Latin, Greek, Cyrillic); a letter
+// whose capital takes another number of bytes stays, so that lengths do. Text is UTF-8.
 std::string upperCase(std::string_view text);
 
 // Equal without regard to the case of ASCII letters.

@@ -21,6 +21,10 @@ expect_empty "$out$err"
 check 0 "$headerdtc" generate --print "$full"
 perl -0777 -ne 'print $1 if /2F9DAB28.*?-->\r\n(.*?)<!--METADATA[^>]*endspan-->/s' "$full" >expected
 cmp -s expected out || fail "--print differs from the page"
+sed 's/\(NrOfEAII18NFieldnames" VALUE="\)[0-9]*/\1many/' "$full" >site/many.asp
+check 3 "$headerdtc" generate --print site/many.asp
+expect "$err" "site/many.asp: Error in 'UserControl_ReadProperties': Type mismatch (13)"
+rm site/many.asp
 
 # Out of date: listed, then written, then up to date; the mode is kept, nothing stays behind.
 sed -i 's/ExtraFilters = /UserFilters = /' site/drive_c/Sites/Main/Orvane/include/DTC_TEMPLATE.ASP

@@ -43,6 +43,20 @@ TEST(StoredComparisonTest, AnEntryOfADictionaryMayStandAtAnotherPlaceButNotGo) {
         ElementsAre("EAICriteriaType2: other -> nothing", "ZEKOCriteriaType2: first -> nothing"));
 }
 
+// A return field that was moved takes its translation along.
+TEST(StoredComparisonTest, ASelectionMayBeInAnotherOrderButNotLoseAnItem) {
+    const Written written = {{"NrOfEAII18NFieldnames", std::int16_t{2}},
+                             {"EAII18NFieldnames0", std::string("b")},
+                             {"EAII18NFieldnames1", std::string("a")}};
+    EXPECT_THAT(losses({{"NrOfEAII18NFieldnames", "2"},
+                        {"EAII18NFieldnames0", "a"},
+                        {"EAII18NFieldnames1", "b"}},
+                       written),
+                IsEmpty());
+    EXPECT_THAT(losses({{"EAII18NFieldnames0", "c"}, {"EAIReturnFields0", "a"}}, written),
+                ElementsAre("EAII18NFieldnames0: c -> b", "EAIReturnFields0: a -> nothing"));
+}
+
 TEST(StoredComparisonTest, ADefaultMayBeLeftOut) {
     EXPECT_THAT(losses({{"EnableExtraFilters", "0"},
                         {"NrOfLinkedZEKOFields", "2"},

@@ -41,7 +41,7 @@ TEST_P(FieldSelectionTest, AddedFieldsGoToTheEndAndAreOfferedForTranslationAndLi
     EXPECT_THAT(selectedItemsOf(available), ElementsAre("C"));
     EXPECT_EQ(available.ListIndex(), 1);
     EXPECT_TRUE(available.hasFocus());
-    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields")));
+    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields"), named("AvailableFields")));
 }
 
 TEST_P(FieldSelectionTest, TheButtonsFollowTheLists) {
@@ -72,7 +72,7 @@ TEST_P(FieldSelectionTest, ADoubleClickAddsTheFieldUnderIt) {
     EXPECT_THAT(itemsOf(family.I18NFieldValuesList), ElementsAre("B"));
     EXPECT_THAT(itemsOf(available), ElementsAre("A", "C", "D"));
     EXPECT_THAT(selectedItemsOf(available), ElementsAre("C"));
-    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields")));
+    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields"), named("AvailableFields")));
     offer({});
     available.doubleClickEmptyArea();
     EXPECT_THAT(itemsOf(selected), ElementsAre("B"));
@@ -93,7 +93,7 @@ TEST_P(FieldSelectionTest, RemovedFieldsGoBackToTheEndAndLoseTheirTranslations) 
     EXPECT_EQ(selected.ListIndex(), 1);
     EXPECT_THAT(selectedItemsOf(selected), ElementsAre("C"));
     EXPECT_TRUE(selected.hasFocus());
-    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields")));
+    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields"), named("AvailableFields")));
 }
 
 TEST_P(FieldSelectionTest, RemoveWithNothingSelectedOnlyRefreshesTheButtons) {
@@ -139,7 +139,7 @@ TEST_P(FieldSelectionTest, AFullListStopsTheRunAndWhatWasMovedStays) {
     EXPECT_EQ(selected.List(MaxListCount - 1), "A");
     EXPECT_EQ(available.ListCount(), 4);
     EXPECT_FALSE(family.RemoveField.Enabled());
-    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields")));
+    EXPECT_THAT(notices(), ElementsAre(named("ReturnFields"), named("AvailableFields")));
 }
 
 // Reading every list anew for every field would show here.

@@ -1,5 +1,5 @@
 #include "host/files/file_error.h"
-#include "host/files/whole_file.h"
+#include "host/files/file_replacer.h"
 #include "host/temporary_folder.h"
 
 #include <algorithm>

@@ -5,6 +5,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
 
 class LinkedProviderTest : public LinksTest {
   protected:
@@ -39,7 +40,9 @@ TEST_F(LinkedProviderTest, AChoiceOnEitherTabFillsBothBeginningWithItsOwn) {
                                             "eaiGroups Orders", "eaiGroupFields Orders",
                                             "eaiGroupFields Orders", "eaiKeyFields Orders"));
     EXPECT_EQ(outside.dataSources.created, 2);
-    EXPECT_THAT(takeNotices(), ElementsAre("LinkedDataProvider"));
+    EXPECT_THAT(takeNotices(), ElementsAre("LinkedDataProvider", "ZEKOAvailableFieldsLinked",
+                                           "ZEKOToLinkKeyFields", "EAIAvailableFieldsLinked",
+                                           "EAIToLinkKeyFields"));
 
     open(Family::EAI);
     takeRequests();
@@ -58,8 +61,8 @@ TEST_F(LinkedProviderTest, OnlyAnotherChoiceDiscardsTheFieldsOfBothTabs) {
     dtc.ZEKO.LinkedDataProvidersCombo.choose("Stock");
     EXPECT_EQ(dtc.EAI.SelectedLinkedFieldsList.ListCount(), 0);
     EXPECT_EQ(dtc.ZEKO.LinksGrid.TextMatrix(1, links_column::From), "CUSTNO");
-    EXPECT_THAT(takeNotices(), ElementsAre("LinkedDataProvider", "ZEKOSelectedLinkedFields",
-                                           "EAISelectedLinkedFields"));
+    EXPECT_THAT(takeNotices(),
+                IsSupersetOf({"ZEKOSelectedLinkedFields", "EAISelectedLinkedFields"}));
 }
 
 TEST_F(LinkedProviderTest, AProgramsWriteGivesItsOwnNoticeOnly) {
@@ -97,7 +100,7 @@ TEST_F(LinkedProviderTest, EnteringATabTakesTheProviderOfTheOtherOver) {
     takeRequests();
     open(Family::EAI);
     EXPECT_THAT(takeRequests(), IsEmpty());
-    EXPECT_THAT(takeNotices(), IsEmpty());
+    EXPECT_THAT(takeNotices(), ElementsAre("EAIAvailableFieldsLinked", "EAIToLinkKeyFields"));
 }
 
 TEST_F(LinkedProviderTest, ThePaddingOfAShortNumberIsKeptForTheLongOnesAfterIt) {
@@ -130,6 +133,7 @@ TEST_F(LinkedProviderTest, OnlyTheZekoComboLetsAFailedNoticeOut) {
     };
     EXPECT_EQ(errorOf([&] { dtc.ZEKO.LinkedDataProvidersCombo.choose("Orders"); }), 57);
     open(Family::EAI);
+    outside.messages.errors.clear();
     dtc.EAI.LinkedDataProvidersCombo.choose("Stock");
     EXPECT_THAT(outside.messages.errors,
                 ElementsAre("Error in 'EAILinkedDataProvidersCombo_Click': Device I/O error (57)"));
@@ -151,10 +155,12 @@ TEST_F(LinkedProviderTest, DeletingOnEitherTabDeletesTheLinkOnBoth) {
         }
         EXPECT_EQ(dtc.linkedDataProvider, "");
         EXPECT_FALSE(dtc.deletingLink);
-        EXPECT_THAT(takeNotices(),
-                    ::testing::UnorderedElementsAre("LinkedDataProvider", "EAISelectedLinkedFields",
-                                                    "EAILinkFromFields", "ZEKOSelectedLinkedFields",
-                                                    "ZEKOLinkFromFields"));
+        EXPECT_THAT(
+            takeNotices(),
+            ::testing::UnorderedElementsAre(
+                "LinkedDataProvider", "EAILinkFromFields", "EAIAvailableFieldsLinked",
+                "EAISelectedLinkedFields", "EAIToLinkKeyFields", "ZEKOLinkFromFields",
+                "ZEKOAvailableFieldsLinked", "ZEKOSelectedLinkedFields", "ZEKOToLinkKeyFields"));
     }
 }
 

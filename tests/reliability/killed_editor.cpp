@@ -7,6 +7,7 @@
 #include "qt/editor/page/live_control.h"
 #include "qt/editor/page/page_editor.h"
 #include "qt/editor/window/main_window.h"
+#include "qt/editor/window/opener.h"
 #include "qt/editor/window/page_tabs.h"
 #include "reliability/killing.h"
 #include "support/temp_site.h"
@@ -68,7 +69,7 @@ MainWindow::Options optionsOf(const fs::path& site) {
 int editForever(const fs::path& site) {
     MainWindow window(optionsOf(site));
     window.show();
-    window.open(site / "page.asp");
+    window.opener().openPage(site / "page.asp");
     int number = 0;
     QTimer author;
     QObject::connect(&author, &QTimer::timeout, [&] {

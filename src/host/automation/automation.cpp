@@ -49,7 +49,7 @@ nlohmann::ordered_json jsonOf(const PublicValue& value) {
     return scripts;
 }
 
-PublicValue publicValueOf(const nlohmann::json& value) {
+PublicValue publicValueOf(const nlohmann::ordered_json& value) {
     if (value.is_string()) return value.get<std::string>();
     if (value.is_number_integer()) return value.get<std::int64_t>();
     if (!value.is_object()) throw CommandError("\"value\" must be a text, an integer or an object");
@@ -111,7 +111,6 @@ void Automation::run(Form& form) {
 void Automation::converseWhile(const std::function<bool()>& goOn, bool nested) {
     std::string line;
     while (std::getline(in_, line)) {
-        if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
         executeLine(line, nested);
         // The command that closed the dialog is answered by the loop behind it.
         if (!goOn()) return;

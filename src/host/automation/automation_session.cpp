@@ -4,17 +4,36 @@
 #include "host/automation/automation.h"
 #include "host/automation/property_json.h"
 #include "host/page/page_document.h"
+#include "platform/text_files.h"
 
 namespace headerdtc {
 namespace {
+
+// Tells of the files that the control writes.
+class ToldTextFiles : public TextFiles {
+  public:
+    ToldTextFiles(TextFiles& files, EventLog& events) : files_(files), events_(events) {}
+    std::string readText(const std::string& windowsPath) override {
+        return files_.readText(windowsPath);
+    }
+    void writeText(const std::string& windowsPath, const std::string& text) override {
+        files_.writeText(windowsPath, text);
+        events_.wrote(windowsPath);
+    }
+
+  private:
+    TextFiles& files_;
+    EventLog& events_;
+};
 
 void converse(Sites& sites, const std::filesystem::path& page, const std::string& controlId,
               Automation& automation, EventLog& events) {
     const auto site = sites.forPage(page);
     PageDocument document(page, site->configuration->codePage);
     const std::size_t index = document.controlIndex(controlId);
+    ToldTextFiles textFiles(site->textFiles, events);
     OpenControl control(site, page, document.markup().controls()[index],
-                        {events, events, events, automation});
+                        {events, events, events, automation, nullptr, &textFiles});
     AutomationPage driven{
         .control = control.dtc(),
         .properties = [&] { return propertiesJson(control.properties()); },

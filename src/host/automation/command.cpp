@@ -7,7 +7,7 @@
 namespace headerdtc {
 namespace {
 
-bool isInt(const nlohmann::json& value) {
+bool isInt(const nlohmann::ordered_json& value) {
     return value.is_number_integer() && value >= std::numeric_limits<int>::min() &&
            value <= std::numeric_limits<int>::max();
 }
@@ -15,7 +15,7 @@ bool isInt(const nlohmann::json& value) {
 }  // namespace
 
 Automation::Command::Command(const std::string& line)
-    : fields(nlohmann::json::parse(line, nullptr, false)) {
+    : fields(nlohmann::ordered_json::parse(line, nullptr, false)) {
     if (fields.is_discarded()) throw CommandError("the line is not JSON");
     if (!fields.is_object()) throw CommandError("the line is not a JSON object");
     verb = text("do");
@@ -26,7 +26,7 @@ void Automation::Command::wrong(const char* field, const char* what) const {
     throw CommandError("field \"" + std::string(field) + "\"" + of + " " + what);
 }
 
-const nlohmann::json& Automation::Command::value(const char* field) const {
+const nlohmann::ordered_json& Automation::Command::value(const char* field) const {
     if (!has(field)) wrong(field, "is missing");
     return fields.at(field);
 }

@@ -23,14 +23,14 @@ struct Automation::Command {
     explicit Command(const std::string& line);
 
     std::string verb;
-    nlohmann::json fields;
+    nlohmann::ordered_json fields;  // in the order in which they were given
 
     bool has(const char* field) const { return fields.contains(field); }
     std::string text(const char* field) const;
     int integer(const char* field) const;
     std::optional<int> integerIfGiven(const char* field) const;
     std::vector<int> integers(const char* field) const;
-    const nlohmann::json& value(const char* field) const;
+    const nlohmann::ordered_json& value(const char* field) const;
     Key key() const;
 
   private:

@@ -89,37 +89,41 @@ class ReadingTextFiles : public TextFiles {
     TextFiles& files_;
 };
 
-// Takes the replies of a conversation apart: the first answers the opening, the others the lines
-// with something in them, one each.
-class Replies {
+// The conversation that a script is: its lines with something in them, and what is answered.
+class Conversation {
   public:
-    Replies(const std::string& script, ReplayedPage& result) : result_(result) {
+    explicit Conversation(const std::string& script) {
         int number = 0;
         for (std::string_view line : splitText(script, "\n")) {
             ++number;
-            if (line.find_first_not_of(" \t\r") != std::string_view::npos) lines_.push_back(number);
+            if (line.find_first_not_of(" \t\r") == std::string_view::npos) continue;
+            lines_.append(line) += '\n';
+            numbers_.push_back(number);
         }
     }
 
-    void read(const std::string& replies) {
+    const std::string& lines() const { return lines_; }
+
+    // Takes the replies apart: the first answers the opening, the others a line each.
+    void read(const std::string& replies, ReplayedPage& result) const {
         std::istringstream stream(replies);
         std::size_t index = 0;
         for (std::string text; std::getline(stream, text); ++index) {
             const auto reply = nlohmann::json::parse(text);
             for (const auto& event : reply["events"]) {
-                if (event.contains("message")) result_.messages.push_back(event["message"]);
+                if (event.contains("message")) result.messages.push_back(event["message"]);
             }
             if (reply["ok"]) continue;
             const std::string error = reply["error"];
-            const bool isOfLine = index > 0 && index <= lines_.size();
-            result_.failures.push_back(
-                isOfLine ? "line " + std::to_string(lines_[index - 1]) + ": " + error : error);
+            const bool isOfLine = index > 0 && index <= numbers_.size();
+            result.failures.push_back(
+                isOfLine ? "line " + std::to_string(numbers_[index - 1]) + ": " + error : error);
         }
     }
 
   private:
-    ReplayedPage& result_;
-    std::vector<int> lines_;  // numbers, from 1
+    std::string lines_;
+    std::vector<int> numbers_;  // of lines, from 1
 };
 
 void replay(Sites& sites, const std::filesystem::path& page, const std::string& controlId,
@@ -140,7 +144,8 @@ void replay(Sites& sites, const std::filesystem::path& page, const std::string& 
     ReadingDatabase database(site->database);
     ReadingTextFiles textFiles(site->textFiles);
     EventLog events;
-    std::istringstream in(script);
+    const Conversation conversation(script);
+    std::istringstream in(conversation.lines());
     std::ostringstream out;
     Automation automation(in, out, events);
     OpenControl control(site, page, document.markup().controls()[index],
@@ -157,7 +162,7 @@ void replay(Sites& sites, const std::filesystem::path& page, const std::string& 
             },
     };
     automation.converse(driven);
-    Replies(script, result).read(out.str());
+    conversation.read(out.str(), result);
     if (database.refused)
         result.failures.emplace_back("the script would write to the translation database");
     if (textFiles.refused) result.failures.emplace_back("the script would write another file");

@@ -2,7 +2,6 @@
 
 #include "host/page/page_session.h"
 #include "host/quiet_host.h"
-#include "platform/runtime_error.h"
 #include "scripts/install_directory.h"
 
 #include <iterator>
@@ -16,16 +15,6 @@ using Verdict = GeneratedPage::Verdict;
 std::string leftAlone(const ControlSpan& control, const std::string& reason) {
     return "left as it was: " + reason + " (" + control.id + ", line " +
            std::to_string(control.line) + "); --force saves it all the same";
-}
-
-// The control says only that the install directory is not to be had; whoever mends the site needs
-// the reason.
-void explainRegistry(Site& site, std::vector<std::string>& messages) {
-    try {
-        site.registry.RegRead(std::string(InstallDirValue));
-    } catch (const RuntimeError& error) {
-        messages.push_back(error.description());
-    }
 }
 
 std::string withPlace(const FileError& error) {
@@ -42,13 +31,16 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     if (markup.controls().empty()) return;
 
     std::vector<ControlContent> contents;
+    bool failed = false;
     for (const ControlSpan& span : markup.controls()) {
         QuietHost host;
         OpenControl control(site, page, span, host.faces());
         MadeContent made = control.content();
         std::move(host.messages.begin(), host.messages.end(), std::back_inserter(result.messages));
+        failed = failed || control.loadingFailed() || !made.errors.empty();
         const auto doubt = control.doubtAbout(made);
         if (doubt && guard == LossGuard::Refuse) result.doubts.push_back({contents.size(), *doubt});
+        keepWordsOf(span, made.content);
         contents.push_back(std::move(made.content));
     }
     result.verdict = Verdict::UpToDate;
@@ -56,10 +48,8 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
         result.after = markup.with(contents);
         if (result.after != markup.bytes()) result.verdict = Verdict::Stale;
     }
-    if (!result.doubts.empty()) {
-        result.verdict = Verdict::LeftAlone;
-        explainRegistry(*site, result.messages);
-    }
+    if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;
+    if (failed) explainInstallDirectory(*site, result.messages);
     if (result.verdict != Verdict::Stale) result.after.clear();
     for (const auto& doubt : result.doubts)
         result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.reason));
@@ -67,6 +57,11 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
 }
 
 }  // namespace
+
+void explainInstallDirectory(Site& site, std::vector<std::string>& messages) {
+    std::string reason = whyNoInstallDirectory(site.registry);
+    if (!reason.empty()) messages.push_back(std::move(reason));
+}
 
 GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
     GeneratedPage result;

@@ -1,5 +1,6 @@
 #include "host/generation/site_generation.h"
 
+#include "host/files/file_replacer.h"
 #include "host/files/stray_files.h"
 
 #include <algorithm>

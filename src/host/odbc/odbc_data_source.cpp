@@ -109,6 +109,11 @@ OdbcDataSource findDataSource(const std::string& connectString,
                                : namesDriver ? driverNames(parts.value("DRIVER"))
                                              : driverNames(odbcsOwnDataSourceKey(dsn, "Driver"));
 
+    if (!dsn.empty() && !namesDriver && driver.find_first_not_of(' ') == std::string::npos) {
+        throw dataSourceNotFound(
+            "[" + dsn + "] is in none of ODBC's own files; write it into one of those ('odbcinst " +
+            "-j' lists them), or name a file that has it by \"odbc_ini\" in headerdtc.toml");
+    }
     requireDatabaseFile(parts, dsn, driver);
 
     OdbcDataSource source;

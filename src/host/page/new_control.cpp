@@ -1,6 +1,7 @@
 #include "host/page/new_control.h"
 
 #include "core/header_dtc.h"
+#include "host/files/file_replacer.h"
 #include "host/page/text_property_bag.h"
 #include "host/quiet_host.h"
 #include "platform/clock.h"

@@ -1,5 +1,7 @@
 #include "host/page/page_document.h"
 
+#include "host/files/file_replacer.h"
+
 #include <utility>
 
 namespace headerdtc {
@@ -30,6 +32,7 @@ std::string PageDocument::bytesWith(std::size_t index, OpenControl& control, Gua
     if (guard == Guard::RefuseLosses) {
         if (const auto doubt = control.doubtAbout(made)) throw SaveRefused(*doubt);
     }
+    keepWordsOf(markup_->controls().at(index), made.content);
     auto contents = contentsOf(*markup_);
     contents.at(index) = std::move(made.content);
     return markup_->with(contents);

@@ -118,6 +118,8 @@ struct OpenControl::Parts {
     ControlInstance control;
     std::string id;
     std::optional<std::string> doubt;
+    bool loadingFailed = false;
+    std::vector<LostProperty> losses = {};  // found while loading
     // What was written right after loading, for as long as nobody could have changed the control.
     std::optional<StoredProperties> asLoaded;
 };
@@ -132,9 +134,10 @@ OpenControl::OpenControl(std::shared_ptr<Site> site, const fs::path& page, const
     CollectingPropertyBag written(span.properties.size());
     dtc.UserControl_WriteProperties(written);
     parts_->doubt = failureDoubt("loading", parts_->failures.take());
+    parts_->loadingFailed = parts_->doubt.has_value();
     if (!parts_->doubt) {
-        const auto losses = findLosses(span.properties, written.written());
-        if (!losses.empty()) parts_->doubt = describe(losses);
+        parts_->losses = findLosses(span.properties, written.written());
+        if (!parts_->losses.empty()) parts_->doubt = describe(parts_->losses);
     }
     parts_->asLoaded = std::move(written).asStored();
 }
@@ -172,12 +175,23 @@ std::string OpenControl::runtimeText() {
     return parts_->control.dtc.IProvideRuntimeText_GetRuntimeText();
 }
 
+bool OpenControl::loadingFailed() const {
+    return parts_->loadingFailed;
+}
+
 const std::optional<std::string>& OpenControl::loadingDoubt() const {
     return parts_->doubt;
 }
 
 std::optional<std::string> OpenControl::doubtAbout(const MadeContent& made) const {
-    return parts_->doubt ? parts_->doubt : failureDoubt("the generation", made.errors);
+    if (parts_->loadingFailed) return parts_->doubt;
+    const auto losses = remainingLosses(parts_->losses, made.content.properties);
+    if (!losses.empty()) return describe(losses);
+    return failureDoubt("the generation", made.errors);
+}
+
+void keepWordsOf(const ControlSpan& control, ControlContent& content) {
+    if (sayTheSame(control.properties, content.properties)) content.properties = control.properties;
 }
 
 std::vector<ControlContent> contentsOf(const PageMarkup& page) {

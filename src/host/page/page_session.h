@@ -55,16 +55,21 @@ class OpenControl {
     StoredProperties properties();
     std::string runtimeText();
 
+    // Whether loading reported a failure.
+    bool loadingFailed() const;
     // Why the page should be left as it is, found while loading: a reported failure, or stored
     // properties that would come back different. Nothing when all is well.
     const std::optional<std::string>& loadingDoubt() const;
-    // The same after making a content.
+    // The same after making a content, without what was dealt with since.
     std::optional<std::string> doubtAbout(const MadeContent& made) const;
 
   private:
     struct Parts;
     std::unique_ptr<Parts> parts_;
 };
+
+// Leaves a control's properties in the words of its page where they say the same.
+void keepWordsOf(const ControlSpan& control, ControlContent& content);
 
 // The contents of a page as they stand, to be replaced one by one before PageMarkup::with.
 std::vector<ControlContent> contentsOf(const PageMarkup& page);

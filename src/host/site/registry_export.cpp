@@ -10,6 +10,7 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <mutex>
 #include <optional>
 #include <utility>
 
@@ -304,6 +305,14 @@ const std::string* RegistryExport::find(std::string_view path) const {
 
 struct SiteRegistry::Cache {
     FileCache<RegistryExport> file;
+    std::mutex mutex = {};
+    std::string lastFailure = {};
+
+    RuntimeError failed(RuntimeError error) {
+        const std::lock_guard lock(mutex);
+        lastFailure = error.description();
+        return error;
+    }
 };
 
 SiteRegistry::SiteRegistry(std::filesystem::path file)
@@ -316,12 +325,19 @@ std::string SiteRegistry::RegRead(const std::string& path) {
     try {
         values = cache_->file.current();
     } catch (const FileError& error) {
-        throw runtimeErrorOf(error,
-                             "write the registry export of an installation there, or name another "
-                             "one by \"registry\" in headerdtc.toml");
+        throw cache_->failed(
+            runtimeErrorOf(error,
+                           "write the registry export of an installation there, or name another "
+                           "one by \"registry\" in headerdtc.toml"));
     }
     if (const auto* value = values->find(path)) return *value;
-    throw RuntimeError(CannotOpenKey, "Unable to open registry key \"" + path + "\" for reading");
+    throw cache_->failed(
+        RuntimeError(CannotOpenKey, "Unable to open registry key \"" + path + "\" for reading"));
+}
+
+std::string SiteRegistry::lastFailure() const {
+    const std::lock_guard lock(cache_->mutex);
+    return cache_->lastFailure;
 }
 
 }  // namespace headerdtc

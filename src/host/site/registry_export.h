@@ -33,6 +33,8 @@ class SiteRegistry : public Registry {
     explicit SiteRegistry(std::filesystem::path file);
     ~SiteRegistry() override;
     std::string RegRead(const std::string& path) override;
+    // What the last failure was, in words for whoever mends the site; empty when there was none.
+    std::string lastFailure() const;
 
   private:
     struct Cache;

@@ -30,10 +30,11 @@ class Reader {
     bool takeSeparatorLine() {
         constexpr std::string_view Begin = "sep=";
         const std::string_view line = text_.substr(at_, text_.find('\n', at_) - at_);
-        if (!line.starts_with(Begin) ||
-            line.substr(Begin.size() + 1) != (line.ends_with('\r') ? "\r" : ""))
-            return false;
-        separator_ = line[Begin.size()];
+        if (!line.starts_with(Begin)) return false;
+        std::string_view separator = line.substr(Begin.size());
+        if (separator.ends_with('\r')) separator.remove_suffix(1);
+        if (separator.size() != 1 || separator == "\"") return false;
+        separator_ = separator.front();
         at_ += line.size() + 1;
         ++line_;
         return true;

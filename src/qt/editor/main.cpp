@@ -1,10 +1,11 @@
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/version.h"
 #include "qt/editor/window/icons.h"
 #include "qt/editor/window/main_window.h"
+#include "qt/editor/window/opener.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QFile>
 #include <QStandardPaths>
 #include <QTimer>
 #include <algorithm>
@@ -16,10 +17,6 @@
 using namespace headerdtc::qt;
 
 namespace {
-
-std::filesystem::path toPath(const QString& name) {
-    return QFile::encodeName(name).toStdString();
-}
 
 // Without a screen Qt would abort, before it has looked at --help.
 bool hasScreen(int argc, char** argv) {
@@ -84,7 +81,7 @@ int main(int argc, char** argv) {
     MainWindow window(options);
     window.show();
     for (const QString& page : commandLine.parser.positionalArguments())
-        window.openAnything(toPath(page));
+        window.opener().openAnything(toPath(page));
     // When the window stands and can be asked over.
     QTimer::singleShot(0, &window, &MainWindow::offerRecovery);
     return QApplication::exec();

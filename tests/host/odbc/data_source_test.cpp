@@ -115,8 +115,8 @@ TEST_F(SitesDataSource, AConnectStringThatNamesADriverNeedsNoFile) {
     EXPECT_EQ(connectString("DRIVER={Some Driver};Database=x;;odd"),
               "DRIVER={Some Driver};Database=x;odd");
     settings.odbcIni.clear();
-    EXPECT_EQ(connectString("DSN=No such thing;UID=a;PWD="), "DSN=No such thing;UID=a;PWD=");
-    EXPECT_THAT(findDataSource("DSN=No such thing;UID=a;PWD=", settings).passwords, IsEmpty());
+    EXPECT_THAT([&] { connectString("DSN=No such thing;UID=a;PWD="); },
+                ::testing::ThrowsMessage<RuntimeError>(HasSubstr("[No such thing] is in none")));
 }
 
 }  // namespace

@@ -50,6 +50,7 @@ TEST(Csv, TakesWhatSpreadsheetsWrite) {
     EXPECT_THAT(cellsOf("\"k,;\",b"), ElementsAre(ElementsAre("k,;", "b")));
     EXPECT_THAT(cellsOf("sep=;\r\na,b;c\r\n"), ElementsAre(ElementsAre("a,b", "c")));
     EXPECT_THAT(cellsOf("sep=ab;c\n"), ElementsAre(ElementsAre("sep=ab", "c")));
+    EXPECT_THAT(cellsOf("sep=\na"), ElementsAre(ElementsAre("sep="), ElementsAre("a")));
     EXPECT_THAT(cellsOf(""), IsEmpty());
     EXPECT_EQ(readCsv("f", "a,\"x\ny\"\r\n\r\nb").at(1).line, 4);
 }

@@ -129,7 +129,7 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
     const std::vector<std::string> lines = linesOf(scenario);
     const Outcome expected = automate(automated.page(), lines);
 
-    window->open(played.page());
+    window->opener().openPage(played.page());
     settle();
     PageEditor* editor = window->tabs().current();
     ASSERT_NE(nullptr, editor);

@@ -22,7 +22,7 @@ class SiteWindow : public WindowTest {
         site.write("sub/stale.asp", Site::page(Site::ordersParams(), "old\r\n"));
         site.write("sub/plain.inc", "<html>\n");
         site.write("lost.asp", Site::page(Site::ordersParams("Gone")));
-        window->openAnything(site.path());
+        window->opener().openAnything(site.path());
         finish();
     }
     void finish() {
@@ -63,7 +63,7 @@ TEST_F(SiteWindow, ShowsOnlyThePagesAskedFor) {
 
 TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
     // An open page without changes follows what the run writes into its file.
-    window->open(site / "sub/stale.asp");
+    window->opener().openPage(site / "sub/stale.asp");
     press(*window, "Generate all");
     finish();
     EXPECT_EQ("up to date", stateOf("sub/stale.asp"));
@@ -83,7 +83,7 @@ TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
 }
 
 TEST_F(SiteWindow, ChangesAreSavedBeforeGeneratingIfTheAuthorWants) {
-    window->open(site / "current.asp");
+    window->opener().openPage(site / "current.asp");
     toggleExtraFilters(*window->tabs().current());
     answerDialogs([](QWidget& dialog) { press(dialog, "Save All"); });
     command(Command::GenerateAll);
@@ -92,7 +92,7 @@ TEST_F(SiteWindow, ChangesAreSavedBeforeGeneratingIfTheAuthorWants) {
 }
 
 TEST_F(SiteWindow, ASavedPageIsCheckedAgain) {
-    window->open(site / "sub/stale.asp");
+    window->opener().openPage(site / "sub/stale.asp");
     settle();
     command(Command::Save);
     finish();
@@ -171,7 +171,7 @@ TEST_F(WindowTest, TheDemoIsCopiedAndOpenedWithoutComplaints) {
     const auto demo = findDemoSite();
     ASSERT_TRUE(demo);
     EXPECT_THROW(copyDemoSite(*demo, site.path()), std::runtime_error);
-    window->openDemo(site / "demo");
+    window->opener().openDemo(site / "demo");
     ASSERT_NE(nullptr, window->tabs().current());
     EXPECT_TRUE(eventually([&] { return !window->site().run().isRunning(); }));
     EXPECT_GT(window->site().model().count(Verdict::UpToDate), 5);

@@ -10,6 +10,7 @@
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/source/source_view.h"
 #include "qt/editor/window/main_window.h"
+#include "qt/editor/window/opener.h"
 #include "qt/editor/window/page_tabs.h"
 #include "qt/surface/control_surface.h"
 #include "support/temp_site.h"
@@ -55,7 +56,7 @@ class WindowTest : public ::testing::Test {
     }
     PageEditor& open(const std::string& name, const std::string& bytes) {
         site.write(name, bytes);
-        window->open(site / name);
+        window->opener().openPage(site / name);
         settle();
         PageEditor* editor = window->tabs().current();
         EXPECT_NE(nullptr, editor);

@@ -1,5 +1,7 @@
 #include "qt/editor/files/file_watcher.h"
 
+#include "qt/editor/files/file_names.h"
+
 #include <QFile>
 #include <QGuiApplication>
 
@@ -40,8 +42,8 @@ void FileWatcher::watchAgain() {
     const QStringList files = watcher_.files();
     const QStringList folders = watcher_.directories();
     for (const auto& file : files_) {
-        const QString name = QFile::decodeName(file.c_str());
-        const QString folder = QFile::decodeName(file.parent_path().c_str());
+        const QString name = toName(file);
+        const QString folder = toName(file.parent_path());
         if (!files.contains(name) && QFile::exists(name)) watcher_.addPath(name);
         if (!folders.contains(folder) && QFile::exists(folder)) watcher_.addPath(folder);
     }

@@ -1,8 +1,7 @@
 #include "qt/editor/page/control_faces.h"
 
 #include "platform/runtime_error.h"
-
-#include <QFile>
+#include "qt/editor/files/file_names.h"
 
 namespace headerdtc::qt {
 
@@ -11,14 +10,12 @@ ControlFaces::ControlFaces(QWidget* window, const std::function<const WindowsPat
       fileDialog_(
           [drives](const std::string& windowsPath) -> QString {
               try {
-                  return QFile::decodeName(drives().toLocal(windowsPath).c_str());
+                  return toName(drives().toLocal(windowsPath));
               } catch (const RuntimeError&) {
                   return {};  // A drive that the site lacks: the dialog begins anywhere.
               }
           },
-          [drives](const QString& localPath) {
-              return drives().toWindows(QFile::encodeName(localPath).toStdString());
-          },
+          [drives](const QString& localPath) { return drives().toWindows(toPath(localPath)); },
           window),
       modalLoop_(window) {}
 

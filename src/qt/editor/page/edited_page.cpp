@@ -1,5 +1,6 @@
 #include "qt/editor/page/edited_page.h"
 
+#include "host/files/file_replacer.h"
 #include "host/page/new_control.h"
 #include "qt/editor/page/step_name.h"
 #include "qt/editor/preview/expansion.h"

@@ -1,6 +1,7 @@
 #include "qt/editor/page/page_editor.h"
 
 #include "core/header_dtc.h"
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/files/notice_bar.h"
 #include "qt/editor/health/page_health.h"
 #include "qt/editor/page/control_pane.h"
@@ -10,7 +11,6 @@
 #include "qt/surface/control_surface.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -122,7 +122,7 @@ PageEditor::~PageEditor() {
 }
 
 QString PageEditor::title() const {
-    return QFile::decodeName(page_->file().filename().c_str());
+    return toName(page_->file().filename());
 }
 
 bool PageEditor::isBusy() const {

@@ -1,9 +1,9 @@
 #include "qt/editor/recovery/recovery_dialog.h"
 
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/window/words.h"
 
 #include <QDialogButtonBox>
-#include <QFile>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
@@ -41,10 +41,10 @@ RecoveryDialog::RecoveryDialog(std::vector<RecoveryCopy> copies, QWidget* parent
     list_->setRootIsDecorated(false);
     list_->setHeaderLabels({tr("Page"), tr("Copied"), tr("On disk"), tr("Folder")});
     for (const RecoveryCopy& copy : copies_) {
-        auto* item = new QTreeWidgetItem(
-            {QFile::decodeName(copy.page.filename().c_str()),
-             QLocale().toString(copy.when.toLocalTime(), QLocale::ShortFormat), stateOf(copy),
-             QFile::decodeName(copy.page.parent_path().c_str())});
+        auto* item =
+            new QTreeWidgetItem({toName(copy.page.filename()),
+                                 QLocale().toString(copy.when.toLocalTime(), QLocale::ShortFormat),
+                                 stateOf(copy), toName(copy.page.parent_path())});
         item->setCheckState(0, Qt::Checked);
         list_->addTopLevelItem(item);
     }

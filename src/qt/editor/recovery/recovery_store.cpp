@@ -1,6 +1,7 @@
 #include "qt/editor/recovery/recovery_store.h"
 
 #include "host/files/file_error.h"
+#include "host/files/file_replacer.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>

@@ -1,12 +1,13 @@
 #include "qt/editor/settings/settings_dialog.h"
 
+#include "host/files/file_replacer.h"
 #include "host/site/site_configuration.h"
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/window/icons.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -42,10 +43,10 @@ SettingsDialog::SettingsDialog(std::filesystem::path file, QWidget* parent)
     : QDialog(parent), file_(std::move(file)), old_(readOrNothing(file_)), text_(old_.bytes) {
     setObjectName(QStringLiteral("SettingsDialog"));
     setWindowTitle(tr("Site settings"));
-    auto* head =
-        new QLabel(old_.stamp.size < 0 ? tr("This site has no configuration yet. Saving makes %1.")
-                                             .arg(QFile::decodeName(file_.c_str()))
-                                       : QFile::decodeName(file_.c_str()));
+    auto* head = new QLabel(
+        old_.stamp.size < 0
+            ? tr("This site has no configuration yet. Saving makes %1.").arg(toName(file_))
+            : toName(file_));
     head->setWordWrap(true);
     head->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
@@ -118,8 +119,8 @@ QWidget* SettingsDialog::drivesBox() {
             [this] { drives_->removeRow(drives_->currentRow()); });
     connect(choose, &QPushButton::clicked, this, [this] {
         if (drives_->currentRow() < 0) return;
-        const QString folder = QFileDialog::getExistingDirectory(
-            this, tr("Folder of the drive"), QFile::decodeName(file_.parent_path().c_str()));
+        const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder of the drive"),
+                                                                 toName(file_.parent_path()));
         if (!folder.isEmpty()) drives_->item(drives_->currentRow(), 1)->setText(relative(folder));
     });
     auto* buttons = new QVBoxLayout;
@@ -189,8 +190,7 @@ QLineEdit* SettingsDialog::addPathField(QFormLayout& form, const QString& label,
 }
 
 void SettingsDialog::browse(QLineEdit& edit, bool folder) {
-    const QString begin =
-        QDir(QFile::decodeName(file_.parent_path().c_str())).absoluteFilePath(edit.text());
+    const QString begin = QDir(toName(file_.parent_path())).absoluteFilePath(edit.text());
     const QString chosen =
         folder ? QFileDialog::getExistingDirectory(this, tr("Choose a folder"), begin)
                : QFileDialog::getOpenFileName(this, tr("Choose a file"), begin);
@@ -199,8 +199,7 @@ void SettingsDialog::browse(QLineEdit& edit, bool folder) {
 
 // Below the site's folder as the file writes it, elsewhere in full.
 QString SettingsDialog::relative(const QString& path) const {
-    const QString name =
-        QDir(QFile::decodeName(file_.parent_path().c_str())).relativeFilePath(path);
+    const QString name = QDir(toName(file_.parent_path())).relativeFilePath(path);
     return name.startsWith(QLatin1String("..")) ? path : name;
 }
 
@@ -270,7 +269,7 @@ std::string SettingsDialog::changed() const {
 QString SettingsDialog::problemOf(const std::string& bytes) const {
     const QTemporaryDir folder;
     const std::filesystem::path trial =
-        std::filesystem::path(QFile::encodeName(folder.path()).toStdString()) / file_.filename();
+        std::filesystem::path(toPath(folder.path())) / file_.filename();
     try {
         FileReplacer replacer;
         replacer.create(trial, bytes);

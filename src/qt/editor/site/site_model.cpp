@@ -1,8 +1,8 @@
 #include "qt/editor/site/site_model.h"
 
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/window/icons.h"
 
-#include <QFile>
 #include <algorithm>
 
 namespace headerdtc::qt {
@@ -61,7 +61,7 @@ SiteModel::Node& SiteModel::folderOf(const fs::path& folder) {
     if (found) return *found;
     auto node = std::make_unique<Node>();
     node->parent = &parent;
-    node->name = QFile::decodeName(folder.filename().c_str());
+    node->name = toName(folder.filename());
     node->path = folder;
     node->row = static_cast<int>(parent.children.size());
     found = node.get();
@@ -78,7 +78,7 @@ void SiteModel::setPages(const fs::path& root, const std::vector<fs::path>& page
         Node& folder = folderOf(page.parent_path());
         auto node = std::make_unique<Node>();
         node->parent = &folder;
-        node->name = QFile::decodeName(page.filename().c_str());
+        node->name = toName(page.filename());
         node->path = page;
         node->isPage = true;
         node->row = static_cast<int>(folder.children.size());
@@ -142,12 +142,12 @@ QVariant SiteModel::data(const QModelIndex& index, int role) const {
     const Node& node = nodeOf(index);
     switch (role) {
         case PageRole:
-            return node.isPage ? QFile::decodeName(node.path.c_str()) : QVariant();
+            return node.isPage ? toName(node.path) : QVariant();
         case Qt::DisplayRole:
             if (index.column() == Name) return node.name;
             break;
         case Qt::ToolTipRole:
-            if (index.column() == Name) return QFile::decodeName(node.path.c_str());
+            if (index.column() == Name) return toName(node.path);
             break;
         case Qt::DecorationRole:
             if (index.column() == Name) return editorIcon(node.isPage ? "text-html" : "folder");

@@ -1,9 +1,9 @@
 #include "qt/editor/site/site_view.h"
 
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/window/icons.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -172,8 +172,8 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
 void SiteView::openFolder(const std::filesystem::path& folder) {
     if (folder == folder_ || run_->isRunning()) return;
     folder_ = folder;
-    title_->setText(QFile::decodeName(folder.filename().c_str()));
-    title_->setToolTip(QFile::decodeName(folder.c_str()));
+    title_->setText(toName(folder.filename()));
+    title_->setToolTip(toName(folder));
     checkAll();
 }
 

@@ -1,5 +1,7 @@
 #include "qt/editor/start/demo_site.h"
 
+#include "qt/editor/files/file_names.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -17,10 +19,6 @@ constexpr const char* MakeTranslations = "make-translations";
 constexpr const char* Translations = "translations.sqlite";
 constexpr int MakeTranslationsMilliseconds = 20000;
 
-fs::path toPath(const QString& name) {
-    return QFile::encodeName(name).toStdString();
-}
-
 QString tr(const char* text) {
     return QCoreApplication::translate("DemoSite", text);
 }
@@ -31,7 +29,7 @@ QString makeTranslations(const fs::path& site) {
     if (fs::exists(site / Translations, failure)) return {};
     QProcess process;
     process.setProgram(QStringLiteral("bash"));
-    process.setArguments({QFile::decodeName((site / MakeTranslations).c_str())});
+    process.setArguments({toName(site / MakeTranslations)});
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start();
     const bool done = process.waitForFinished(MakeTranslationsMilliseconds) &&

@@ -1,6 +1,7 @@
 #include "qt/editor/window/main_window.h"
 
 #include "host/site/site_configuration.h"
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/files/notice_bar.h"
 #include "qt/editor/health/page_health.h"
 #include "qt/editor/messages/messages_panel.h"
@@ -11,10 +12,10 @@
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/start/about_dialog.h"
-#include "qt/editor/start/demo_site.h"
 #include "qt/editor/start/guide_window.h"
 #include "qt/editor/start/start_page.h"
 #include "qt/editor/window/icons.h"
+#include "qt/editor/window/opener.h"
 #include "qt/editor/window/page_commands.h"
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/window/page_tabs.h"
@@ -23,10 +24,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QDockWidget>
-#include <QFile>
-#include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -42,14 +40,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* GeometryKey = "window/geometry";
 constexpr const char* StateKey = "window/state";
-
-fs::path toPath(const QString& name) {
-    return QFile::encodeName(name).toStdString();
-}
-
-QString toName(const fs::path& path) {
-    return QFile::decodeName(path.c_str());
-}
 
 }  // namespace
 
@@ -76,18 +66,19 @@ MainWindow::MainWindow(const Options& options)
     messagesDock_ =
         addDock(tr("Messages"), "MessagesDock", panel, Qt::BottomDockWidgetArea, "Ctrl+4");
     addRecording();
+    opener_ = new Opener(*tabs_, *site_, recent_, *this);
     commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
     status_ = new PageStatus;
     statusBar()->addPermanentWidget(status_);
 
     connect(panel, &MessagesPanel::activated, this, &MainWindow::activate);
-    connect(start, &StartPage::demoRequested, this, &MainWindow::chooseDemoFolder);
+    connect(start, &StartPage::demoRequested, opener_, &Opener::chooseDemoFolder);
     connect(start, &StartPage::newRequested, (*commands_)[Command::New], &QAction::trigger);
-    connect(start, &StartPage::openRequested, this, &MainWindow::choosePages);
-    connect(start, &StartPage::siteRequested, this, &MainWindow::chooseSite);
+    connect(start, &StartPage::openRequested, opener_, &Opener::choosePages);
+    connect(start, &StartPage::siteRequested, opener_, &Opener::chooseSite);
     connect(start, &StartPage::guideRequested, this, &MainWindow::showGuide);
     connect(start, &StartPage::pageRequested, this,
-            [this](const QString& file) { open(toPath(file)); });
+            [this](const QString& file) { opener_->openPage(toPath(file)); });
     connectCommands();
     connectParts();
 
@@ -123,10 +114,10 @@ void MainWindow::connectCommands() {
     const auto on = [this](Command command, auto act) {
         connect((*commands_)[command], &QAction::triggered, this, act);
     };
-    on(Command::New, [this] { tabs_->openNew(workFolder()); });
-    on(Command::Open, [this] { choosePages(); });
-    on(Command::OpenSite, [this] { chooseSite(); });
-    on(Command::OpenDemo, [this] { chooseDemoFolder(); });
+    on(Command::New, [this] { tabs_->openNew(opener_->workFolder()); });
+    on(Command::Open, [this] { opener_->choosePages(); });
+    on(Command::OpenSite, [this] { opener_->chooseSite(); });
+    on(Command::OpenDemo, [this] { opener_->chooseDemoFolder(); });
     on(Command::SaveAll, [this] { saveAll(); });
     on(Command::Revert, [this] { revert(); });
     on(Command::Quit, [this] { close(); });
@@ -171,11 +162,16 @@ void MainWindow::connectParts() {
         site_->recheck(editor->page().file());
         statusBar()->showMessage(tr("%1 is saved.").arg(editor->title()), 4000);
     });
+    connect(opener_, &Opener::pageOpened, this, &MainWindow::follow);
+    connect(opener_, &Opener::siteOpened, this, [this] {
+        follow();
+        siteDock_->show();
+    });
     connect(&watcher_, &FileWatcher::mayHaveChanged, tabs_, qOverload<>(&PageTabs::checkDisk));
     connect(&recent_, &RecentFiles::changed, this, &MainWindow::showRecent);
     connect(site_, &SiteView::pageActivated, this,
-            [this](const QString& file) { open(toPath(file)); });
-    connect(site_, &SiteView::folderRequested, this, &MainWindow::chooseSite);
+            [this](const QString& file) { opener_->openPage(toPath(file)); });
+    connect(site_, &SiteView::folderRequested, opener_, &Opener::chooseSite);
     connect(site_, &SiteView::generateRequested, this, &MainWindow::generateAll);
     connect(site_, &SiteView::runFinished, this, [this] {
         tabs_->checkDisk();
@@ -213,74 +209,6 @@ void MainWindow::addRecording() {
     });
 }
 
-// ---- opening ------------------------------------------------------------------------------------
-
-fs::path MainWindow::workFolder() const {
-    if (PageEditor* editor = tabs_->current()) return editor->page().file().parent_path();
-    if (!site_->folder().empty()) return site_->folder();
-    const QStringList recent = recent_.files();
-    const QString folder = recent.isEmpty() ? QString() : QFileInfo(recent.first()).path();
-    return toPath(QFile::exists(folder) ? folder : QDir::homePath());
-}
-
-void MainWindow::open(const fs::path& file) {
-    tabs_->open(file);
-    follow();
-}
-
-void MainWindow::openAnything(const fs::path& path) {
-    std::error_code failure;
-    if (fs::is_directory(path, failure)) {
-        site_->openFolder(fs::absolute(path).lexically_normal());
-        follow();
-        siteDock_->show();
-    } else {
-        open(path);
-    }
-}
-
-void MainWindow::choosePages() {
-    const QStringList files =
-        QFileDialog::getOpenFileNames(this, tr("Open pages"), toName(workFolder()),
-                                      tr("ASP pages (*.asp *.inc *.ASP *.INC);;All files (*)"));
-    for (const QString& file : files)
-        open(toPath(file));
-}
-
-void MainWindow::chooseSite() {
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, tr("Open site folder"), toName(workFolder()));
-    if (!folder.isEmpty()) openAnything(toPath(folder));
-}
-
-void MainWindow::chooseDemoFolder() {
-    const QString folder = QFileDialog::getSaveFileName(
-        this, tr("Folder for the copy of the demo site"),
-        QDir::homePath() + QLatin1String("/headerdtc-demo"), tr("Folders (*)"), nullptr,
-        QFileDialog::ShowDirsOnly | QFileDialog::DontConfirmOverwrite);
-    if (!folder.isEmpty()) openDemo(toPath(folder));
-}
-
-void MainWindow::openDemo(const fs::path& folder) {
-    const auto demo = findDemoSite();
-    if (!demo) {
-        QMessageBox::warning(this, tr("Demo site"),
-                             tr("The demo site is not installed. It belongs to the package "
-                                "headerdtc."));
-        return;
-    }
-    try {
-        const QString remark = copyDemoSite(*demo, folder);
-        openAnything(folder);
-        open(demoPage(folder));
-        if (!remark.isEmpty()) QMessageBox::information(this, tr("Demo site"), remark);
-    } catch (const std::exception& error) {
-        QMessageBox::warning(this, tr("Demo site"),
-                             tr("The demo site could not be copied to %1.\n\n%2")
-                                 .arg(toName(folder), QString::fromStdString(error.what())));
-    }
-}
-
 void MainWindow::offerRecovery() {
     const auto copies = store_.leftBehind();
     if (copies.empty()) return;
@@ -304,7 +232,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
     for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile()) openAnything(toPath(url.toLocalFile()));
+        if (url.isLocalFile()) opener_->openAnything(toPath(url.toLocalFile()));
     }
 }
 
@@ -314,7 +242,7 @@ void MainWindow::showRecent() {
     for (const QString& file : recent_.files()) {
         QString text = file;
         menu->addAction(text.replace(QLatin1Char('&'), QLatin1String("&&")), this,
-                        [this, file] { open(toPath(file)); });
+                        [this, file] { opener_->openPage(toPath(file)); });
     }
     menu->addSeparator();
     menu->addAction(tr("&Clear list"), &recent_, &RecentFiles::clear);

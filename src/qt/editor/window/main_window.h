@@ -20,6 +20,7 @@ class QStackedWidget;
 namespace headerdtc::qt {
 
 class GuideWindow;
+class Opener;
 class PageStatus;
 class PageTabs;
 class SiteView;
@@ -45,14 +46,10 @@ class MainWindow : public QMainWindow {
     Commands& commands() { return *commands_; }
     RecoveryKeeper& recovery() { return recovery_; }
     Recorder& recorder() { return recorder_; }
+    Opener& opener() { return *opener_; }
 
-    void open(const std::filesystem::path& file);
-    // A folder is a site, anything else a page.
-    void openAnything(const std::filesystem::path& path);
     // Offers what a crashed editor has left behind.
     void offerRecovery();
-    // Copies the demo to a folder and opens it.
-    void openDemo(const std::filesystem::path& folder);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -65,9 +62,6 @@ class MainWindow : public QMainWindow {
     void connectCommands();
     void connectParts();
     void addRecording();
-    void chooseDemoFolder();
-    void choosePages();
-    void chooseSite();
     void saveAll();
     void generateAll();
     void revert();
@@ -78,7 +72,6 @@ class MainWindow : public QMainWindow {
     void follow();
     void layDocks(bool atStart);
     void showRecent();
-    std::filesystem::path workFolder() const;
 
     Sites sites_;
     MessageModel messages_;
@@ -92,6 +85,7 @@ class MainWindow : public QMainWindow {
     Commands* commands_;
     QStackedWidget* centre_;
     SiteView* site_;
+    Opener* opener_;
     QDockWidget* siteDock_;
     QDockWidget* messagesDock_;
     QDockWidget* recordingDock_;

@@ -1,11 +1,11 @@
 #include "qt/editor/window/page_saver.h"
 
 #include "qt/editor/files/compare_dialog.h"
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/files/notice_bar.h"
 #include "qt/editor/page/page_editor.h"
 #include "qt/editor/page/step_name.h"
 
-#include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -85,11 +85,11 @@ bool PageSaver::save(PageEditor& editor) {
 
 bool PageSaver::saveAs(PageEditor& editor) {
     editor.finishEditing();
-    const QString name = QFileDialog::getSaveFileName(
-        &window_, tr("Save page"), QFile::decodeName(editor.page().file().c_str()),
-        tr("ASP pages (*.asp *.inc *.ASP *.INC);;All files (*)"));
+    const QString name =
+        QFileDialog::getSaveFileName(&window_, tr("Save page"), toName(editor.page().file()),
+                                     tr("ASP pages (*.asp *.inc *.ASP *.INC);;All files (*)"));
     if (name.isEmpty()) return false;
-    const std::filesystem::path file = QFile::encodeName(name).toStdString();
+    const std::filesystem::path file = toPath(name);
     // Under its own name it is a save like any other, with all that is asked before one.
     std::error_code failure;
     if (editor.page().hasFile() && std::filesystem::equivalent(file, editor.page().file(), failure))

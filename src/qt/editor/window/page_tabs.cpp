@@ -1,11 +1,11 @@
 #include "qt/editor/window/page_tabs.h"
 
+#include "qt/editor/files/file_names.h"
 #include "qt/editor/files/notice_bar.h"
 #include "qt/editor/page/page_editor.h"
 #include "qt/editor/window/page_saver.h"
 
 #include <QAbstractButton>
-#include <QFile>
 #include <QMessageBox>
 #include <QTabBar>
 
@@ -96,10 +96,10 @@ PageEditor* PageTabs::open(const fs::path& file) {
     try {
         return add(EditedPage::open(sites_, name));
     } catch (const std::exception& error) {
-        QMessageBox::critical(this, tr("Page cannot be opened"),
-                              tr("%1 cannot be opened.\n\n%2")
-                                  .arg(QFile::decodeName(name.filename().c_str()),
-                                       QString::fromStdString(error.what())));
+        QMessageBox::critical(
+            this, tr("Page cannot be opened"),
+            tr("%1 cannot be opened.\n\n%2")
+                .arg(toName(name.filename()), QString::fromStdString(error.what())));
         return nullptr;
     }
 }
@@ -146,7 +146,7 @@ void PageTabs::showTitle(PageEditor* editor) {
     QString title = editor->title().replace(QLatin1Char('&'), QLatin1String("&&"));
     if (editor->isModified()) title += QLatin1Char('*');
     if (tabText(index) != title) setTabText(index, title);
-    setTabToolTip(index, QFile::decodeName(editor->page().file().c_str()));
+    setTabToolTip(index, toName(editor->page().file()));
 }
 
 bool PageTabs::close(PageEditor* editor) {

@@ -1,0 +1,87 @@
+#include "qt/editor/window/opener.h"
+
+#include "qt/editor/files/file_names.h"
+#include "qt/editor/files/recent_files.h"
+#include "qt/editor/page/page_editor.h"
+#include "qt/editor/site/site_view.h"
+#include "qt/editor/start/demo_site.h"
+#include "qt/editor/window/page_tabs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <optional>
+
+namespace headerdtc::qt {
+
+namespace fs = std::filesystem;
+
+Opener::Opener(PageTabs& tabs, SiteView& site, const RecentFiles& recent, QWidget& window)
+    : QObject(&window), tabs_(tabs), site_(site), recent_(recent), window_(window) {}
+
+void Opener::openPage(const fs::path& file) {
+    tabs_.open(file);
+    Q_EMIT pageOpened();
+}
+
+void Opener::openAnything(const fs::path& path) {
+    std::error_code failure;
+    if (fs::is_directory(path, failure)) {
+        site_.openFolder(fs::absolute(path).lexically_normal());
+        Q_EMIT siteOpened();
+    } else {
+        openPage(path);
+    }
+}
+
+void Opener::openDemo(const fs::path& folder) {
+    const auto demo = findDemoSite();
+    if (!demo) {
+        QMessageBox::warning(&window_, tr("Demo site"),
+                             tr("The demo site is not installed. It belongs to the package "
+                                "headerdtc."));
+        return;
+    }
+    try {
+        const QString remark = copyDemoSite(*demo, folder);
+        openAnything(folder);
+        openPage(demoPage(folder));
+        if (!remark.isEmpty()) QMessageBox::information(&window_, tr("Demo site"), remark);
+    } catch (const std::exception& error) {
+        QMessageBox::warning(&window_, tr("Demo site"),
+                             tr("The demo site could not be copied to %1.\n\n%2")
+                                 .arg(toName(folder), QString::fromStdString(error.what())));
+    }
+}
+
+void Opener::choosePages() {
+    const QStringList files =
+        QFileDialog::getOpenFileNames(&window_, tr("Open pages"), toName(workFolder()),
+                                      tr("ASP pages (*.asp *.inc *.ASP *.INC);;All files (*)"));
+    for (const QString& file : files)
+        openPage(toPath(file));
+}
+
+void Opener::chooseSite() {
+    const QString folder =
+        QFileDialog::getExistingDirectory(&window_, tr("Open site folder"), toName(workFolder()));
+    if (!folder.isEmpty()) openAnything(toPath(folder));
+}
+
+void Opener::chooseDemoFolder() {
+    const QString folder = QFileDialog::getSaveFileName(
+        &window_, tr("Folder for the copy of the demo site"),
+        QDir::homePath() + QLatin1String("/headerdtc-demo"), tr("Folders (*)"), nullptr,
+        QFileDialog::ShowDirsOnly | QFileDialog::DontConfirmOverwrite);
+    if (!folder.isEmpty()) openDemo(toPath(folder));
+}
+
+fs::path Opener::workFolder() const {
+    if (PageEditor* editor = tabs_.current()) return editor->page().file().parent_path();
+    if (!site_.folder().empty()) return site_.folder();
+    const QStringList recent = recent_.files();
+    const QString folder = recent.isEmpty() ? QString() : QFileInfo(recent.first()).path();
+    return toPath(QFile::exists(folder) ? folder : QDir::homePath());
+}
+
+}  // namespace headerdtc::qt

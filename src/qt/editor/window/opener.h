@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QObject>
+#include <filesystem>
+
+class QWidget;
+
+namespace headerdtc::qt {
+
+class PageTabs;
+class RecentFiles;
+class SiteView;
+
+// Opens pages and sites, named or asked for.
+class Opener : public QObject {
+    Q_OBJECT
+
+  public:
+    // All of them outlive it; dialogs stand before the window.
+    Opener(PageTabs& tabs, SiteView& site, const RecentFiles& recent, QWidget& window);
+
+    void openPage(const std::filesystem::path& file);
+    // A folder is a site, anything else a page.
+    void openAnything(const std::filesystem::path& path);
+    // Copies the demo to a folder and opens it.
+    void openDemo(const std::filesystem::path& folder);
+
+    void choosePages();
+    void chooseSite();
+    void chooseDemoFolder();
+
+    // Where a person is likely to look for the next page.
+    std::filesystem::path workFolder() const;
+
+  Q_SIGNALS:
+    void pageOpened();
+    void siteOpened();
+
+  private:
+    PageTabs& tabs_;
+    SiteView& site_;
+    const RecentFiles& recent_;
+    QWidget& window_;
+};
+
+}  // namespace headerdtc::qt
