@@ -1,7 +1,9 @@
 # shellcheck shell=bash disable=SC2034,SC2154
 # What the command tests share: a folder of their own, to be worked in, and what to expect of a
-# command. Sourced.
+# command. Sourced by scripts whose arguments are the command and the project's folder.
 
+headerdtc=$1
+project=$2
 folder=$(mktemp -d)
 trap 'chmod -R u+w "$folder"; rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
@@ -25,7 +27,7 @@ fail() {
 expect() { [[ $1 == *"$2"* ]] || fail "'$2' is missing in: $1"; }
 expect_empty() { [[ -z $1 ]] || fail "this should be empty: $1"; }
 
-# Every line of the output is what a schema says. $project is the project's folder.
+# Every line of the output is what a schema says.
 expect_lines() {  # expect_lines SCHEMA
     python3 "$project/tests/cli/validate_lines.py" "$project/docs/schemas/$1.schema.json" out \
         >wrong 2>&1 || fail "not as in $1.schema.json: $(cat wrong)"

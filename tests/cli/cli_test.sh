@@ -1,10 +1,8 @@
 #!/usr/bin/env bash
 # cli_test.sh HEADERDTC PROJECT: runs the command as a user would, on a copy of the demo site.
 set -u
-headerdtc=$1
-project=$2
 # shellcheck source=tests/cli/checks.sh
-. "$project/tests/cli/checks.sh"
+. "$2/tests/cli/checks.sh"
 cp -r "$project/demo" site
 
 full=site/customers/regions/overview.asp

@@ -2,10 +2,8 @@
 # command_line_test.sh HEADERDTC PROJECT: what the commands have in common: exit status, input of
 # paths, interruption, help, completions and manual page.
 set -u
-headerdtc=$1
-project=$2
 # shellcheck source=tests/cli/checks.sh
-. "$project/tests/cli/checks.sh"
+. "$2/tests/cli/checks.sh"
 # shellcheck source=tests/cli/harbour_site.sh
 . "$project/tests/cli/harbour_site.sh"
 harbour_site site

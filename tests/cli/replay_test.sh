@@ -2,10 +2,8 @@
 # replay_test.sh HEADERDTC PROJECT: automation scripts over many pages, as a user would run them, on
 # the site of a harbour office.
 set -u
-headerdtc=$1
-project=$2
 # shellcheck source=tests/cli/checks.sh
-. "$project/tests/cli/checks.sh"
+. "$2/tests/cli/checks.sh"
 # shellcheck source=tests/cli/harbour_site.sh
 . "$project/tests/cli/harbour_site.sh"
 harbour_site site

@@ -1,18 +1,11 @@
 #!/usr/bin/env bash
 # scenario_test.sh HEADERDTC PROJECT: a whole configuration is built by automation on a new page;
 # opened again, the page has the same properties and gives the same text.
-set -euo pipefail
-headerdtc=$1
-project=$2
-folder=$(mktemp -d)
-trap 'rm -rf "$folder"' EXIT
-cp -r "$project/demo" "$folder/site"
-cd "$folder/site"
-unset HEADERDTC_CONFIG
-fail() {
-    echo "FAILED: $1"
-    exit 1
-}
+set -u
+# shellcheck source=tests/cli/checks.sh
+. "$2/tests/cli/checks.sh"
+cp -r "$project/demo" site
+cd site || exit 1
 
 "$headerdtc" new orders/mine.asp >/dev/null
 ask='{"do":"properties"}
@@ -29,11 +22,13 @@ settings() { jq -c '.[] | [(.name | sub("CriteriaType[0-9]+$"; "CriteriaType")),
 diff <("$headerdtc" show --json orders/mine.asp | jq '.controls[0].properties' | settings) \
     <(jq -s '.[1].properties' "$folder/second" | settings) || fail "the properties come back others"
 diff <(tail -n 1 "$folder/first") <(tail -n 1 "$folder/second") || fail "the text comes back another"
-"$headerdtc" generate --print orders/mine.asp >"$folder/text"
+
+check 0 "$headerdtc" generate --print orders/mine.asp
 for line in 'SetKeyValue "CUSTNO", 0, "4711"' 'SetKeyValue "ORDNO", 2, LowestOrder()' \
     'Function   LowestOrder ()' 'mLinkedFields.Add'; do
-    grep -qF "$line" "$folder/text" || fail "the text lacks $line"
+    expect "$out" "$line"
 done
-"$headerdtc" generate orders/mine.asp >/dev/null || fail "the saved page is left alone"
-"$headerdtc" generate --check orders/mine.asp || fail "the page is not up to date"
-echo "All as expected."
+check 0 "$headerdtc" generate orders/mine.asp
+check 0 "$headerdtc" generate --check orders/mine.asp
+
+finish

@@ -2,10 +2,8 @@
 # site_tools_test.sh HEADERDTC PROJECT: the commands that look at whole sites, as a user would run
 # them, on a site that is not the demo.
 set -u
-headerdtc=$1
-project=$2
 # shellcheck source=tests/cli/checks.sh
-. "$project/tests/cli/checks.sh"
+. "$2/tests/cli/checks.sh"
 # shellcheck source=tests/cli/harbour_site.sh
 . "$project/tests/cli/harbour_site.sh"
 harbour_site site

@@ -4,10 +4,8 @@
 # Afterwards each page is the old or the new one, a failure was reported, and the next run makes
 # all as it should be.
 set -u
-headerdtc=$1
-project=$2
 # shellcheck source=tests/cli/checks.sh
-. "$project/tests/cli/checks.sh"
+. "$2/tests/cli/checks.sh"
 export LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=0
 
 if ! strace -o /dev/null true 2>/dev/null; then

@@ -3,9 +3,8 @@
 # for whom permissions hold. The pages that can be written are; of the others the reason is told,
 # and they stay as they were.
 set -u
-project=$2
 # shellcheck source=tests/cli/checks.sh
-. "$project/tests/cli/checks.sh"
+. "$2/tests/cli/checks.sh"
 export LC_ALL=C.UTF-8
 trap 'umount disk 2>/dev/null; chmod -R u+w "$folder"; rm -rf "$folder"' EXIT
 chmod 755 .
