@@ -1,8 +1,7 @@
 #include "host/site/catalogue.h"
 
+#include "host/failures.h"
 #include "host/files/file_error.h"
-#include "host/temporary_folder.h"
-#include "platform/runtime_error.h"
 
 #include <gmock/gmock.h>
 
@@ -12,9 +11,10 @@ namespace {
 using ::testing::ElementsAre;
 using testing::errorOf;
 using ::testing::HasSubstr;
+using testing::numberOf;
 using ::testing::Pair;
 using ::testing::StartsWith;
-using testing::TemporaryFolder;
+using testing::TempFolder;
 
 const std::string Example = R"({"providers": [
   {"name": "Orders",
@@ -37,17 +37,8 @@ std::vector<std::string> itemsOf(const Dictionary<std::string>& dictionary) {
     return items;
 }
 
-int numberOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
 TEST(Catalogue, KeepsEveryOrder) {
-    TemporaryFolder folder;
+    TempFolder folder;
     CatalogueDataSources sources(folder.write("catalogue.json", "\xEF\xBB\xBF" + Example));
     const auto source = sources.createDataSource();
     EXPECT_THAT(source->providerNames(), ElementsAre("Orders", "Café"));
@@ -61,7 +52,7 @@ TEST(Catalogue, KeepsEveryOrder) {
 }
 
 TEST(Catalogue, WhatItDoesNotKnowIsEmpty) {
-    TemporaryFolder folder;
+    TempFolder folder;
     CatalogueDataSources sources(folder.write("catalogue.json", Example));
     const auto source = sources.createDataSource();
     for (const char* provider : {"orders", "", "Café"}) {
@@ -123,7 +114,7 @@ TEST(Catalogue, NoCutOffOrDamagedCatalogueIsTaken) {
 }
 
 TEST(CatalogueDataSources, AMissingOrMalformedFileFailsEachRequest) {
-    TemporaryFolder folder;
+    TempFolder folder;
     const auto file = folder / "catalogue.json";
     CatalogueDataSources sources(file);
     const auto source = sources.createDataSource();

@@ -1,7 +1,7 @@
 #include "host/files/file_cache.h"
 
+#include "host/failures.h"
 #include "host/files/file_error.h"
-#include "host/temporary_folder.h"
 
 #include <atomic>
 #include <chrono>
@@ -12,10 +12,10 @@ namespace headerdtc {
 namespace {
 
 using testing::errorOf;
-using testing::TemporaryFolder;
+using testing::TempFolder;
 
 TEST(FileCache, ParsesAgainOnlyWhenTheFileChanged) {
-    TemporaryFolder folder;
+    TempFolder folder;
     const auto file = folder.write("numbers", "1");
     std::atomic<int> parsed{0};
     FileCache<int> cache(file, [&](const std::string& name, std::string_view bytes) {
@@ -48,7 +48,7 @@ TEST(FileCache, ParsesAgainOnlyWhenTheFileChanged) {
 
 // All these changes fall into a few ticks of the file system's clock, and none changes the size.
 TEST(FileCache, MissesNoChangeWithinOneTickOfTheClock) {
-    TemporaryFolder folder;
+    TempFolder folder;
     const auto file = folder.write("text", "000");
     FileCache<std::string> cache(
         file, [](const std::string&, std::string_view bytes) { return std::string(bytes); });
@@ -59,7 +59,7 @@ TEST(FileCache, MissesNoChangeWithinOneTickOfTheClock) {
 }
 
 TEST(WholeFile, ReadsFilesAndRefusesWhatIsNone) {
-    TemporaryFolder folder;
+    TempFolder folder;
     std::string bytes(100'000, '\0');
     bytes += "\r\n\xFF";
     const auto file = folder.write("page.asp", bytes);

@@ -1,6 +1,7 @@
-#include "host/files/file_error.h"
 #include "host/files/file_replacer.h"
-#include "host/temporary_folder.h"
+
+#include "host/failures.h"
+#include "host/files/file_error.h"
 
 #include <algorithm>
 #include <csignal>
@@ -18,7 +19,7 @@ using testing::asPlainUser;
 using ::testing::ElementsAre;
 using testing::errorOf;
 using ::testing::HasSubstr;
-using testing::TemporaryFolder;
+using testing::TempFolder;
 
 struct stat statusOf(const fs::path& file) {
     struct stat status {};
@@ -32,7 +33,7 @@ void replaceNow(const fs::path& file, std::string_view bytes) {
 
 class FileReplacerTest : public ::testing::Test {
   protected:
-    TemporaryFolder folder;
+    TempFolder folder;
     const fs::path page = folder.write("page.asp", "old");
     FileReplacer replacer;
 };

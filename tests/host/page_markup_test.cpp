@@ -1,6 +1,6 @@
 #include "host/page/page_markup.h"
 
-#include "host/temporary_folder.h"
+#include "host/failures.h"
 
 #include <gmock/gmock.h>
 #include <random>

@@ -1,7 +1,7 @@
 #include "host/site/registry_export.h"
 
+#include "host/failures.h"
 #include "host/files/file_error.h"
-#include "host/temporary_folder.h"
 #include "platform/runtime_error.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@ namespace {
 using testing::errorOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-using testing::TemporaryFolder;
+using testing::TempFolder;
 
 const std::string Version5 = "Windows Registry Editor Version 5.00\r\n\r\n";
 const std::string Key = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Zarvik\\Zarvik Velmora]\r\n";
@@ -145,7 +145,7 @@ TEST(RegistryExport, ACutOffExportNeverGivesPartOfAValue) {
 }
 
 TEST(SiteRegistry, SaysWhyAValueCannotBeRead) {
-    TemporaryFolder folder;
+    TempFolder folder;
     SiteRegistry registry(folder / "velmora.reg");
     const auto read = [&] { registry.RegRead(InstallDir); };
     EXPECT_THAT(

@@ -1,6 +1,6 @@
 #include "host/site/site_configuration.h"
 
-#include "host/temporary_folder.h"
+#include "host/failures.h"
 
 #include <gmock/gmock.h>
 
@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 using testing::errorOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
-using testing::TemporaryFolder;
+using testing::TempFolder;
 
 constexpr const char* DefaultConnectString = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
 
@@ -24,7 +24,7 @@ class SiteConfigurationTest : public ::testing::Test {
         return problem.starts_with(prefix) ? problem.substr(prefix.size()) : problem;
     }
 
-    TemporaryFolder folder;
+    TempFolder folder;
 };
 
 TEST_F(SiteConfigurationTest, EveryKeyIsRead) {

@@ -1,6 +1,6 @@
 #include "host/site/site_text_files.h"
 
-#include "host/temporary_folder.h"
+#include "host/failures.h"
 #include "platform/runtime_error.h"
 
 #include <csignal>
@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::asPlainUser;
 using ::testing::ElementsAre;
-using testing::TemporaryFolder;
+using testing::TempFolder;
 
 class SiteTextFilesTest : public ::testing::Test {
   protected:
@@ -34,7 +34,7 @@ class SiteTextFilesTest : public ::testing::Test {
         return 0;
     }
 
-    TemporaryFolder folder;
+    TempFolder folder;
     SiteTextFiles files{WindowsPaths({{'C', folder.path()}}), CodePage("windows-1252")};
 };
 

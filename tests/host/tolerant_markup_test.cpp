@@ -1,5 +1,5 @@
+#include "host/failures.h"
 #include "host/page/page_markup.h"
-#include "host/temporary_folder.h"
 
 #include <gmock/gmock.h>
 

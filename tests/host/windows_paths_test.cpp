@@ -1,6 +1,6 @@
 #include "host/site/windows_paths.h"
 
-#include "host/temporary_folder.h"
+#include "host/failures.h"
 #include "platform/runtime_error.h"
 
 #include <chrono>
@@ -11,7 +11,7 @@ namespace headerdtc {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::TemporaryFolder;
+using testing::TempFolder;
 
 class WindowsPathsTest : public ::testing::Test {
   protected:
@@ -24,7 +24,7 @@ class WindowsPathsTest : public ::testing::Test {
         return 0;
     }
 
-    TemporaryFolder folder;
+    TempFolder folder;
     const fs::path c = folder / "drive_c";
     const WindowsPaths paths{{{'c', c / ""}, {'D', c / "Data"}}};
 };

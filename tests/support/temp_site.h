@@ -1,51 +1,10 @@
 #pragma once
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
+#include "support/temp_folder.h"
+
 #include <string>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace headerdtc::testing {
-
-// A folder of its own for one test, removed with everything in it.
-class TempFolder {
-  public:
-    TempFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "headerdtc-XXXXXX").string();
-        if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
-        path_ = std::filesystem::canonical(pattern);
-    }
-    TempFolder(const TempFolder&) = delete;
-    TempFolder& operator=(const TempFolder&) = delete;
-    ~TempFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-
-    const std::filesystem::path& path() const { return path_; }
-    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
-
-    void write(const std::string& name, const std::string& bytes) const {
-        const auto file = path_ / name;
-        std::filesystem::create_directories(file.parent_path());
-        std::ofstream(file, std::ios::binary) << bytes;
-    }
-    std::string read(const std::string& name) const {
-        std::ifstream file(path_ / name, std::ios::binary);
-        std::ostringstream bytes;
-        bytes << file.rdbuf();
-        return bytes.str();
-    }
-    bool has(const std::string& name) const { return std::filesystem::exists(path_ / name); }
-
-  private:
-    std::filesystem::path path_;
-};
 
 // A complete small site in a folder of its own: configuration, registry export, a catalogue with
 // the providers "Orders" and "Stock", and a template.

@@ -5,7 +5,6 @@
 #include "support/temp_site.h"
 
 #include <algorithm>
-#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -70,7 +69,7 @@ class HarbourSite : public TempSite {
     }
 
     // The same with some properties changed or added.
-    static Params with(std::initializer_list<std::pair<std::string, std::string>> changes) {
+    static Params with(const Params& changes) {
         Params params = ships();
         for (const auto& change : changes) {
             const auto found = std::find_if(params.begin(), params.end(), [&](const auto& param) {

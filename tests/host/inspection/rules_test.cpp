@@ -2,6 +2,7 @@
 #include "host/inspection/property_line.h"
 
 #include <gmock/gmock.h>
+#include <sstream>
 
 namespace headerdtc {
 namespace {
@@ -53,73 +54,62 @@ TEST_F(Rules, FindNothingOnAWholePage) {
     EXPECT_THAT(found(HarbourSite::ships()), IsEmpty());
 }
 
-TEST_F(Rules, KnowProvidersAndTheFieldsThatTheyOffer) {
-    EXPECT_THAT(found(HarbourSite::with({{"DataProvider", "ships"}})),
-                Contains(HasSubstr("unknown-provider DataProvider: the data provider \"ships\"")));
-    EXPECT_THAT(found(HarbourSite::with({{"LinkedDataProvider", "Quays"}})),
-                Contains(HasSubstr("unknown-linked-provider LinkedDataProvider: ")));
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOReturnFields1", "2 - BERTH"}})),
-                Contains(AllOf(HasSubstr("unknown-field ZEKO 2 ZEKOReturnFields1: "),
-                               HasSubstr("the field is \"3 - BERTH\" there"))));
-    EXPECT_THAT(found(HarbourSite::with({{"EAIReturnFields0", "BOAT.IMO"}})),
-                ElementsAre(HasSubstr("unknown-field EAI 1 EAIReturnFields0: ")));
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_1", "FLAG"}})),
-                ElementsAre(HasSubstr("unknown-key-field ZEKO 1 ZEKOCriteria1_1: key of criterion "
-                                      "\"FLAG\" is no key field of \"Ships\"")));
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOKeyFieldnames1", "PORT"}})),
-                ElementsAre(HasSubstr("unknown-key-field ZEKO 2 ZEKOKeyFieldnames1: ")));
-    // A family that the catalogue does not describe is said once, not for each of its fields.
-    EXPECT_THAT(found(HarbourSite::with({{"DataProvider", "Berths"},
-                                         {"EAIReturnFieldCount", "2"},
-                                         {"EAIReturnFields1", "SHIP.FLAG"}})),
-                Contains(HasSubstr("\"Berths\" offers nothing to EAI, but 2 return fields")));
-}
-
-TEST_F(Rules, AskOnlyForSeparatorsThatTheGenerationNeeds) {
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOReturnFields0", "IMO"}})),
-                Contains(HasSubstr("field-separator ZEKO 1 ZEKOReturnFields0: ")));
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOLinkFromFields1", "BERTH"}})),
-                Contains(HasSubstr("field-separator ZEKO 1 ZEKOLinkFromFields1: ")));
-    // An EAI return field is written whole.
-    EXPECT_THAT(found(HarbourSite::with({{"EAIReturnFields0", "IMO"}})),
-                ElementsAre(HasSubstr("unknown-field EAI 1")));
-}
-
-TEST_F(Rules, FollowLinksToTheLinkedProvider) {
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOLinkToFields1", "IMO"}})),
-                ElementsAre(HasSubstr("unknown-linked-field ZEKO 1 ZEKOLinkToFields1: ")));
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOSelectedLinkedFields0", "2 - TIDE"}})),
-                ElementsAre(HasSubstr("unknown-linked-field ZEKO 1 ZEKOSelectedLinkedFields0: ")));
-    EXPECT_THAT(
-        found(HarbourSite::with({{"ZEKOLinkToFields1", ""}})),
-        ElementsAre(HasSubstr("incomplete-link ZEKO 1 ZEKOLinkToFields1: link 1 has only")));
-    EXPECT_THAT(found(HarbourSite::with({{"LinkedDataProvider", "ZEKOLinkedDataProvidersCombo"}})),
-                Contains(HasSubstr("fields are linked, but no linked data provider is chosen")));
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOLinkFromFields1", ""}, {"ZEKOLinkToFields1", ""}})),
-                ElementsAre(HasSubstr("linked fields are chosen, but no fields are linked")));
-}
-
-TEST_F(Rules, LookAtEachCriterion) {
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_3", ""}})),
-                ElementsAre(HasSubstr("incomplete-criterion ZEKO 1 ZEKOCriteria1_1: ")));
-    EXPECT_THAT(found(HarbourSite::with({{"ZEKOCriteria1_2", "&lt;&gt;"}})),
-                ElementsAre(HasSubstr("unknown-operator ZEKO 1 ZEKOCriteria1_2: the operator "
-                                      "\"<>\" of criterion 1")));
-    EXPECT_THAT(found(HarbourSite::with({{"EAICriteria1_1", "IMO"},
-                                         {"EAICriteria1_2", "=="},
-                                         {"EAICriteria1_3", "HighWater"}})),
-                ElementsAre(HasSubstr("value-type-conflict EAI 1 EAICriteria1_3: the value "
-                                      "\"HighWater\" is a constant for EAI and a function")));
-    EXPECT_THAT(
-        found(HarbourSite::with({{"ZEKOCriteriaCount", "3"}, {"ZEKOCriteriaType2", "HighWater"}})),
-        Contains(HasSubstr("value-type-conflict ZEKO ZEKOCriteriaType2: ")));
-}
-
-TEST_F(Rules, SeeKindsThatNoControlReads) {
-    EXPECT_THAT(
-        found(HarbourSite::with({{"ZEKOCriteriaType1", ""}, {"ZEKOCriteriaType2", "HighWater"}})),
-        ElementsAre(HasSubstr("unread-value-type ZEKO 1 ZEKOCriteriaType2: the value "
-                              "\"HighWater\" of criterion 1 is stored as a function")));
+// Each case changes properties of the whole page; what is said then, alone or with what follows.
+TEST_F(Rules, CompareEachPropertyWithWhatItIsAbout) {
+    struct Case {
+        std::string changes;
+        const char* said;
+        bool isAlone = true;
+    };
+    const Case cases[] = {
+        {"DataProvider=ships", "unknown-provider DataProvider: the data provider \"ships\""},
+        {"LinkedDataProvider=Quays", "unknown-linked-provider LinkedDataProvider: "},
+        {"ZEKOReturnFields1=2 - BERTH", "unknown-field ZEKO 2 ZEKOReturnFields1: "},
+        {"ZEKOReturnFields1=2 - BERTH", "the field is \"3 - BERTH\" there"},
+        {"EAIReturnFields0=BOAT.IMO", "unknown-field EAI 1 EAIReturnFields0: "},
+        {"ZEKOCriteria1_1=FLAG",
+         "unknown-key-field ZEKO 1 ZEKOCriteria1_1: key of criterion "
+         "\"FLAG\" is no key field of \"Ships\""},
+        {"ZEKOKeyFieldnames1=PORT", "unknown-key-field ZEKO 2 ZEKOKeyFieldnames1: "},
+        // A family that the catalogue does not describe is said once, not for each of its fields.
+        {"DataProvider=Berths;EAIReturnFieldCount=2;EAIReturnFields1=SHIP.FLAG",
+         "\"Berths\" offers nothing to EAI, but 2 return fields", false},
+        // Separators where the generation needs them: an EAI return field is written whole.
+        {"ZEKOReturnFields0=IMO", "field-separator ZEKO 1 ZEKOReturnFields0: ", false},
+        {"ZEKOLinkFromFields1=BERTH", "field-separator ZEKO 1 ZEKOLinkFromFields1: ", false},
+        {"EAIReturnFields0=IMO", "unknown-field EAI 1"},
+        {"ZEKOLinkToFields1=IMO", "unknown-linked-field ZEKO 1 ZEKOLinkToFields1: "},
+        {"ZEKOSelectedLinkedFields0=2 - TIDE",
+         "unknown-linked-field ZEKO 1 ZEKOSelectedLinkedFields0: "},
+        {"ZEKOLinkToFields1=", "incomplete-link ZEKO 1 ZEKOLinkToFields1: link 1 has only"},
+        {"LinkedDataProvider=ZEKOLinkedDataProvidersCombo",
+         "fields are linked, but no linked data provider is chosen"},
+        {"ZEKOLinkFromFields1=;ZEKOLinkToFields1=",
+         "linked fields are chosen, but no fields are linked"},
+        {"ZEKOCriteria1_3=", "incomplete-criterion ZEKO 1 ZEKOCriteria1_1: "},
+        {"ZEKOCriteria1_2=<>",
+         "unknown-operator ZEKO 1 ZEKOCriteria1_2: the operator \"<>\" of criterion 1"},
+        {"EAICriteria1_1=IMO;EAICriteria1_2===;EAICriteria1_3=HighWater",
+         "value-type-conflict EAI 1 EAICriteria1_3: the value \"HighWater\" is a constant for EAI "
+         "and a function"},
+        {"ZEKOCriteriaCount=3;ZEKOCriteriaType2=HighWater",
+         "value-type-conflict ZEKO ZEKOCriteriaType2: "},
+        {"ZEKOCriteriaType1=;ZEKOCriteriaType2=HighWater",
+         "unread-value-type ZEKO 1 ZEKOCriteriaType2: the value \"HighWater\" of criterion 1 is "
+         "stored as a function"},
+    };
+    for (const auto& [changes, said, isAlone] : cases) {
+        SCOPED_TRACE(changes);
+        HarbourSite::Params params;
+        std::istringstream stream(changes);
+        for (std::string change; std::getline(stream, change, ';');) {
+            const auto equals = change.find('=');
+            params.emplace_back(change.substr(0, equals), change.substr(equals + 1));
+        }
+        const auto all = found(HarbourSite::with(params));
+        EXPECT_THAT(all, Contains(HasSubstr(said)));
+        EXPECT_EQ(all.size() == 1, isAlone) << ::testing::PrintToString(all);
+    }
 }
 
 TEST_F(Rules, LookForFunctionsWhereverAPageGetsThemFrom) {

@@ -9,7 +9,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::HarbourSite;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Kind = WhereQuery::Kind;
 
@@ -51,12 +50,6 @@ TEST_F(Where, FindsProvidersAndFiles) {
         EXPECT_THAT(uses(Kind::Include, path), ElementsAre("ExtraIncludes0")) << path;
     EXPECT_THAT(uses(Kind::Include, "Other/Tides.asp"), IsEmpty());
     EXPECT_THAT(uses(Kind::Stylesheet, "Generic.xsl"), ElementsAre("XSLFilename"));
-}
-
-TEST_F(Where, SaysWhyALabelCannotBeLookedUp) {
-    const auto found = WhereUsed(sites, {Kind::Label, "L1", ""}).lookInto(site / "page.asp");
-    EXPECT_THAT(found.failure->text, HasSubstr("headerdtc doctor"));
-    EXPECT_TRUE(WhereUsed(sites, {Kind::Field, "x", ""}).lookInto(site / "no.asp").failure);
 }
 
 }  // namespace

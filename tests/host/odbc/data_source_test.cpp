@@ -28,15 +28,15 @@ std::string failureOf(const std::function<void()>& body, int number) {
 class SitesDataSource : public ::testing::Test {
   protected:
     SitesDataSource() {
-        settings.siteFolder = folder.path;
-        settings.odbcIni = folder.path / "odbc.ini";
+        settings.siteFolder = folder.path();
+        settings.odbcIni = folder / "odbc.ini";
     }
     void ini(const std::string& text) { folder.write("odbc.ini", text); }
     std::string connectString(const std::string& text) {
         return findDataSource(text, settings).connectString;
     }
 
-    headerdtc::testing::TemporaryFolder folder;
+    headerdtc::testing::TempFolder folder;
     OdbcDatabase::Settings settings;
 };
 
@@ -64,7 +64,7 @@ TEST_F(SitesDataSource, StandsInThePlaceOfItsNameAndLosesAgainstTheConnectString
 
 TEST_F(SitesDataSource, ItsDatabaseIsAFileOfTheSiteOnlyForADriverOfFiles) {
     folder.write("orvane", "");
-    std::filesystem::create_directory(folder.path / "sub");
+    std::filesystem::create_directory(folder / "sub");
     folder.write("sub/t.db", "");
     const auto databaseOf = [this](const std::string& driver, const std::string& database) {
         ini("[Orvane]\nDriver = " + driver + "\nDatabase = " + database + "\n");
@@ -72,7 +72,7 @@ TEST_F(SitesDataSource, ItsDatabaseIsAFileOfTheSiteOnlyForADriverOfFiles) {
         const auto begin = text.find("Database=") + 9;
         return text.substr(begin, text.find(';', begin) - begin);
     };
-    const std::string site = folder.path.string();
+    const std::string site = folder.path().string();
     EXPECT_EQ(databaseOf("SQLite3", "orvane"), site + "/orvane");
     EXPECT_EQ(databaseOf("/usr/lib/libsqlite3odbc.so", "./sub/../orvane"), site + "/orvane");
     EXPECT_EQ(databaseOf("SQLite3", site + "/sub/t.db"), site + "/sub/t.db");
@@ -92,7 +92,7 @@ TEST_F(SitesDataSource, WhatIsMissingIsSaidWithItsFile) {
     EXPECT_THAT(failureOf([&] { connectString("UID=a"); }, 0), HasSubstr("[DEFAULT]"));
     EXPECT_THAT(failureOf([&] { connectString("DSN=Orvane"); }, 0), HasSubstr("names no Driver"));
     EXPECT_THAT(failureOf([&] { connectString("DSN=Lost"); }, 53),
-                AllOf(HasSubstr((folder.path / "lost.sqlite").string()), HasSubstr("[Lost]")));
+                AllOf(HasSubstr((folder / "lost.sqlite").string()), HasSubstr("[Lost]")));
 }
 
 TEST_F(SitesDataSource, ADriverIsToldWhatItNeedsUnlessTheAuthorHas) {

@@ -1,27 +1,21 @@
-#include "platform/runtime_error.h"
+#include "host/failures.h"
 #include "translation_database.h"
 
 #include <clocale>
 #include <cstdlib>
-#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace headerdtc {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::HasSubstr;
+using ::testing::Not;
+using testing::numberOf;
+using ::testing::ThrowsMessage;
 
 constexpr int Unspecified = -1;
-
-int numberOf(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 // The ADO face, on SQLite.
 class OdbcDatabaseTest : public ::testing::Test {
@@ -54,12 +48,8 @@ TEST_F(OdbcDatabaseTest, TextDoesNotDependOnTheLocaleOfTheProcess) {
         ASSERT_NE(std::setlocale(LC_ALL, locale), nullptr);
         connection = translations.connect();
         EXPECT_EQ(valueOf("'Ω \U0001F600'"), "Ω \U0001F600");
-        try {
-            execute("SELECT Ω\U0001F600");
-            FAIL() << "no failure";
-        } catch (const RuntimeError& error) {
-            EXPECT_THAT(error.description(), HasSubstr("Ω\U0001F600"));
-        }
+        EXPECT_THAT([&] { execute("SELECT Ω\U0001F600"); },
+                    ThrowsMessage<RuntimeError>(HasSubstr("Ω\U0001F600")));
     }
 }
 
@@ -93,14 +83,10 @@ TEST_F(OdbcDatabaseTest, RecordsAffectedAreTheDrivers) {
 }
 
 TEST_F(OdbcDatabaseTest, AFailureCarriesTheDriversTextAndNumberOnOneLine) {
-    try {
-        execute("SELECT *\nFROM 'it's");
-        FAIL() << "no failure";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), 1);
-        EXPECT_THAT(error.description(), HasSubstr("[SQLite]"));
-        EXPECT_EQ(error.description().find('\n'), std::string::npos);
-    }
+    const auto wrong = [&] { execute("SELECT *\nFROM 'it's"); };
+    EXPECT_EQ(numberOf(wrong), 1);
+    EXPECT_THAT(wrong,
+                ThrowsMessage<RuntimeError>(AllOf(HasSubstr("[SQLite]"), Not(HasSubstr("\n")))));
     // A driver that quotes a whole text of a megabyte.
     EXPECT_EQ(numberOf([&] { execute("SELECT '" + std::string(1'000'000, 'x')); }), 1);
     EXPECT_EQ(valueOf("1"), "1") << "the connection is of use all the same";
@@ -148,7 +134,7 @@ TEST_F(OdbcDatabaseTest, TheSitesFolderMayHaveANameOfAnyLanguage) {
 }
 
 TEST_F(OdbcDatabaseTest, WithoutAFileOfTheSiteOdbcFindsDataSourcesByItself) {
-    const headerdtc::testing::TemporaryFolder folder;
+    const headerdtc::testing::TempFolder folder;
     const auto file = translations.settings.siteFolder / "translations.sqlite";
     setenv("ODBCINI",
            folder.write("own.ini", "[OrvaneOwn]\nDriver = SQLite3\nDatabase = " + file.string())

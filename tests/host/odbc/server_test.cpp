@@ -45,7 +45,7 @@ class SilentPort {
 
 TEST_F(Server, ThatNeverAnswersEndsInAReportAfterTheLogOnsTime) {
     const SilentPort silent;
-    const headerdtc::testing::TemporaryFolder folder;
+    const headerdtc::testing::TempFolder folder;
     auto settings = translations.settings;
     const std::string driver =
         translations.kind == "postgresql" ? "PostgreSQL Unicode" : "MariaDB Unicode";

@@ -1,7 +1,8 @@
 #include "translation_database.h"
 
+#include "host/files/whole_file.h"
+
 #include <cstdlib>
-#include <fstream>
 #include <iterator>
 #include <regex>
 #include <stdexcept>
@@ -16,43 +17,20 @@ std::string environment(const char* name) {
     return value ? value : "";
 }
 
-std::string contents(const fs::path& file, std::uintmax_t from = 0) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) throw std::runtime_error("cannot read " + file.string());
-    stream.seekg(static_cast<std::streamoff>(from));
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 // The statements of a schema file, whose comments stand on lines of their own.
 std::vector<std::string> statementsOf(const fs::path& file) {
-    const std::string text = std::regex_replace(contents(file), std::regex("--[^\n]*\n"), "");
+    const std::string text =
+        std::regex_replace(readWholeFile(file).bytes, std::regex("--[^\n]*\n"), "");
     const std::regex separator(";\\s*");
     return {std::sregex_token_iterator(text.begin(), text.end(), separator, -1), {}};
 }
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-    std::string name = (fs::temp_directory_path() / "headerdtc-odbc-XXXXXX").string();
-    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-    path = name;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path, ignored);
-}
-
-fs::path TemporaryFolder::write(const std::string& name, const std::string& text) const {
-    const fs::path file = path / name;
-    std::ofstream(file, std::ios::binary) << text;
-    return file;
-}
-
 TranslationDatabase::TranslationDatabase() : kind(environment("HEADERDTC_SERVER")) {
     settings.connectString = settings.labelConnectString = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
     settings.connectTimeout = settings.statementTimeout = std::chrono::seconds(5);
-    settings.siteFolder = folder_.path;
+    settings.siteFolder = folder_.path();
     if (kind.empty()) {
         kind = "sqlite";
         folder_.write("translations.sqlite", "");
@@ -60,7 +38,6 @@ TranslationDatabase::TranslationDatabase() : kind(environment("HEADERDTC_SERVER"
             "odbc.ini", "[Orvane]\nDriver = SQLite3\nDatabase = translations.sqlite\n");
     } else {
         settings.odbcIni = environment("HEADERDTC_SERVER_INI");
-        logRead_ = fs::file_size(environment("HEADERDTC_SERVER_LOG"));
         for (const char* table : {"I18NTEXT", "I18NFIELDNAMES", "I18NFIELDVALUES", "I18NHIDDEN"})
             run(std::string("DROP TABLE IF EXISTS ") + table);
     }
@@ -103,18 +80,6 @@ int TranslationDatabase::connectionCount() {
             : "SELECT COUNT(*) AS N FROM information_schema.processlist "
               "WHERE user = 'WWWappsOrvane'";
     return std::stoi(rows(query, {"N"})[0][0]);
-}
-
-std::vector<std::string> TranslationDatabase::loggedStatements() {
-    const std::string log = contents(environment("HEADERDTC_SERVER_LOG"), logRead_);
-    logRead_ += log.size();
-    const std::regex statement(kind == "postgresql"
-                                   ? "WWWappsOrvane LOG:  statement: (.*I18N(TEXT|FIELD).*)\n"
-                                   : "\t *\\d+ (?:Query|Execute)\t(.*I18N(TEXT|FIELD).*)\n");
-    std::vector<std::string> statements;
-    for (std::sregex_iterator match(log.begin(), log.end(), statement), end; match != end; ++match)
-        statements.push_back((*match)[1]);
-    return statements;
 }
 
 void TranslationDatabase::stopServer() {

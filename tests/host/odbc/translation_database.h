@@ -1,25 +1,12 @@
 #pragma once
 
 #include "host/odbc/odbc_database.h"
+#include "support/temp_folder.h"
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace headerdtc::testing {
-
-// A folder of its own below the system's temporary folder, removed with its owner.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder();
-
-    std::filesystem::path path;
-    // Writes a file and returns its path.
-    std::filesystem::path write(const std::string& name, const std::string& text) const;
-};
 
 using Rows = std::vector<std::vector<std::string>>;
 
@@ -46,14 +33,11 @@ class TranslationDatabase {
     // How many connections of the data source's user the server has, this question's included; of
     // SQLite, how many files this process has open.
     int connectionCount();
-    // The statements on the translation tables that the server has logged since the last call.
-    std::vector<std::string> loggedStatements();
     // Ends the server at once.
     void stopServer();
 
   private:
-    TemporaryFolder folder_;
-    std::uintmax_t logRead_ = 0;
+    TempFolder folder_;
 };
 
 }  // namespace headerdtc::testing

@@ -6,7 +6,6 @@
 # The command finds in its environment:
 #   HEADERDTC_SERVER        the kind of server
 #   HEADERDTC_SERVER_INI    an odbc.ini whose data source Orvane leads to it
-#   HEADERDTC_SERVER_LOG    its log of statements
 #   HEADERDTC_SERVER_STOP   a shell command that ends it at once
 #
 # Exit status: the command's; 77 when the server is not installed (1 instead with
@@ -36,7 +35,7 @@ prepare_postgresql() {
 
 start_postgresql() {
     "${as_server[@]}" postgres -D "$folder/data" -p "$1" -k "$folder" \
-        -c listen_addresses=127.0.0.1 -c fsync=off -c log_statement=all -c "log_line_prefix=%u " \
+        -c listen_addresses=127.0.0.1 -c fsync=off \
         >"$folder/log" 2>&1 &
     server=$!
     await pg_isready -h "$folder" -p "$1" &&
@@ -77,7 +76,7 @@ start_mariadb() {
     "${as_server[@]}" mariadbd --no-defaults --datadir="$folder/data" --socket="$folder/socket" \
         --pid-file="$folder/pid" --port="$1" --bind-address=127.0.0.1 --skip-name-resolve \
         --innodb-flush-log-at-trx-commit=0 --innodb-buffer-pool-size=32M \
-        --general-log --general-log-file="$folder/log" >"$folder/errors" 2>&1 &
+        >"$folder/log" 2>&1 &
     server=$!
     await mariadb-admin --no-defaults -S "$folder/socket" -u root ping &&
         mariadb --no-defaults -S "$folder/socket" -u root <<'END'
@@ -155,7 +154,7 @@ for ((attempt = 1; ; attempt++)); do
     "start_$kind" "$port" && break
     stop
     ((attempt < 3)) || {
-        cat "$folder/log" "$folder/errors" 2>/dev/null
+        cat "$folder/log"
         exit 1
     }
 done
@@ -163,6 +162,5 @@ done
 
 export HEADERDTC_SERVER=$kind
 export HEADERDTC_SERVER_INI=$folder/odbc.ini
-export HEADERDTC_SERVER_LOG=$folder/log
 export HEADERDTC_SERVER_STOP="kill -$end $server"
 "$@"
