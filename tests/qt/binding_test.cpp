@@ -1,9 +1,11 @@
 #include "i18n/add_label_dialog.h"
 #include "i18n/translation_store.h"
+#include "qt/surface/dialog_forms.h"
 #include "qt/surface/form_binder.h"
 #include "qt/surface_fixture.h"
 
 #include <QAbstractButton>
+#include <QDialog>
 #include <QKeySequence>
 #include <QLabel>
 #include <QTabBar>
@@ -43,6 +45,7 @@ TEST_F(SurfaceTest, WidgetsAreCalledByCaptionsOrElseLabelsOrElseControlNames) {
         {dtc.ZEKO.MoveUpCommand, "ZEKOMoveUpCommand", "Move up"},
         {dtc.EAI.FieldsList, "Available:", "Available fields"},
         {dtc.ZEKO.FieldsList, "Available fields:", "Available fields"},
+        {dtc.EAI.SelectedFieldsList, "Selected:", "Selected fields"},
         {dtc.ZEKO.SelectedFieldsList, "ZEKOSelectedFieldsList",
          "Selected fields"},  // its label is hidden
     };

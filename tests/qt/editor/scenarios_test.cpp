@@ -137,6 +137,7 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
         const WindowsPaths& drives = editor->page().site()->configuration->drives;
         return QFile::decodeName(drives.toLocal(file).c_str());
     };
+    dtc(*editor).SSTab1.clickTab(2);  // before the recording, and no part of it
     command(Command::Record);
     ScenarioPlayer player(*window, toLocal);
     player.play(lines);
