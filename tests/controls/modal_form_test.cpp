@@ -119,13 +119,5 @@ TEST_F(ModalFormTest, EnterAndEscapePressTheDialogsButtons) {
                 Contains("Cancel.Click").Times(1));
 }
 
-TEST_F(ModalFormTest, FormsFindTheirControlsByName) {
-    EXPECT_EQ(dialog.find("Name"), &name);
-    EXPECT_EQ(dialog.find("name"), nullptr);
-    EXPECT_EQ(surface.find("Name"), nullptr);
-    { const Button passing(dialog, "Passing", ""); }
-    EXPECT_EQ(dialog.find("Passing"), nullptr);
-}
-
 }  // namespace
 }  // namespace headerdtc

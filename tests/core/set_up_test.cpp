@@ -84,14 +84,11 @@ TEST_F(SetCriteriumValueTest, AScriptIsReplacedAndAnotherTypeRemovesIt) {
     EXPECT_EQ(dtc.EAI.CriteriaType.item("f"), INCLUDEFUNCTION);
 }
 
-TEST_F(SetCriteriumValueTest, AnUnknownFamilyReachesTheScriptsOnly) {
+TEST_F(SetCriteriumValueTest,
+       AnUnknownFamilyReachesTheScriptsOnlyAndAMissingRowTheDictionariesToo) {
     dtc.SetCriteriumValue(3, 1, "f", "text", USERSCRIPT);
     EXPECT_EQ(dtc.userDefinedScripts->item("f"), "text");
     EXPECT_EQ(dtc.EAI.CriteriaType.Count() + dtc.ZEKO.CriteriaType.Count(), 0);
-    EXPECT_THAT(prepared, IsEmpty());
-}
-
-TEST_F(SetCriteriumValueTest, ARowThatIsNotThereFailsAfterTheDictionaries) {
     EXPECT_EQ(errorOf([&] { dtc.SetCriteriumValue(2, 2, "f", "text", USERSCRIPT); }), 381);
     EXPECT_TRUE(dtc.ZEKO.CriteriaType.Exists("f"));
     EXPECT_THAT(prepared, IsEmpty());

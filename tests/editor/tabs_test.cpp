@@ -108,16 +108,8 @@ TEST_F(AnotherProviderTest, ChoosingTheFirstOneAgainBeforeThatKeepsTheWork) {
     EXPECT_THAT(notices(), IsEmpty());
 }
 
-TEST_F(AnotherProviderTest, TheI18NTabDropsTheTranslationsOfBothFamilies) {
-    dtc.SSTab1.clickTab(I18NTab);
-    EXPECT_EQ(dtc.EAI.I18NFieldValuesList.ListCount(), 0);
-    EXPECT_EQ(dtc.ZEKO.I18NFieldValuesList.ListCount(), 0);
-    EXPECT_THAT(notices(), ElementsAre("EAIReturnFields", "ZEKOReturnFields"));
-}
-
-TEST_F(AnotherProviderTest, ButNotOfAFamilyWhoseTabWasEnteredBefore) {
+TEST_F(AnotherProviderTest, TheI18NTabDropsTheTranslationsOfTheFamiliesNotYetEntered) {
     dtc.SSTab1.clickTab(EAITab);
-    notices();
     dtc.EAI.FieldsList.doubleClick(0);
     notices();
     dtc.SSTab1.clickTab(I18NTab);
@@ -127,6 +119,12 @@ TEST_F(AnotherProviderTest, ButNotOfAFamilyWhoseTabWasEnteredBefore) {
     EXPECT_EQ(dtc.I18NDataProviderText.Text(), "Stock");
     EXPECT_EQ(dtc.ZEKO.SelectedFieldsList.ListCount(), 1);
     EXPECT_THAT(notices(), ElementsAre("ZEKOReturnFields"));
+    dtc.EAI.I18NFieldValuesList.Selected(0, true);
+    choose("Orders");
+    notices();
+    dtc.SSTab1.clickTab(I18NTab);
+    EXPECT_EQ(dtc.EAI.I18NFieldValuesList.ListCount(), 0);
+    EXPECT_THAT(notices(), ElementsAre("EAIReturnFields"));
 }
 
 TEST_F(AnotherProviderTest, AMissingComponentLeavesTheTabEmptyAndIsNotAskedAgain) {

@@ -72,20 +72,6 @@ TEST_P(LinkGridsTest, APickLandsInTheClickedRowWhileAnotherEditorIsOpen) {
     EXPECT_EQ(fieldsOf(To), "012");
 }
 
-TEST_P(LinkGridsTest, AnEditorThatIsLeftWritesIntoItsOwnRow) {
-    for (const int column : {From, To}) {
-        grid.clickCell(1, column);
-        grid.clickCell(3, column);
-        grid.clickCell(2, column);
-        press(grid, Down, Enter);
-        grid.clickCell(1, 0);
-        EXPECT_EQ(fieldsOf(column), "012");
-    }
-    EXPECT_FALSE(family.FromLinkFieldsCombo.Visible());
-    EXPECT_FALSE(family.ToLinkFieldsCombo.Visible());
-    EXPECT_THAT(notices(), IsEmpty());
-}
-
 TEST_P(LinkGridsTest, APickLandsInTheRowThatKeysEntered) {
     grid.focus();
     for (const int column : {From, To}) {
