@@ -3,6 +3,7 @@
 namespace headerdtc {
 namespace {
 
+using enum Key::Kind;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -19,62 +20,46 @@ class ButtonTest : public ControlsTest {
 
 TEST_F(ButtonTest, AButtonIsPressedByMouseEnterAndBlank) {
     button.press();
-    button.press(Key::of(Key::Kind::Enter));
-    button.press(Key::of(U' '));
-    button.press(Key::of(U'x'));
+    press(button, Enter, U' ', U'x');
     EXPECT_THAT(events.take(),
                 ElementsAre("Button.GotFocus", "Button.Click", "Button.Click", "Button.Click"));
 }
 
-TEST_F(ButtonTest, ACheckBoxClicksWhenItsValueBecomesAnother) {
+TEST_F(ButtonTest, ACheckBoxClicksWhenItsValueChangesAndAPersonTurnsAGreyOneOff) {
     check.Value(CheckState::Greyed);
     check.Value(CheckState::Greyed);
     EXPECT_THAT(events.take(), ElementsAre("Check.Click"));
-}
-
-TEST_F(ButtonTest, APersonTurnsAGreyBoxOff) {
-    check.Value(CheckState::Greyed);
-    events.take();
     check.toggle();
     EXPECT_EQ(check.Value(), CheckState::Unchecked);
     EXPECT_THAT(events.take(), ElementsAre("Check.GotFocus", "Check.Click"));
-    check.press(Key::of(U' '));
-    EXPECT_EQ(check.Value(), CheckState::Checked);
-    check.press(Key::of(Key::Kind::Enter));
+    press(check, U' ', Enter);
     EXPECT_EQ(check.Value(), CheckState::Checked);
 }
 
-TEST_F(ButtonTest, ChoosingAnOptionDeselectsTheOthersWithoutTheirClick) {
+TEST_F(ButtonTest, ChoosingAnOptionDeselectsTheOthersBeforeItsClickAndWithoutTheirs) {
+    bool alone = false;
+    const auto handler = two.Click.subscribe([&] { alone = two.Value() && !one.Value(); });
     EXPECT_FALSE(one.Value() || two.Value() || three.Value());
     one.Value(true);
     two.pick();
     two.pick();
     EXPECT_THAT(events.take(), ElementsAre("One.Click", "Two.GotFocus", "Two.Click"));
-    EXPECT_FALSE(one.Value());
+    EXPECT_TRUE(alone);
     two.Value(false);
     EXPECT_FALSE(two.Value());
     EXPECT_THAT(events.take(), IsEmpty());
 }
 
-TEST_F(ButtonTest, TheOthersAreDeselectedWhenTheClickComes) {
-    one.Value(true);
-    bool alone = false;
-    const auto handler = three.Click.subscribe([&] { alone = three.Value() && !one.Value(); });
-    three.pick();
-    EXPECT_TRUE(alone);
-}
-
 TEST_F(ButtonTest, ArrowsGoRoundTheOptionsThatCanBeUsed) {
     two.Enabled(false);
-    one.press(Key::of(Key::Kind::Down));
-    EXPECT_TRUE(three.Value());
-    EXPECT_TRUE(three.hasFocus());
-    three.press(Key::of(Key::Kind::Right));
+    press(one, Down);
+    EXPECT_TRUE(three.Value() && three.hasFocus());
+    press(three, Right);
     EXPECT_TRUE(one.Value());
-    one.press(Key::of(Key::Kind::Up));
+    press(one, Up);
     EXPECT_TRUE(three.Value());
     one.Visible(false);
-    three.press(Key::of(Key::Kind::Down));
+    press(three, Down);
     EXPECT_TRUE(three.Value() && three.hasFocus());
 }
 

@@ -8,11 +8,10 @@
 #include "controls/list_box.h"
 #include "controls/tab_strip.h"
 #include "controls/text_box.h"
-#include "platform/runtime_error.h"
+#include "support/control_tools.h"
 #include "support/fake_surroundings.h"
 
 #include <gmock/gmock.h>
-#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,21 +28,18 @@ class EventRecorder : public ControlVisitor {
     std::vector<std::string> take() { return std::exchange(events_, {}); }
     void note(std::string event) { events_.push_back(std::move(event)); }
 
-    void visit(Button& control) override { focus(control), on(control, control.Click, "Click"); }
-    void visit(CheckBox& control) override { focus(control), on(control, control.Click, "Click"); }
-    void visit(OptionButton& control) override {
-        focus(control), on(control, control.Click, "Click");
-    }
+    void visit(Button& control) override { focusAndClick(control); }
+    void visit(CheckBox& control) override { focusAndClick(control); }
+    void visit(OptionButton& control) override { focusAndClick(control); }
+    void visit(TabStrip& control) override { focusAndClick(control); }
     void visit(Label&) override {}
     void visit(ComboBox& control) override {
-        focus(control);
-        on(control, control.Click, "Click");
+        focusAndClick(control);
         on(control, control.Change, "Change");
         on(control, control.KeyPress, "KeyPress");
     }
     void visit(ListBox& control) override {
-        focus(control);
-        on(control, control.Click, "Click");
+        focusAndClick(control);
         on(control, control.DblClick, "DblClick");
     }
     void visit(TextBox& control) override {
@@ -52,12 +48,10 @@ class EventRecorder : public ControlVisitor {
         on(control, control.KeyDown, "KeyDown");
         on(control, control.KeyPress, "KeyPress");
     }
-    void visit(TabStrip& control) override { focus(control), on(control, control.Click, "Click"); }
     void visit(Grid& control) override {
-        focus(control);
+        focusAndClick(control);
         on(control, control.EnterCell, "EnterCell");
         on(control, control.RowColChange, "RowColChange");
-        on(control, control.Click, "Click");
         on(control, control.DblClick, "DblClick");
         on(control, control.KeyPress, "KeyPress");
         on(control, control.Scroll, "Scroll");
@@ -67,6 +61,11 @@ class EventRecorder : public ControlVisitor {
     void focus(Control& control) {
         on(control, control.GotFocus, "GotFocus");
         on(control, control.LostFocus, "LostFocus");
+    }
+    template <class Clickable>
+    void focusAndClick(Clickable& control) {
+        focus(control);
+        on(control, control.Click, "Click");
     }
     // Numbers that an event carries follow its name: "Box.KeyPress 13".
     template <class... Args>
@@ -82,39 +81,6 @@ class EventRecorder : public ControlVisitor {
     Subscriptions subscriptions_;
 };
 
-// The number of the run-time failure that an action raises, 0 for none.
-template <class Action>
-int errorOf(Action&& action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
-template <class List>
-void fill(List& list, std::initializer_list<const char*> items) {
-    for (const char* item : items)
-        list.AddItem(item);
-}
-
-template <class List>
-std::vector<std::string> itemsOf(const List& list) {
-    std::vector<std::string> items;
-    for (int i = 0; i < list.ListCount(); ++i)
-        items.push_back(list.List(i));
-    return items;
-}
-
-inline std::vector<int> selectionOf(const ListBox& list) {
-    std::vector<int> selected;
-    for (int i = 0; i < list.ListCount(); ++i) {
-        if (list.Selected(i)) selected.push_back(i);
-    }
-    return selected;
-}
-
 // A surface; the test adds the controls, then records their events.
 struct ControlsTest : ::testing::Test {
     testing::ScriptedModalLoop loop;
@@ -122,6 +88,13 @@ struct ControlsTest : ::testing::Test {
     Form surface{desktop, "UserControl", Form::Kind::Surface};
     EventRecorder events;
 
+    // What an action raises.
+    template <class Action>
+    std::vector<std::string> eventsOf(Action&& action) {
+        events.take();
+        action();
+        return events.take();
+    }
     // Whether the action is refused without any event.
     template <class Action>
     bool isRefused(Action&& action) {

@@ -27,7 +27,6 @@ TEST_F(EventTest, HandlersRunInTheOrderOfSubscriptionUntilOneFails) {
     const auto failing = event.subscribe([] { throw std::runtime_error("failed"); });
     const auto b = log("b");
     EXPECT_THROW(event.raise(), std::runtime_error);
-    EXPECT_EQ(calls, "a");
     EXPECT_THROW(event.raise(), std::runtime_error);
     EXPECT_EQ(calls, "aa");
 }
@@ -82,8 +81,7 @@ TEST_F(EventTest, AHandlerMayDestroyTheEventAndSubscriptionsMayOutliveIt) {
 
 TEST_F(EventTest, AssigningASubscriptionCancelsTheOneBefore) {
     Subscription mine = log("a");
-    Subscription other = log("b");
-    mine = std::move(other);
+    mine = log("b");
     EXPECT_EQ(callsOfRaising(), "b");
     mine = Subscription();
     EXPECT_EQ(callsOfRaising(), "");

@@ -3,6 +3,7 @@
 namespace headerdtc {
 namespace {
 
+using enum Key::Kind;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -21,9 +22,12 @@ class FocusTest : public ControlsTest {
     Button onPage1Too{surface, "OnPage1Too", "Press"};
 };
 
-TEST_F(FocusTest, AMoveRaisesLostFocusThenGotFocus) {
+TEST_F(FocusTest, AMoveRaisesLostFocusThenGotFocusAndNobodyHasItInBetween) {
     box.focus();
+    const Control* during = &box;
+    const auto handler = box.LostFocus.subscribe([&] { during = surface.ActiveControl(); });
     button.SetFocus();
+    EXPECT_EQ(during, nullptr);
     EXPECT_THAT(events.take(), ElementsAre("Box.GotFocus", "Box.LostFocus", "Button.GotFocus"));
     button.SetFocus();
     button.press();
@@ -33,51 +37,44 @@ TEST_F(FocusTest, AMoveRaisesLostFocusThenGotFocus) {
 
 TEST_F(FocusTest, AControlThatBecomesUnusableLosesTheFocus) {
     box.focus();
-    box.Visible(false);
+    EXPECT_THAT(eventsOf([&] { box.Visible(false); }), ElementsAre("Box.LostFocus"));
     EXPECT_FALSE(box.hasFocus());
     box.Visible(true);
     box.focus();
-    box.Enabled(false);
-    EXPECT_THAT(events.take(),
-                ElementsAre("Box.GotFocus", "Box.LostFocus", "Box.GotFocus", "Box.LostFocus"));
+    EXPECT_THAT(eventsOf([&] { box.Enabled(false); }), ElementsAre("Box.LostFocus"));
     EXPECT_EQ(surface.ActiveControl(), nullptr);
 }
 
-TEST_F(FocusTest, AProgramCannotGiveItToWhatIsUnusable) {
+TEST_F(FocusTest, NeitherProgramNorPersonReachesWhatIsHiddenDisabledOrOnAnotherTab) {
     box.focus();
     events.take();
     button.Enabled(false);
-    for (Control* control : {static_cast<Control*>(&button), static_cast<Control*>(&onPage1),
-                             static_cast<Control*>(&label)})
-        EXPECT_EQ(errorOf([&] { control->SetFocus(); }), 5);
+    for (Control* control : std::initializer_list<Control*>{&button, &onPage1, &label}) {
+        EXPECT_EQ(errorOf([&] { control->SetFocus(); }), 5) << control->name();
+        EXPECT_TRUE(isRefused([&] { control->focus(); })) << control->name();
+        EXPECT_TRUE(isRefused([&] { control->press(Key::of(Down)); })) << control->name();
+    }
+    button.Enabled(true);
+    button.Visible(false);
+    EXPECT_TRUE(isRefused([&] { button.press(); }));
     EXPECT_TRUE(box.hasFocus());
-    EXPECT_THAT(events.take(), IsEmpty());
+    EXPECT_THAT([&] { onPage1.focus(); }, ::testing::ThrowsMessage<ActionRefused>(
+                                              "'OnPage1' cannot be used: it is on another tab"));
 }
 
 TEST_F(FocusTest, ALostFocusHandlerMaySendItElsewhere) {
     box.focus();
-    events.take();
     const auto handler = box.LostFocus.subscribe([&] { tabs.SetFocus(); });
-    button.focus();
-    EXPECT_THAT(events.take(), ElementsAre("Box.LostFocus", "Tabs.GotFocus"));
+    EXPECT_THAT(eventsOf([&] { button.focus(); }), ElementsAre("Box.LostFocus", "Tabs.GotFocus"));
     EXPECT_TRUE(tabs.hasFocus());
 }
 
 TEST_F(FocusTest, ALostFocusHandlerThatDisablesTheTargetStopsTheAction) {
     box.focus();
-    events.take();
     const auto handler = box.LostFocus.subscribe([&] { button.Enabled(false); });
-    EXPECT_THROW(button.press(), ActionRefused);
-    EXPECT_THAT(events.take(), ElementsAre("Box.LostFocus"));
+    EXPECT_THAT(eventsOf([&] { EXPECT_THROW(button.press(), ActionRefused); }),
+                ElementsAre("Box.LostFocus"));
     EXPECT_EQ(surface.ActiveControl(), nullptr);
-}
-
-TEST_F(FocusTest, WhileItMovesNobodyHasIt) {
-    box.focus();
-    const Control* during = &box;
-    const auto handler = box.LostFocus.subscribe([&] { during = surface.ActiveControl(); });
-    button.focus();
-    EXPECT_EQ(during, nullptr);
 }
 
 TEST_F(FocusTest, AFailingHandlerLeavesTheFocusNowhereAndTheViewsKnow) {
@@ -91,37 +88,16 @@ TEST_F(FocusTest, AFailingHandlerLeavesTheFocusNowhereAndTheViewsKnow) {
     EXPECT_EQ(told, 1);
 }
 
-TEST_F(FocusTest, APersonReachesNothingHiddenDisabledOrOnAnotherTab) {
-    box.focus();
-    box.Locked(false);
-    button.Visible(false);
-    EXPECT_TRUE(isRefused([&] { button.press(); }));
-    button.Visible(true);
-    button.Enabled(false);
-    EXPECT_TRUE(isRefused([&] { button.press(Key::of(Key::Kind::Enter)); }));
-    EXPECT_TRUE(isRefused([&] { onPage1.focus(); }));
-    EXPECT_TRUE(isRefused([&] { onPage1.press(Key::of(Key::Kind::Down)); }));
-    EXPECT_TRUE(isRefused([&] { label.focus(); }));
-    EXPECT_TRUE(isRefused([&] { label.press(Key::of(U'x')); }));
-    EXPECT_TRUE(box.hasFocus());
-    try {
-        onPage1.focus();
-    } catch (const ActionRefused& refusal) {
-        EXPECT_STREQ(refusal.what(), "'OnPage1' cannot be used: it is on another tab");
-    }
-}
-
 // ---- Tab key and tab strip ----------------------------------------------------------------------
 
 TEST_F(FocusTest, TabGoesRoundTheUsableControlsInTheirOrder) {
-    Key back = Key::of(Key::Kind::Tab);
+    Key back = Key::of(Tab);
     back.shift = true;
-    const Key forth = Key::of(Key::Kind::Tab);
-    tabs.press(forth);
+    press(tabs, Tab);
     EXPECT_TRUE(box.hasFocus());
-    box.press(forth);
+    press(box, Tab);
     EXPECT_TRUE(button.hasFocus()) << "past the label";
-    button.press(forth);
+    press(button, Tab);
     EXPECT_TRUE(tabs.hasFocus()) << "past what is on another tab";
     tabs.press(back);
     EXPECT_TRUE(button.hasFocus());
@@ -133,15 +109,13 @@ TEST_F(FocusTest, TabGoesRoundTheUsableControlsInTheirOrder) {
 
 TEST_F(FocusTest, AClickedTabGetsTheFocusThenShowsItsPage) {
     box.focus();
-    events.take();
     int pageWhenLost = -1;
     const auto handler = box.LostFocus.subscribe([&] { pageWhenLost = tabs.Tab(); });
-    tabs.clickTab(1);
-    EXPECT_THAT(events.take(), ElementsAre("Box.LostFocus", "Tabs.GotFocus", "Tabs.Click 0"));
+    EXPECT_THAT(eventsOf([&] { tabs.clickTab(1); }),
+                ElementsAre("Box.LostFocus", "Tabs.GotFocus", "Tabs.Click 0"));
     EXPECT_EQ(pageWhenLost, 0);
     EXPECT_TRUE(onPage1.isShowing());
-    tabs.clickTab(1);
-    EXPECT_THAT(events.take(), ElementsAre("Tabs.Click 1"));
+    EXPECT_THAT(eventsOf([&] { tabs.clickTab(1); }), ElementsAre("Tabs.Click 1"));
     EXPECT_TRUE(isRefused([&] { tabs.clickTab(2); }));
     EXPECT_TRUE(isRefused([&] { tabs.clickTab(-1); }));
     EXPECT_EQ(tabs.Tab(), 1);
@@ -150,20 +124,16 @@ TEST_F(FocusTest, AClickedTabGetsTheFocusThenShowsItsPage) {
 TEST_F(FocusTest, AProgramThatTurnsThePageTakesTheFocusFromWhatWasOnIt) {
     tabs.Tab(1);
     onPage1.focus();
-    events.take();
-    tabs.Tab(1);
-    EXPECT_THAT(events.take(), IsEmpty());
-    tabs.Tab(0);
-    EXPECT_THAT(events.take(), ElementsAre("OnPage1.LostFocus", "Tabs.Click 1"));
+    EXPECT_THAT(eventsOf([&] { tabs.Tab(1); }), IsEmpty());
+    EXPECT_THAT(eventsOf([&] { tabs.Tab(0); }), ElementsAre("OnPage1.LostFocus", "Tabs.Click 1"));
     EXPECT_EQ(errorOf([&] { tabs.Tab(2); }), 380);
     EXPECT_EQ(tabs.Tab(), 0);
 }
 
 TEST_F(FocusTest, ArrowsTurnThePagesUpToTheEnds) {
-    tabs.press(Key::of(Key::Kind::Left));
+    press(tabs, Left);
     EXPECT_EQ(tabs.Tab(), 0);
-    tabs.press(Key::of(Key::Kind::Right));
-    tabs.press(Key::of(Key::Kind::Right));
+    press(tabs, Right, Right);
     EXPECT_EQ(tabs.Tab(), 1);
     EXPECT_THAT(events.take(), ElementsAre("Tabs.GotFocus", "Tabs.Click 0"));
 }
@@ -172,12 +142,8 @@ TEST_F(FocusTest, AKeyOutsideTheControlsReachesTheSurface) {
     std::vector<int> codes;
     const auto handler = surface.KeyPress.subscribe([&](int code) { codes.push_back(code); });
     box.focus();
-    events.take();
-    surface.press(Key::of(U'a'));
-    surface.press(Key::of(Key::Kind::Delete));
+    EXPECT_THAT(eventsOf([&] { press(surface, U'a', Delete); }), ElementsAre("Box.LostFocus"));
     EXPECT_THAT(codes, ElementsAre(97, 46));
-    EXPECT_THAT(events.take(), ElementsAre("Box.LostFocus"));
-    EXPECT_EQ(surface.ActiveControl(), nullptr);
 }
 
 }  // namespace

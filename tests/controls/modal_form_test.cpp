@@ -3,6 +3,8 @@
 namespace headerdtc {
 namespace {
 
+using enum Key::Kind;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -51,16 +53,22 @@ TEST_F(ModalFormTest, OpeningPaintsFocusesTheFirstUsableControlAndWaits) {
     EXPECT_THAT(events.take(), ElementsAre("Open.Click", "opened Dialog", "Paint", "Name.GotFocus",
                                            "closed Dialog", "after the dialog"))
         << "loaded once, painted again";
+    subscriptions += dialog.Paint.subscribe([this] { dialog.Hide(); });
+    loop.formsShown.clear();
+    open.press();
+    EXPECT_THAT(loop.formsShown, IsEmpty()) << "hidden before it waits";
+    EXPECT_EQ(events.take().back(), "after the dialog");
 }
 
-TEST_F(ModalFormTest, OnlyTheTopDialogCanBeReached) {
+TEST_F(ModalFormTest, OnlyTheTopDialogCanBeReachedAndNoneIsOpenedTwice) {
     Form second(desktop, "Second", Form::Kind::Dialog);
     Button more(second, "More", "More");
     bool checked = false;
     then([&](Form&) {
         EXPECT_TRUE(isRefused([&] { open.press(); }));
-        EXPECT_TRUE(isRefused([&] { surface.press(Key::of(U'x')); }));
+        EXPECT_TRUE(isRefused([&] { press(surface, U'x'); }));
         EXPECT_TRUE(isRefused([&] { more.press(); })) << "not open yet";
+        EXPECT_EQ(errorOf([&] { dialog.ShowModal(); }), 5);
         then([&](Form&) {
             EXPECT_TRUE(isRefused([&] { name.type("x"); }));
             more.press();
@@ -74,6 +82,8 @@ TEST_F(ModalFormTest, OnlyTheTopDialogCanBeReached) {
     EXPECT_EQ(name.Text(), "reachable again");
     EXPECT_THAT(desktop.modalForms(), IsEmpty());
     EXPECT_TRUE(isRefused([&] { ok.press(); }));
+    EXPECT_EQ(errorOf([&] { surface.ShowModal(); }), 5);
+    EXPECT_EQ(desktop.modalCount(), 2);
 }
 
 TEST_F(ModalFormTest, AFailureInsideReachesWhoeverOpenedTheDialog) {
@@ -87,47 +97,26 @@ TEST_F(ModalFormTest, AFailureInsideReachesWhoeverOpenedTheDialog) {
     EXPECT_TRUE(open.hasFocus());
 }
 
-TEST_F(ModalFormTest, AFormThatIsOpenCannotBeOpenedAgain) {
-    then([this](Form&) { EXPECT_EQ(errorOf([&] { dialog.ShowModal(); }), 5); });
-    open.press();
-    EXPECT_EQ(errorOf([&] { surface.ShowModal(); }), 5);
-    EXPECT_EQ(desktop.modalCount(), 1);
-}
-
-TEST_F(ModalFormTest, ADialogHiddenBeforeItWaitsIsClosedAtOnce) {
-    subscriptions += dialog.Paint.subscribe([this] { dialog.Hide(); });
-    open.press();
-    EXPECT_THAT(loop.formsShown, IsEmpty());
-    EXPECT_EQ(events.take().back(), "after the dialog");
-}
-
 TEST_F(ModalFormTest, EnterAndEscapePressTheDialogsButtons) {
-    then([this](Form&) { name.press(Key::of(Key::Kind::Enter)); });
-    open.press();
-    EXPECT_THAT(events.take(), ::testing::IsSupersetOf({"Name.LostFocus", "OK.Click"}));
-    then([this](Form& form) { form.dismiss(); });
-    open.press();
-    EXPECT_THAT(events.take(), ::testing::Contains("Cancel.Click"));
+    then([this](Form&) { press(name, Enter); });
+    EXPECT_THAT(eventsOf([&] { open.press(); }),
+                ::testing::IsSupersetOf({"Name.LostFocus", "OK.Click"}));
+    then([](Form& form) { form.dismiss(); });
+    EXPECT_THAT(eventsOf([&] { open.press(); }), Contains("Cancel.Click"));
     then([this](Form& form) {
-        grid.press(Key::of(Key::Kind::Enter));
+        press(grid, Enter);
         EXPECT_TRUE(form.Visible()) << "a grid keeps Enter for its cells";
         ok.Enabled(false);
-        name.press(Key::of(Key::Kind::Enter));
+        press(name, Enter);
         EXPECT_TRUE(form.Visible());
-        form.press(Key::of(Key::Kind::Escape));
+        press(form, Escape);
         EXPECT_FALSE(form.Visible());
     });
-    open.press();
-    open.press(Key::of(Key::Kind::Escape));
-    EXPECT_THAT(events.take(), ::testing::Contains("Cancel.Click").Times(1));
-}
-
-TEST_F(ModalFormTest, FormsFindTheirControlsByName) {
-    EXPECT_EQ(dialog.find("Name"), &name);
-    EXPECT_EQ(dialog.find("name"), nullptr);
-    EXPECT_EQ(surface.find("Name"), nullptr);
-    { const Button passing(dialog, "Passing", ""); }
-    EXPECT_EQ(dialog.find("Passing"), nullptr);
+    EXPECT_THAT(eventsOf([&] {
+                    open.press();
+                    press(open, Escape);
+                }),
+                Contains("Cancel.Click").Times(1));
 }
 
 }  // namespace

@@ -1,50 +1,30 @@
 #pragma once
 
 #include "core/header_dtc.h"
+#include "support/control_tools.h"
 #include "support/fake_surroundings.h"
 
 #include <gmock/gmock.h>
-#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace headerdtc {
 
-template <class List>
-void fill(List& list, std::initializer_list<const char*> items) {
-    for (const char* item : items)
-        list.AddItem(item);
-}
+// One control that is not set up yet, over stand-ins for all that it asks of its surroundings.
+struct BareControl {
+    // What has come since the last call: properties that the host heard of, failures that were
+    // reported, and all texts that were shown.
+    std::vector<std::string> notices() { return std::exchange(outside.changes.changed, {}); }
+    std::vector<std::string> errors() { return std::exchange(outside.messages.errors, {}); }
+    std::vector<std::string> messages() { return std::exchange(outside.messages.shown, {}); }
 
-template <class List>
-std::vector<std::string> itemsOf(const List& list) {
-    std::vector<std::string> items;
-    for (int i = 0; i < list.ListCount(); ++i)
-        items.push_back(list.List(i));
-    return items;
-}
-
-inline std::vector<std::string> selectedItemsOf(const ListBox& list) {
-    std::vector<std::string> items;
-    for (int i = 0; i < list.ListCount(); ++i) {
-        if (list.Selected(i)) items.push_back(list.List(i));
-    }
-    return items;
-}
-
-// The number of the run-time failure that an action raises, 0 for none.
-template <class Action>
-int errorOf(Action&& action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
+    testing::FakeSurroundings outside;
+    HeaderDTC dtc{outside.all(), outside.modalLoop};
+};
 
 // One set-up control with "Orders" and "Stock" as data providers, without any behaviours.
-struct TestControl {
+struct TestControl : BareControl {
     TestControl() {
         dtc.procedures.PrepareGeneralTab = [this] {
             fill(dtc.DataProvidersCombo, {"Orders", "Stock"});
@@ -53,11 +33,13 @@ struct TestControl {
         };
         dtc.UserControl_Initialize();
     }
-
-    testing::FakeSurroundings outside;
-    HeaderDTC dtc{outside.all(), outside.modalLoop};
 };
 
 class ControlTest : public ::testing::Test, protected TestControl {};
+
+// For tests that run for each family.
+inline std::string nameOfFamily(const ::testing::TestParamInfo<Family>& info) {
+    return std::string(traitsOf(info.param).prefix);
+}
 
 }  // namespace headerdtc

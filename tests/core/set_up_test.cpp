@@ -1,25 +1,17 @@
-#include "core/common_dialog.h"
 #include "core/control_fixture.h"
 
 namespace headerdtc {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
-std::vector<std::string> headersOf(const Grid& grid) {
-    std::vector<std::string> headers;
-    headers.reserve(static_cast<std::size_t>(grid.Cols()));
+// "header width" of each column.
+std::vector<std::string> columnsOf(const Grid& grid) {
+    std::vector<std::string> columns;
     for (int column = 0; column < grid.Cols(); ++column)
-        headers.push_back(grid.TextMatrix(0, column));
-    return headers;
-}
-
-std::vector<int> widthsOf(const Grid& grid) {
-    std::vector<int> widths;
-    widths.reserve(static_cast<std::size_t>(grid.Cols()));
-    for (int column = 0; column < grid.Cols(); ++column)
-        widths.push_back(grid.ColWidth(column));
-    return widths;
+        columns.push_back(grid.TextMatrix(0, column) + " " + std::to_string(grid.ColWidth(column)));
+    return columns;
 }
 
 class SetUpTest : public ControlTest {};
@@ -28,21 +20,16 @@ TEST_F(SetUpTest, BothFamiliesAreSetUpAlike) {
     for (const Family which : BothFamilies) {
         const FamilyControls& family = dtc.family(which);
         EXPECT_THAT(itemsOf(family.OperatorsCombo), ElementsAre("==", "<=", ">="));
-        EXPECT_THAT(headersOf(family.CriteriaGrid), ElementsAre("", "Key", "", "Value", ""));
-        EXPECT_THAT(widthsOf(family.CriteriaGrid), ElementsAre(200, 1800, 550, 2052, 255));
+        EXPECT_THAT(columnsOf(family.CriteriaGrid),
+                    ElementsAre(" 200", "Key 1800", " 550", "Value 2052", " 255"));
         EXPECT_EQ(family.CriteriaGrid.RowHeightMin(), 323);
-        EXPECT_THAT(headersOf(family.LinksGrid), ElementsAre("", "From", "To"));
-        EXPECT_THAT(widthsOf(family.LinksGrid), ElementsAre(200, 2315, 2315));
-        EXPECT_EQ(family.CriteriaGrid.Rows(), 2);
-        EXPECT_EQ(family.LinksGrid.Rows(), 2);
+        EXPECT_THAT(columnsOf(family.LinksGrid), ElementsAre(" 200", "From 2315", "To 2315"));
         EXPECT_EQ(family.criteriaRows.current, -1);
         EXPECT_EQ(family.linkRows.previous, -1);
         EXPECT_TRUE(family.warnAboutDeleteKey);
     }
-    EXPECT_EQ(dtc.XSLFilenameText.Text(), "xsl/Generic.xsl");
-    EXPECT_EQ(dtc.SSTab1.Tab(), 0);
     EXPECT_EQ(dtc.DataProvidersCombo.ListCount(), 2);
-    EXPECT_TRUE(outside.messages.shown.empty());
+    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(SetUpTest, AFailureIsReportedUnderItsShortNameAndLeavesWhatWasSetUp) {
@@ -51,7 +38,7 @@ TEST_F(SetUpTest, AFailureIsReportedUnderItsShortNameAndLeavesWhatWasSetUp) {
         throw RuntimeError(ErrorNumber::CannotCreateObject);
     };
     other.UserControl_Initialize();
-    EXPECT_THAT(outside.messages.errors,
+    EXPECT_THAT(errors(),
                 ElementsAre("Error in 'Initialize': ActiveX component can't create object (429)"));
     EXPECT_EQ(other.XSLFilenameText.Text(), "xsl/Generic.xsl");
 }
@@ -97,32 +84,14 @@ TEST_F(SetCriteriumValueTest, AScriptIsReplacedAndAnotherTypeRemovesIt) {
     EXPECT_EQ(dtc.EAI.CriteriaType.item("f"), INCLUDEFUNCTION);
 }
 
-TEST_F(SetCriteriumValueTest, AnUnknownFamilyReachesTheScriptsOnly) {
+TEST_F(SetCriteriumValueTest,
+       AnUnknownFamilyReachesTheScriptsOnlyAndAMissingRowTheDictionariesToo) {
     dtc.SetCriteriumValue(3, 1, "f", "text", USERSCRIPT);
     EXPECT_EQ(dtc.userDefinedScripts->item("f"), "text");
     EXPECT_EQ(dtc.EAI.CriteriaType.Count() + dtc.ZEKO.CriteriaType.Count(), 0);
-    EXPECT_TRUE(prepared.empty());
-}
-
-TEST_F(SetCriteriumValueTest, ARowThatIsNotThereFailsAfterTheDictionaries) {
     EXPECT_EQ(errorOf([&] { dtc.SetCriteriumValue(2, 2, "f", "text", USERSCRIPT); }), 381);
     EXPECT_TRUE(dtc.ZEKO.CriteriaType.Exists("f"));
-    EXPECT_TRUE(prepared.empty());
-}
-
-TEST(CommonDialogTest, SettingsAndFileSurviveACancelledShowing) {
-    testing::ScriptedFileDialog window;
-    window.answers = {"C:\\SITES\\MAIN\\a.asp"};
-    CommonDialog dialog(window, "Browse");
-    dialog.InitDir = "C:\\SITES\\MAIN\\";
-    dialog.Filter = "Pages|*.asp";
-    dialog.ShowOpen();
-    dialog.ShowOpen();
-    EXPECT_EQ(dialog.FileName, "C:\\SITES\\MAIN\\a.asp");
-    ASSERT_EQ(window.requests.size(), 2U);
-    EXPECT_EQ(window.requests[1].title, "Browse");
-    EXPECT_EQ(window.requests[1].initialDirectory, "C:\\SITES\\MAIN\\");
-    EXPECT_EQ(window.requests[1].filter, "Pages|*.asp");
+    EXPECT_THAT(prepared, IsEmpty());
 }
 
 }  // namespace

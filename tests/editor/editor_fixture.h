@@ -7,7 +7,7 @@ namespace headerdtc {
 
 // A control with the behaviours of the editor, and two data providers: "Orders" with twelve ZEKO
 // fields and two EAI groups, "Stock" with one field of each kind.
-class EditorTest : public ::testing::Test {
+class EditorTest : public ::testing::Test, protected BareControl {
   protected:
     EditorTest() {
         testing::FakeProvider orders{
@@ -30,12 +30,7 @@ class EditorTest : public ::testing::Test {
         dtc.SSTab1.clickTab(0);
         dtc.DataProvidersCombo.choose(provider);
     }
-    // What the host has heard since the last call.
-    std::vector<std::string> notices() { return std::exchange(outside.changes.changed, {}); }
-    std::vector<std::string> errors() { return std::exchange(outside.messages.errors, {}); }
 
-    testing::FakeSurroundings outside;
-    HeaderDTC dtc{outside.all(), outside.modalLoop};
     Editor editor{dtc};
 };
 
@@ -55,9 +50,5 @@ class FamilyTest : public EditorTest, public ::testing::WithParamInterface<Famil
 
     FamilyControls& family = dtc.family(GetParam());
 };
-
-inline std::string nameOfFamily(const ::testing::TestParamInfo<Family>& info) {
-    return std::string(traitsOf(info.param).prefix);
-}
 
 }  // namespace headerdtc

@@ -7,8 +7,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-
 // Entry for entry, as the rule is stated.
 void removeByScanning(FamilyControls& family, const std::string& field) {
     const int names = family.I18NFieldnamesList.ListCount();
@@ -52,17 +50,6 @@ class TranslationRemovalTest : public ControlTest {
 
     std::mt19937 random{20240102};  // NOLINT: the same cases every time
 };
-
-TEST_F(TranslationRemovalTest, AnEntryThatMovesIntoTheScannedPlaceIsPassedOver) {
-    fill(dtc.EAI.I18NFieldnamesList, {"A", "A", "B", "A"});
-    // Scanned as far as the names went: the last A stays out of reach.
-    fill(dtc.EAI.LinkedFieldsList, {"A", "B", "C", "D", "E", "A"});
-    fill(dtc.EAI.I18NFieldValuesList, {"A", "A", "A", "A"});
-    TranslationRemoval(dtc.EAI).remove("A");
-    EXPECT_THAT(contents(dtc.EAI),
-                ElementsAre(ElementsAre("A", "B"), ElementsAre("B", "C", "D", "E", "A"),
-                            ElementsAre("A", "A")));
-}
 
 TEST_F(TranslationRemovalTest, GivesWhatTheScansGive) {
     int failures = 0;

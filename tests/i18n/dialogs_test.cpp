@@ -1,33 +1,29 @@
-#include "core/header_dtc.h"
+#include "core/control_fixture.h"
 #include "i18n/field_translation.h"
-#include "support/fake_surroundings.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <map>
 
 namespace headerdtc {
 namespace {
 
+using enum Key::Kind;
 using headerdtc::testing::FakeRows;
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 // The I18N tab of a control with two ZEKO return fields, over a database that answers by table.
-class TranslationDialogs : public ::testing::Test {
+class TranslationDialogs : public ::testing::Test, protected BareControl {
   protected:
     TranslationDialogs() {
         outside.database.execute = [this](const std::string& sql) { return answer(sql); };
         dtc.UserControl_Initialize();
         dtc.dataProvider = "Orders";
-        for (const char* entry : {"1 - ORDNO", "2 - CUSTNO"}) {
-            dtc.ZEKO.I18NFieldnamesList.AddItem(entry);
-            dtc.ZEKO.I18NFieldValuesList.AddItem(entry);
-        }
-        dtc.EAI.I18NFieldnamesList.AddItem("ORDERS.ORDNO.X");
+        fill(dtc.ZEKO.I18NFieldnamesList, {"1 - ORDNO", "2 - CUSTNO"});
+        fill(dtc.ZEKO.I18NFieldValuesList, {"1 - ORDNO", "2 - CUSTNO"});
+        fill(dtc.EAI.I18NFieldnamesList, {"ORDERS.ORDNO.X"});
         dtc.SSTab1.Tab(3);
     }
 
@@ -68,13 +64,11 @@ class TranslationDialogs : public ::testing::Test {
     static Kind& control(Form& form, const char* name) {
         return dynamic_cast<Kind&>(*form.find(name));
     }
-    static void press(Form& form, const char* name) { control<Button>(form, name).press(); }
+    static void pushButton(Form& form, const char* name) { control<Button>(form, name).press(); }
     void onNextDialog(std::function<void(Form&)> script) {
         outside.modalLoop.scripts.push_back(std::move(script));
     }
 
-    testing::FakeSurroundings outside;
-    HeaderDTC dtc{outside.all(), outside.modalLoop};
     FieldTranslation translation{dtc};
     std::vector<std::vector<std::string>> fieldnameRows;
     std::vector<std::vector<std::string>> valueRows;
@@ -87,13 +81,13 @@ TEST_F(TranslationDialogs, AClickAsksOnlyWhenTheFieldNameHasNoTranslation) {
     fieldnameRows = {{"SLBDA1"}};
     dtc.ZEKO.I18NFieldnamesList.select({1}, 1);
     EXPECT_THAT(outside.modalLoop.formsShown, IsEmpty());
-    EXPECT_THAT(outside.changes.changed, ElementsAre("ZEKOReturnFields"));
+    EXPECT_THAT(notices(), ElementsAre("ZEKOReturnFields"));
 
     fieldnameRows.clear();
     std::string question;
     onNextDialog([&](Form& form) {
         question = control<Label>(form, "QuestionTextLabel").Caption();
-        press(form, "CancelButton");
+        pushButton(form, "CancelButton");
     });
     dtc.ZEKO.I18NFieldnamesList.select({1}, 1);
     EXPECT_EQ(question, "Do you want to add the translation for field 'CUSTNO'?");
@@ -101,33 +95,33 @@ TEST_F(TranslationDialogs, AClickAsksOnlyWhenTheFieldNameHasNoTranslation) {
 
     dtc.EAI.I18NFieldnamesList.select({0}, 0);
     EXPECT_THAT(outside.database.log, Contains(HasSubstr("FIELDNAME='ORDNO'")));
-    EXPECT_EQ(outside.changes.changed.back(), "EAIReturnFields");
+    EXPECT_THAT(notices(), ElementsAre("ZEKOReturnFields", "EAIReturnFields"));
 }
 
 TEST_F(TranslationDialogs, AnEntryWithoutFieldNameOrAHiddenListOpensNothing) {
     dtc.ZEKO.I18NFieldnamesList.AddItem("CUSTNO");
     dtc.ZEKO.I18NFieldnamesList.select({2}, 2);
-    EXPECT_THAT(outside.messages.shown,
+    EXPECT_THAT(messages(),
                 ElementsAre("Error in 'ZEKOI18NFieldnamesList_Click': Subscript out of range (9)"));
-    EXPECT_THAT(outside.changes.changed, IsEmpty());
+    EXPECT_THAT(notices(), IsEmpty());
 
     dtc.SSTab1.Tab(0);
     dtc.ZEKO.I18NFieldnamesList.ListIndex(0);
     EXPECT_THAT(outside.modalLoop.formsShown, IsEmpty());
-    EXPECT_THAT(outside.changes.changed, ElementsAre("ZEKOReturnFields"));
+    EXPECT_THAT(notices(), ElementsAre("ZEKOReturnFields"));
 }
 
 TEST_F(TranslationDialogs, AYesLastsAndTheFieldNameDialogsComboOnlyGrows) {
-    const auto agree = [](Form& form) { press(form, "OKButton"); };
+    const auto agree = [](Form& form) { pushButton(form, "OKButton"); };
     std::vector<int> counts;
     const auto countAndCancel = [&](Form& form) {
         counts.push_back(control<ComboBox>(form, "LabelsCombo").ListCount());
-        press(form, "CancelButton");
+        pushButton(form, "CancelButton");
     };
     onNextDialog(agree);
     onNextDialog(countAndCancel);
     dtc.ZEKO.I18NFieldnamesList.select({1}, 1);
-    onNextDialog([](Form& form) { press(form, "CancelButton"); });
+    onNextDialog([](Form& form) { pushButton(form, "CancelButton"); });
     onNextDialog(countAndCancel);
     dtc.ZEKO.I18NFieldnamesList.select({0}, 0);
     EXPECT_THAT(counts, ElementsAre(2, 4));
@@ -136,38 +130,35 @@ TEST_F(TranslationDialogs, AYesLastsAndTheFieldNameDialogsComboOnlyGrows) {
 
 TEST_F(TranslationDialogs, TheFieldNameDialogShowsTheEnglishTextAndStoresTheTypedLabel) {
     affected = 0;
-    onNextDialog([](Form& form) { press(form, "OKButton"); });
+    onNextDialog([](Form& form) { pushButton(form, "OKButton"); });
     onNextDialog([&](Form& form) {
         EXPECT_FALSE(form.find("FieldNameText")->Enabled());
         control<ComboBox>(form, "LabelsCombo").type("SLBDA2");
         form.find("AddLabelCommand")->focus();
         EXPECT_EQ(control<TextBox>(form, "TranslationText").Text(), "Two");
         control<ComboBox>(form, "LabelsCombo").type("SLBDA2001");
-        press(form, "OKButton");
+        pushButton(form, "OKButton");
         EXPECT_EQ(control<TextBox>(form, "TranslationText").Text(), "");
         EXPECT_FALSE(form.Visible());
     });
     dtc.ZEKO.I18NFieldnamesList.select({1}, 1);
-    EXPECT_THAT(written(),
-                ElementsAre(HasSubstr("SET LABEL = 'SLBDA2001'"),
-                            "INSERT INTO I18NFIELDNAMES (PROVIDERNAME, BISTYPE, FIELDNAME, LABEL) "
-                            " VALUES ('Orders', 'zeko', 'CUSTNO', 'SLBDA2001')"));
+    EXPECT_THAT(written(), ElementsAre(HasSubstr("SET LABEL = 'SLBDA2001'"),
+                                       EndsWith("('Orders', 'zeko', 'CUSTNO', 'SLBDA2001')")));
 }
 
 TEST_F(TranslationDialogs, FailuresAreReportedUnderTheEstablishedNames) {
     failing.emplace("SELECT * FROM I18NFIELDNAMES", RuntimeError(7, "no table"));
     failing.emplace("SELECT * FROM I18NTEXT", RuntimeError(8, "no texts"));
     failing.emplace("UPDATE", RuntimeError(9, "no write"));
-    onNextDialog([](Form& form) { press(form, "OKButton"); });
+    onNextDialog([](Form& form) { pushButton(form, "OKButton"); });
     onNextDialog([](Form& form) {
-        press(form, "OKButton");
+        pushButton(form, "OKButton");
         EXPECT_TRUE(form.Visible());
     });
     dtc.ZEKO.I18NFieldnamesList.select({1}, 1);
-    EXPECT_THAT(outside.messages.shown,
-                ElementsAre("Error in 'FieldnameTranslationExists': no table (7)",
-                            "Error in 'UpdateLabels': no texts (8)",
-                            "Error in 'AddLabelCommand_Click': no write (9)"));
+    EXPECT_THAT(messages(), ElementsAre("Error in 'FieldnameTranslationExists': no table (7)",
+                                        "Error in 'UpdateLabels': no texts (8)",
+                                        "Error in 'AddLabelCommand_Click': no write (9)"));
 }
 
 // The field-value dialog over two loaded values.
@@ -187,7 +178,6 @@ class FieldValueDialog : public TranslationDialogs {
 TEST_F(FieldValueDialog, OpensWithOneRowForEachValueAndTheMarkerOnTheFirst) {
     open([](Form&, Grid& grid, TextBox&, ComboBox& labels) {
         EXPECT_EQ(grid.Rows(), 3);
-        EXPECT_EQ(grid.TextMatrix(0, 1), "Value");
         EXPECT_EQ(grid.TextMatrix(1, 0), "*");
         EXPECT_EQ(grid.TextMatrix(2, 3), "Two");
         EXPECT_EQ(grid.ColWidth(3), grid.Width() - 3100);
@@ -211,15 +201,14 @@ TEST_F(FieldValueDialog, ARenamedValueIsDeletedAndInsertedAndAnotherRowIsNotTouc
         EXPECT_EQ(grid.TextMatrix(1, 1), "C");
         EXPECT_EQ(grid.TextMatrix(2, 1), "B");
         EXPECT_FALSE(edit.Visible());
-        press(form, "OKButton");
+        pushButton(form, "OKButton");
     });
     EXPECT_THAT(
         written(),
         ElementsAre(
-            "DELETE FROM I18NFIELDVALUES WHERE PROVIDERNAME = 'Orders' AND BISTYPE = 'zeko' "
-            "AND FIELDNAME = 'CUSTNO' AND FIELDVALUE = 'A'",
-            "INSERT INTO I18NFIELDVALUES (PROVIDERNAME, BISTYPE, FIELDNAME, FIELDVALUE, "
-            "LABEL) VALUES ('Orders', 'zeko', 'CUSTNO', 'C', 'SLBDA1')"));
+            EndsWith(
+                "= 'Orders' AND BISTYPE = 'zeko' AND FIELDNAME = 'CUSTNO' AND FIELDVALUE = 'A'"),
+            EndsWith("VALUES ('Orders', 'zeko', 'CUSTNO', 'C', 'SLBDA1')")));
 }
 
 TEST_F(FieldValueDialog, AChosenLabelShowsItsTextAndOnlyThatChangeIsWritten) {
@@ -231,7 +220,7 @@ TEST_F(FieldValueDialog, AChosenLabelShowsItsTextAndOnlyThatChangeIsWritten) {
         EXPECT_FALSE(labels.Visible());
         EXPECT_EQ(grid.TextMatrix(1, 3), "Two");
         grid.clickCell(2, 2);
-        press(form, "OKButton");
+        pushButton(form, "OKButton");
     });
     EXPECT_THAT(written(), ElementsAre(HasSubstr("SET LABEL = 'SLBDA2' WHERE PROVIDERNAME")));
 }
@@ -240,10 +229,9 @@ TEST_F(FieldValueDialog, ATypedCharacterBeginsTheEditorOfTheCellWithTheCaretAfte
     open([](Form& form, Grid& grid, TextBox& edit, ComboBox& labels) {
         grid.clickCell(1, 3);
         EXPECT_FALSE(edit.Visible() || labels.Visible());
-        grid.press(Key::of(U'é'));
+        press(grid, U'é');
         EXPECT_FALSE(edit.Visible() || labels.Visible());
-        grid.press(Key::of(Key::Kind::Left));
-        grid.press(Key::of(U'é'));
+        press(grid, Left, U'é');
         EXPECT_TRUE(labels.hasFocus());
         EXPECT_EQ(labels.Text(), "é");
         EXPECT_EQ(labels.SelStart(), 1);
@@ -251,16 +239,14 @@ TEST_F(FieldValueDialog, ATypedCharacterBeginsTheEditorOfTheCellWithTheCaretAfte
         grid.clickCell(2, 3);
         EXPECT_TRUE(labels.Visible());
         EXPECT_EQ(grid.TextMatrix(1, 2), "SLBDA1");
-        grid.press(Key::of(Key::Kind::Left));
-        grid.press(Key::of(Key::Kind::Left));
-        grid.press(Key::of(U'x'));
+        press(grid, Left, Left, U'x');
         EXPECT_TRUE(edit.hasFocus());
         EXPECT_EQ(edit.Text(), "x");
         EXPECT_EQ(edit.SelStart(), 1);
         EXPECT_EQ(edit.SelLength(), 0);
         form.find("CancelButton")->focus();
         EXPECT_EQ(grid.TextMatrix(2, 1), "x");
-        grid.press(Key::of(Key::Kind::Enter));
+        press(grid, Enter);
         EXPECT_EQ(edit.SelLength(), 1);
     });
 }
@@ -270,13 +256,13 @@ TEST_F(FieldValueDialog, TheTextColumnMakesRoomForTheScrollBarWhileTheRowsOverfl
         const int width = grid.ColWidth(3);
         while (grid.Rows() * grid.RowHeightMin() <= grid.Height()) {
             EXPECT_EQ(grid.ColWidth(3), width);
-            press(form, "AddCommand");
+            pushButton(form, "AddCommand");
         }
         EXPECT_EQ(grid.ColWidth(3), width - 300);
-        press(form, "AddCommand");
+        pushButton(form, "AddCommand");
         EXPECT_EQ(grid.ColWidth(3), width - 300);
-        press(form, "DeleteCommand");
-        press(form, "DeleteCommand");
+        pushButton(form, "DeleteCommand");
+        pushButton(form, "DeleteCommand");
         EXPECT_EQ(grid.ColWidth(3), width);
     });
 }
@@ -290,41 +276,34 @@ TEST_F(FieldValueDialog, ALabelWithoutTextShowsEmptyAndAnEmptyValueTakesNoLabel)
         texts.erase("SLBDA1");
         labels.choose("SLBDA1");
         EXPECT_EQ(grid.TextMatrix(1, 3), "<EMPTY>");
-        press(form, "AddCommand");
+        pushButton(form, "AddCommand");
         EXPECT_EQ(grid.Row(), 2);
         grid.clickCell(2, 2);
         EXPECT_FALSE(labels.Visible());
     });
-    EXPECT_THAT(outside.messages.shown, ElementsAre("Enter a value first..."));
+    EXPECT_THAT(messages(), ElementsAre("Enter a value first..."));
 }
 
-TEST_F(FieldValueDialog, AValueCannotBeEnteredTwiceAndOneAddedAndDeletedLeavesNoTrace) {
+TEST_F(FieldValueDialog, AValueIsEnteredOnceAndADeletedOneTypedAgainBecomesAChange) {
     open([](Form& form, Grid& grid, TextBox& edit, ComboBox&) {
-        press(form, "AddCommand");
+        pushButton(form, "AddCommand");
         grid.clickCell(3, 1);
         edit.type("A");
         form.find("AddCommand")->focus();
-        EXPECT_EQ(grid.TextMatrix(3, 1), "");
+        EXPECT_EQ(grid.TextMatrix(3, 1), "") << "the value is there";
         grid.clickCell(3, 1);
         edit.type("N");
-        press(form, "DeleteCommand");
+        pushButton(form, "DeleteCommand");
         EXPECT_EQ(grid.Rows(), 3);
-        press(form, "OKButton");
-    });
-    EXPECT_THAT(outside.messages.shown, ElementsAre("Value is already translated"));
-    EXPECT_THAT(written(), IsEmpty());
-}
-
-TEST_F(FieldValueDialog, ADeletedValueTypedAgainBecomesAChangeWhileItsCellKeepsItsText) {
-    open([](Form& form, Grid& grid, TextBox& edit, ComboBox&) {
         grid.clickCell(1, 3);
-        press(form, "DeleteCommand");
+        pushButton(form, "DeleteCommand");
         grid.clickCell(1, 1);
         edit.type("A");
-        press(form, "AddCommand");
-        EXPECT_EQ(grid.TextMatrix(1, 1), "B");
-        press(form, "OKButton");
+        pushButton(form, "AddCommand");
+        EXPECT_EQ(grid.TextMatrix(1, 1), "B") << "the cell keeps its text";
+        pushButton(form, "OKButton");
     });
+    EXPECT_THAT(messages(), ElementsAre("Value is already translated"));
     EXPECT_THAT(written(), IsEmpty());
 }
 
@@ -332,17 +311,17 @@ TEST_F(FieldValueDialog, DeletingTheOnlyRowLeavesTheHeadersAndAFailedSaveLeavesT
     valueRows = {{"A", "SLBDA1", "One"}};
     failing.emplace("DELETE", RuntimeError(1, "locked"));
     open([this](Form& form, Grid& grid, TextBox&, ComboBox&) {
-        press(form, "DeleteCommand");
+        pushButton(form, "DeleteCommand");
         EXPECT_EQ(grid.Rows(), 2);
         EXPECT_EQ(grid.TextMatrix(0, 2), "Label");
         EXPECT_EQ(grid.TextMatrix(1, 1), "");
-        press(form, "OKButton");
+        pushButton(form, "OKButton");
         EXPECT_TRUE(form.Visible());
         failing.clear();
-        press(form, "OKButton");
+        pushButton(form, "OKButton");
         EXPECT_FALSE(form.Visible());
     });
-    EXPECT_THAT(outside.messages.shown, ElementsAre("Error in 'OKButton_Click': locked (1)"));
+    EXPECT_THAT(messages(), ElementsAre("Error in 'OKButton_Click': locked (1)"));
 }
 
 TEST_F(FieldValueDialog, AddLabelWarnsKeepsItsEntryAndGrowsTheList) {
@@ -352,21 +331,21 @@ TEST_F(FieldValueDialog, AddLabelWarnsKeepsItsEntryAndGrowsTheList) {
             control<TextBox>(add, "LabelNameText").type("SLBDA3");
             control<TextBox>(add, "LabelValueText").type("it's");
             failing.emplace("UPDATE", RuntimeError(5, "syntax"));
-            press(add, "OKButton");
+            pushButton(add, "OKButton");
             EXPECT_TRUE(add.Visible());
             failing.clear();
-            press(add, "OKButton");
+            pushButton(add, "OKButton");
         });
-        press(form, "AddLabelCommand");
+        pushButton(form, "AddLabelCommand");
         EXPECT_EQ(labels.ListCount(), 4);
         onNextDialog([](Form& add) {
             EXPECT_EQ(control<TextBox>(add, "LabelNameText").Text(), "SLBDA3");
-            press(add, "CancelButton");
+            pushButton(add, "CancelButton");
         });
-        press(form, "AddLabelCommand");
+        pushButton(form, "AddLabelCommand");
     });
     EXPECT_THAT(
-        outside.messages.shown,
+        messages(),
         ElementsAre("Error in 'OKButton_Click': syntax (5)",
                     HasSubstr("Error: No records affected using SQL command 'INSERT INTO")));
     EXPECT_THAT(outside.database.log, Contains("Open DSN=Orvane;UID=label;PWD="));

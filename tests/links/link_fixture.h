@@ -4,7 +4,6 @@
 #include "links/links.h"
 
 #include <string>
-#include <utility>
 
 namespace headerdtc {
 
@@ -32,10 +31,16 @@ class LinksTest : public ControlTest {
         dtc.procedures.PrepareLinkTab(which);
     }
     std::string named(std::string_view role) const { return familyName(family.family, role); }
-    std::vector<std::string> takeNotices() { return std::exchange(outside.changes.changed, {}); }
 
     Links links{dtc};
     FamilyControls& family;
+};
+
+// The same scenario on the link tab of each family.
+class FamilyLinksTest : public LinksTest, public ::testing::WithParamInterface<Family> {
+  protected:
+    FamilyLinksTest() : LinksTest(GetParam()) {}
+    const bool eai = GetParam() == Family::EAI;
 };
 
 }  // namespace headerdtc

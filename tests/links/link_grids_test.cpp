@@ -3,6 +3,7 @@
 namespace headerdtc {
 namespace {
 
+using enum Key::Kind;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -10,9 +11,9 @@ constexpr int From = links_column::From;
 constexpr int To = links_column::To;
 
 // Three links "A0" -> "X0" to "A2" -> "X2" in rows 1 to 3, and editors that offer these and more.
-class LinkGridsTest : public LinksTest, public ::testing::WithParamInterface<Family> {
+class LinkGridsTest : public FamilyLinksTest {
   protected:
-    LinkGridsTest() : LinksTest(GetParam()) {
+    LinkGridsTest() {
         fill(family.FromLinkFieldsCombo, {"A0", "A1", "A2", "A3"});
         fill(family.ToLinkFieldsCombo, {"X0", "X1", "X2", "X3"});
         grid.Rows(4);
@@ -43,19 +44,18 @@ class LinkGridsTest : public LinksTest, public ::testing::WithParamInterface<Fam
         family.AddLink.focus();
         EXPECT_FALSE(editor.Visible());
     }
-    // A column's cells by the numbers of their fields.
-    void expectFields(int column, const std::string& numbers) {
-        std::string found;
+    // The numbers of the fields in a column, row by row.
+    std::string fieldsOf(int column) {
+        std::string numbers;
         for (int row = 1; row < grid.Rows(); ++row)
-            found += grid.TextMatrix(row, column).substr(1);
-        EXPECT_EQ(found, numbers) << "column " << column;
+            numbers += grid.TextMatrix(row, column).substr(1);
+        return numbers;
     }
 
     Grid& grid = family.LinksGrid;
 };
 
-INSTANTIATE_TEST_SUITE_P(Families, LinkGridsTest, ::testing::Values(Family::EAI, Family::ZEKO),
-                         [](const auto& info) { return familyName(info.param, ""); });
+INSTANTIATE_TEST_SUITE_P(Families, LinkGridsTest, ::testing::ValuesIn(BothFamilies), nameOfFamily);
 
 TEST_P(LinkGridsTest, APickLandsInTheClickedRowWhileAnotherEditorIsOpen) {
     for (const int column : {From, To}) {
@@ -63,53 +63,37 @@ TEST_P(LinkGridsTest, APickLandsInTheClickedRowWhileAnotherEditorIsOpen) {
             grid.clickCell(3, other);
             grid.clickCell(1, column);
             pickAndLeave(column, 3);
-            expectFields(column, "312");
+            EXPECT_EQ(fieldsOf(column), "312");
             grid.clickCell(1, column);
             pickAndLeave(column, 0);
         }
     }
-    expectFields(From, "012");
-    expectFields(To, "012");
-}
-
-TEST_P(LinkGridsTest, AnEditorThatIsLeftWritesIntoItsOwnRow) {
-    for (const int column : {From, To}) {
-        grid.clickCell(1, column);
-        grid.clickCell(3, column);
-        grid.clickCell(2, column);
-        grid.press(Key::of(Key::Kind::Down));
-        grid.press(Key::of(Key::Kind::Enter));
-        grid.clickCell(1, 0);
-        expectFields(column, "012");
-    }
-    EXPECT_FALSE(family.FromLinkFieldsCombo.Visible());
-    EXPECT_FALSE(family.ToLinkFieldsCombo.Visible());
-    EXPECT_THAT(takeNotices(), IsEmpty());
+    EXPECT_EQ(fieldsOf(From), "012");
+    EXPECT_EQ(fieldsOf(To), "012");
 }
 
 TEST_P(LinkGridsTest, APickLandsInTheRowThatKeysEntered) {
     grid.focus();
     for (const int column : {From, To}) {
-        grid.press(Key::of(Key::Kind::Enter));
+        press(grid, Enter);
         pickAndLeave(column, 3);
-        expectFields(column, "312");
-        grid.press(Key::of(Key::Kind::Down));
+        EXPECT_EQ(fieldsOf(column), "312");
+        press(grid, Down);
         EXPECT_THAT(markedRows(), ElementsAre(2));
-        grid.press(Key::of(Key::Kind::Enter));
+        press(grid, Enter);
         pickAndLeave(column, 0);
-        expectFields(column, "302");
-        grid.press(Key::of(Key::Kind::Up));
-        grid.press(Key::of(Key::Kind::Right));
+        EXPECT_EQ(fieldsOf(column), "302");
+        press(grid, Up, Right);
     }
 }
 
 // The grid was only given the focus, so no row has been left yet.
 TEST_P(LinkGridsTest, TheFirstEditOfAllStaysInItsRowWhenAnotherIsClicked) {
     grid.focus();
-    grid.press(Key::of(Key::Kind::Enter));
-    editorOf(From).press(Key::of(Key::Kind::Down));
+    press(grid, Enter);
+    press(editorOf(From), Down);
     grid.clickCell(3, From);
-    expectFields(From, "112");
+    EXPECT_EQ(fieldsOf(From), "112");
 }
 
 TEST_P(LinkGridsTest, AddOpensARowThatTakesTheNextPicks) {
@@ -117,29 +101,29 @@ TEST_P(LinkGridsTest, AddOpensARowThatTakesTheNextPicks) {
     family.AddLink.press();
     EXPECT_EQ(grid.Rows(), 5);
     EXPECT_THAT(markedRows(), ElementsAre(4));
-    grid.press(Key::of(Key::Kind::Enter));
+    press(grid, Enter);
     pickAndLeave(From, 3);
     grid.clickCell(4, To);
     pickAndLeave(To, 3);
-    expectFields(From, "0123");
-    expectFields(To, "0123");
-    EXPECT_THAT(takeNotices(), ElementsAre("NrOfLinked" + named("Fields"), named("LinkFromFields"),
-                                           named("LinkToFields")));
+    EXPECT_EQ(fieldsOf(From), "0123");
+    EXPECT_EQ(fieldsOf(To), "0123");
+    EXPECT_THAT(notices(), ElementsAre("NrOfLinked" + named("Fields"), named("LinkFromFields"),
+                                       named("LinkToFields")));
 }
 
 TEST_P(LinkGridsTest, RemoveTakesTheMarkedRowAndTheNextPickLandsWhereItIsMade) {
     grid.clickCell(2, To);
     family.RemoveLink.press();
-    expectFields(To, "02");
+    EXPECT_EQ(fieldsOf(To), "02");
     EXPECT_THAT(markedRows(), ElementsAre(2));
-    grid.press(Key::of(Key::Kind::Enter));
+    press(grid, Enter);
     pickAndLeave(To, 3);
-    expectFields(To, "03");
+    EXPECT_EQ(fieldsOf(To), "03");
     family.RemoveLink.press();
     EXPECT_THAT(markedRows(), ElementsAre(1));
     grid.clickCell(1, From);
     pickAndLeave(From, 3);
-    expectFields(From, "3");
+    EXPECT_EQ(fieldsOf(From), "3");
 }
 
 TEST_P(LinkGridsTest, TheLastLinkIsEmptiedAndKeepsItsRow) {
@@ -151,16 +135,15 @@ TEST_P(LinkGridsTest, TheLastLinkIsEmptiedAndKeepsItsRow) {
     EXPECT_EQ(grid.TextMatrix(0, From), "From");
     EXPECT_EQ(grid.TextMatrix(0, To), "To");
     EXPECT_THAT(markedRows(), ElementsAre(1));
-    EXPECT_THAT(takeNotices(), ElementsAre(named("LinkFromFields"), named("LinkToFields")));
+    EXPECT_THAT(notices(), ElementsAre(named("LinkFromFields"), named("LinkToFields")));
 }
 
 TEST_P(LinkGridsTest, WithoutAMarkedRowRemoveReportsAsTheCriteriaGridDoes) {
     family.RemoveLink.press();
-    EXPECT_THAT(outside.messages.errors,
-                ElementsAre("Error in '" + named("RemoveCriteriumCommand_Click") +
-                            "': Invalid property array index (381)"));
+    EXPECT_THAT(errors(), ElementsAre("Error in '" + named("RemoveCriteriumCommand_Click") +
+                                      "': Invalid property array index (381)"));
     EXPECT_EQ(grid.Rows(), 4);
-    EXPECT_THAT(takeNotices(), IsEmpty());
+    EXPECT_THAT(notices(), IsEmpty());
 }
 
 TEST_P(LinkGridsTest, TheScrollBarNarrowsTheToColumnOnce) {
@@ -178,32 +161,30 @@ TEST_P(LinkGridsTest, AnEditOfARowThatHasGoneIsDroppedByFromAndReportedByTo) {
     grid.clickCell(3, From);
     grid.Rows(2);
     family.AddLink.focus();
-    EXPECT_THAT(outside.messages.errors, IsEmpty());
+    EXPECT_THAT(errors(), IsEmpty());
     // Only EAI moves the "*" when it completes a From edit.
-    EXPECT_EQ(markedRows().size(), family.family == Family::EAI ? 1U : 0U);
+    EXPECT_EQ(markedRows().size(), eai ? 1U : 0U);
     grid.Rows(4);
     grid.clickCell(3, To);
     grid.Rows(2);
     family.AddLink.focus();
-    EXPECT_THAT(outside.messages.errors,
-                ElementsAre("Error in '" + named("ToLinkFieldsCombo_LostFocus") +
-                            "': Invalid property array index (381)"));
+    EXPECT_THAT(errors(), ElementsAre("Error in '" + named("ToLinkFieldsCombo_LostFocus") +
+                                      "': Invalid property array index (381)"));
 }
 
 // What completes an edit beside leaving the editor.
 TEST_P(LinkGridsTest, OnlyZekoFromWaitsForTheFocusAndOnlyEaiToHeedsAnyKey) {
-    const bool eai = family.family == Family::EAI;
     grid.clickCell(1, From);
     editorOf(From).choose(3);
     EXPECT_EQ(editorOf(From).Visible(), !eai);
     EXPECT_EQ(grid.TextMatrix(1, From), eai ? "A3" : "A0");
     grid.clickCell(1, To);
-    editorOf(To).press(Key::of(Key::Kind::Escape));
+    press(editorOf(To), Escape);
     EXPECT_EQ(editorOf(To).Visible(), !eai);
     grid.clickCell(2, To);
     editorOf(To).choose(3);
     EXPECT_FALSE(editorOf(To).Visible());
-    EXPECT_THAT(takeNotices(), ElementsAre(named("LinkFromFields"), named("LinkToFields")));
+    EXPECT_THAT(notices(), ElementsAre(named("LinkFromFields"), named("LinkToFields")));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "platform/dictionary.h"
 
+#include "support/error_number.h"
+
 #include <gmock/gmock.h>
 
 namespace headerdtc {
@@ -37,12 +39,7 @@ TEST(DictionaryTest, ReadingAMissingKeyAddsItEmpty) {
 
 TEST(DictionaryTest, AddingAKeyTwiceFailsAndKeepsTheFirst) {
     auto dictionary = abc();
-    try {
-        dictionary.Add("b", "again");
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), 457);
-    }
+    EXPECT_EQ(errorOf([&] { dictionary.Add("b", "again"); }), 457);
     EXPECT_THAT(dictionary, ElementsAre(Pair("b", "1"), Pair("a", "2"), Pair("c", "3")));
 }
 

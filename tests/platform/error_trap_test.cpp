@@ -1,28 +1,25 @@
 #include "platform/error_trap.h"
 
+#include "support/fake_surroundings.h"
+
 #include <gmock/gmock.h>
 
 namespace headerdtc {
 namespace {
 
-struct Recorder : MessageBox {
-    void show(const std::string& text) override { remarks.push_back(text); }
-    void showError(const std::string& text) override { failures.push_back(text); }
-    std::vector<std::string> remarks, failures;
-};
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 TEST(ErrorTrapTest, ReportsAFailureUnderTheGivenNameAndKeepsWhatWasDone) {
-    Recorder messages;
+    testing::RecordingMessageBox messages;
     int done = 0;
-    const bool ran = trapErrors(messages, "AddField_Click", [&] {
+    EXPECT_FALSE(trapErrors(messages, "AddField_Click", [&] {
         done = 1;
         throw RuntimeError(ErrorNumber::PathNotFound);
-    });
-    EXPECT_FALSE(ran);
+    }));
     EXPECT_EQ(done, 1);
-    EXPECT_THAT(messages.failures,
-                ::testing::ElementsAre("Error in 'AddField_Click': Path not found (76)"));
-    EXPECT_TRUE(messages.remarks.empty());
+    EXPECT_THAT(messages.errors, ElementsAre("Error in 'AddField_Click': Path not found (76)"));
+    EXPECT_EQ(messages.shown, messages.errors);
 }
 
 TEST(ErrorTrapTest, ADatabaseFailureKeepsItsOwnNumberAndText) {
@@ -34,10 +31,10 @@ TEST(ErrorTrapTest, ADatabaseFailureKeepsItsOwnNumberAndText) {
 }
 
 TEST(ErrorTrapTest, LetsThroughWhatIsNoRuntimeFailure) {
-    Recorder messages;
+    testing::RecordingMessageBox messages;
     EXPECT_THROW(trapErrors(messages, "F", [] { throw std::logic_error("a defect"); }),
                  std::logic_error);
-    EXPECT_TRUE(messages.failures.empty());
+    EXPECT_THAT(messages.shown, IsEmpty());
     EXPECT_TRUE(trapErrors(messages, "F", [] {}));
 }
 

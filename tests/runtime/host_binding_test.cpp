@@ -19,17 +19,6 @@ class HostBindingTest : public ControlTest {
     HostBinding host{dtc};
 };
 
-TEST_F(HostBindingTest, TheSiteIsKeptAndReplaced) {
-    EXPECT_EQ(host.IDesignTimeControl_DesignTimeControlSite(), nullptr);
-    placeOnPage();
-    EXPECT_EQ(host.IDesignTimeControl_DesignTimeControlSite(), &outside.site);
-    testing::FakeSite other;
-    host.IDesignTimeControl_DesignTimeControlSite(&other);
-    EXPECT_EQ(host.IDesignTimeControl_DesignTimeControlSite(), &other);
-    host.IDesignTimeControl_DesignTimeControlSite(nullptr);
-    EXPECT_EQ(host.IDesignTimeControl_DesignTimeControlSite(), nullptr);
-}
-
 TEST_F(HostBindingTest, NotificationsChangeNothing) {
     testing::OrderedPropertyBag before, after;
     dtc.UserControl_WriteProperties(before);
@@ -41,38 +30,41 @@ TEST_F(HostBindingTest, NotificationsChangeNothing) {
     host.IDesignTimeControl_OnNotification();
     dtc.UserControl_WriteProperties(after);
     EXPECT_EQ(before.entries, after.entries);
-    EXPECT_THAT(outside.messages.shown, IsEmpty());
-    EXPECT_THAT(outside.changes.changed, IsEmpty());
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(notices(), IsEmpty());
 }
 
 TEST_F(HostBindingTest, EverySlashBeyondTheRootIsALevel) {
     placeOnPage();
-    EXPECT_EQ(wayUp("/Proj", "/Proj/a/b/page.asp"), "../../../");
-    EXPECT_EQ(wayUp("/Proj/", "/Proj/a/b/page.asp"), "../../");
-    EXPECT_EQ(wayUp("/Proj/", "/Proj/page.asp"), "");
-    EXPECT_EQ(wayUp("/Proj/", "/Proj/a\\b/page.asp"), "../");
-    EXPECT_EQ(wayUp("/Proj", "/Proj"), "");
-    EXPECT_THAT(outside.messages.shown, IsEmpty());
-}
-
-TEST_F(HostBindingTest, AnEmptyRootIsOneLevelMore) {
-    placeOnPage();
-    EXPECT_EQ(wayUp("", "page.asp"), "../");
-    EXPECT_EQ(wayUp("", "/a/page.asp"), "../../../");
-    EXPECT_EQ(wayUp("", ""), "../");
-}
-
-TEST_F(HostBindingTest, TheRootIsMeasuredInCharacters) {
-    placeOnPage();
-    EXPECT_EQ(wayUp("/gr\u00F6\u00DFe/", "/other//x/page.asp"), "../../");
+    struct Case {
+        const char* root;
+        const char* page;
+        const char* way;
+    };
+    const Case cases[] = {
+        {"/Proj", "/Proj/a/b/page.asp", "../../../"},
+        {"/Proj/", "/Proj/a/b/page.asp", "../../"},
+        {"/Proj/", "/Proj/page.asp", ""},
+        {"/Proj/", "/Proj/a\\b/page.asp", "../"},
+        {"/Proj", "/Proj", ""},
+        // An empty root is one level more.
+        {"", "page.asp", "../"},
+        {"", "/a/page.asp", "../../../"},
+        {"", "", "../"},
+        // The root is measured in characters.
+        {"/gr\u00F6\u00DFe/", "/other//x/page.asp", "../../"},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(wayUp(each.root, each.page), each.way) << each.page << " below " << each.root;
+    EXPECT_THAT(messages(), IsEmpty());
 }
 
 TEST_F(HostBindingTest, WithoutASiteEveryCallSaysSo) {
     EXPECT_EQ(GetRelativePathRoot(dtc), "");
     EXPECT_EQ(GetRelativePathRoot(dtc), "");
-    EXPECT_THAT(outside.messages.shown,
+    EXPECT_THAT(messages(),
                 ElementsAre("Not running in DevStudio...", "Not running in DevStudio..."));
-    EXPECT_THAT(outside.messages.errors, IsEmpty());
+    EXPECT_THAT(errors(), IsEmpty());
 }
 
 TEST_F(HostBindingTest, OtherFailuresAreReportedWithoutABlank) {
@@ -82,7 +74,7 @@ TEST_F(HostBindingTest, OtherFailuresAreReportedWithoutABlank) {
     EXPECT_EQ(GetRelativePathRoot(dtc), "");
     const char* const report =
         "Error in 'GetRelativePathRoot': Invalid procedure call or argument(5)";
-    EXPECT_THAT(outside.messages.errors, ElementsAre(report, report));
+    EXPECT_THAT(errors(), ElementsAre(report, report));
 }
 
 }  // namespace

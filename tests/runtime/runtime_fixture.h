@@ -14,15 +14,12 @@ struct OnPage : Control {
         this->outside.site.entries = {{2, "/Site"}, {6, "/Site/a/b/page.asp"}};
         this->dtc.site = &this->outside.site;
     }
-    std::string& templateText() {
-        return this->outside.textFiles.files["C:\\SITES\\MAIN\\Orvane\\include\\DTC_TEMPLATE.ASP"];
-    }
     // The runtime text of a control whose template is this.
     std::string expand(std::string text) {
-        templateText() = std::move(text);
+        this->outside.textFiles.files["C:\\SITES\\MAIN\\Orvane\\include\\DTC_TEMPLATE.ASP"] =
+            std::move(text);
         return this->dtc.IProvideRuntimeText_GetRuntimeText();
     }
-    const std::vector<std::string>& messages() { return this->outside.messages.shown; }
 };
 
 }  // namespace headerdtc

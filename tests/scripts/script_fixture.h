@@ -10,9 +10,6 @@ class ScriptsTest : public ControlTest {
   protected:
     ScriptsTest() { outside.registry.values[std::string(InstallDirValue)] = R"(C:\Sites\Main)"; }
 
-    std::vector<std::string>& notices() { return outside.changes.changed; }
-    std::vector<std::string>& messages() { return outside.messages.shown; }
-
     Scripts scripts{dtc};
 };
 

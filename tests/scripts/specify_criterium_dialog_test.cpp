@@ -5,6 +5,7 @@
 namespace headerdtc {
 namespace {
 
+using enum Key::Kind;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -40,15 +41,12 @@ class SpecifyCriteriumDialogTest : public ScriptsTest {
         });
         dtc.procedures.ShowSpecifyCriteriumDialog(tab, 1, name, script, type);
     }
-    const std::string& valueCell(Family which) const {
-        return dtc.family(which).CriteriaGrid.TextMatrix(1, criteria_column::Value);
-    }
+    static void agree(Shown& dialog) { dialog.ok.press(); }
 };
 
 TEST_F(SpecifyCriteriumDialogTest, AnEmptyCellGivesAnEditableNameAndAnEmptyBody) {
     for (const std::int32_t type : {0, 1, 2, 9}) {
         open(1, "", StoredFunction, type, [&](Shown& dialog) {
-            EXPECT_EQ(dialog.name.Text(), "");
             EXPECT_TRUE(dialog.name.hasFocus());
             EXPECT_EQ(dialog.body.Text(), "");
             EXPECT_EQ(dialog.body.Enabled(), type == USERSCRIPT);
@@ -80,15 +78,14 @@ TEST_F(SpecifyCriteriumDialogTest, AValueWithoutAScriptSaysSoUntilTheKindIsLocal
 }
 
 TEST_F(SpecifyCriteriumDialogTest, AStoredFunctionShowsItsBodyAndIsStoredTheSameFromThenOn) {
-    std::string overview;
+    std::string script = StoredFunction;
     for (int round = 0; round < 2; ++round) {
-        open(2, "f", round == 0 ? StoredFunction : overview, USERSCRIPT, [&](Shown& dialog) {
+        open(2, "f", script, USERSCRIPT, [](Shown& dialog) {
             EXPECT_EQ(dialog.body.Text(), "  x = 1\r\n  y = 2\r\n");
-            overview = dialog.overview.Text();
-            dialog.ok.press();
+            agree(dialog);
         });
-        EXPECT_EQ(overview, "Function f()\r\n\r\n  x = 1\r\n  y = 2\r\n\r\nEnd Function 'f()");
-        EXPECT_EQ(dtc.userDefinedScripts->item("f"), overview);
+        script = dtc.userDefinedScripts->item("f");
+        EXPECT_EQ(script, "Function f()\r\n\r\n  x = 1\r\n  y = 2\r\n\r\nEnd Function 'f()");
     }
 }
 
@@ -98,50 +95,45 @@ TEST_F(SpecifyCriteriumDialogTest, ALocalScriptIsStoredTrimmedWithTheNameOfItsLa
         dialog.local.pick();
         dialog.body.type("x = 1");
         dialog.name.type(" after ");
-        dialog.ok.press();
+        agree(dialog);
     });
     EXPECT_EQ(dtc.userDefinedScripts->item("after"),
               "Function before()\r\n\r\nx = 1\r\nEnd Function 'before()");
     EXPECT_EQ(dtc.ZEKO.CriteriaType.item("after"), USERSCRIPT);
-    EXPECT_EQ(valueCell(Family::ZEKO), "after");
+    EXPECT_EQ(dtc.ZEKO.CriteriaGrid.TextMatrix(1, criteria_column::Value), "after");
 }
 
 TEST_F(SpecifyCriteriumDialogTest, OkStoresTheKindThatIsPickedOrElseTheOneGiven) {
     open(1, "f", StoredFunction, USERSCRIPT, [](Shown& dialog) {
         dialog.included.pick();
-        dialog.ok.press();
+        agree(dialog);
     });
     EXPECT_EQ(dtc.EAI.CriteriaType.item("f"), INCLUDEFUNCTION);
-    open(1, "x", "", 7, [](Shown& dialog) { dialog.ok.press(); });
+    open(1, "x", "", 7, agree);
     EXPECT_EQ(dtc.EAI.CriteriaType.item("x"), 7);
     EXPECT_EQ(dtc.userDefinedScripts->Count(), 0);
 }
 
 TEST_F(SpecifyCriteriumDialogTest, CancelAndEscapeLeaveTheConfiguration) {
-    for (const bool byKey : {false, true}) {
-        open(1, "", "", USERSCRIPT, [byKey](Shown& dialog) {
+    const auto openAndLeave = [this](auto leave) {
+        open(1, "", "", USERSCRIPT, [&](Shown& dialog) {
             dialog.name.type("f");
-            dialog.body.press(Key::of(U'x'));
-            dialog.body.press(Key::of(Key::Kind::Enter));
+            press(dialog.body, U'x', Enter);
             EXPECT_EQ(dialog.body.Text(), "x\r\n");
-            if (byKey) {
-                dialog.body.press(Key::of(Key::Kind::Escape));
-            } else {
-                dialog.cancel.press();
-            }
+            leave(dialog);
         });
-    }
+    };
+    openAndLeave([](Shown& dialog) { press(dialog.body, Escape); });
+    openAndLeave([](Shown& dialog) { dialog.cancel.press(); });
     EXPECT_EQ(dtc.userDefinedScripts->Count(), 0);
     EXPECT_EQ(dtc.EAI.CriteriaType.Count(), 0);
-    EXPECT_EQ(valueCell(Family::EAI), "");
+    EXPECT_EQ(dtc.EAI.CriteriaGrid.TextMatrix(1, criteria_column::Value), "");
     EXPECT_THAT(notices(), IsEmpty());
 }
 
 TEST_F(SpecifyCriteriumDialogTest, AFailureOfOkReachesTheLauncherAndClosesTheDialog) {
     dtc.EAI.CriteriaGrid.Rows(1);
-    EXPECT_EQ(
-        errorOf([&] { open(1, "x", "", CONSTANT, [](Shown& dialog) { dialog.ok.press(); }); }),
-        381);
+    EXPECT_EQ(errorOf([&] { open(1, "x", "", CONSTANT, agree); }), 381);
     EXPECT_THAT(dtc.desktop.modalForms(), IsEmpty());
     EXPECT_THAT(messages(), IsEmpty());
 }

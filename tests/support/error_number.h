@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/runtime_error.h"
+
+namespace headerdtc {
+
+// The number of the run-time failure that an action raises, 0 for none.
+template <class Action>
+int errorOf(Action&& action) {
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+}  // namespace headerdtc
