@@ -45,7 +45,7 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     }
     result.verdict = Verdict::UpToDate;
     if (!markup.holds(contents)) {
-        result.after = markup.with(contents);
+        result.after = markup.readableWith(contents);
         if (result.after != markup.bytes()) result.verdict = Verdict::Stale;
     }
     if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;

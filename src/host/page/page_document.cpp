@@ -35,7 +35,7 @@ std::string PageDocument::bytesWith(std::size_t index, OpenControl& control, Gua
     keepWordsOf(markup_->controls().at(index), made.content);
     auto contents = contentsOf(*markup_);
     contents.at(index) = std::move(made.content);
-    return markup_->with(contents);
+    return markup_->readableWith(contents);
 }
 
 bool PageDocument::save(std::size_t index, OpenControl& control, Guard guard) {

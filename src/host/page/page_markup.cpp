@@ -122,6 +122,21 @@ std::string PageMarkup::with(const std::vector<ControlContent>& contents) const 
     return result;
 }
 
+std::string PageMarkup::readableWith(const std::vector<ControlContent>& contents) const {
+    std::string result = with(contents);
+    if (result == bytes_) return result;
+    const PageMarkup again(file_, result, codePage_);
+    const bool isReadAlike =
+        std::equal(again.controls().begin(), again.controls().end(), contents.begin(),
+                   contents.end(), [](const ControlSpan& control, const ControlContent& content) {
+                       return control.id == content.id && control.properties == content.properties;
+                   });
+    if (isReadAlike) return result;
+    throw FileError(file_, controls_.front().line, 0,
+                    "what is written would not be read again, because of damaged markup around "
+                    "it, such as a quotation mark that is not closed; mend that first");
+}
+
 std::string PageMarkup::withNewControl(int line, const ControlContent& content) const {
     auto place = placeOfLine(line);
     const auto isInside = [&](const ByteRange& span) {

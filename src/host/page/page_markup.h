@@ -66,6 +66,9 @@ class PageMarkup {
     // with the same values), the runtime text where it is the same. Throws FileError when a text
     // holds what would end its span, or start another.
     std::string with(const std::vector<ControlContent>& contents) const;
+    // The same, for a page that is going to be written: also throws FileError where the controls
+    // would not be read again as they are written, which markup damaged by others can bring about.
+    std::string readableWith(const std::vector<ControlContent>& contents) const;
     // Whether the page holds these contents already, so that with() would give its own bytes.
     bool holds(const std::vector<ControlContent>& contents) const;
     // The page's bytes with one more control, before a line (from 1; one behind the last line is
