@@ -119,5 +119,10 @@ TEST_F(ModalFormTest, EnterAndEscapePressTheDialogsButtons) {
                 Contains("Cancel.Click").Times(1));
 }
 
+TEST_F(ModalFormTest, AControlThatGoesLeavesItsForm) {
+    { const Button passing(dialog, "Passing", ""); }
+    EXPECT_EQ(dialog.find("Passing"), nullptr);
+}
+
 }  // namespace
 }  // namespace headerdtc

@@ -70,6 +70,8 @@ TEST_F(TextBoxTest, KeysEditAroundTheCaret) {
     EXPECT_EQ(shown(box), "|a");
     press(box, Right, Right, Enter);
     EXPECT_EQ(shown(box), "a|");
+    press(box, Backspace);
+    EXPECT_EQ(shown(box), "|");
     press(lines, U'a', U'b', Left, Enter);
     EXPECT_EQ(lines.Text(), "a\r\nb") << "Enter breaks a line only where there are lines";
 }
