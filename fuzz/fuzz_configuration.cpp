@@ -3,6 +3,7 @@
 #include "fuzz/fuzz_tools.h"
 #include "host/site/site_configuration.h"
 #include "platform/runtime_error.h"
+#include "support/temp_folder.h"
 
 #include <fstream>
 
@@ -11,11 +12,8 @@ using namespace headerdtc;
 namespace {
 
 const std::filesystem::path& folder() {
-    static const std::filesystem::path made = [] {
-        std::string pattern = "/tmp/headerdtc-fuzz-XXXXXX";
-        return std::filesystem::path(mkdtemp(pattern.data()));
-    }();
-    return made;
+    static const testing::TempFolder made;
+    return made.path();
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "fuzz/fuzz_tools.h"
 #include "host/inspection/page_inspection.h"
 #include "host/inspection/where_used.h"
+#include "support/temp_folder.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -14,9 +15,9 @@ namespace {
 
 // The page's file, in a copy of the demo site.
 std::filesystem::path makePage() {
-    std::string pattern = "/tmp/headerdtc-fuzz-XXXXXX";
-    const std::filesystem::path folder = mkdtemp(pattern.data());
-    std::filesystem::copy(HEADERDTC_FUZZ_SITE, folder, std::filesystem::copy_options::recursive);
+    static const testing::TempFolder folder;
+    std::filesystem::copy(HEADERDTC_FUZZ_SITE, folder.path(),
+                          std::filesystem::copy_options::recursive);
     return folder / "page.asp";
 }
 

@@ -30,9 +30,11 @@ ExitStatus print(Sites& sites, const std::string& page) {
         const std::string bytes = markup.codePage().encodeWithReferences(made.content.runtimeText);
         std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     }
-    if (failed) explainInstallDirectory(*site, host.messages);
     for (const std::string& message : host.messages)
         printMessage(page, message);
+    // The control's own message does not say what to do.
+    if (const auto reason = site->registry.lastFailure(); failed && !reason.empty())
+        printMessage(page, reason);
     return failed ? PageNotDone : Done;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/runtime_error.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <string_view>
 #include <unordered_map>
@@ -46,6 +47,12 @@ std::string pageText(const PropertyValue& value) {
 class WrittenEntries {
   public:
     void add(const std::string& name, const PropertyValue& value) {
+        // Few names can be an entry's, and telling what a name is takes longer than this.
+        constexpr std::string_view Parts[] = {"Type", "Script", "I18N"};
+        if (std::none_of(std::begin(Parts), std::end(Parts), [&](std::string_view part) {
+                return name.find(part) != std::string::npos;
+            }))
+            return;
         const auto kind = storedKindOf(name);
         if (kind && !kind->unordered.empty()) entries_.emplace(kind->unordered, toText(value));
     }
@@ -80,9 +87,7 @@ std::vector<LostProperty> findLosses(
     WrittenEntries entries;
     for (const auto& [name, value] : written) {
         rewritten.emplace(name, &value);
-        // Few names can be an entry's, and telling what a name is takes longer than this.
-        for (const std::string_view part : {"Type", "Script", "I18N"})
-            if (name.find(part) != std::string::npos) entries.add(name, value);
+        entries.add(name, value);
     }
 
     std::vector<LostProperty> losses;

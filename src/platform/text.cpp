@@ -18,13 +18,10 @@ bool isContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-// The capital of a letter that takes two bytes, when it does itself, else the letter. Letters are
-// those of the C library's own table of Unicode, whatever the user's locale is.
-char32_t capitalOf(char32_t letter) {
-    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+// The capital of a letter that takes two bytes, when it does itself, else the letter.
+char32_t shortCapitalOf(char32_t letter) {
     constexpr char32_t MicroSign = 0xB5;  // has a capital in Greek alone
-    if (!unicode || letter == MicroSign) return letter;
-    const char32_t capital = towupper_l(static_cast<wint_t>(letter), unicode);
+    const char32_t capital = letter == MicroSign ? letter : capitalOf(letter);
     return capital >= 0x80 && capital <= 0x7FF ? capital : letter;
 }
 
@@ -74,6 +71,12 @@ std::string_view secondPiece(std::string_view text, std::string_view separator) 
     return rest.substr(0, rest.find(separator));
 }
 
+char32_t capitalOf(char32_t character) {
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (!unicode) return character;
+    return static_cast<char32_t>(towupper_l(static_cast<std::wint_t>(character), unicode));
+}
+
 std::string upperCase(std::string_view text) {
     std::string result(text);
     for (std::size_t i = 0; i < result.size(); ++i) {
@@ -81,7 +84,8 @@ std::string upperCase(std::string_view text) {
             result[i] = static_cast<char>(result[i] - ('a' - 'A'));
         } else if (startsTwoBytes(result[i]) && i + 1 < result.size() &&
                    isContinuation(result[i + 1])) {
-            const char32_t capital = capitalOf((result[i] & 0x1FU) << 6U | (result[i + 1] & 0x3FU));
+            const char32_t capital =
+                shortCapitalOf((result[i] & 0x1FU) << 6U | (result[i + 1] & 0x3FU));
             result[i] = static_cast<char>(0xC0U | capital >> 6U);
             result[++i] = static_cast<char>(0x80U | (capital & 0x3FU));
         }

@@ -18,6 +18,10 @@ std::vector<std::string_view> splitText(std::string_view text, std::string_view 
 // when the separator does not occur.
 std::string_view secondPiece(std::string_view text, std::string_view separator);
 
+// A letter's simple upper case by the C library's own table of Unicode, which is the same in every
+// installation and whatever the user's locale is; any other character is itself.
+char32_t capitalOf(char32_t character);
+
 // Upper case of ASCII and of the letters that take two bytes (Latin, Greek, Cyrillic); a letter
 // whose capital takes another number of bytes stays, so that lengths do. Text is UTF-8.
 std::string upperCase(std::string_view text);

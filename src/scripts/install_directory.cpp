@@ -17,15 +17,6 @@ std::string installDirectoryOf(Registry& registry) {
     }
 }
 
-std::string whyNoInstallDirectory(Registry& registry) {
-    try {
-        registry.RegRead(std::string(InstallDirValue));
-        return {};
-    } catch (const RuntimeError& error) {
-        return error.description();
-    }
-}
-
 InstallDirectory::InstallDirectory(HeaderDTC& dtc) : dtc_(dtc) {
     dtc_.procedures.GetInstallDir = [this] { return GetInstallDir(); };
 }

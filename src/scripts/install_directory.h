@@ -14,8 +14,6 @@ inline constexpr std::string_view InstallDirValue =
 // The install directory of a registry, a Windows path in capitals with a backslash at its end;
 // empty when it cannot be read.
 std::string installDirectoryOf(Registry& registry);
-// Why it cannot be read, in the registry's words; empty when it can.
-std::string whyNoInstallDirectory(Registry& registry);
 
 // The root of the web site: the suite's install directory, as the registry has it.
 class InstallDirectory {

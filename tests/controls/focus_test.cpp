@@ -50,7 +50,7 @@ TEST_F(FocusTest, NeitherProgramNorPersonReachesWhatIsHiddenDisabledOrOnAnotherT
     events.take();
     button.Enabled(false);
     for (Control* control : std::initializer_list<Control*>{&button, &onPage1, &label}) {
-        EXPECT_EQ(errorOf([&] { control->SetFocus(); }), 5) << control->name();
+        EXPECT_EQ(numberOf([&] { control->SetFocus(); }), 5) << control->name();
         EXPECT_TRUE(isRefused([&] { control->focus(); })) << control->name();
         EXPECT_TRUE(isRefused([&] { control->press(Key::of(Down)); })) << control->name();
     }
@@ -83,7 +83,7 @@ TEST_F(FocusTest, AFailingHandlerLeavesTheFocusNowhereAndTheViewsKnow) {
     const auto view = surface.focusChanged.subscribe([&] { ++told; });
     const auto handler =
         box.LostFocus.subscribe([] { throw RuntimeError(ErrorNumber::DeviceIoError); });
-    EXPECT_EQ(errorOf([&] { button.focus(); }), 57);
+    EXPECT_EQ(numberOf([&] { button.focus(); }), 57);
     EXPECT_EQ(surface.ActiveControl(), nullptr);
     EXPECT_EQ(told, 1);
 }
@@ -126,7 +126,7 @@ TEST_F(FocusTest, AProgramThatTurnsThePageTakesTheFocusFromWhatWasOnIt) {
     onPage1.focus();
     EXPECT_THAT(eventsOf([&] { tabs.Tab(1); }), IsEmpty());
     EXPECT_THAT(eventsOf([&] { tabs.Tab(0); }), ElementsAre("OnPage1.LostFocus", "Tabs.Click 1"));
-    EXPECT_EQ(errorOf([&] { tabs.Tab(2); }), 380);
+    EXPECT_EQ(numberOf([&] { tabs.Tab(2); }), 380);
     EXPECT_EQ(tabs.Tab(), 0);
 }
 

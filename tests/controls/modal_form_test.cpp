@@ -68,7 +68,7 @@ TEST_F(ModalFormTest, OnlyTheTopDialogCanBeReachedAndNoneIsOpenedTwice) {
         EXPECT_TRUE(isRefused([&] { open.press(); }));
         EXPECT_TRUE(isRefused([&] { press(surface, U'x'); }));
         EXPECT_TRUE(isRefused([&] { more.press(); })) << "not open yet";
-        EXPECT_EQ(errorOf([&] { dialog.ShowModal(); }), 5);
+        EXPECT_EQ(numberOf([&] { dialog.ShowModal(); }), 5);
         then([&](Form&) {
             EXPECT_TRUE(isRefused([&] { name.type("x"); }));
             more.press();
@@ -82,14 +82,14 @@ TEST_F(ModalFormTest, OnlyTheTopDialogCanBeReachedAndNoneIsOpenedTwice) {
     EXPECT_EQ(name.Text(), "reachable again");
     EXPECT_THAT(desktop.modalForms(), IsEmpty());
     EXPECT_TRUE(isRefused([&] { ok.press(); }));
-    EXPECT_EQ(errorOf([&] { surface.ShowModal(); }), 5);
+    EXPECT_EQ(numberOf([&] { surface.ShowModal(); }), 5);
     EXPECT_EQ(desktop.modalCount(), 2);
 }
 
 TEST_F(ModalFormTest, AFailureInsideReachesWhoeverOpenedTheDialog) {
     subscriptions += name.Change.subscribe([] { throw RuntimeError(ErrorNumber::DiskFull); });
     then([this](Form&) { name.type("x"); });
-    EXPECT_EQ(errorOf([&] { open.press(); }), 61);
+    EXPECT_EQ(numberOf([&] { open.press(); }), 61);
     EXPECT_FALSE(dialog.Visible());
     EXPECT_THAT(desktop.modalForms(), IsEmpty());
     EXPECT_EQ(events.take().back(), "closed Dialog");

@@ -59,7 +59,7 @@ void replayItems(List& list, unsigned seed) {
     for (int i = 0; i < Operations && !::testing::Test::HasFatalFailure(); ++i) {
         const std::string text = std::to_string(i);
         const int index = dice.index(list.ListCount());
-        errorOf([&] {
+        numberOf([&] {
             switch (dice.below(8)) {
                 case 0:
                     return list.AddItem(text);
@@ -109,7 +109,7 @@ TEST_F(ReplayTest, SelectionsGoWithTheirItems) {
     for (int i = 0; i < Operations; ++i) {
         const int index = dice.index(list.ListCount());
         const bool selected = dice.below(2) == 0;
-        errorOf([&] {
+        numberOf([&] {
             switch (dice.below(6)) {
                 case 0:
                 case 1:
@@ -165,7 +165,7 @@ TEST_F(ReplayTest, AGridIsKeptInStepByItsChanges) {
     });
     for (int i = 0; i < Operations; ++i) {
         const int row = dice.index(grid.Rows());
-        errorOf([&] {
+        numberOf([&] {
             switch (dice.below(8)) {
                 case 0:
                     return grid.Rows(grid.Rows() + 1 + dice.below(3));

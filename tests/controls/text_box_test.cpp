@@ -38,8 +38,8 @@ TEST_F(TextBoxTest, PositionsCountCharactersAndEndWithTheText) {
     EXPECT_EQ(box.SelStart(), 8);
     box.SelStart(2);
     box.SelLength(99);
-    EXPECT_EQ(errorOf([&] { box.SelStart(-1); }), 380);
-    EXPECT_EQ(errorOf([&] { box.SelLength(-1); }), 380);
+    EXPECT_EQ(numberOf([&] { box.SelStart(-1); }), 380);
+    EXPECT_EQ(numberOf([&] { box.SelLength(-1); }), 380);
     EXPECT_EQ(box.SelStart(), 2);
     EXPECT_EQ(box.SelLength(), 6);
 }

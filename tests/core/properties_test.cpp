@@ -119,8 +119,8 @@ TEST_F(PropertiesTest, IndexedPropertiesReadAndWriteTheirControlAndTellTheHost) 
         EXPECT_EQ(texts.at(1), info.name);
         EXPECT_THAT(notices(), ElementsAre(info.name));
         for (const int index : {-1, static_cast<int>(texts.size()), 2'000'000'000}) {
-            EXPECT_EQ(errorOf([&] { getProperty(dtc, info.name, index); }), 381);
-            EXPECT_EQ(errorOf([&] { setProperty(dtc, info.name, index, "x"); }), 381);
+            EXPECT_EQ(numberOf([&] { getProperty(dtc, info.name, index); }), 381);
+            EXPECT_EQ(numberOf([&] { setProperty(dtc, info.name, index, "x"); }), 381);
         }
         EXPECT_EQ(contentBehind(info.name).texts, texts);
         EXPECT_THAT(notices(), IsEmpty());
@@ -133,7 +133,7 @@ TEST_F(PropertiesTest, CountsCountTheirControlAndOnlyRowCountsAreWritten) {
             continue;
         SCOPED_TRACE(info.name);
         EXPECT_EQ(getProperty(dtc, info.name), PublicValue(contentBehind(info.name).count));
-        const int error = errorOf([&] { setProperty(dtc, info.name, {}, 30); });
+        const int error = numberOf([&] { setProperty(dtc, info.name, {}, 30); });
         EXPECT_EQ(error, info.writable ? 0 : 383);
         EXPECT_EQ(contentBehind(info.name).count == 30, info.writable);
     }
@@ -142,17 +142,17 @@ TEST_F(PropertiesTest, CountsCountTheirControlAndOnlyRowCountsAreWritten) {
 }
 
 TEST_F(PropertiesTest, RefusesWhatAPropertyCannotTake) {
-    EXPECT_EQ(errorOf([&] { getProperty(dtc, "dataprovider"); }), 438);
-    EXPECT_EQ(errorOf([&] { getProperty(dtc, "DataProvider", 0); }), 450);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "EAIReturnFields", {}, "x"); }), 450);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "EAIReturnFields", 0, 5); }), 13);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, "5"); }), 13);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, 32768); }), 6);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, 1LL << 32); }), 6);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, 0); }), 380);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "NrOfUserDefinedScripts", {}, -32769); }), 6);
-    EXPECT_EQ(errorOf([&] { setProperty(dtc, "DataProvider", {}, "Nowhere"); }), 380);
-    EXPECT_EQ(errorOf([&] { dtc.UserDefinedScripts(nullptr); }), 91);
+    EXPECT_EQ(numberOf([&] { getProperty(dtc, "dataprovider"); }), 438);
+    EXPECT_EQ(numberOf([&] { getProperty(dtc, "DataProvider", 0); }), 450);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "EAIReturnFields", {}, "x"); }), 450);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "EAIReturnFields", 0, 5); }), 13);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, "5"); }), 13);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, 32768); }), 6);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, 1LL << 32); }), 6);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "ZEKOCriteriaCount", {}, 0); }), 380);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "NrOfUserDefinedScripts", {}, -32769); }), 6);
+    EXPECT_EQ(numberOf([&] { setProperty(dtc, "DataProvider", {}, "Nowhere"); }), 380);
+    EXPECT_EQ(numberOf([&] { dtc.UserDefinedScripts(nullptr); }), 91);
     EXPECT_THAT(notices(), IsEmpty());
 }
 

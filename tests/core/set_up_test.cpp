@@ -89,7 +89,7 @@ TEST_F(SetCriteriumValueTest,
     dtc.SetCriteriumValue(3, 1, "f", "text", USERSCRIPT);
     EXPECT_EQ(dtc.userDefinedScripts->item("f"), "text");
     EXPECT_EQ(dtc.EAI.CriteriaType.Count() + dtc.ZEKO.CriteriaType.Count(), 0);
-    EXPECT_EQ(errorOf([&] { dtc.SetCriteriumValue(2, 2, "f", "text", USERSCRIPT); }), 381);
+    EXPECT_EQ(numberOf([&] { dtc.SetCriteriumValue(2, 2, "f", "text", USERSCRIPT); }), 381);
     EXPECT_TRUE(dtc.ZEKO.CriteriaType.Exists("f"));
     EXPECT_THAT(prepared, IsEmpty());
 }

@@ -11,7 +11,6 @@ namespace {
 using ::testing::ElementsAre;
 using testing::errorOf;
 using ::testing::HasSubstr;
-using testing::numberOf;
 using ::testing::Pair;
 using ::testing::StartsWith;
 using testing::TempFolder;

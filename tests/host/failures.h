@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/runtime_error.h"
+#include "support/error_number.h"
 #include "support/temp_folder.h"
 
 #include <functional>
@@ -27,16 +27,6 @@ inline int asPlainUser(const std::function<int()>& action) {
     int status = 0;
     waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : 252;
-}
-
-// The number of the run-time failure that an action raises, 0 for none.
-inline int numberOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
 }
 
 // The text of what an action throws, empty when it throws nothing.

@@ -26,12 +26,7 @@ class SiteTextFilesTest : public ::testing::Test {
         }
     }
     int write(const std::string& path, const std::string& text) {
-        try {
-            files.writeText(path, text);
-        } catch (const RuntimeError& error) {
-            return error.number();
-        }
-        return 0;
+        return numberOf([&] { files.writeText(path, text); });
     }
 
     TempFolder folder;

@@ -15,13 +15,8 @@ using testing::TempFolder;
 
 class WindowsPathsTest : public ::testing::Test {
   protected:
-    int errorOf(std::string_view path) {
-        try {
-            paths.toLocal(path);
-        } catch (const RuntimeError& error) {
-            return error.number();
-        }
-        return 0;
+    int failureOf(std::string_view path) {
+        return numberOf([&] { paths.toLocal(path); });
     }
 
     TempFolder folder;
@@ -72,10 +67,10 @@ TEST_F(WindowsPathsTest, ALargeFolderIsLookedThroughOnlyWhenItChanged) {
 }
 
 TEST_F(WindowsPathsTest, RefusesWhatNoFileHereCanHave) {
-    EXPECT_EQ(errorOf("X:\\file"), 76);
-    EXPECT_EQ(errorOf("\\\\server\\share\\file"), 76);
-    EXPECT_EQ(errorOf(std::string_view("C:\\a\0b", 6)), 75);
-    EXPECT_EQ(errorOf("C:\\"), 0);
+    EXPECT_EQ(failureOf("X:\\file"), 76);
+    EXPECT_EQ(failureOf("\\\\server\\share\\file"), 76);
+    EXPECT_EQ(failureOf(std::string_view("C:\\a\0b", 6)), 75);
+    EXPECT_EQ(failureOf("C:\\"), 0);
 }
 
 TEST_F(WindowsPathsTest, TheLongestDriveFolderGivesTheLetter) {

@@ -114,7 +114,7 @@ TEST_F(LinkedProviderTest, OnlyTheZekoComboLetsAFailedNoticeOut) {
     outside.changes.onChange = [](const std::string&) {
         throw RuntimeError(ErrorNumber::DeviceIoError);
     };
-    EXPECT_EQ(errorOf([&] { dtc.ZEKO.LinkedDataProvidersCombo.choose("Orders"); }), 57);
+    EXPECT_EQ(numberOf([&] { dtc.ZEKO.LinkedDataProvidersCombo.choose("Orders"); }), 57);
     open(Family::EAI);
     outside.messages.errors.clear();
     dtc.EAI.LinkedDataProvidersCombo.choose("Stock");

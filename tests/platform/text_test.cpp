@@ -22,7 +22,7 @@ TEST(TextTest, SplitsAtEveryOccurrenceAndKeepsEmptyPieces) {
     EXPECT_THAT(splitText("A.B", ""), ElementsAre("A.B"));
     EXPECT_EQ(secondPiece("1 - A - B", " - "), "A");
     EXPECT_EQ(secondPiece("GROUP.", "."), "");
-    EXPECT_EQ(errorOf([] { secondPiece("GROUP", "."); }), 9);
+    EXPECT_EQ(numberOf([] { secondPiece("GROUP", "."); }), 9);
 }
 
 TEST(TextTest, UpperCaseReachesLettersOfTwoBytes) {
@@ -54,8 +54,8 @@ TEST(TextTest, CountsCharactersNotBytes) {
 TEST(TextTest, NarrowsToSixteenBitsOrOverflows) {
     EXPECT_EQ(toInt16(-32768), -32768);
     EXPECT_EQ(toInt16(32767), 32767);
-    EXPECT_EQ(errorOf([] { toInt16(32768); }), 6);
-    EXPECT_EQ(errorOf([] { toInt16(-32769); }), 6);
+    EXPECT_EQ(numberOf([] { toInt16(32768); }), 6);
+    EXPECT_EQ(numberOf([] { toInt16(-32769); }), 6);
 }
 
 }  // namespace

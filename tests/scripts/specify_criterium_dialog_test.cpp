@@ -133,7 +133,7 @@ TEST_F(SpecifyCriteriumDialogTest, CancelAndEscapeLeaveTheConfiguration) {
 
 TEST_F(SpecifyCriteriumDialogTest, AFailureOfOkReachesTheLauncherAndClosesTheDialog) {
     dtc.EAI.CriteriaGrid.Rows(1);
-    EXPECT_EQ(errorOf([&] { open(1, "x", "", CONSTANT, agree); }), 381);
+    EXPECT_EQ(numberOf([&] { open(1, "x", "", CONSTANT, agree); }), 381);
     EXPECT_THAT(dtc.desktop.modalForms(), IsEmpty());
     EXPECT_THAT(messages(), IsEmpty());
 }

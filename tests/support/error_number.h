@@ -6,7 +6,7 @@ namespace headerdtc {
 
 // The number of the run-time failure that an action raises, 0 for none.
 template <class Action>
-int errorOf(Action&& action) {
+int numberOf(Action&& action) {
     try {
         action();
     } catch (const RuntimeError& error) {

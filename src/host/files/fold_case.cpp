@@ -2,23 +2,12 @@
 
 #include "controls/utf8.h"
 #include "host/files/utf8_scan.h"
+#include "platform/text.h"
 
 #include <algorithm>
-#include <clocale>
-#include <cwctype>
+#include <iterator>
 
 namespace headerdtc {
-namespace {
-
-// Upper case by the C library's own table of Unicode, which is the same in every installation.
-char32_t upperCaseOf(char32_t character) {
-    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    if (!unicode) return character;
-    return static_cast<char32_t>(towupper_l(static_cast<std::wint_t>(character), unicode));
-}
-
-}  // namespace
-
 std::string foldCase(std::string_view text) {
     std::string folded;
     folded.reserve(text.size());
@@ -30,7 +19,7 @@ std::string foldCase(std::string_view text) {
         text.remove_prefix(ascii.size());
         if (text.empty()) break;
         if (const auto length = characterLength(text); length > 0) {
-            folded += utf8::encode(upperCaseOf(utf8::first(text)));
+            folded += utf8::encode(capitalOf(utf8::first(text)));
             text.remove_prefix(length);
         } else {
             folded += text.front();

@@ -2,7 +2,6 @@
 
 #include "host/page/page_session.h"
 #include "host/quiet_host.h"
-#include "scripts/install_directory.h"
 
 #include <iterator>
 #include <utility>
@@ -49,7 +48,9 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
         if (result.after != markup.bytes()) result.verdict = Verdict::Stale;
     }
     if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;
-    if (failed) explainInstallDirectory(*site, result.messages);
+    // The control's own message does not say what to do.
+    if (const auto reason = site->registry.lastFailure(); failed && !reason.empty())
+        result.messages.push_back(reason);
     if (result.verdict != Verdict::Stale) result.after.clear();
     for (const auto& doubt : result.doubts)
         result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.reason));
@@ -57,11 +58,6 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
 }
 
 }  // namespace
-
-void explainInstallDirectory(Site& site, std::vector<std::string>& messages) {
-    std::string reason = whyNoInstallDirectory(site.registry);
-    if (!reason.empty()) messages.push_back(std::move(reason));
-}
 
 GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
     GeneratedPage result;

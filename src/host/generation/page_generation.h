@@ -41,8 +41,4 @@ enum class LossGuard { Refuse, SaveAnyway };
 // page's sake. Thread-safe.
 GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard);
 
-// The control says only that the install directory is not to be had; whoever mends the site needs
-// the registry's reason, which is added where there is one.
-void explainInstallDirectory(Site& site, std::vector<std::string>& messages);
-
 }  // namespace headerdtc

@@ -308,10 +308,22 @@ struct SiteRegistry::Cache {
     std::mutex mutex = {};
     std::string lastFailure = {};
 
-    RuntimeError failed(RuntimeError error) {
+    std::string read(const std::string& path) {
+        std::shared_ptr<const RegistryExport> values;
+        try {
+            values = file.current();
+        } catch (const FileError& error) {
+            throw runtimeErrorOf(error,
+                                 "write the registry export of an installation there, or name "
+                                 "another one by \"registry\" in headerdtc.toml");
+        }
+        if (const auto* value = values->find(path)) return *value;
+        throw RuntimeError(CannotOpenKey,
+                           "Unable to open registry key \"" + path + "\" for reading");
+    }
+    void note(const std::string& failure) {
         const std::lock_guard lock(mutex);
-        lastFailure = error.description();
-        return error;
+        lastFailure = failure;
     }
 };
 
@@ -321,18 +333,14 @@ SiteRegistry::SiteRegistry(std::filesystem::path file)
 SiteRegistry::~SiteRegistry() = default;
 
 std::string SiteRegistry::RegRead(const std::string& path) {
-    std::shared_ptr<const RegistryExport> values;
     try {
-        values = cache_->file.current();
-    } catch (const FileError& error) {
-        throw cache_->failed(
-            runtimeErrorOf(error,
-                           "write the registry export of an installation there, or name another "
-                           "one by \"registry\" in headerdtc.toml"));
+        std::string value = cache_->read(path);
+        cache_->note({});
+        return value;
+    } catch (const RuntimeError& error) {
+        cache_->note(error.description());
+        throw;
     }
-    if (const auto* value = values->find(path)) return *value;
-    throw cache_->failed(
-        RuntimeError(CannotOpenKey, "Unable to open registry key \"" + path + "\" for reading"));
 }
 
 std::string SiteRegistry::lastFailure() const {

@@ -33,7 +33,7 @@ class SiteRegistry : public Registry {
     explicit SiteRegistry(std::filesystem::path file);
     ~SiteRegistry() override;
     std::string RegRead(const std::string& path) override;
-    // What the last failure was, in words for whoever mends the site; empty when there was none.
+    // What the last reading failed for, in words for whoever mends the site; empty when it did not.
     std::string lastFailure() const;
 
   private:

@@ -12,7 +12,6 @@ namespace {
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::Not;
-using testing::numberOf;
 using ::testing::ThrowsMessage;
 
 constexpr int Unspecified = -1;

@@ -1,5 +1,6 @@
 #include "host/translations/csv.h"
 
+#include "host/failures.h"
 #include "host/files/file_error.h"
 
 #include <gmock/gmock.h>
@@ -9,6 +10,7 @@ namespace headerdtc {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::errorOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -57,12 +59,7 @@ TEST(Csv, TakesWhatSpreadsheetsWrite) {
 
 TEST(Csv, SaysTheLineOfABrokenQuotation) {
     const auto problem = [](const char* text) {
-        try {
-            readCsv("file.csv", text);
-        } catch (const FileError& error) {
-            return std::string(error.what());
-        }
-        return std::string("nothing");
+        return errorOf<FileError>([&] { readCsv("file.csv", text); });
     };
     EXPECT_THAT(problem("a,b\n\"c,d\ne"), HasSubstr("file.csv:2: a quotation mark is not closed"));
     EXPECT_THAT(problem("a,b\n\"c\"d,e"), HasSubstr("file.csv:2: a cell goes on"));

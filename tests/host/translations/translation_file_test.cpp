@@ -1,5 +1,6 @@
 #include "host/translations/translation_file.h"
 
+#include "host/failures.h"
 #include "host/files/file_error.h"
 #include "host/translations/translation_import.h"
 #include "platform/text.h"
@@ -10,6 +11,7 @@ namespace headerdtc {
 namespace {
 
 using ::testing::ElementsAre;
+using testing::errorOf;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using Action = ImportStep::Action;
@@ -106,12 +108,7 @@ TEST(TranslationFile, SeesWhatWasChangedMeanwhile) {
 
 TEST(TranslationFile, SaysWhatIsWrongWithItsColumns) {
     const auto problem = [](const char* text) {
-        try {
-            TranslationFile::parse("file.csv", text);
-        } catch (const FileError& error) {
-            return std::string(error.what());
-        }
-        return std::string("nothing");
+        return errorOf<FileError>([&] { TranslationFile::parse("file.csv", text); });
     };
     EXPECT_THAT(problem("label,1031\n"), HasSubstr("file.csv:1: there is no column \"key\""));
     EXPECT_THAT(problem("key,1031,1031\n"), HasSubstr("the column \"1031\" is there twice"));

@@ -268,8 +268,7 @@ std::string SettingsDialog::changed() const {
 
 QString SettingsDialog::problemOf(const std::string& bytes) const {
     const QTemporaryDir folder;
-    const std::filesystem::path trial =
-        std::filesystem::path(toPath(folder.path())) / file_.filename();
+    const std::filesystem::path trial = toPath(folder.path()) / file_.filename();
     try {
         FileReplacer replacer;
         replacer.create(trial, bytes);
