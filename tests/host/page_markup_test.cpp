@@ -138,6 +138,20 @@ TEST(PageMarkup, ARuntimeTextThatCouldNotBeReadAgainIsRefused) {
     }
 }
 
+// The quotation mark that somebody left open before the control would end inside the new value.
+TEST(PageMarkup, WhatDamageAroundItKeepsFromBeingReadIsNotWritten) {
+    const PageMarkup page =
+        pageOf("<!--metadata type=designercontrol STARTSPAN<object d='" + EndComment + "\r\n" +
+               written({"HeaderDTC1", {{"A", "1"}}, "<% %>\r\n"}));
+    ASSERT_EQ(page.controls().size(), 1U);
+    const auto with = [&](const char* value) {
+        return page.readableWith({{"HeaderDTC1", {{"A", value}}, "<% %>\r\n"}});
+    };
+    EXPECT_THAT(with("of the author"), HasSubstr("of the author"));
+    EXPECT_THAT(errorOf<FileError>([&] { with("the author' > "); }),
+                HasSubstr("page.asp:2: what is written would not be read again"));
+}
+
 TEST(PageMarkup, ANewControlGoesBeforeALineOutsideOfAllSpans) {
     const ControlContent content{"H", {}, ""};
     const auto control = written(content) + "\r\n";
