@@ -89,3 +89,14 @@ setup_build() {
 setup_has_display() {
     [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]
 }
+
+# No test opens a window on the screen of whoever runs it; Qt wants a folder for its sockets all the
+# same, which a bare machine has not.
+setup_hide_windows() {
+    export QT_QPA_PLATFORM=offscreen
+    [[ -z ${XDG_RUNTIME_DIR:-} ]] || return 0
+    XDG_RUNTIME_DIR=$(mktemp -d)
+    export XDG_RUNTIME_DIR
+    # shellcheck disable=SC2064 # this folder, whatever the variable says by then
+    trap "rm -rf '$XDG_RUNTIME_DIR'" EXIT
+}
