@@ -62,8 +62,8 @@ std::set<int> selectedItems(const SelectionList& list) {
 }
 
 int itemOf(const SelectionList& list, const std::string& text) {
-    const auto found = list.model()->match(list.model()->index(0, 0), Qt::DisplayRole, toQt(text),
-                                           1, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const auto found = list.model()->match(list.model()->index(0, 0), Qt::EditRole, toQt(text), 1,
+                                           Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (found.isEmpty()) cannot("there is no item " + text);
     return found.front().row();
 }
