@@ -15,8 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int SchemaVersion = 1;
-
 const char* wordOf(CatalogueChange::Kind kind) {
     switch (kind) {
         case CatalogueChange::Kind::Added:
@@ -58,7 +56,7 @@ Comparison compare(const CommonOptions& common, const CatalogueOptions& options)
 void tell(const Comparison& comparison, const char* command, bool json, bool written,
           ExitStatus status) {
     JsonLines lines;
-    if (json) lines.begin(command, SchemaVersion);
+    if (json) lines.begin(command);
     for (const CatalogueChange& change : comparison.merged.changes) {
         if (json) {
             lines.write({{"type", "change"},

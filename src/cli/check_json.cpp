@@ -1,14 +1,8 @@
 #include "cli/check_json.h"
 
 namespace headerdtc::cli {
-namespace {
-
-constexpr int SchemaVersion = 1;
-
-}  // namespace
-
 void CheckJson::begin() {
-    lines_.begin("check", SchemaVersion);
+    lines_.begin("check");
 }
 
 // What does not apply is left out: a family of what both share, a row of what there is once.

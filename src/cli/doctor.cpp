@@ -10,7 +10,6 @@
 namespace headerdtc::cli {
 namespace {
 
-constexpr int SchemaVersion = 1;
 constexpr const char* Variable = "HEADERDTC_CONFIG";
 
 std::string namedBy(const std::string& configuration) {
@@ -38,7 +37,7 @@ void printText(const std::vector<Diagnosis>& diagnoses) {
 
 void printJson(const std::vector<Diagnosis>& diagnoses, std::size_t broken, ExitStatus status) {
     JsonLines lines;
-    lines.begin("doctor", SchemaVersion);
+    lines.begin("doctor");
     for (const Diagnosis& diagnosis : diagnoses) {
         JsonLines::Json line = {{"type", "link"},
                                 {"link", diagnosis.link},

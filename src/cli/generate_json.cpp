@@ -8,8 +8,6 @@ namespace {
 
 using Verdict = GeneratedPage::Verdict;
 
-constexpr int SchemaVersion = 1;
-
 const char* statusOf(Verdict verdict) {
     switch (verdict) {
         case Verdict::NoControl:
@@ -31,7 +29,7 @@ const char* statusOf(Verdict verdict) {
 }  // namespace
 
 void GenerateJson::begin() {
-    lines_.begin("generate", SchemaVersion);
+    lines_.begin("generate");
 }
 
 void GenerateJson::problem(const std::string& text) {

@@ -5,8 +5,8 @@
 
 namespace headerdtc::cli {
 
-void JsonLines::begin(const std::string& command, int schemaVersion) {
-    write({{"type", "run"}, {"command", command}, {"schema", schemaVersion}, {"version", Version}});
+void JsonLines::begin(const std::string& command, int schema) {
+    write({{"type", "run"}, {"command", command}, {"schema", schema}, {"version", Version}});
 }
 
 void JsonLines::write(const Json& object) {

@@ -13,7 +13,7 @@ class JsonLines {
 
     // The version of a command's schema is raised when a field changes its meaning or goes away;
     // new fields and types may come without that.
-    void begin(const std::string& command, int schemaVersion);
+    void begin(const std::string& command, int schema = 1);
     void write(const Json& object);
 };
 

@@ -20,8 +20,6 @@ namespace {
 
 using Action = ImportStep::Action;
 
-constexpr int SchemaVersion = 1;
-
 std::vector<std::string> localesOf(const TranslationTable& table,
                                    const TranslationOptions& options) {
     if (options.locales.empty()) return table.locales;
@@ -77,7 +75,7 @@ void tellAsText(const std::vector<TranslationFault>& faults,
 void tellAsJson(const std::vector<TranslationFault>& faults,
                 const std::map<std::string, Progress>& progress, ExitStatus status) {
     JsonLines lines;
-    lines.begin("translations check", SchemaVersion);
+    lines.begin("translations check");
     for (const TranslationFault& fault : faults) {
         JsonLines::Json line = {{"type", "finding"}, {"rule", fault.rule}, {"label", fault.label}};
         if (!fault.locale.empty()) line["locale"] = fault.locale;
@@ -134,7 +132,7 @@ void tellAsText(const std::vector<ImportStep>& plan, bool written) {
 
 void tellAsJson(const std::vector<ImportStep>& plan, bool written, ExitStatus status) {
     JsonLines lines;
-    lines.begin("translations import", SchemaVersion);
+    lines.begin("translations import");
     for (const ImportStep& step : plan) {
         JsonLines::Json line = {{"type", "cell"},
                                 {"line", step.line},

@@ -10,8 +10,6 @@
 namespace headerdtc::cli {
 namespace {
 
-constexpr int SchemaVersion = 1;
-
 // What looking into a site came to.
 struct WhereTotals {
     std::size_t pages = 0, pagesUsing = 0, uses = 0, failed = 0;
@@ -28,7 +26,7 @@ struct WhereTotals {
 class WhereReport {
   public:
     explicit WhereReport(bool json) : json_(json) {
-        if (json_) lines_.begin("where", SchemaVersion);
+        if (json_) lines_.begin("where");
     }
 
     void use(const std::string& page, const Use& use) {

@@ -43,12 +43,20 @@ std::string replaceFound(std::string_view text, std::string_view from, std::stri
     return result;
 }
 
+std::string_view trim(std::string_view text, std::string_view space) {
+    const auto first = text.find_first_not_of(space);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(space) - first + 1);
+}
+
 }  // namespace
 
 std::string_view trimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return trim(text, " ");
+}
+
+std::string_view trimSpace(std::string_view text) {
+    return trim(text, " \t\r\n");
 }
 
 std::vector<std::string_view> splitText(std::string_view text, std::string_view separator) {

@@ -9,6 +9,8 @@ namespace headerdtc {
 
 // The blanks at both ends removed (blanks only: tabs and line ends stay).
 std::string_view trimBlanks(std::string_view text);
+// The same for blanks, tabs and line ends.
+std::string_view trimSpace(std::string_view text);
 
 // The pieces of a text between every occurrence of a separator; at least one piece. An empty
 // separator occurs nowhere.

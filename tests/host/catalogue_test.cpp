@@ -25,7 +25,7 @@ const std::string Example = R"({"providers": [
   {"name": "Café", "eai": {"keyFields": [], "groups": []}}]}
 )";
 
-std::string problemOf(const std::string& json) {
+std::string problemIn(const std::string& json) {
     return errorOf<FileError>([&] { Catalogue::parse("c.json", json); });
 }
 
@@ -100,15 +100,15 @@ TEST(Catalogue, FaultsNameTheirPlace) {
         {"{\"providers\": [\"\xFF\"]}", "c.json:1:17: this is no JSON"},
     };
     for (const auto& [json, problem] : cases)
-        EXPECT_THAT(problemOf(json), HasSubstr(problem)) << json;
+        EXPECT_THAT(problemIn(json), HasSubstr(problem)) << json;
 }
 
 TEST(Catalogue, NoCutOffOrDamagedCatalogueIsTaken) {
     const auto end = Example.rfind('}');
     for (std::size_t size = 0; size < end; ++size)
-        EXPECT_THAT(problemOf(Example.substr(0, size)), StartsWith("c.json:")) << size;
-    EXPECT_THAT(problemOf(std::string(100'000, '[')), StartsWith("c.json:1:1: here the catalogue"));
-    EXPECT_THAT(problemOf("{\"providers\": [" + std::string(100'000, '{')),
+        EXPECT_THAT(problemIn(Example.substr(0, size)), StartsWith("c.json:")) << size;
+    EXPECT_THAT(problemIn(std::string(100'000, '[')), StartsWith("c.json:1:1: here the catalogue"));
+    EXPECT_THAT(problemIn("{\"providers\": [" + std::string(100'000, '{')),
                 StartsWith("c.json:1:17: "));
 }
 

@@ -19,17 +19,17 @@ const std::string End = "<!--METADATA TYPE=\"DesignerControl\" endspan-->";
 const std::string OtherStart =
     "<!--METADATA TYPE=\"DesignerControl\" startspan\r\n<OBJECT CLASSID=\"clsid:0\">-->";
 
-PageMarkup pageOf(std::string bytes) {
+PageMarkup greekPage(std::string bytes) {
     return {"page.asp", std::move(bytes), CodePage("windows-1253")};
 }
 
 StoredProperties propertiesOf(const std::string& params) {
-    const auto page = pageOf(Start + params + Close + End);
+    const auto page = greekPage(Start + params + Close + End);
     return page.controls().at(0).properties;
 }
 
 std::string problemOf(const std::string& bytes) {
-    return errorOf<FileError>([&] { pageOf(bytes); });
+    return errorOf<FileError>([&] { greekPage(bytes); });
 }
 
 TEST(TolerantMarkup, AnySpellingOfTheMarkupIsRead) {
@@ -44,9 +44,9 @@ TEST(TolerantMarkup, AnySpellingOfTheMarkupIsRead) {
          }) {
         for (const char* close :
              {"</OBJECT>\r\n-->\r\n", "</object\n>-->", "\n</Object> \t-->\n"}) {
-            const auto page = pageOf(std::string(start) + "<Param\nValue=1\nName=A>" + close +
-                                     "text<!-- Metadata "
-                                     "endspan TYPE='designercontrol'\n-->after");
+            const auto page = greekPage(std::string(start) + "<Param\nValue=1\nName=A>" + close +
+                                        "text<!-- Metadata "
+                                        "endspan TYPE='designercontrol'\n-->after");
             ASSERT_EQ(page.controls().size(), 1U) << page.bytes();
             EXPECT_EQ(page.controls()[0].id, "H");
             EXPECT_THAT(page.controls()[0].properties, ElementsAre(Pair("A", "1")));
@@ -126,13 +126,13 @@ TEST(TolerantMarkup, WhatOnlyLooksLikeAControlIsText) {
              OtherStart + OtherStart + "<OBJECT CLASSID=\"clsid:2F9DAB28" + End + "x" + End,
              "<!--METADATA TYPE=DesignerControl startspan-->" + End,
          }) {
-        const auto page = pageOf(bytes);
+        const auto page = greekPage(bytes);
         EXPECT_TRUE(page.controls().empty()) << bytes;
         EXPECT_EQ(page.with({}), bytes);
     }
     // A start that nothing follows is text inside of ours.
     const auto text = "s = \"<!--METADATA TYPE=DesignerControl startspan\"";
-    const auto page = pageOf(Start + Close + text + End);
+    const auto page = greekPage(Start + Close + text + End);
     EXPECT_EQ(page.runtimeTextOf(page.controls().at(0)), text);
 }
 
@@ -157,7 +157,7 @@ TEST(TolerantMarkup, TheTimeIsInProportionToThePage) {
              "<",
          }) {
         const auto text = repeated(piece);
-        const auto page = pageOf(text + "\n" + End + Start + Close + text + "\n" + End);
+        const auto page = greekPage(text + "\n" + End + Start + Close + text + "\n" + End);
         ASSERT_EQ(page.controls().size(), 1U) << piece;
         EXPECT_EQ(page.controls()[0].runtimeText.size(), text.size() + 1) << piece;
     }

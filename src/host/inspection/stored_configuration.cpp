@@ -70,9 +70,9 @@ std::string named(std::string_view pattern, Family family) {
     return name.append(pattern.substr(place + 1));
 }
 
-class Reader {
+class ConfigurationReader {
   public:
-    explicit Reader(const StoredProperties& properties) {
+    explicit ConfigurationReader(const StoredProperties& properties) {
         values_.reserve(properties.size());
         for (const auto& [name, text] : properties)
             values_.emplace(name, text);
@@ -207,7 +207,7 @@ bool StoredConfiguration::hasLinkedProvider() const {
 }
 
 StoredConfiguration readStoredConfiguration(const StoredProperties& properties) {
-    return Reader(properties).read();
+    return ConfigurationReader(properties).read();
 }
 
 void forEachItem(

@@ -13,20 +13,13 @@ constexpr std::string_view Synonyms[][3] = {
     {"Database", "DB"},          {"Option", "Options"},
 };
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view Space = " \t\r\n";
-    const auto first = text.find_first_not_of(Space);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(Space) - first + 1);
-}
-
 // The value that begins at `begin`, up to the next semicolon outside its braces. Moves begin past
 // that semicolon.
 std::string takeValue(std::string_view text, std::size_t& begin) {
     const auto first = text.find_first_not_of(" \t", begin);
     if (first == std::string_view::npos || text[first] != '{') {
         const auto end = std::min(text.find(';', begin), text.size());
-        std::string value(trimmed(text.substr(begin, end - begin)));
+        std::string value(trimSpace(text.substr(begin, end - begin)));
         begin = end + 1;
         return value;
     }
@@ -59,7 +52,7 @@ OdbcConnectString::OdbcConnectString(std::string_view text) {
         const std::size_t start = begin;
         const auto separator = text.find_first_of("=;", begin);
         Part part;
-        part.keyword = trimmed(text.substr(begin, separator - begin));
+        part.keyword = trimSpace(text.substr(begin, separator - begin));
         if (separator == std::string_view::npos || text[separator] == ';') {
             begin = std::min(separator, text.size() - 1) + 1;
         } else {
@@ -68,7 +61,7 @@ OdbcConnectString::OdbcConnectString(std::string_view text) {
         }
         part.written = text.substr(start, std::min(begin, text.size()) - start);
         if (part.written.ends_with(';')) part.written.pop_back();
-        if (!trimmed(part.written).empty()) parts_.push_back(std::move(part));
+        if (!trimSpace(part.written).empty()) parts_.push_back(std::move(part));
     }
 }
 
@@ -86,7 +79,7 @@ void OdbcConnectString::remove(std::string_view keyword) {
 void OdbcConnectString::add(std::string_view keyword, std::string_view value) {
     // Braces only where they are needed: not every driver knows them.
     const bool braces =
-        value.find_first_of(";{}") != std::string_view::npos || trimmed(value) != value;
+        value.find_first_of(";{}") != std::string_view::npos || trimSpace(value) != value;
     std::string written = std::string(keyword) + "=";
     written += braces ? "{" + replaceAll(value, "}", "}}") + "}" : std::string(value);
     parts_.push_back({std::string(keyword), std::string(value), std::move(written)});

@@ -11,13 +11,6 @@
 namespace headerdtc {
 namespace {
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view Space = " \t\r";
-    const auto first = text.find_first_not_of(Space);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(Space) - first + 1);
-}
-
 std::string profileString(const char* file, const std::string& section, const std::string& key) {
     // ODBC takes an empty name for a question of another kind.
     if (section.empty()) return {};
@@ -38,17 +31,18 @@ std::optional<OdbcIniSection> readOdbcIniSection(const std::filesystem::path& fi
     std::optional<OdbcIniSection> found;
     bool inSection = false;
     for (std::string text; std::getline(lines, text);) {
-        const std::string_view line = trimmed(text);
+        const std::string_view line = trimSpace(text);
         if (line.empty() || line[0] == ';' || line[0] == '#') continue;
         if (line[0] == '[') {
             if (found) break;
-            inSection = equalIgnoringCase(trimmed(line.substr(1, line.find(']') - 1)), section);
+            inSection = equalIgnoringCase(trimSpace(line.substr(1, line.find(']') - 1)), section);
             if (inSection) found.emplace();
             continue;
         }
         const auto equals = line.find('=');
         if (inSection && equals != std::string_view::npos)
-            found->emplace_back(trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
+            found->emplace_back(trimSpace(line.substr(0, equals)),
+                                trimSpace(line.substr(equals + 1)));
     }
     return found;
 }

@@ -4,9 +4,9 @@ namespace headerdtc {
 namespace {
 
 std::string storedText(PropertyValue value) {
-    if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
     if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "-1" : "0";
-    return std::to_string(std::get<std::int16_t>(value));
+    if (const auto* number = std::get_if<std::int16_t>(&value)) return std::to_string(*number);
+    return std::get<std::string>(std::move(value));
 }
 
 }  // namespace

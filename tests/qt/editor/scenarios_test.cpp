@@ -82,7 +82,7 @@ std::vector<std::string> withoutSaving(const std::string& script) {
     return lines;
 }
 
-std::vector<std::string> linesOf(const Scenario& scenario) {
+std::vector<std::string> scenarioLines(const Scenario& scenario) {
     const fs::path file =
         fs::path(HEADERDTC_SOURCE_DIR "/tests/scenarios") / (std::string(scenario.name) + ".jsonl");
     return withoutSaving(readWholeFile(file).bytes);
@@ -126,7 +126,7 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
     const DemoCopy automated(scenario);
     const DemoCopy played(scenario);
     const DemoCopy recorded(scenario);
-    const std::vector<std::string> lines = linesOf(scenario);
+    const std::vector<std::string> lines = scenarioLines(scenario);
     const Outcome expected = automate(automated.page(), lines);
 
     window->opener().openPage(played.page());

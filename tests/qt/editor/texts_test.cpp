@@ -15,7 +15,7 @@ namespace {
 using Lines = std::vector<std::string_view>;
 
 // The changed lines of a difference: "-old" and "+new".
-std::string changes(std::string_view before, std::string_view after) {
+std::string changedLines(std::string_view before, std::string_view after) {
     const Lines oldLines = linesOf(before);
     const Lines newLines = linesOf(after);
     std::string text;
@@ -30,12 +30,12 @@ std::string changes(std::string_view before, std::string_view after) {
 }
 
 TEST(TextDiff, FindsTheFewestChanges) {
-    EXPECT_EQ("", changes("a\nb\n", "a\r\nb"));
-    EXPECT_EQ("-b", changes("a\nb\nc\n", "a\nc\n"));
-    EXPECT_EQ("+x-c", changes("a\nb\nc\nd", "a\nx\nb\nd"));
-    EXPECT_EQ("-a+b", changes("a", "b"));
-    EXPECT_EQ("+a+b", changes("", "a\nb\n"));
-    EXPECT_EQ("-1-3", changes("1\n2\n3\n4\n5", "2\n4\n5"));
+    EXPECT_EQ("", changedLines("a\nb\n", "a\r\nb"));
+    EXPECT_EQ("-b", changedLines("a\nb\nc\n", "a\nc\n"));
+    EXPECT_EQ("+x-c", changedLines("a\nb\nc\nd", "a\nx\nb\nd"));
+    EXPECT_EQ("-a+b", changedLines("a", "b"));
+    EXPECT_EQ("+a+b", changedLines("", "a\nb\n"));
+    EXPECT_EQ("-1-3", changedLines("1\n2\n3\n4\n5", "2\n4\n5"));
 }
 
 TEST(TextDiff, RunsCoverBothTextsAndSameRunsAreTheSame) {

@@ -13,13 +13,13 @@
 namespace headerdtc::qt {
 namespace {
 
-struct SeverityLook {
+struct NoticeLook {
     const char* icon;
     QRgb onLight, onDark;  // background
 };
 
 // In the order of Message::Severity.
-constexpr SeverityLook Looks[] = {
+constexpr NoticeLook NoticeLooks[] = {
     {"dialog-information", 0xffdfeaf8, 0xff22364f},
     {"dialog-warning", 0xfffbefd0, 0xff4a3a14},
     {"dialog-error", 0xfff9dedb, 0xff552623},
@@ -37,7 +37,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QWidget(parent) {
 void NoticeBar::show(const QString& key, Message::Severity severity, const QString& text,
                      const std::vector<Choice>& choices) {
     remove(key);
-    const SeverityLook& look = Looks[static_cast<std::size_t>(severity)];
+    const NoticeLook& look = NoticeLooks[static_cast<std::size_t>(severity)];
     auto* notice = new QFrame;
     notice->setObjectName(QStringLiteral("Notice"));
     notice->setAutoFillBackground(true);

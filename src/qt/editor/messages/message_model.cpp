@@ -8,13 +8,13 @@
 namespace headerdtc::qt {
 namespace {
 
-struct SeverityLook {
+struct MessageLook {
     const char* icon;
     const char* word;
 };
 
 // In the order of Message::Severity.
-constexpr SeverityLook Looks[] = {
+constexpr MessageLook MessageLooks[] = {
     {"dialog-information", QT_TRANSLATE_NOOP("MessageModel", "Note")},
     {"dialog-warning", QT_TRANSLATE_NOOP("MessageModel", "Warning")},
     {"dialog-error", QT_TRANSLATE_NOOP("MessageModel", "Error")},
@@ -58,7 +58,7 @@ int MessageModel::columnCount(const QModelIndex& parent) const {
 
 QVariant MessageModel::data(const QModelIndex& index, int role) const {
     const Message& shown = message(index.row());
-    const SeverityLook& look = Looks[static_cast<std::size_t>(shown.severity)];
+    const MessageLook& look = MessageLooks[static_cast<std::size_t>(shown.severity)];
     switch (role) {
         case Qt::DecorationRole:
             return index.column() == Text ? editorIcon(look.icon) : QVariant();

@@ -17,7 +17,7 @@ struct VerdictLook {
     const char* word;
 };
 
-constexpr VerdictLook Looks[] = {
+constexpr VerdictLook VerdictLooks[] = {
     {Verdict::NoControl, "", QT_TRANSLATE_NOOP("SiteModel", "no control")},
     {Verdict::UpToDate, "dialog-ok", QT_TRANSLATE_NOOP("SiteModel", "up to date")},
     {Verdict::Stale, "view-refresh", QT_TRANSLATE_NOOP("SiteModel", "out of date")},
@@ -27,7 +27,7 @@ constexpr VerdictLook Looks[] = {
 };
 
 const VerdictLook& lookOf(Verdict verdict) {
-    return *std::find_if(std::begin(Looks), std::end(Looks),
+    return *std::find_if(std::begin(VerdictLooks), std::end(VerdictLooks),
                          [&](const VerdictLook& look) { return look.verdict == verdict; });
 }
 

@@ -6,7 +6,7 @@
 namespace headerdtc::qt {
 namespace {
 
-struct Look {
+struct TokenLook {
     const char* onLight;
     const char* onDark;
     bool bold;
@@ -14,7 +14,7 @@ struct Look {
 };
 
 // In the order of AspHighlighter::Colour.
-constexpr Look Looks[] = {
+constexpr TokenLook TokenLooks[] = {
     {"#7a1f6b", "#e3a1d6", false, false},  // Tag
     {"#1f5fa8", "#8fc1f7", false, false},  // Value
     {"#5c6f5c", "#93ac93", false, true},   // Comment
@@ -59,9 +59,10 @@ void AspHighlighter::usePalette(const QPalette& palette) {
     bool changed = false;
     for (std::size_t i = 0; i < formats_.size(); ++i) {
         QTextCharFormat format;
-        format.setForeground(QColor(QLatin1String(dark ? Looks[i].onDark : Looks[i].onLight)));
-        if (Looks[i].bold) format.setFontWeight(QFont::DemiBold);
-        format.setFontItalic(Looks[i].italic);
+        format.setForeground(
+            QColor(QLatin1String(dark ? TokenLooks[i].onDark : TokenLooks[i].onLight)));
+        if (TokenLooks[i].bold) format.setFontWeight(QFont::DemiBold);
+        format.setFontItalic(TokenLooks[i].italic);
         changed = changed || formats_[i] != format;
         formats_[i] = format;
     }

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* SiteMark = "headerdtc.toml";
 constexpr const char* MakeTranslations = "make-translations";
-constexpr const char* Translations = "translations.sqlite";
+constexpr const char* TranslationsFile = "translations.sqlite";
 constexpr int MakeTranslationsMilliseconds = 20000;
 
 QString tr(const char* text) {
@@ -26,7 +26,7 @@ QString tr(const char* text) {
 // The copy's own database, so that what is tried in it stays in it.
 QString makeTranslations(const fs::path& site) {
     std::error_code failure;
-    if (fs::exists(site / Translations, failure)) return {};
+    if (fs::exists(site / TranslationsFile, failure)) return {};
     QProcess process;
     process.setProgram(QStringLiteral("bash"));
     process.setArguments({toName(site / MakeTranslations)});
