@@ -122,7 +122,7 @@ void ComboBox::press(const Key& key) {
             edited(after.text(), after.selStart(), after.selLength());
         } else if (key.kind == Key::Kind::Character) {
             const int next = items_.findNext(listIndex_, key.character);
-            if (next >= 0 && next != listIndex_) pick(next);
+            if (next >= 0 && next != listIndex_) pickByKey(next);
         }
     });
 }
@@ -139,7 +139,13 @@ bool ComboBox::keyPress(const Key& key) {
 
 void ComboBox::moveBy(int step) {
     const int target = std::clamp(listIndex_ + step, 0, std::max(0, ListCount() - 1));
-    if (target != listIndex_ && ListCount() > 0) pick(target);
+    if (target != listIndex_ && ListCount() > 0) pickByKey(target);
+}
+
+// Told like a choice by mouse, which is what comes of the key.
+void ComboBox::pickByKey(int item) {
+    perform({.kind = PersonAction::Kind::Choose, .control = this, .index = item},
+            [&] { pick(item); });
 }
 
 void ComboBox::edited(const std::string& text, int selStart, int selLength) {

@@ -79,6 +79,7 @@ class ComboBox : public Control {
   private:
     void pick(int item);
     void moveBy(int step);
+    void pickByKey(int item);
     void tellContent(bool textChanged);
 
     Style style_;

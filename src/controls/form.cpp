@@ -1,9 +1,11 @@
 #include "controls/form.h"
 
 #include "controls/button.h"
+#include "controls/combo_box.h"
 #include "controls/control.h"
 #include "controls/person_action.h"
 #include "controls/tab_strip.h"
+#include "controls/text_box.h"
 #include "platform/runtime_error.h"
 
 #include <algorithm>
@@ -74,6 +76,14 @@ void Form::press(const Key& key) {
 
 void Form::dismiss() {
     if (cancelButton) cancelButton->press();
+}
+
+// Other controls have nothing to finish, and a grid that gets the focus back moves its marker.
+void Form::finishEditing() {
+    Control* const box = active_;
+    if (!tabStrip_ || !(dynamic_cast<TextBox*>(box) || dynamic_cast<ComboBox*>(box))) return;
+    tabStrip_->focus();
+    if (tabStrip_->hasFocus() && canTakeFocus(*box)) box->focus();
 }
 
 bool Form::isReachable() const {

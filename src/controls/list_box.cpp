@@ -5,6 +5,8 @@
 #include "platform/runtime_error.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 
 namespace headerdtc {
@@ -83,6 +85,21 @@ void ListBox::Selected(const std::vector<int>& indices, bool selected) {
     selectionChanged.raise();
 }
 
+std::vector<int> ListBox::find(const std::vector<std::string>& texts) const {
+    // Places among the texts that wait for an item, the first at the back.
+    std::unordered_map<std::string_view, std::vector<std::size_t>> waiting;
+    for (std::size_t i = texts.size(); i-- > 0;)
+        waiting[texts[i]].push_back(i);
+    std::vector<int> found(texts.size(), -1);
+    for (int item = 0; item < ListCount(); ++item) {
+        const auto places = waiting.find(List(item));
+        if (places == waiting.end() || places->second.empty()) continue;
+        found[places->second.back()] = item;
+        places->second.pop_back();
+    }
+    return found;
+}
+
 void ListBox::mark(int index, bool selected) {
     auto& item = items_.at(index);
     if (item.selected == selected) return;
@@ -155,16 +172,26 @@ void ListBox::press(const Key& key) {
         if (pressTab(key) || form().pressDialogKey(key)) return;
         if (isMultiSelect() && key.isBlank()) {
             if (listIndex_ < 0) return;
-            mark(listIndex_, !Selected(listIndex_));
-            selectionChanged.raise();
-            Click.raise();
-            return;
+            std::vector<int> items;
+            for (int i = 0; i < ListCount(); ++i) {
+                if (Selected(i) != (i == listIndex_)) items.push_back(i);
+            }
+            return selectByKey(items, listIndex_);
         }
         const int item = itemReachedBy(key);
         if (item < 0 || (item == listIndex_ && SelCount() == 1 && Selected(item))) return;
-        selectOnly({item}, item);
-        Click.raise();
+        selectByKey({item}, item);
     });
+}
+
+// What a key comes to is told too: whoever watches need not know how keys lead through a list.
+void ListBox::selectByKey(const std::vector<int>& items, int focusItem) {
+    perform(
+        {.kind = PersonAction::Kind::Select, .control = this, .index = focusItem, .items = &items},
+        [&] {
+            selectOnly(items, focusItem);
+            Click.raise();
+        });
 }
 
 // -1 when the key leads nowhere.

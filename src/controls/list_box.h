@@ -50,6 +50,9 @@ class ListBox : public Control {
     std::string Text() const { return ListOrEmpty(listIndex_); }
     // Index of the first equal item, -1 for none (exact comparison).
     int find(const std::string& text) const { return items_.find(text); }
+    // The same for several texts; one that stands there twice is the first and the second equal
+    // item.
+    std::vector<int> find(const std::vector<std::string>& texts) const;
 
     // ---- what a person does ----------------------------------------------------------------
     // Makes exactly these items the selected ones, with the focus on `focusItem` (-1 for none);
@@ -78,6 +81,7 @@ class ListBox : public Control {
     void mark(int index, bool selected);
     void selectNone();
     void selectOnly(const std::vector<int>& items, int focusItem);
+    void selectByKey(const std::vector<int>& items, int focusItem);
     int itemReachedBy(const Key& key) const;
 
     Selection selection_;

@@ -100,7 +100,7 @@ void FieldSelection::FieldsList_DblClick(FamilyControls& family, ChangedProperti
 void FieldSelection::RemoveField_Click(FamilyControls& family, ChangedProperties& changed) {
     ListBox& selected = family.SelectedFieldsList;
     if (selected.SelCount() > 0) {
-        TranslationRemoval translations(family);
+        TranslationRemoval translations(family, changed);
         int lowest = 0;
         for (int i = selected.ListCount() - 1; i >= 0; --i) {
             if (!selected.Selected(i)) continue;

@@ -4,10 +4,12 @@
 
 namespace headerdtc {
 
-TranslationRemoval::TranslationRemoval(FamilyControls& family)
+TranslationRemoval::TranslationRemoval(FamilyControls& family, ChangedProperties& changed)
     : names_(family.I18NFieldnamesList),
       linked_(family.LinkedFieldsList),
-      values_(family.I18NFieldValuesList) {}
+      values_(family.I18NFieldValuesList),
+      changed_(changed),
+      linkedName_(familyName(family.family, "AvailableFieldsLinked")) {}
 
 void TranslationRemoval::remove(const std::string& field) {
     const int nameCount = names_.count();
@@ -19,7 +21,10 @@ void TranslationRemoval::remove(const std::string& field) {
         const int j = std::min(inNames, inLinked);
         if (j >= nameCount) break;
         if (inNames == j) names_.remove();
-        if (inLinked == j) linked_.remove();
+        if (inLinked == j) {
+            linked_.remove();
+            changed_.add(linkedName_);
+        }
         from = j + 1;
     }
     const int valueCount = values_.count();

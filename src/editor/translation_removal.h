@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/family_controls.h"
+#include "core/handler.h"
 #include "editor/scanned_list.h"
 
 #include <string>
@@ -9,10 +9,12 @@ namespace headerdtc {
 
 // Takes fields that are no longer return fields off the translation lists, and off the linked
 // fields, which are scanned along with the names. The lists follow when it ends, also when that is
-// because of a failure.
+// because of a failure. A linked field that goes is noted; what becomes of the translations is part
+// of the return fields.
 class TranslationRemoval {
   public:
-    explicit TranslationRemoval(FamilyControls& family);
+    // Both outlive it.
+    TranslationRemoval(FamilyControls& family, ChangedProperties& changed);
 
     // The effect of the scans
     //     n = number of names;  for each j = 0 .. n - 1:
@@ -27,6 +29,8 @@ class TranslationRemoval {
 
   private:
     ScannedList names_, linked_, values_;
+    ChangedProperties& changed_;
+    std::string linkedName_;
 };
 
 }  // namespace headerdtc

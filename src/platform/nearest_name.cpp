@@ -3,32 +3,36 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <utility>
+#include <numeric>
 #include <vector>
 
 namespace headerdtc {
 namespace {
 
-// How many letters have to be added, removed or replaced to make one text of the other.
+// How many letters have to be added, removed, replaced or swapped with the next one to make one
+// text of the other.
 std::size_t editDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j <= b.size(); ++j)
-        row[j] = j;
+    std::vector<std::size_t> last(b.size() + 1), row(b.size() + 1), next(b.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
     for (std::size_t i = 1; i <= a.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i);
+        next[0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
-            const std::size_t replaced = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-            diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
+            const std::size_t replaced = row[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
+            next[j] = std::min({replaced, row[j] + 1, next[j - 1] + 1});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1])
+                next[j] = std::min(next[j], last[j - 2] + 1);
         }
+        last.swap(row);
+        row.swap(next);
     }
     return row.back();
 }
 
 }  // namespace
 
-// A third of the letters may be wrong.
+// One letter in three may be wrong, and one in the shortest names.
 NearestName::NearestName(std::string_view written)
-    : written_(upperCase(written)), nearest_((written_.size() + 2) / 3 + 1) {}
+    : written_(upperCase(written)), nearest_(std::max<std::size_t>(written_.size() / 3, 1) + 1) {}
 
 void NearestName::offer(std::string_view name) {
     const std::size_t longer = std::max(written_.size(), name.size());

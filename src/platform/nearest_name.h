@@ -7,7 +7,8 @@
 namespace headerdtc {
 
 // Of the names offered the one that somebody may have meant who wrote another: few letters have to
-// be added, removed or replaced; case does not count. Of equally near ones the first.
+// be added, removed, replaced or swapped with the next; case does not count. Of equally near ones
+// the first.
 class NearestName {
   public:
     explicit NearestName(std::string_view written);

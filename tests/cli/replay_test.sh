@@ -37,10 +37,15 @@ sed -i 's/Locks/Gates/' steps
 check 0 "$headerdtc" automate --over --apply before/traffic/ships.asp steps
 cmp -s one/traffic/ships.asp before/traffic/ships.asp || fail "a replay saves otherwise"
 
-# A line that a page refuses fails that page alone, and is named.
+# A line that a page refuses fails that page alone, and is named: one that lacks a field, one that
+# would lose something.
 printf '%s\n' '{"do":"tab","index":2}' \
-    '{"do":"select","control":"ZEKOSelectedFieldsList","items":[1]}' \
+    '{"do":"select","control":"ZEKOSelectedFieldsList","texts":["3 - BERTH"]}' \
     '{"do":"click","control":"ZEKORemoveField"}' '{"do":"save"}' >fields
+check 3 "$headerdtc" automate --over site fields
+expect "$out" '--- site/traffic/ships.asp'
+expect "$err" 'site/traffic/today/berths.asp: line 2: '
+sed -i 's/"texts":.*]/"items":[1]/' fields
 sed -i 's/VALUE="Ships"/VALUE="Tugs"/' site/traffic/ships.asp
 check 3 "$headerdtc" automate --over --apply site fields
 expect "$err" 'site/traffic/ships.asp: line 4: '

@@ -8,6 +8,13 @@ cp -r "$project/demo" site
 cd site || exit 1
 
 "$headerdtc" new orders/mine.asp >/dev/null
+# The guide has every name, the twins' under one of them.
+"$headerdtc" automate orders/mine.asp <<<'{"do":"controls"}' | jq -r '.controls[]?.name' |
+    sed -E 's/^(EAI|ZEKO)//' | while read -r name; do
+    grep -q "$name" "$project/docs/guide.md" || echo "$name"
+done >unnamed
+[[ -s unnamed ]] && fail "the guide does not name $(cat unnamed)"
+
 ask='{"do":"properties"}
 {"do":"runtimeText"}'
 { cat "$project/tests/scenarios/full_configuration.jsonl" && echo "$ask"; } |

@@ -62,6 +62,18 @@ TEST_F(FocusTest, NeitherProgramNorPersonReachesWhatIsHiddenDisabledOrOnAnotherT
                                               "'OnPage1' cannot be used: it is on another tab"));
 }
 
+TEST_F(FocusTest, FinishingLeavesABoxAndComesBackWhereItIsStillThere) {
+    box.focus();
+    EXPECT_THAT(eventsOf([&] { surface.finishEditing(); }),
+                ElementsAre("Box.LostFocus", "Tabs.GotFocus", "Tabs.LostFocus", "Box.GotFocus"));
+    const auto closes = box.LostFocus.subscribe([&] { box.Visible(false); });
+    surface.finishEditing();
+    EXPECT_EQ(surface.ActiveControl(), &tabs);
+    button.focus();
+    events.take();
+    EXPECT_THAT(eventsOf([&] { surface.finishEditing(); }), IsEmpty());
+}
+
 TEST_F(FocusTest, ALostFocusHandlerMaySendItElsewhere) {
     box.focus();
     const auto handler = box.LostFocus.subscribe([&] { tabs.SetFocus(); });

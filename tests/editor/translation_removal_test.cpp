@@ -56,8 +56,10 @@ TEST_F(TranslationRemovalTest, GivesWhatTheScansGive) {
     for (int round = 0; round < 5000; ++round) {
         const int kinds = 1 + round % 7;
         fillAlike(2 + round % 40, kinds);
+        const int linkedBefore = dtc.EAI.LinkedFieldsList.ListCount();
+        ChangedProperties changed;
         {
-            TranslationRemoval removal(dtc.EAI);
+            TranslationRemoval removal(dtc.EAI, changed);
             for (int field = round % 12; field >= 0; --field) {
                 const std::string text = randomField(kinds);
                 const int error = numberOf([&] { removal.remove(text); });
@@ -66,6 +68,8 @@ TEST_F(TranslationRemovalTest, GivesWhatTheScansGive) {
             }
         }
         ASSERT_EQ(contents(dtc.EAI), contents(dtc.ZEKO)) << "round " << round;
+        ASSERT_EQ(changed.names().size(),
+                  dtc.EAI.LinkedFieldsList.ListCount() < linkedBefore ? 1U : 0U);
     }
     EXPECT_GT(failures, 100);
 }

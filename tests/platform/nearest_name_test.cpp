@@ -9,6 +9,8 @@ TEST(NearestName, IsTheOneThatMayHaveBeenMeant) {
     for (const auto& [written, meant] : {std::pair{"chek", "check"},
                                          {"GENERATE", "generate"},
                                          {"hwere", "where"},
+                                         {"hsow", "show"},
+                                         {"hello", ""},
                                          {"exit", "edit"},
                                          {"FLAGG", "FLAG"},
                                          {"remove", ""},

@@ -12,16 +12,24 @@
 #include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 
+#include <algorithm>
 #include <istream>
 #include <ostream>
 
 namespace headerdtc {
 namespace {
 
-constexpr const char* Verbs[] = {"tab",  "click", "select",     "dblclick", "choose",
-                                 "type", "cell",  "dblcell",    "key",      "focus",
-                                 "pick", "read",  "get",        "set",      "properties",
-                                 "save", "quit",  "runtimeText"};
+constexpr const char* Verbs[] = {"tab",        "click",       "select",  "dblclick", "choose",
+                                 "type",       "cell",        "dblcell", "key",      "focus",
+                                 "pick",       "read",        "get",     "set",      "controls",
+                                 "properties", "runtimeText", "save",    "quit"};
+
+std::string everyVerb() {
+    std::string list;
+    for (const char* const verb : Verbs)
+        list += list.empty() ? verb : ", " + std::string(verb);
+    return list;
+}
 
 template <class Kind>
 Kind& as(Control& control, const char* kind) {
@@ -38,6 +46,28 @@ void click(Control& control) {
 void typeText(Control& control, const std::string& text) {
     if (auto* combo = dynamic_cast<ComboBox*>(&control)) return combo->type(text);
     as<TextBox>(control, "text box or combo box").type(text);
+}
+
+// The items that texts name, each by its whole text. A text that is given twice names the first and
+// the second item of that text.
+std::vector<int> itemsNamed(const ListBox& list, const std::vector<std::string>& texts) {
+    list.requireReachable();
+    std::vector<int> items = list.find(texts);
+    const auto lacking = std::find(items.begin(), items.end(), -1);
+    if (lacking == items.end()) return items;
+    const std::string& text = texts[static_cast<std::size_t>(lacking - items.begin())];
+    NearestName nearest(text);
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (list.List(i) != text) nearest.offer(list.List(i));
+    }
+    throw CommandError("'" + list.name() + "' has no item \"" + text + "\"" + nearest.question());
+}
+
+void doubleClick(ListBox& list, const Automation::Command& command) {
+    if (!command.has("item") && !command.has("text")) return list.doubleClickEmptyArea();
+    list.doubleClick(command.oneOf("item", "text") == "item"
+                         ? command.integer("item")
+                         : itemsNamed(list, {command.text("text")}).front());
 }
 
 nlohmann::ordered_json jsonOf(const PublicValue& value) {
@@ -140,7 +170,9 @@ void Automation::execute(const Command& command) {
     NearestName nearest(command.verb);
     for (const char* const verb : Verbs)
         nearest.offer(verb);
-    throw CommandError("there is no command \"" + command.verb + "\"" + nearest.question());
+    throw CommandError(
+        "there is no command \"" + command.verb + "\"" +
+        (nearest.found().empty() ? "; there are " + everyVerb() : nearest.question()));
 }
 
 bool Automation::actOnPage(const Command& command) {
@@ -157,19 +189,14 @@ bool Automation::actOnPage(const Command& command) {
         getProperty(command);
     } else if (verb == "set") {
         setProperty(command);
+    } else if (verb == "controls") {
+        listControls();
     } else if (verb == "properties") {
         reply_["properties"] = page_->properties();
     } else if (verb == "runtimeText") {
         reply_["text"] = page_->runtimeText();
     } else if (verb == "save") {
-        try {
-            const std::string file = page_->save();
-            if (!file.empty()) events_.wrote(file);
-        } catch (const RuntimeError& error) {
-            fail(error.description());
-        } catch (const std::exception& error) {
-            fail(error.what());
-        }
+        save(command);
     } else {
         return false;
     }
@@ -182,18 +209,13 @@ bool Automation::actOnControl(const Command& command) {
     if (verb == "click") {
         click(control());
     } else if (verb == "select") {
-        auto& list = as<ListBox>(control(), "list");
-        const auto items = command.integers("items");
-        const int fallback = items.empty() ? list.ListIndex() : items.back();
-        list.select(items, command.integerIfGiven("focus").value_or(fallback));
+        select(command);
     } else if (verb == "dblclick") {
-        auto& list = as<ListBox>(control(), "list");
-        const auto item = command.integerIfGiven("item");
-        item ? list.doubleClick(*item) : list.doubleClickEmptyArea();
+        doubleClick(as<ListBox>(control(), "list"), command);
     } else if (verb == "choose") {
         auto& combo = as<ComboBox>(control(), "combo box");
-        command.has("item") ? combo.choose(command.integer("item"))
-                            : combo.choose(command.text("text"));
+        command.oneOf("item", "text") == "item" ? combo.choose(command.integer("item"))
+                                                : combo.choose(command.text("text"));
     } else if (verb == "type") {
         typeText(control(), command.text("text"));
     } else if (verb == "cell") {
@@ -211,6 +233,50 @@ bool Automation::actOnControl(const Command& command) {
         return false;
     }
     return true;
+}
+
+void Automation::select(const Command& command) {
+    auto& list = as<ListBox>(findControl(command.text("control")), "list");
+    const std::vector<int> items = command.oneOf("items", "texts") == "items"
+                                       ? command.integers("items")
+                                       : itemsNamed(list, command.texts("texts"));
+    int focus = items.empty() ? list.ListIndex() : items.back();
+    if (command.has("focus")) {
+        focus = command.value("focus").is_string()
+                    ? itemsNamed(list, {command.text("focus")}).front()
+                    : command.integer("focus");
+    }
+    list.select(items, focus);
+}
+
+// What has opened a dialog is half done.
+void Automation::save(const Command& command) {
+    const bool forced = command.flag("force");
+    HeaderDTC& dtc = page_->control;
+    if (const auto& modal = dtc.desktop.modalForms(); !modal.empty())
+        throw CommandError("the page cannot be saved while the dialog '" + modal.back()->name() +
+                           "' is open");
+    try {
+        dtc.surface.finishEditing();
+        const std::string file = page_->save(forced ? PageDocument::Guard::SaveAnyway
+                                                    : PageDocument::Guard::RefuseLosses);
+        if (!file.empty()) events_.wrote(file);
+    } catch (const RuntimeError& error) {
+        fail(error.description());
+    } catch (const std::exception& error) {
+        fail(error.what());
+    }
+}
+
+void Automation::listControls() {
+    HeaderDTC& dtc = page_->control;
+    std::vector<const Form*> forms = {&dtc.surface};
+    forms.insert(forms.end(), dtc.desktop.modalForms().begin(), dtc.desktop.modalForms().end());
+    Json& list = reply_["controls"] = Json::array();
+    for (const Form* form : forms) {
+        for (Control* control : form->controls())
+            list.push_back(controlEntry(*control));
+    }
 }
 
 Form* Automation::findForm(const std::string& name) const {
@@ -232,7 +298,7 @@ Control& Automation::findControl(const std::string& name) const {
     if (control) return *control;
     NearestName nearest(name);
     for (const Control* each : form->controls())
-        nearest.offer(dot == std::string::npos ? each->name() : formName + "." + each->name());
+        nearest.offer(controlName(*each));
     throw CommandError("there is no control '" + name + "'" + nearest.question());
 }
 

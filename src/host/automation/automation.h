@@ -3,6 +3,7 @@
 #include "controls/event.h"
 #include "controls/form.h"
 #include "host/automation/event_log.h"
+#include "host/page/page_document.h"
 
 #include <functional>
 #include <iosfwd>
@@ -21,9 +22,8 @@ struct AutomationPage {
     // The stored properties and the runtime text, as `show` and the host would get them.
     std::function<nlohmann::ordered_json()> properties;
     std::function<std::string()> runtimeText;
-    // Saves the page with the guards of `generate`; the file's name when it was written, empty
-    // when its bytes are the same.
-    std::function<std::string()> save;
+    // Saves the page; the file's name when it was written, empty when its bytes are the same.
+    std::function<std::string(PageDocument::Guard)> save;
 };
 
 // Drives one control by the names of its controls: a JSON object a line in, a JSON object a line
@@ -53,6 +53,9 @@ class Automation : public ModalLoop {
     void execute(const Command& command);
     bool actOnControl(const Command& command);
     bool actOnPage(const Command& command);
+    void select(const Command& command);
+    void save(const Command& command);
+    void listControls();
     Control& findControl(const std::string& name) const;
     Form* findForm(const std::string& name) const;
     void pressKey(const Command& command);

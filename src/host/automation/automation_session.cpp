@@ -39,9 +39,8 @@ void converse(Sites& sites, const std::filesystem::path& page, const std::string
         .properties = [&] { return propertiesJson(control.properties()); },
         .runtimeText = [&] { return control.runtimeText(); },
         .save =
-            [&] {
-                const bool written =
-                    document.save(index, control, PageDocument::Guard::RefuseLosses);
+            [&](PageDocument::Guard guard) {
+                const bool written = document.save(index, control, guard);
                 return written ? page.string() : std::string();
             },
     };

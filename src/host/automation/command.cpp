@@ -2,6 +2,7 @@
 
 #include "host/automation/key_names.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace headerdtc {
@@ -21,9 +22,20 @@ Automation::Command::Command(const std::string& line)
     verb = text("do");
 }
 
-void Automation::Command::wrong(const char* field, const char* what) const {
+void Automation::Command::wrong(const char* field, const std::string& what) const {
     const std::string of = verb.empty() ? "" : " of \"" + verb + "\"";
     throw CommandError("field \"" + std::string(field) + "\"" + of + " " + what);
+}
+
+bool Automation::Command::has(const char* field) const {
+    const auto found = fields.find(field);
+    return found != fields.end() && !found->is_null();
+}
+
+std::string_view Automation::Command::oneOf(const char* first, const char* second) const {
+    if (has(first) == has(second))
+        throw CommandError("\"" + verb + "\" takes either \"" + first + "\" or \"" + second + "\"");
+    return has(first) ? first : second;
 }
 
 const nlohmann::ordered_json& Automation::Command::value(const char* field) const {
@@ -44,19 +56,31 @@ int Automation::Command::integer(const char* field) const {
 }
 
 std::optional<int> Automation::Command::integerIfGiven(const char* field) const {
-    if (!has(field) || value(field).is_null()) return std::nullopt;
-    return integer(field);
+    return has(field) ? std::optional(integer(field)) : std::nullopt;
 }
 
 std::vector<int> Automation::Command::integers(const char* field) const {
+    return listOf<int>(field, isInt, "must be a list of integers");
+}
+
+std::vector<std::string> Automation::Command::texts(const char* field) const {
+    const auto isText = [](const nlohmann::ordered_json& item) { return item.is_string(); };
+    return listOf<std::string>(field, isText, "must be a list of texts");
+}
+
+template <class Item, class Test>
+std::vector<Item> Automation::Command::listOf(const char* field, Test isItem,
+                                              const char* wanted) const {
     const auto& found = value(field);
-    if (!found.is_array()) wrong(field, "must be a list of integers");
-    std::vector<int> numbers;
-    for (const auto& item : found) {
-        if (!isInt(item)) wrong(field, "must be a list of integers");
-        numbers.push_back(item.get<int>());
-    }
-    return numbers;
+    if (!found.is_array() || !std::all_of(found.begin(), found.end(), isItem)) wrong(field, wanted);
+    return found.template get<std::vector<Item>>();
+}
+
+bool Automation::Command::flag(const char* field) const {
+    if (!has(field)) return false;
+    const auto& found = value(field);
+    if (!found.is_boolean()) wrong(field, "must be true or false");
+    return found.get<bool>();
 }
 
 Key Automation::Command::key() const {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace headerdtc {
@@ -25,16 +26,25 @@ struct Automation::Command {
     std::string verb;
     nlohmann::ordered_json fields;  // in the order in which they were given
 
-    bool has(const char* field) const { return fields.contains(field); }
+    // A field that is null counts as left out.
+    bool has(const char* field) const;
+    // The one that is given of two fields that say the same in two ways. Throws CommandError for
+    // both and for neither.
+    std::string_view oneOf(const char* first, const char* second) const;
     std::string text(const char* field) const;
+    std::vector<std::string> texts(const char* field) const;
     int integer(const char* field) const;
     std::optional<int> integerIfGiven(const char* field) const;
     std::vector<int> integers(const char* field) const;
+    // Left out: false.
+    bool flag(const char* field) const;
     const nlohmann::ordered_json& value(const char* field) const;
     Key key() const;
 
   private:
-    [[noreturn]] void wrong(const char* field, const char* what) const;
+    template <class Item, class Test>
+    std::vector<Item> listOf(const char* field, Test isItem, const char* wanted) const;
+    [[noreturn]] void wrong(const char* field, const std::string& what) const;
 };
 
 }  // namespace headerdtc

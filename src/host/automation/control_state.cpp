@@ -2,6 +2,7 @@
 
 #include "controls/button.h"
 #include "controls/combo_box.h"
+#include "controls/form.h"
 #include "controls/grid.h"
 #include "controls/label.h"
 #include "controls/list_box.h"
@@ -77,7 +78,39 @@ class StateReader : public ControlVisitor {
     }
 };
 
+class KindReader : public ControlVisitor {
+  public:
+    const char* kind = "";
+
+    void visit(Button&) override { kind = "button"; }
+    void visit(CheckBox&) override { kind = "check box"; }
+    void visit(ComboBox&) override { kind = "combo"; }
+    void visit(Grid&) override { kind = "grid"; }
+    void visit(Label&) override { kind = "label"; }
+    void visit(ListBox&) override { kind = "list"; }
+    void visit(OptionButton&) override { kind = "option"; }
+    void visit(TabStrip&) override { kind = "tab strip"; }
+    void visit(TextBox&) override { kind = "text box"; }
+};
+
 }  // namespace
+
+std::string controlName(const Control& control) {
+    const Form& form = control.form();
+    return form.kind() == Form::Kind::Surface ? control.name() : form.name() + '.' + control.name();
+}
+
+Json controlEntry(Control& control) {
+    KindReader reader;
+    control.accept(reader);
+    Json entry = {{"name", controlName(control)}, {"kind", reader.kind}};
+    if (control.tabPage() >= 0) {
+        entry["tab"] = control.tabPage();
+    } else {
+        entry["form"] = control.form().name();
+    }
+    return entry;
+}
 
 Json controlState(Control& control) {
     StateReader reader;

@@ -4,6 +4,7 @@
 #include "controls/grid.h"
 #include "controls/list_box.h"
 #include "controls/text_box.h"
+#include "host/automation/control_state.h"
 #include "host/automation/key_names.h"
 
 #include <algorithm>
@@ -11,11 +12,7 @@
 namespace headerdtc {
 namespace {
 
-// As automation names a control.
-std::string nameOf(const Control& control) {
-    const Form& form = control.form();
-    return form.kind() == Form::Kind::Surface ? control.name() : form.name() + '.' + control.name();
-}
+using Json = nlohmann::ordered_json;
 
 std::string textOf(const Control* control) {
     if (const auto* box = dynamic_cast<const TextBox*>(control)) return box->Text();
@@ -25,6 +22,38 @@ std::string textOf(const Control* control) {
 
 bool isBackTab(const Key& key) {
     return key.kind == Key::Kind::Tab && key.shift;
+}
+
+// Items are written by their texts, which other pages have too, perhaps at another place. Where
+// texts would name other ones, because some are the same, their places have to do.
+template <class ListLike>
+Json itemOf(const ListLike& list, int item) {
+    const bool isThere = item >= 0 && item < list.ListCount();
+    if (isThere && list.find(list.List(item)) == item) return list.List(item);
+    return item;
+}
+
+template <class ListLike>
+void addItem(Json& line, const ListLike& list, int item) {
+    Json named = itemOf(list, item);
+    const char* const field = named.is_string() ? "text" : "item";
+    line[field] = std::move(named);
+}
+
+void addItems(Json& line, const ListBox& list, std::vector<int> items, int focus) {
+    // The focus goes to the last one.
+    std::sort(items.begin(), items.end());
+    const auto focused = std::find(items.begin(), items.end(), focus);
+    if (focused != items.end()) std::rotate(focused, focused + 1, items.end());
+    std::vector<std::string> texts;
+    for (const int item : items)
+        texts.push_back(list.ListOrEmpty(item));
+    if (list.find(texts) == items) {
+        line["texts"] = texts;
+    } else {
+        line["items"] = items;
+    }
+    if (items.empty() || items.back() != focus) line["focus"] = itemOf(list, focus);
 }
 
 // A key that writes into a text, if it comes to that.
@@ -77,7 +106,7 @@ void Recording::add(Json line) {
 }
 
 void Recording::addFor(const Control& control, Json line) {
-    const std::string name = nameOf(control);
+    const std::string name = controlName(control);
     // Every command moves the focus to its control first. Only a grid's cells are entered before
     // the focus comes.
     if (lastIs("focus", name) && !dynamic_cast<const Grid*>(&control)) lines_.pop_back();
@@ -96,9 +125,16 @@ bool Recording::lastIs(const char* command, const std::string& control) const {
 void Recording::begin(Form& form, const PersonAction& action) {
     Running now;
     now.form = &form;
-    now.isPartOfAnother = std::any_of(running_.begin(), running_.end(),
-                                      [&](const Running& other) { return other.form == &form; });
-    if (!now.isPartOfAnother) {
+    const auto whole = std::find_if(running_.begin(), running_.end(),
+                                    [&](const Running& other) { return other.form == &form; });
+    now.isPartOfAnother = whole != running_.end();
+    if (now.isPartOfAnother) {
+        // A key that leads to another item: to which one is not known to a replay.
+        if (action.kind == Kind::Select || action.kind == Kind::Choose) {
+            takeBack(*whole);
+            write(form, action);
+        }
+    } else {
         now.focus = form.ActiveControl();
         now.text = textOf(action.control);
         now.linesBefore = lines_.size();
@@ -124,32 +160,28 @@ void Recording::end(Form& form, const PersonAction& action, bool done) {
 
 void Recording::write(Form& form, const PersonAction& action) {
     const auto add = [&](Json line) { addFor(*action.control, std::move(line)); };
-    const std::string name = action.control ? nameOf(*action.control) : form.name();
+    const std::string name = action.control ? controlName(*action.control) : form.name();
     switch (action.kind) {
         case Kind::Focus:
             return add({{"do", "focus"}, {"control", name}});
         case Kind::Press:
             return add({{"do", "click"}, {"control", name}});
         case Kind::Select: {
-            Json line = {{"do", "select"}, {"control", name}, {"items", *action.items}};
-            if (action.items->empty() || action.items->back() != action.index)
-                line["focus"] = action.index;
+            Json line = {{"do", "select"}, {"control", name}};
+            addItems(line, dynamic_cast<const ListBox&>(*action.control), *action.items,
+                     action.index);
             return add(std::move(line));
         }
-        case Kind::DoubleClick:
-            return add({{"do", "dblclick"}, {"control", name}, {"item", action.index}});
+        case Kind::DoubleClick: {
+            Json line = {{"do", "dblclick"}, {"control", name}};
+            addItem(line, dynamic_cast<const ListBox&>(*action.control), action.index);
+            return add(std::move(line));
+        }
         case Kind::DoubleClickEmptyArea:
             return add({{"do", "dblclick"}, {"control", name}});
         case Kind::Choose: {
-            // By its text, which other pages have too, perhaps at another place.
-            const auto& combo = dynamic_cast<const ComboBox&>(*action.control);
             Json line = {{"do", "choose"}, {"control", name}};
-            const bool isThere = action.index >= 0 && action.index < combo.ListCount();
-            if (isThere && combo.find(combo.List(action.index)) == action.index) {
-                line["text"] = combo.List(action.index);
-            } else {
-                line["item"] = action.index;
-            }
+            addItem(line, dynamic_cast<const ComboBox&>(*action.control), action.index);
             return add(std::move(line));
         }
         case Kind::ClickTab:
@@ -166,7 +198,7 @@ void Recording::write(Form& form, const PersonAction& action) {
                         {"column", action.column}});
         case Kind::Edit:
             if (*action.text == textOf(action.control)) return;
-            return writeText(*action.control, *action.text);
+            return writeText(*action.control, textOf(action.control), *action.text);
         case Kind::Key:
             // Back by Tab has no name; where it leads is written when it has led there.
             if (action.control && isBackTab(action.key))
@@ -188,16 +220,20 @@ void Recording::writeKey(Form& form, const PersonAction& action) {
     const std::string key = nameOfKey(action.key);
     if (action.control) {
         addFor(*action.control,
-               {{"do", "key"}, {"control", nameOf(*action.control)}, {"key", key}});
+               {{"do", "key"}, {"control", controlName(*action.control)}, {"key", key}});
     } else {
         add({{"do", "key"}, {"control", form.name()}, {"key", key}});
     }
 }
 
-// Letter by letter is one text.
-void Recording::writeText(const Control& control, const std::string& text) {
-    const std::string name = nameOf(control);
-    if (lastIs("type", name)) {
+// Letter by letter is one text, unless it is the one that was there before: to type that is no
+// change, and two were made.
+void Recording::writeText(const Control& control, const std::string& before,
+                          const std::string& text) {
+    const std::string name = controlName(control);
+    const bool goesOn = lastIs("type", name) && text != typedOver_;
+    if (!goesOn) typedOver_ = before;
+    if (goesOn) {
         lines_.back()["text"] = text;
         changed.raise();
     } else {
@@ -222,7 +258,7 @@ void Recording::finish(Form& form, const PersonAction& action, const Running& ru
                 takeBack(running);
                 const std::string now = textOf(action.control);
                 if (now != running.text) {
-                    writeText(*action.control, now);
+                    writeText(*action.control, running.text, now);
                 } else if (focusMoved) {
                     writeFocus(form);
                 }
@@ -246,7 +282,7 @@ void Recording::finish(Form& form, const PersonAction& action, const Running& ru
 // does nothing else.
 void Recording::writeFocus(Form& form) {
     if (const Control* active = form.ActiveControl()) {
-        add({{"do", "focus"}, {"control", nameOf(*active)}});
+        add({{"do", "focus"}, {"control", controlName(*active)}});
     } else {
         add({{"do", "key"}, {"control", form.name()}, {"key", "Left"}});
     }
@@ -254,8 +290,8 @@ void Recording::writeFocus(Form& form) {
 
 // The last line is the first press of a double click, which nothing has come between.
 bool Recording::isSecondPress(const Grid& grid) const {
-    return grid.hasFocus() && lastIs("cell", nameOf(grid)) && lines_.back()["row"] == grid.Row() &&
-           lines_.back()["column"] == grid.Col();
+    return grid.hasFocus() && lastIs("cell", controlName(grid)) &&
+           lines_.back()["row"] == grid.Row() && lines_.back()["column"] == grid.Col();
 }
 
 // The first press has opened something: an editor over the cell, which the second one leaves, or a
@@ -263,7 +299,7 @@ bool Recording::isSecondPress(const Grid& grid) const {
 void Recording::finishClickAgain(Form& form, const PersonAction& action, const Running& running) {
     const auto& grid = dynamic_cast<const Grid&>(*action.control);
     if (running.linesBefore > 0 && running.lastBefore != lines_[running.linesBefore - 1]) return;
-    const std::string name = nameOf(grid);
+    const std::string name = controlName(grid);
     const bool opened = lines_.size() > running.linesBefore || form.ActiveControl() != &grid;
     auto at = lines_.begin() + static_cast<std::ptrdiff_t>(running.linesBefore);
     if (opened)

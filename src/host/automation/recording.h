@@ -55,7 +55,7 @@ class Recording {
     void end(Form& form, const PersonAction& action, bool done);
     void write(Form& form, const PersonAction& action);
     void writeKey(Form& form, const PersonAction& action);
-    void writeText(const Control& control, const std::string& text);
+    void writeText(const Control& control, const std::string& before, const std::string& text);
     void takeBack(const Running& running);
     void finish(Form& form, const PersonAction& action, const Running& running);
     void writeFocus(Form& form);
@@ -67,6 +67,7 @@ class Recording {
 
     std::vector<Json> lines_;
     std::vector<Running> running_;
+    std::string typedOver_;  // what the last text that was typed has replaced
     Subscriptions subscriptions_;
 };
 

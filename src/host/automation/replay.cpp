@@ -155,9 +155,8 @@ void replay(Sites& sites, const std::filesystem::path& page, const std::string& 
         .properties = [&] { return propertiesJson(control.properties()); },
         .runtimeText = [&] { return control.runtimeText(); },
         .save =
-            [&] {
-                result.after =
-                    document.bytesWith(index, control, PageDocument::Guard::RefuseLosses);
+            [&](PageDocument::Guard guard) {
+                result.after = document.bytesWith(index, control, guard);
                 return result.after == result.before ? std::string() : page.string();
             },
     };

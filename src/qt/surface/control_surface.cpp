@@ -78,7 +78,7 @@ void ControlSurface::act(const std::function<void()>& action) {
 }
 
 void ControlSurface::finishEditing() {
-    act([this] { dtc_.SSTab1.focus(); });
+    act([this] { dtc_.surface.finishEditing(); });
 }
 
 }  // namespace headerdtc::qt

@@ -28,8 +28,8 @@ class ControlSurface : public QWidget {
     // key or the mouse; what a person could not do is left undone.
     void act(const std::function<void()>& action);
 
-    // Leaves the control that has the focus, as a person does before turning elsewhere: what an
-    // in-place editor holds gets into its cell. To be called before the page is saved.
+    // What is being edited reaches the control (Form::finishEditing). To be called before the page
+    // is saved.
     void finishEditing();
 
   private:

@@ -11,6 +11,7 @@ namespace {
 
 using testing::TempSite;
 using Json = nlohmann::json;
+using ::testing::Contains;
 using ::testing::HasSubstr;
 
 class AutomationTest : public ::testing::Test {
@@ -63,6 +64,12 @@ TEST_F(AutomationTest, LinesThatAreNoCommandsAndActionsThatNobodyCanDoAreRefused
         R"({"do":"click","control":"DataProvidersCombo"})",  // another kind
         R"({"do":"choose","control":"DataProvidersCombo","item":9})",
         R"({"do":"choose","control":"DataProvidersCombo","text":"Gone"})",
+        R"({"do":"choose","control":"DataProvidersCombo","item":0,"text":"Orders"})",
+        R"({"do":"select","control":"IncludeASPList"})",
+        R"({"do":"select","control":"IncludeASPList","items":[],"texts":[]})",
+        R"({"do":"dblclick","control":"IncludeASPList","text":"Gone"})",
+        R"({"do":"save","force":1})",
+        R"({"do":"select","control":"ZEKOSelectedFieldsList","texts":["1 - ORDNO"]})",
         R"({"do":"tab","index":6})",
         R"({"do":"click","control":"SpecifyCriteriumDialog.OKButton"})",  // not open
         R"({"do":"key","control":"IncludeASPText","key":"F1"})",
@@ -143,6 +150,50 @@ TEST_F(AutomationTest, SavesLikeGenerateWithTheSameGuards) {
         {R"({"do":"choose","control":"DataProvidersCombo","text":"Stock"})", R"({"do":"save"})"});
     EXPECT_EQ(mended[2]["ok"], true);
     EXPECT_THAT(site.read("page.asp"), HasSubstr(TempSite::param("DataProvider", "Stock")));
+}
+
+TEST_F(AutomationTest, ASaveEndsWhatIsBeingEditedAndIsRefusedBehindADialog) {
+    const auto replies =
+        converse({R"({"do":"tab","index":2})",
+                  R"({"do":"dblcell","control":"ZEKOCriteriaGrid","row":1,"column":3})",
+                  R"({"do":"type","control":"ZEKOKeyFieldValueText","text":"77"})",
+                  R"({"do":"save"})", R"({"do":"read","control":"ZEKOKeyFieldValueText"})",
+                  R"({"do":"cell","control":"ZEKOCriteriaGrid","row":1,"column":4})",
+                  R"({"do":"save","force":true})", R"({"do":"controls"})"});
+    EXPECT_EQ(replies[4]["events"].front(), Json::parse(R"({"changed":"ZEKOCriteria"})"));
+    EXPECT_TRUE(replies[4]["events"].back().contains("wrote"));
+    EXPECT_EQ(replies[5]["state"]["visible"], false);
+    EXPECT_THAT(site.read("page.asp"), HasSubstr(TempSite::param("ZEKOCriteria1_3", "77")));
+    EXPECT_THAT(replies[7]["error"].get<std::string>(), HasSubstr("SpecifyCriteriumDialog"));
+    const Json& controls = replies[8]["controls"];
+    EXPECT_THAT(controls,
+                Contains(Json::parse(R"({"name":"ZEKOAddField","kind":"button","tab":2})")));
+    EXPECT_THAT(controls, Contains(Json::parse(R"({"name":"SpecifyCriteriumDialog.NameText",
+                              "kind":"text box","form":"SpecifyCriteriumDialog"})")));
+}
+
+TEST_F(AutomationTest, AForcedSaveIsOneThatLosesSomething) {
+    site.write("page.asp", TempSite::page(TempSite::param("DataProvider", "Gone")));
+    EXPECT_EQ(converse({R"({"do":"save","force":false})"})[1]["ok"], false);
+    EXPECT_EQ(converse({R"({"do":"save","force":true})"})[1]["ok"], true);
+}
+
+TEST_F(AutomationTest, TextsNameItemsOneAfterTheOther) {
+    const auto replies =
+        converse({R"({"do":"type","control":"IncludeASPText","text":"a.asp"})",
+                  R"({"do":"click","control":"IncludeASPAddCommand"})",
+                  R"({"do":"type","control":"IncludeASPText","text":"b.asp"})",
+                  R"({"do":"click","control":"IncludeASPAddCommand"})",
+                  R"({"do":"select","control":"IncludeASPList","texts":["b.asp"]})",
+                  R"({"do":"read","control":"IncludeASPList"})",
+                  R"({"do":"select","control":"IncludeASPList","texts":["c.asp"]})",
+                  R"({"do":"select","control":"IncludeASPList","texts":["a.asp"],"focus":"b.asp"})",
+                  R"({"do":"dblclick","control":"IncludeASPList","text":"a.asp"})",
+                  R"({"do":"read","control":"IncludeASPList"})"});
+    EXPECT_EQ(replies[6]["state"]["selected"], Json::array({1}));
+    EXPECT_THAT(replies[7]["error"].get<std::string>(), HasSubstr("c.asp"));
+    EXPECT_EQ(replies[8]["ok"], false);
+    EXPECT_EQ(replies[10]["state"]["listIndex"], 0);
 }
 
 TEST_F(AutomationTest, ScriptsKeepTheOrderInWhichTheyAreSet) {

@@ -61,6 +61,13 @@ std::set<int> selectedItems(const SelectionList& list) {
     return items;
 }
 
+int itemOf(const SelectionList& list, const std::string& text) {
+    const auto found = list.model()->match(list.model()->index(0, 0), Qt::EditRole, toQt(text), 1,
+                                           Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (found.isEmpty()) cannot("there is no item " + text);
+    return found.front().row();
+}
+
 struct NamedKey {
     Key::Kind kind;
     Qt::Key key;
@@ -243,7 +250,13 @@ void ScenarioPlayer::choose(const Command& command) {
 // One item alone, or with Ctrl what is to change.
 void ScenarioPlayer::select(const Command& command) {
     auto& list = widget<SelectionList>(command);
-    const std::vector<int> items = command.integers("items");
+    std::vector<int> items;
+    if (command.has("items")) {
+        items = command.integers("items");
+    } else {
+        for (const std::string& text : command.texts("texts"))
+            items.push_back(itemOf(list, text));
+    }
     if (items.empty()) cannot("nobody selects nothing");
     const int last = command.integerIfGiven("focus").value_or(items.back());
     const std::set<int> wanted(items.begin(), items.end());
@@ -266,7 +279,8 @@ void ScenarioPlayer::select(const Command& command) {
 
 void ScenarioPlayer::doubleClick(const Command& command) {
     auto& list = widget<SelectionList>(command);
-    const auto item = command.integerIfGiven("item");
+    const auto item =
+        command.has("text") ? itemOf(list, command.text("text")) : command.integerIfGiven("item");
     const QPoint place = item ? itemPlace(list, list.model()->index(*item, 0))
                               : list.viewport()->rect().bottomLeft() + QPoint(4, -4);
     if (!item && list.indexAt(place).isValid()) cannot("the list has no empty area");

@@ -283,18 +283,9 @@ void ControlPane::takeChanges() {
 
 void ControlPane::finishEditing() {
     if (!live() || isBusy()) return;
-    Control* active = live()->dtc().surface.ActiveControl();
-    if (dynamic_cast<TextBox*>(active) || dynamic_cast<ComboBox*>(active)) {
-        const QPointer<QWidget> focused = QApplication::focusWidget();
-        surface()->finishEditing();
-        // Back to where the author was, unless it is gone: an editor that lay over a grid's cell.
-        try {
-            if (active->isShowing() && active->Enabled()) active->focus();
-        } catch (const std::runtime_error&) {
-            // It stays at the tabs.
-        }
-        if (focused && !surface()->isAncestorOf(focused)) focused->setFocus();
-    }
+    const QPointer<QWidget> focused = QApplication::focusWidget();
+    surface()->finishEditing();
+    if (focused && !surface()->isAncestorOf(focused)) focused->setFocus();
     takeChanges();
 }
 
