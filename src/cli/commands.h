@@ -42,7 +42,7 @@ struct GenerateOptions {
 struct NewOptions {
     std::string page;
     bool into = false;
-    std::optional<int> line;  // 1-based; the control goes before this line
+    std::optional<int> line;  // 1-based; the control goes before it, else behind the directive
 };
 
 struct ShowOptions {

@@ -76,7 +76,10 @@ CLI::App* addNew(CLI::App& app, NewOptions& options) {
     auto* command = app.add_subcommand("new", "Make a page with a new control");
     command->add_option("PAGE", options.page, "the page")->required();
     auto* into = command->add_flag("--into", options.into, "add the control to an existing page");
-    command->add_option("--line", options.line, "before this line (from 1) instead of at the start")
+    command
+        ->add_option(
+            "--line", options.line,
+            "before this line (from 1) instead of behind the page's\ndirective, or at its start")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()))
         ->needs(into);
     return command;

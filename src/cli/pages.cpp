@@ -62,7 +62,7 @@ int newControl(const CommonOptions& common, const NewOptions& options) {
         const auto& codePage = site->configuration->codePage;
         if (options.into) {
             const PageDocument page(options.page, codePage);
-            addNewControl(page, options.line.value_or(1));
+            addNewControl(page, options.line);
         } else {
             makeNewPage(options.page, codePage);
         }

@@ -58,9 +58,11 @@ expect "$err" "nowhere.asp: "
 mkdir plain
 check 0 "$headerdtc" new plain/new.asp
 check 3 "$headerdtc" new plain/new.asp
+check 0 "$headerdtc" new --into plain/new.asp
+[[ $(head -1 plain/new.asp) == "<%@ "* ]] || fail "a control came before the directive"
 check 0 "$headerdtc" new --into plain/new.asp --line 2
 check 0 "$headerdtc" show --json plain/new.asp
-[[ $(jq -c '[.controls[].id]' out) == '["HeaderDTC2","HeaderDTC1"]' ]] || fail "wrong controls: $out"
+[[ $(jq -c '[.controls[].id]' out) == '["HeaderDTC3","HeaderDTC2","HeaderDTC1"]' ]] || fail "wrong controls: $out"
 expect "$out" '{"name":"XSLFilename","type":"string","value":"xsl/Generic.xsl"}'
 expect "$out" '{"name":"ZEKOCriteriaCount","type":"integer","value":2}'
 check 3 "$headerdtc" new --into plain/new.asp --line 9999

@@ -171,6 +171,37 @@ TEST(PageMarkup, ANewControlGoesBeforeALineOutsideOfAllSpans) {
     }
 }
 
+// '^' stands where the control has to go.
+TEST(PageMarkup, ANewControlWithoutALineGoesBehindTheDirective) {
+    const ControlContent content{"H", {}, "<% x %>\r\n"};
+    const auto control = written(content) + "\r\n";
+    for (std::string page : {
+             std::string("^"),
+             std::string("^<html>\n"),
+             std::string("\xEF\xBB\xBF^<html>"),
+             std::string("<%@ LANGUAGE=\"VBScript\" %>\r\n^<html>"),
+             std::string("\xEF\xBB\xBF\n \t<% @language=VBScript%>  \n^\n<html>"),
+             std::string("<%@ LANGUAGE=\"VBScript\"\n  CODEPAGE=1252 %>\n^<% x %>"),
+             std::string("<%@ LANGUAGE=\"VBScript\" %>\r\n^<% s = \"<%@\" %>"),
+             std::string("<%@ LANGUAGE=\"VBScript\" %>|^<html>\r\n"),
+             std::string("<%@ LANGUAGE=\"VBScript\" %>  |^"),
+             "<%@ LANGUAGE=\"VBScript\" %>|^" + OtherControl,
+             std::string("<!-- header --><html>\n<%@ X %>\n^"),
+             std::string("<!-- <%@ X %> -->\n^<html>"),
+             std::string("^<!-- <% s = \"<%@\" %> -->"),
+             std::string("^<%@ never closed"),
+             "^" + OtherControl + written({"G", {}, "<%@ of a control's text %>"}),
+             OtherControl + control + "<%@ X %>\n^",
+         }) {
+        // With '|' before it, the line has to be ended first.
+        const bool endsLine = page.find("|^") != std::string::npos;
+        const auto place = page.find(endsLine ? "|^" : "^");
+        page.erase(place, endsLine ? 2 : 1);
+        EXPECT_EQ(pageOf(page).withNewControl({}, content),
+                  std::string(page).insert(place, (endsLine ? "\r\n" : "") + control));
+    }
+}
+
 // ---- random pages -------------------------------------------------------------------------------
 
 class RandomText {

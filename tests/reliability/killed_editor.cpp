@@ -149,8 +149,8 @@ void killSaving(int kills) {
 }
 
 void killEditing(int kills) {
-    // Changes are copied every two seconds.
-    constexpr int TypedMeanwhile = 2 * 10 + 15;
+    // A change is copied within a second.
+    constexpr int TypedMeanwhile = 10 + 5;
     RandomMoments moments{Microseconds(2'000'000)};
     int mostLost = 0;
     for (int kill = 0; kill < kills; ++kill) {

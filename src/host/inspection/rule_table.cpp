@@ -11,6 +11,7 @@ using enum Severity;
 constexpr Rule Rules[] = {
     {"unreadable-property",     Error,   "a stored count or kind is no number",                           rules::propertiesCanBeRead},
     {"duplicate-id",            Error,   "two controls of a page have one ID",                            rules::idIsItsOwn},
+    {"control-before-directive", Error,  "a control stands before the page's directive",                  rules::standsBehindTheDirective},
     {"unknown-provider",        Error,   "the data provider is not in the catalogue",                     rules::providerIsKnown},
     {"unknown-linked-provider", Error,   "the linked data provider is not in the catalogue",              rules::linkedProviderIsKnown},
     {"unknown-field",           Error,   "a chosen field is not offered by the data provider",            rules::fieldsAreOffered},

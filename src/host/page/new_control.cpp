@@ -57,7 +57,7 @@ void makeNewPage(const std::filesystem::path& file, const CodePage& codePage) {
     if (!problem.empty()) throw FileError(file.string(), problem);
 }
 
-void addNewControl(const PageDocument& page, int line) {
+void addNewControl(const PageDocument& page, std::optional<int> line) {
     const PageMarkup& markup = page.markup();
     replaceWholeFile(page.file(), markup.withNewControl(line, newControlContent(markup.freeId())),
                      page.stamp());

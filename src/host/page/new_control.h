@@ -3,6 +3,7 @@
 #include "host/page/page_document.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace headerdtc {
@@ -15,8 +16,9 @@ std::string newPage(const std::filesystem::path& file, const CodePage& codePage)
 // is there already.
 void makeNewPage(const std::filesystem::path& file, const CodePage& codePage);
 
-// Adds a new control to a page, before a line (from 1). Throws FileError.
-void addNewControl(const PageDocument& page, int line);
+// Adds a new control to a page, before a line (from 1), or where PageMarkup::withNewControl puts
+// one that has none. Throws FileError.
+void addNewControl(const PageDocument& page, std::optional<int> line);
 
 // What a control stores that was just placed on a page. It has no runtime text yet.
 ControlContent newControlContent(const std::string& id);

@@ -3,6 +3,7 @@
 #include "host/files/utf8_scan.h"
 #include "host/page/character_references.h"
 #include "host/page/markup_reader.h"
+#include "host/page/tag_reader.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -137,22 +138,69 @@ std::string PageMarkup::readableWith(const std::vector<ControlContent>& contents
                     "it, such as a quotation mark that is not closed; mend that first");
 }
 
-std::string PageMarkup::withNewControl(int line, const ControlContent& content) const {
-    auto place = placeOfLine(line);
-    const auto isInside = [&](const ByteRange& span) {
-        return span.begin < place && place < span.end;
-    };
-    if (std::any_of(foreignSpans_.begin(), foreignSpans_.end(), isInside) ||
-        std::any_of(controls_.begin(), controls_.end(),
-                    [&](const ControlSpan& control) { return isInside(control.whole); })) {
-        throw FileError(file_, line, 1,
-                        "this line lies inside a designer control, where no other one can stand");
+std::vector<ByteRange> PageMarkup::allSpans() const {
+    std::vector<ByteRange> spans = foreignSpans_;
+    for (const ControlSpan& control : controls_)
+        spans.push_back(control.whole);
+    std::sort(spans.begin(), spans.end(),
+              [](const ByteRange& a, const ByteRange& b) { return a.begin < b.begin; });
+    return spans;
+}
+
+std::optional<ByteRange> PageMarkup::directive() const {
+    const auto spans = allSpans();
+    auto span = spans.begin();
+    for (auto at = bytes_.find("<%"); at != std::string::npos;) {
+        while (span != spans.end() && span->end <= at)
+            ++span;
+        if (span != spans.end() && span->begin <= at) {
+            at = bytes_.find("<%", span->end);
+            continue;
+        }
+        const auto end = bytes_.find("%>", at + 2);
+        if (end == std::string::npos) break;
+        TagReader script(bytes_, at + 2);
+        script.skipSpace();
+        if (script.sees("@")) return ByteRange{at, end + 2};
+        at = bytes_.find("<%", end + 2);
+    }
+    return std::nullopt;
+}
+
+std::string PageMarkup::withNewControl(std::optional<int> line,
+                                       const ControlContent& content) const {
+    const auto place = line ? placeOfLine(*line) : placeBehindDirective();
+    for (const ByteRange& span : allSpans()) {
+        if (span.begin < place && place < span.end) {
+            throw FileError(
+                file_, line.value_or(1), 1,
+                "this line lies inside a designer control, where no other one can stand");
+        }
     }
     std::string inserted = writeControl(file_, content, codePage_).append(LineEnd);
     const auto before = std::string_view(bytes_).substr(0, place);
     if (!before.empty() && before != ByteOrderMark && !before.ends_with('\n'))
         inserted.insert(0, LineEnd);
     return std::string(bytes_).insert(place, inserted);
+}
+
+std::size_t PageMarkup::placeBehindDirective() const {
+    const auto found = directive();
+    if (!found) return placeOfLine(1);
+    TagReader reader(bytes_, found->end);
+    // Server script runs in a comment too, but nobody would see there what the page shows.
+    const auto before = std::string_view(bytes_).substr(0, found->begin);
+    const auto comment = before.rfind("<!--");
+    if (comment != std::string_view::npos &&
+        before.find("-->", comment) == std::string_view::npos) {
+        reader.skipSpace();
+        reader.take("-->");
+    }
+    // The rest of the line goes with it where nothing else stands there.
+    const auto rest = std::min(bytes_.find_first_not_of(" \t", reader.at()), bytes_.size());
+    TagReader lineEnd(bytes_, rest);
+    const bool isWholeLine = lineEnd.take("\r\n") || lineEnd.take("\n") || lineEnd.atEnd();
+    return isWholeLine ? lineEnd.at() : reader.at();
 }
 
 std::size_t PageMarkup::placeOfLine(int line) const {

@@ -4,6 +4,7 @@
 #include "host/files/file_error.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -71,10 +72,13 @@ class PageMarkup {
     std::string readableWith(const std::vector<ControlContent>& contents) const;
     // Whether the page holds these contents already, so that with() would give its own bytes.
     bool holds(const std::vector<ControlContent>& contents) const;
+    // The page's directive, <%@ ... %>. A script engine takes it only before all other server
+    // script, which a control's text is. Nothing where the page has none.
+    std::optional<ByteRange> directive() const;
     // The page's bytes with one more control, before a line (from 1; one behind the last line is
-    // the end). Throws FileError for a line that is not there or lies inside a control's span of
-    // any kind.
-    std::string withNewControl(int line, const ControlContent& content) const;
+    // the end), or, for no line, behind the directive, else at the page's start. Throws FileError
+    // for a line that is not there or lies inside a control's span of any kind.
+    std::string withNewControl(std::optional<int> line, const ControlContent& content) const;
     // "HeaderDTC1", or the first number that no control of the page has.
     std::string freeId() const;
 
@@ -82,6 +86,8 @@ class PageMarkup {
     static bool hasMarkup(const ControlSpan& control, const ControlContent& content);
     bool hasRuntimeText(const ControlSpan& control, const ControlContent& content) const;
     std::size_t placeOfLine(int line) const;
+    std::size_t placeBehindDirective() const;
+    std::vector<ByteRange> allSpans() const;
 
     std::string file_;
     std::string bytes_;

@@ -222,6 +222,17 @@ TEST_F(Rules, NameTheLineOfThePropertyAndTheControlsOfAPage) {
     ASSERT_THAT(shown(page), ElementsAre(HasSubstr("missing-stylesheet"),
                                          HasSubstr("duplicate-id: the control of line 1"),
                                          HasSubstr("missing-stylesheet")));
+
+    const std::string directive = "<%@ LANGUAGE=VBScript %>\n";
+    const std::string sound = HarbourSite::markup(HarbourSite::ships());
+    site.write("page.asp", HarbourSite::control(sound) + "\n" + directive);
+    site.generate("page.asp");
+    EXPECT_THAT(shown(site.inspect("page.asp")),
+                ElementsAre(HasSubstr("control-before-directive: the control stands before the "
+                                      "page's directive (<%@ ... %>, line ")));
+    site.write("page.asp", directive + HarbourSite::control(sound));
+    site.generate("page.asp");
+    EXPECT_THAT(shown(site.inspect("page.asp")), IsEmpty());
 }
 
 TEST(PropertyLine, IsThatOfTheNameHoweverItIsWritten) {

@@ -207,6 +207,29 @@ TEST_F(Editing, TheControlsSpanIsFoldedAndShownOnDemand) {
     EXPECT_FALSE(isVisible(4));
 }
 
+// A control's text is script, and a page's directive has to come before all script.
+TEST_F(Editing, AControlIsInsertedBehindTheDirectiveOrWhereTheCaretWasPut) {
+    const std::string directive = "<%@ LANGUAGE=\"VBScript\" %>\r\n";
+    PageEditor& editor = open("page.asp", directive + "<html>\r\n</html>\r\n");
+    const auto before = [&](const char* text) {
+        const std::string& page = editor.page().content()->bytes();
+        return page.substr(0, page.find(text));
+    };
+    press(editor.controls(), "Insert control");
+    EXPECT_EQ(directive, before("<!--METADATA"));
+    EXPECT_FALSE(editor.notices().shows("insert"));
+    command(Command::Undo);
+    QTest::keyClick(&editor.source(), Qt::Key_Right);
+    command(Command::InsertControl);
+    EXPECT_EQ(directive, before("<!--METADATA"));
+    EXPECT_TRUE(editor.notices().shows("insert"));
+    command(Command::Undo);
+    editor.source().goToLine(3);
+    command(Command::InsertControl);
+    EXPECT_EQ(directive + "<html>\r\n", before("<!--METADATA"));
+    EXPECT_FALSE(editor.notices().shows("insert"));
+}
+
 TEST_F(Editing, ControlsAreInsertedChosenAndTakenOut) {
     PageEditor& editor = open("page.asp", "<html>\r\n</html>\r\n");
     EXPECT_EQ(nullptr, editor.controls().surface());

@@ -1,5 +1,6 @@
 #include "qt/editor/page/page_content.h"
 
+#include "qt/editor/page/page_changes.h"
 #include "qt/editor/page/step_name.h"
 #include "qt/editor/page/undo_history.h"
 #include "support/temp_site.h"
@@ -39,6 +40,58 @@ TEST(PageContent, PropertiesTakenBackAreWrittenAsTheFileHasThem) {
     EXPECT_EQ(properties, changed->controls()[0].properties);
     EXPECT_EQ("text\r\n", changed->runtimeTextOf(0));
     EXPECT_EQ(saved->bytes(), changed->withProperties(0, saved->controls()[0].properties, *saved));
+}
+
+// Each side is a list of exchanges in the base; what comes of both, or what stands against it.
+TEST(PageContent, ChangesOfTwoAreToldInWordsAndMergedWhereTheyDoNotTouch) {
+    using Exchanges = std::vector<std::pair<std::string, std::string>>;
+    const std::string two = Site::control(Site::ordersParams(), "old\r\n", "HeaderDTC2");
+    const std::string base = "caf\xE9\r\n<title>Old</title>\n" +
+                             Site::control(Site::ordersParams(), "old\r\n") + "\n<p>\r" + two +
+                             "\n</html>";
+    const auto with = [&](const Exchanges& exchanges) {
+        std::string page = base;
+        for (const auto& [from, to] : exchanges)
+            page.replace(page.find(from), from.size(), to);
+        return page;
+    };
+    const std::pair<std::string, std::string> extra{"Generic", "Special"}, title{">Old<", ">New<"},
+        text{"old\r\n", "new\r\n"}, gone{two, ""}, paragraph{"<p>", "<p>more"},
+        third{"</html>", Site::control("", "", "HeaderDTC3")}, other{"</html>", "<b>"},
+        provider{"\"Orders\"", "\"Stock\""},
+        configured{two, Site::control(Site::ordersParams("Stock"), "old\r\n", "HeaderDTC2")};
+    const struct {
+        Exchanges mine, theirs;
+        const char* words;  // for mine
+        const char* obstacle;
+    } cases[] = {
+        {{extra}, {title, text, paragraph}, "stylesheet of HeaderDTC1", ""},
+        {{title, gone}, {extra}, "control HeaderDTC2 is taken out\ntitle: + New, \u2212 Old", ""},
+        {{extra, paragraph}, {paragraph, third}, "text around the controls", ""},
+        {{third}, {text}, "new control HeaderDTC3", ""},
+        {{text}, {text, extra}, "generated text", ""},
+        {{extra}, {provider}, "stylesheet of HeaderDTC1", "both have changed HeaderDTC1"},
+        {{gone}, {configured}, "HeaderDTC2 is taken out", "both have changed HeaderDTC2"},
+        {{third}, {other}, "new control HeaderDTC3", "the text at \u201C</html>\u201D"},
+        {{title}, {{"caf", "Caf"}}, "title", "the text at \u201Ccaf\u00E9\u201D"},
+    };
+    for (const auto& [mine, theirs, words, obstacle] : cases) {
+        SCOPED_TRACE(words);
+        const auto from = content(base), ours = content(with(mine)), others = content(with(theirs));
+        const QString told = changesInWords(*from, *ours).join('\n');
+        EXPECT_TRUE(told.contains(QString::fromUtf8(words))) << told.toStdString();
+        const MergedPage merged = mergePages(*from, *ours, *others);
+        EXPECT_TRUE(merged.obstacle.contains(QString::fromUtf8(obstacle)))
+            << merged.obstacle.toStdString();
+        EXPECT_EQ(*obstacle == '\0', merged.bytes.has_value());
+        if (!merged.bytes) continue;
+        Exchanges both = theirs;
+        for (const auto& exchange : mine) {
+            if (std::find(theirs.begin(), theirs.end(), exchange) == theirs.end())
+                both.push_back(exchange);
+        }
+        EXPECT_EQ(with(both), *merged.bytes);
+    }
 }
 
 TEST(PageContent, AControlIsTakenOutWithItsLineOrFromWithinALine) {

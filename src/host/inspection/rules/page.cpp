@@ -53,4 +53,18 @@ void idIsItsOwn(const ControlView& control, Remarks& remarks) {
                        "give one of them another ID in its OBJECT element", 0});
 }
 
+void standsBehindTheDirective(const ControlView& control, Remarks& remarks) {
+    const PageMarkup& page = control.page.markup();
+    const auto directive = page.directive();
+    if (!directive || directive->begin < control.span().whole.end) return;
+    const auto before = page.textOf({0, directive->begin});
+    remarks.push_back({std::nullopt, 0, "",
+                       "the control stands before the page's directive (<%@ ... %>, line " +
+                           std::to_string(1 + std::count(before.begin(), before.end(), '\n')) +
+                           "), which no server script may come before",
+                       "move the control, from its start comment to its end comment, behind the "
+                       "directive",
+                       0});
+}
+
 }  // namespace headerdtc::rules

@@ -45,6 +45,7 @@ void textIsUpToDate(const ControlView& control, Remarks& remarks);
 void pageCanBeGenerated(const ControlView& control, Remarks& remarks);
 void propertiesCanBeRead(const ControlView& control, Remarks& remarks);
 void idIsItsOwn(const ControlView& control, Remarks& remarks);
+void standsBehindTheDirective(const ControlView& control, Remarks& remarks);
 
 // ---- shared by them --------------------------------------------------------------------------
 

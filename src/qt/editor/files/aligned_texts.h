@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -21,5 +22,17 @@ struct AlignedRow {
 
 std::vector<AlignedRow> alignTexts(std::string_view base, std::string_view mine,
                                    std::string_view theirs);
+// The same of texts that are lines already, whatever each of them holds.
+std::vector<AlignedRow> alignLines(const std::vector<std::string_view>& base,
+                                   const std::vector<std::string_view>& mine,
+                                   const std::vector<std::string_view>& theirs);
+
+// The base with the changes of both. Where both have changed the same or neighbouring lines, and
+// not to the same, there is a conflict: its first line.
+struct MergedLines {
+    std::vector<std::string_view> lines;
+    std::optional<std::string_view> conflict;
+};
+MergedLines mergeLines(const std::vector<AlignedRow>& rows);
 
 }  // namespace headerdtc::qt

@@ -19,7 +19,20 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr std::size_t PaneCount = 3;
+enum Side { Base, Mine, Theirs, PaneCount };
+
+constexpr const char* PaneNames[PaneCount] = {
+    QT_TRANSLATE_NOOP("headerdtc::qt::CompareDialog", "As it was read"),
+    QT_TRANSLATE_NOOP("headerdtc::qt::CompareDialog", "Mine, in the editor"),
+    QT_TRANSLATE_NOOP("headerdtc::qt::CompareDialog", "Theirs, on disk")};
+
+QLabel* heading(const char* name) {
+    auto* label = new QLabel(CompareDialog::tr(name));
+    QFont bold = label->font();
+    bold.setBold(true);
+    label->setFont(bold);
+    return label;
+}
 
 // The span of a control, empty where the page has none of that ID.
 std::string spanOf(const PageContent& content, const std::string& id) {
@@ -33,22 +46,95 @@ std::string spanOf(const PageContent& content, const std::string& id) {
 
 CompareDialog::CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
                              const PageContent& theirs, QWidget* parent)
-    : QDialog(parent), states_{&base, &mine, &theirs} {
+    : QDialog(parent), states_{&base, &mine, &theirs}, merged_(mergePages(base, mine, theirs)) {
     setObjectName(QStringLiteral("CompareDialog"));
     setWindowTitle(tr("Compare %1").arg(title));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(
+        new QLabel(tr("Somebody else has saved this page since it was read into the editor.")));
+    layout->addLayout(changes());
+    if (!merged_.bytes) {
+        auto* obstacle = new QLabel(tr("Both cannot be taken together: %1.").arg(merged_.obstacle));
+        obstacle->setTextFormat(Qt::PlainText);
+        obstacle->setWordWrap(true);
+        layout->addWidget(obstacle);
+    }
+    QWidget* lines = makeLines();
+    layout->addWidget(lines, 1);
+    layout->addSpacing(layout->spacing());
+    layout->addLayout(makeAnswers(*lines));
+    lines->hide();
+    resize(760, sizeHint().height());
+    showPart(parts_->currentIndex());
+}
+
+// What each of the two has done, side by side.
+QLayout* CompareDialog::changes() const {
+    auto* columns = new QGridLayout;
+    columns->setHorizontalSpacing(24);
+    for (const int side : {Mine, Theirs}) {
+        auto* parts = new QLabel(bulleted(changesInWords(*states_[Base], *states_[side])));
+        parts->setObjectName(QStringLiteral("Changes%1").arg(side));
+        parts->setTextFormat(Qt::PlainText);
+        parts->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        parts->setWordWrap(true);
+        columns->addWidget(heading(PaneNames[side]), 0, side);
+        columns->addWidget(parts, 1, side, Qt::AlignTop);
+        columns->setColumnStretch(side, 1);
+    }
+    return columns;
+}
+
+QLayout* CompareDialog::makeAnswers(QWidget& lines) {
+    auto* buttons = new QDialogButtonBox(this);
+    const auto answer = [&](const QString& text, const QString& tip, Answer answer) {
+        auto* button = buttons->addButton(text, QDialogButtonBox::AcceptRole);
+        button->setToolTip(tip);
+        connect(button, &QPushButton::clicked, this, [this, answer] {
+            answer_ = answer;
+            accept();
+        });
+        return button;
+    };
+    answer(tr("&Keep mine"), tr("The next save replaces what is on disk"), Answer::KeepMine);
+    answer(tr("&Take theirs"), tr("The page becomes what is on disk; undo brings yours back"),
+           Answer::TakeTheirs);
+    const bool onlyControls = states_[Base]->aroundControls() == states_[Mine]->aroundControls();
+    answer(onlyControls ? tr("T&heirs, with my control") : tr("T&heirs, with my changes"),
+           tr("The page becomes what is on disk, with what you have changed; undo brings yours "
+              "back"),
+           Answer::TakeBoth)
+        ->setEnabled(merged_.bytes.has_value());
+    auto* later = buttons->addButton(tr("Decide &later"), QDialogButtonBox::RejectRole);
+    connect(later, &QPushButton::clicked, this, &QDialog::reject);
+    // Enter, pressed without a look, does what Escape does.
+    later->setDefault(true);
+    later->setFocus();
+
+    auto* show = new QPushButton(tr("&Show lines"));
+    show->setCheckable(true);
+    show->setAutoDefault(false);
+    connect(show, &QPushButton::toggled, this, [this, &lines](bool shown) {
+        const QPoint centre = geometry().center();
+        lines.setVisible(shown);
+        resize(shown ? QSize(1100, 700) : QSize(760, sizeHint().height()));
+        move(centre - rect().center());
+    });
+    auto* bottom = new QHBoxLayout;
+    bottom->addWidget(show);
+    bottom->addStretch();
+    bottom->addWidget(buttons);
+    return bottom;
+}
+
+QWidget* CompareDialog::makeLines() {
     auto* panes = new QGridLayout;
     panes->setHorizontalSpacing(4);
-    const QString names[PaneCount] = {tr("As it was read"), tr("Mine, in the editor"),
-                                      tr("Theirs, on disk")};
     for (std::size_t i = 0; i < PaneCount; ++i) {
         const auto column = static_cast<int>(i);
-        auto* name = new QLabel(names[i]);
-        QFont bold = name->font();
-        bold.setBold(true);
-        name->setFont(bold);
         panes_[i] = new QPlainTextEdit;
         panes_[i]->setObjectName(QStringLiteral("ComparePane%1").arg(i));
-        panes_[i]->setAccessibleName(names[i]);
+        panes_[i]->setAccessibleName(tr(PaneNames[i]));
         panes_[i]->setReadOnly(true);
         panes_[i]->setTextInteractionFlags(Qt::TextSelectableByMouse |
                                            Qt::TextSelectableByKeyboard);
@@ -57,7 +143,7 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
         panes_[i]->setTabStopDistance(4 *
                                       panes_[i]->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
         counts_[i] = new QLabel;
-        panes->addWidget(name, 0, column);
+        panes->addWidget(heading(PaneNames[i]), 0, column);
         panes->addWidget(panes_[i], 1, column);
         panes->addWidget(counts_[i], 2, column);
         panes->setColumnStretch(column, 1);
@@ -68,45 +154,27 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
     parts_->setAccessibleName(tr("Part of the page"));
     addParts();
     connect(parts_, &QComboBox::currentIndexChanged, this, &CompareDialog::showPart);
-
-    auto* buttons = new QDialogButtonBox;
-    auto* keep = buttons->addButton(tr("&Keep mine"), QDialogButtonBox::AcceptRole);
-    keep->setToolTip(tr("The next save replaces what is on disk"));
-    auto* take = buttons->addButton(tr("&Take theirs"), QDialogButtonBox::AcceptRole);
-    take->setToolTip(tr("The page becomes what is on disk; undo brings yours back"));
-    auto* later = buttons->addButton(tr("Decide &later"), QDialogButtonBox::RejectRole);
-    const auto end = [this](Answer answer) {
-        answer_ = answer;
-        accept();
-    };
-    connect(keep, &QPushButton::clicked, this, [end] { end(Answer::KeepMine); });
-    connect(take, &QPushButton::clicked, this, [end] { end(Answer::TakeTheirs); });
-    connect(later, &QPushButton::clicked, this, &QDialog::reject);
-
-    auto* previous = new QPushButton(editorIcon("go-up"), tr("&Previous difference"));
-    auto* next = new QPushButton(editorIcon("go-down"), tr("&Next difference"));
-    connect(previous, &QPushButton::clicked, this, [this] { goToDifference(-1); });
-    connect(next, &QPushButton::clicked, this, [this] { goToDifference(1); });
-    // Enter looks at the next difference; only the three answers end the dialog.
-    next->setDefault(true);
-    next->setFocus();
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(previous);
-    bottom->addWidget(next);
-    bottom->addStretch();
-    bottom->addWidget(buttons);
-    auto* caption = new QLabel(tr("&Show:"));
+    auto* caption = new QLabel(tr("L&ines of:"));
     caption->setBuddy(parts_);
     auto* top = new QHBoxLayout;
     top->addWidget(caption);
     top->addWidget(parts_);
     top->addStretch();
-    auto* layout = new QVBoxLayout(this);
+    for (const int direction : {-1, 1}) {
+        auto* button = direction < 0
+                           ? new QPushButton(editorIcon("go-up"), tr("&Previous difference"))
+                           : new QPushButton(editorIcon("go-down"), tr("&Next difference"));
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this,
+                [this, direction] { goToDifference(direction); });
+        top->addWidget(button);
+    }
+    auto* lines = new QWidget;
+    auto* layout = new QVBoxLayout(lines);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(top);
     layout->addLayout(panes, 1);
-    layout->addLayout(bottom);
-    resize(1100, 650);
-    showPart(parts_->currentIndex());
+    return lines;
 }
 
 // The whole page comes first; a control is shown at once when nothing differs around it.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "qt/editor/files/aligned_texts.h"
-#include "qt/editor/page/page_content.h"
+#include "qt/editor/page/page_changes.h"
 
 #include <QDialog>
 #include <array>
@@ -13,21 +13,27 @@ class QPlainTextEdit;
 
 namespace headerdtc::qt {
 
-// The three states of a page that two have changed: as it was read, as it stands in the editor,
-// and as somebody else has written it; of the whole page, or of one control's span where nothing
-// else differs. The answer is whose is kept; the dialog changes nothing.
+// A page that two have changed: what each of them did, in words, and on demand the lines of its
+// three states: as it was read, as it stands in the editor, and as somebody else has written it; of
+// the whole page, or of one control's span where nothing else differs. The answer is whose is kept,
+// or both where they do not touch; the dialog changes nothing.
 class CompareDialog : public QDialog {
     Q_OBJECT
 
   public:
-    enum class Answer { Later, KeepMine, TakeTheirs };
+    enum class Answer { Later, KeepMine, TakeTheirs, TakeBoth };
 
     CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
                   const PageContent& theirs, QWidget* parent = nullptr);
 
     Answer answer() const { return answer_; }
+    // What TakeBoth is the answer for.
+    const MergedPage& merged() const { return merged_; }
 
   private:
+    QLayout* changes() const;
+    QWidget* makeLines();
+    QLayout* makeAnswers(QWidget& lines);
     void addParts();
     void showPart(int part);
     void fill(const std::vector<AlignedRow>& rows);
@@ -35,6 +41,7 @@ class CompareDialog : public QDialog {
     void goToDifference(int direction);
 
     std::array<const PageContent*, 3> states_;  // outlive the dialog
+    MergedPage merged_;
     QComboBox* parts_;
     std::array<QPlainTextEdit*, 3> panes_{};
     std::array<QLabel*, 3> counts_{};

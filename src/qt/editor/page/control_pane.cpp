@@ -70,7 +70,9 @@ ControlPane::ControlPane(EditedPage& page, QWidget* parent)
     reason_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     insert_ = new QPushButton(tr("&Insert control"));
     insert_->setObjectName(QStringLiteral("InsertControlButton"));
-    insert_->setToolTip(tr("Insert a new control before the line of the caret"));
+    insert_->setToolTip(
+        tr("Insert a new control before the line of the caret, or at the head of the "
+           "page where you have chosen none"));
     connect(insert_, &QPushButton::clicked, this, &ControlPane::insertRequested);
     nothing_ = new QWidget;
     nothing_->setMinimumWidth(280);
@@ -91,7 +93,10 @@ ControlPane::ControlPane(EditedPage& page, QWidget* parent)
     layout->addWidget(stack_);
 
     idle_.setSingleShot(true);
-    connect(&idle_, &QTimer::timeout, this, &ControlPane::takeChanges);
+    connect(&idle_, &QTimer::timeout, this, [this] {
+        takeChanges();
+        if (renewalWaits_) renewFaulty();
+    });
     connect(&page_, &EditedPage::contentChanged, this, &ControlPane::followPage);
     connect(&page_, &EditedPage::placeChanged, this, &ControlPane::rebuildAll);
     qApp->installEventFilter(this);
@@ -200,6 +205,21 @@ void ControlPane::loadAnew() {
     make(*current_, 0);
 }
 
+void ControlPane::renewFaulty() {
+    renewalWaits_ = isBusy();
+    if (renewalWaits_) return idle_.start(IdleMilliseconds);
+    finishEditing();
+    for (std::size_t i = 0; i < shown_.size(); ++i) {
+        Shown& shown = shown_[i];
+        if (!shown.live || !shown.live->loadingDoubt()) continue;
+        if (current_ == i) {
+            make(i, shown.live->dtc().SSTab1.Tab());
+        } else {
+            drop(shown);
+        }
+    }
+}
+
 void ControlPane::focusControl() {
     if (surface()) surface()->setFocus();
 }
@@ -235,10 +255,6 @@ void ControlPane::make(std::size_t control, int tab) {
     // The control's own notice: as soon as it has done all that belongs to the change.
     connect(shown.live.get(), &LiveControl::propertyChangeNoticed, this,
             [this] { idle_.start(0); });
-    const auto saved = page_.saved()->indexOf(span.id);
-    if (shown.live->loadingDoubt() && saved &&
-        page_.saved()->controls()[*saved].properties == span.properties)
-        page_.noteDoubt(span.id, *shown.live->loadingDoubt());
 
     shown.surface = new ControlSurface(shown.live->dtc());
     new ListTools(shown.live->dtc(), *shown.surface);
@@ -267,7 +283,9 @@ bool ControlPane::belongsToControl(const QObject* object) const {
 }
 
 bool ControlPane::eventFilter(QObject* watched, QEvent* event) {
-    if (isAction(event->type()) && belongsToControl(watched)) idle_.start(IdleMilliseconds);
+    // A row of actions does not put the first one off.
+    if (isAction(event->type()) && belongsToControl(watched) && !idle_.isActive())
+        idle_.start(IdleMilliseconds);
     return QWidget::eventFilter(watched, event);
 }
 

@@ -39,6 +39,9 @@ class ControlPane : public QWidget {
     void focusControl();
     // The control that is shown, loaded anew from the page as it is.
     void loadAnew();
+    // Controls that were loaded with a fault are made anew: what they lacked may be there now.
+    // While one of them has a dialog open that waits.
+    void renewFaulty();
     // Shows the control, tab and row of a place.
     void goTo(const Place& place);
 
@@ -77,7 +80,8 @@ class ControlPane : public QWidget {
     std::vector<Shown> shown_;  // one for each control of the page, made when it is first shown
     std::vector<std::string> ids_;
     std::optional<std::size_t> current_;
-    bool taking_ = false;  // a change of the author is on its way into the page
+    bool taking_ = false;        // a change of the author is on its way into the page
+    bool renewalWaits_ = false;  // until a dialog is closed
     QTimer idle_;
 
     QWidget* bar_;

@@ -70,7 +70,7 @@ void EditedPage::setProperties(std::size_t control, const StoredProperties& prop
     this->step(content()->withProperties(control, properties, *saved_), std::move(step));
 }
 
-void EditedPage::insertControl(int line) {
+void EditedPage::insertControl(std::optional<int> line) {
     step(content()->withNewControl(line), {.name = tr("insertion of a control")});
 }
 
@@ -78,8 +78,12 @@ void EditedPage::removeControl(std::size_t control) {
     step(content()->withoutControl(control), {.name = tr("removal of a control")});
 }
 
-void EditedPage::replaceAll(std::string bytes, const QString& stepName) {
-    step(std::move(bytes), {.name = stepName});
+void EditedPage::recover(std::string base, std::string bytes) {
+    if (hasFile_ && base != saved_->bytes() && bytes != saved_->bytes()) {
+        saved_ = contentOf(std::move(base));
+        stamp_ = {};
+    }
+    step(std::move(bytes), {.name = tr("recovery")});
 }
 
 void EditedPage::undo() {
@@ -96,10 +100,6 @@ void EditedPage::redo() {
 
 // ---- the file -----------------------------------------------------------------------------------
 
-void EditedPage::noteDoubt(const std::string& controlId, const std::string& doubt) {
-    if (doubts_.emplace(controlId, doubt).second) Q_EMIT stateChanged();
-}
-
 std::string EditedPage::bytesToSave(const fs::path& file, const std::shared_ptr<Site>& site,
                                     Guard guard) const {
     if (content()->problem()) {
@@ -107,22 +107,19 @@ std::string EditedPage::bytesToSave(const fs::path& file, const std::shared_ptr<
         return content()->bytes();
     }
     std::vector<ControlContent> contents;
-    std::string reasons;
-    const auto doubt = [&](const std::string& id, const std::string& reason) {
-        reasons += (reasons.empty() ? "" : "\n") + id + ": " + reason;
-    };
+    std::string losses, failures;
     for (const ControlSpan& span : content()->controls()) {
         Expansion expansion = expand(site, file, span);
-        if (const auto noted = doubts_.find(span.id); noted != doubts_.end()) {
-            doubt(span.id, noted->second);
-        } else if (expansion.doubt) {
-            doubt(span.id, *expansion.doubt);
+        if (expansion.doubt) {
+            std::string& reasons = expansion.failed ? failures : losses;
+            reasons += (reasons.empty() ? "" : "\n") + span.id + ": " + *expansion.doubt;
+            // What would not come back the same is kept as the author has it.
+            expansion.content.properties = span.properties;
         }
-        // What would not come back the same is kept as the author has it.
-        if (expansion.doubt) expansion.content.properties = span.properties;
         contents.push_back(std::move(expansion.content));
     }
-    if (!reasons.empty() && guard == Guard::RefuseLosses) throw SaveRefused(reasons);
+    if (!failures.empty()) throw NotGenerated(failures);
+    if (!losses.empty() && guard == Guard::RefuseLosses) throw SaveRefused(losses);
     return content()->withContents(contents);
 }
 
@@ -138,7 +135,6 @@ void EditedPage::save(Guard guard) {
     } else {
         // The file holds exactly this; only an undone step may stand in between.
         history_.replaceCurrent(saved_);
-        doubts_.clear();
         Q_EMIT contentChanged();
         Q_EMIT stateChanged();
         return;
@@ -182,7 +178,6 @@ void EditedPage::takeSaved(const fs::path& file) {
     stamp_ = whole.stamp;
     saved_ = contentOf(std::move(whole.bytes));
     history_.replaceCurrent(saved_);
-    doubts_.clear();
     Q_EMIT contentChanged();
     Q_EMIT stateChanged();
 }
@@ -198,9 +193,14 @@ WholeFile EditedPage::readTheirs() const {
 void EditedPage::takeTheirs(WholeFile theirs) {
     stamp_ = theirs.stamp;
     saved_ = contentOf(theirs.bytes);
-    doubts_.clear();
     step(std::move(theirs.bytes), {.name = tr("reload from disk")});
     Q_EMIT stateChanged();
+    Q_EMIT readAgain();
+}
+
+void EditedPage::takeBoth(WholeFile theirs, std::string merged) {
+    keepMine(std::move(theirs));
+    step(std::move(merged), {.name = tr("taking over what is on disk")});
 }
 
 void EditedPage::keepMine(WholeFile theirs) {

@@ -6,9 +6,9 @@
 
 #include <QObject>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 namespace headerdtc::qt {
@@ -17,6 +17,12 @@ namespace headerdtc::qt {
 class ChangedByOther : public FileError {
   public:
     using FileError::FileError;
+};
+
+// What the page's controls generate is no script, since something of its site is wrong.
+class NotGenerated : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
 };
 
 // A page that is being edited: its content, how it came to it, and its file. Whatever changes it,
@@ -46,9 +52,12 @@ class EditedPage : public QObject {
     // All do nothing when the bytes stay the same; they throw FileError where PageContent does.
     void replaceText(const ByteRange& range, const std::string& bytes, const QString& kind);
     void setProperties(std::size_t control, const StoredProperties& properties);
-    void insertControl(int line);
+    // Before a line (from 1), or where PageMarkup puts a control that has none.
+    void insertControl(std::optional<int> line);
     void removeControl(std::size_t control);
-    void replaceAll(std::string bytes, const QString& stepName);
+    // Changes that were made to `base`, which the file held then, become the page's. Where somebody
+    // has written the file since, it counts as changed on disk, and undo shows it as it is.
+    void recover(std::string base, std::string bytes);
 
     const UndoHistory& history() const { return history_; }
     void undo();
@@ -57,14 +66,10 @@ class EditedPage : public QObject {
 
     // ---- the file ----------------------------------------------------------------------------
     // Generates the controls and writes the page where its bytes are others. Throws SaveRefused
-    // with the reasons, ChangedByOther, and FileError.
+    // with what would be lost, NotGenerated whatever the guard, ChangedByOther, and FileError.
     void save(Guard guard);
     // The same into another file, which the page then has; one that is there is replaced.
     void saveAs(const std::filesystem::path& file, Guard guard);
-    // Loading a control has shown that something of it would be lost: the next save is refused.
-    void noteDoubt(const std::string& controlId, const std::string& doubt);
-    // Why the next save would be refused, as far as that is known.
-    const std::map<std::string, std::string>& doubts() const { return doubts_; }
 
     // Somebody else changed or removed the file since it was read. A change that leaves size and
     // time as they were, which is possible right after the reading, is found by its bytes.
@@ -73,6 +78,8 @@ class EditedPage : public QObject {
     WholeFile readTheirs() const;
     // The file's content becomes the page's, as a step.
     void takeTheirs(WholeFile theirs);
+    // A page made of the file's content and this one becomes the page's, as a step.
+    void takeBoth(WholeFile theirs, std::string merged);
     // The next save replaces the file as it is now.
     void keepMine(WholeFile theirs);
     // The file is gone; the next save makes it anew.
@@ -84,10 +91,12 @@ class EditedPage : public QObject {
   Q_SIGNALS:
     // The content is another.
     void contentChanged();
-    // What is read of the page besides its content: modified, saved, steps, doubts.
+    // What is read of the page besides its content: modified, saved, steps.
     void stateChanged();
     // The page's file or its site is another: controls have to be made anew.
     void placeChanged();
+    // The page was read again.
+    void readAgain();
 
   private:
     EditedPage(std::shared_ptr<Site> site, std::filesystem::path file, PageContentPtr content);
@@ -105,7 +114,6 @@ class EditedPage : public QObject {
     std::shared_ptr<Site> site_;
     PageContentPtr saved_;
     UndoHistory history_;
-    std::map<std::string, std::string> doubts_;  // by control
     Sites* sites_ = nullptr;
 };
 

@@ -3,10 +3,41 @@
 #include "core/header_dtc.h"
 #include "qt/editor/page/step_name.h"
 
+#include <QScopedValueRollback>
+#include <map>
 #include <stdexcept>
 #include <utility>
 
 namespace headerdtc::qt {
+namespace {
+
+// Stored properties with what became another from one state of their control to the next.
+StoredProperties withChanges(const StoredProperties& stored, const StoredProperties& before,
+                             const StoredProperties& after) {
+    const std::map<std::string, std::string> old(before.begin(), before.end());
+    std::map<std::string, std::string> now(after.begin(), after.end());
+    StoredProperties changed;
+    for (const auto& [name, text] : stored) {
+        const auto was = old.find(name);
+        const auto is = now.find(name);
+        const bool isUntouched =
+            is == now.end() ? was == old.end() : was != old.end() && was->second == is->second;
+        if (isUntouched) {
+            changed.emplace_back(name, text);
+        } else if (is != now.end()) {
+            changed.emplace_back(name, is->second);
+        }
+        now.erase(name);
+    }
+    for (const auto& [name, text] : after) {
+        const auto was = old.find(name);
+        if (now.contains(name) && (was == old.end() || was->second != text))
+            changed.emplace_back(name, text);
+    }
+    return changed;
+}
+
+}  // namespace
 
 LiveControl::LiveControl(std::shared_ptr<Site> site, const std::filesystem::path& page,
                          const ControlSpan& span, const Faces& faces)
@@ -15,12 +46,19 @@ LiveControl::LiveControl(std::shared_ptr<Site> site, const std::filesystem::path
                                              HostFaces{*this, *this, *this, faces.modalLoop});
     written_ = control_->properties();
     collecting_ = false;
+    if (!loadingDoubt()) return;
+    // Without its provider a control empties the lists of the tab that is entered. That is nothing
+    // that the author has done.
+    subscriptions_ += dtc().SSTab1.tabChanged.subscribe([this] { take(snapshot()); });
+    subscriptions_ += dtc().SSTab1.Click.subscribe([this](int) {
+        if (dtc().DataProvidersCombo.Text().empty()) written_ = snapshot();
+    });
 }
 
 LiveControl::~LiveControl() = default;
 
 bool LiveControl::isBusy() {
-    return !dtc().desktop.modalForms().empty();
+    return asking_ || !dtc().desktop.modalForms().empty();
 }
 
 StoredProperties LiveControl::snapshot() {
@@ -32,12 +70,19 @@ StoredProperties LiveControl::snapshot() {
     return now;
 }
 
-std::optional<StoredProperties> LiveControl::takeChange() {
-    StoredProperties now = snapshot();
+void LiveControl::take(StoredProperties now) {
     const bool same = takesEveryChange_ ? now == written_ : isSameConfiguration(now, written_);
-    if (same) return std::nullopt;
-    properties_ = now;
+    if (same) return;
+    // What the control could not be given stays in the page, for as long as the author does not put
+    // something else in its place.
+    properties_ = loadingDoubt() ? withChanges(properties_, written_, now) : now;
     written_ = std::move(now);
+    changed_ = true;
+}
+
+std::optional<StoredProperties> LiveControl::takeChange() {
+    take(snapshot());
+    if (!std::exchange(changed_, false)) return std::nullopt;
     return properties_;
 }
 
@@ -67,6 +112,7 @@ void LiveControl::show(const std::string& text) {
     if (collecting_) {
         collected_.push_back(text);
     } else {
+        const QScopedValueRollback asking(asking_, true);
         messages_.show(text);
     }
 }
@@ -75,11 +121,13 @@ void LiveControl::showError(const std::string& text) {
     if (collecting_) {
         collected_.push_back(text);
     } else {
+        const QScopedValueRollback asking(asking_, true);
         messages_.showError(text);
     }
 }
 
 std::string LiveControl::open(const FileDialogRequest& request) {
+    const QScopedValueRollback asking(asking_, true);
     std::string file = fileDialog_.open(request);
     Q_EMIT fileChosen(file);
     return file;

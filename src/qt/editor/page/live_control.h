@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/event.h"
 #include "host/page/page_session.h"
 #include "platform/design_time_site.h"
 #include "platform/file_dialog.h"
@@ -37,7 +38,7 @@ class LiveControl : public QObject,
 
     HeaderDTC& dtc() { return control_->dtc(); }
     const std::string& id() const { return control_->id(); }
-    // A dialog of the control is open.
+    // A dialog of the control is open, or a box: whatever it does goes on when that is answered.
     bool isBusy();
 
     // What the page stores for this control, as of the last change taken.
@@ -72,10 +73,14 @@ class LiveControl : public QObject,
     void propertyChanged(std::string_view property) override;
     // What would be stored now; boxes of this are not shown.
     StoredProperties snapshot();
+    // What of it the author has done becomes properties().
+    void take(StoredProperties now);
 
     MessageBox& messages_;
     FileDialog& fileDialog_;
     bool collecting_ = true;
+    bool asking_ = false;  // a box or a file dialog is open
+    bool changed_ = false;
     bool takesEveryChange_ = false;
     std::vector<std::string> collected_;
     std::unique_ptr<OpenControl> control_;
@@ -83,6 +88,7 @@ class LiveControl : public QObject,
     // What the control wrote when its properties were properties_. It may say more than they do:
     // defaults that were never stored.
     StoredProperties written_;
+    Subscriptions subscriptions_;
 };
 
 }  // namespace headerdtc::qt

@@ -50,6 +50,10 @@ std::string PageContent::runtimeTextOf(std::size_t control) const {
     return markup().runtimeTextOf(controls().at(control));
 }
 
+std::optional<ByteRange> PageContent::directive() const {
+    return markup_ ? markup_->directive() : std::nullopt;
+}
+
 std::string PageContent::aroundControls() const {
     std::string around;
     std::size_t begin = 0;
@@ -108,7 +112,7 @@ std::string PageContent::withContents(const std::vector<ControlContent>& content
     return markup().with(contents);
 }
 
-std::string PageContent::withNewControl(int line) const {
+std::string PageContent::withNewControl(std::optional<int> line) const {
     return markup().withNewControl(line, newControlContent(markup().freeId()));
 }
 

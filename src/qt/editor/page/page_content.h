@@ -27,6 +27,7 @@ class PageContent {
     const std::optional<FileError>& problem() const { return problem_; }
     std::optional<std::size_t> indexOf(std::string_view controlId) const;
     std::string runtimeTextOf(std::size_t control) const;
+    std::optional<ByteRange> directive() const;
     // The page without its controls.
     std::string aroundControls() const;
     // The page's most frequent line end, CR LF when it has none.
@@ -40,8 +41,8 @@ class PageContent {
                                const PageContent& saved) const;
     // One content for each control.
     std::string withContents(const std::vector<ControlContent>& contents) const;
-    // A new control before a line (from 1).
-    std::string withNewControl(int line) const;
+    // A new control before a line (from 1), or where PageMarkup puts one that has none.
+    std::string withNewControl(std::optional<int> line) const;
     // A control taken out, with the line end behind it where nothing else stands on its lines.
     std::string withoutControl(std::size_t control) const;
 

@@ -3,6 +3,7 @@
 #include "core/header_dtc.h"
 #include "qt/editor/files/file_names.h"
 #include "qt/editor/files/notice_bar.h"
+#include "qt/editor/files/site_files.h"
 #include "qt/editor/health/page_health.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/preview/preview_pane.h"
@@ -14,6 +15,7 @@
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -90,11 +92,11 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     connect(&worker_, &PreviewWorker::ready, this, &PageEditor::takePreview);
     connect(page_.get(), &EditedPage::contentChanged, this, &PageEditor::followPage);
     connect(page_.get(), &EditedPage::stateChanged, this, [this] {
-        showDoubts();
         previewTimer_.start();  // the saved text may be another
         Q_EMIT stateChanged();
     });
-    connect(page_.get(), &EditedPage::placeChanged, this, &PageEditor::refreshPreviews);
+    connect(page_.get(), &EditedPage::placeChanged, this, &PageEditor::lookAgain);
+    connect(page_.get(), &EditedPage::readAgain, this, &PageEditor::lookAgain);
     connect(controls_, &ControlPane::currentChanged, this, &PageEditor::showPreviewOfCurrent);
     connect(controls_, &ControlPane::insertRequested, this, &PageEditor::insertControl);
     connect(source_, &SourceView::edited, this,
@@ -112,7 +114,6 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
             });
     connect(health_, &PageHealth::changed, this, &PageEditor::stateChanged);
     followPage();
-    showDoubts();
 }
 
 PageEditor::~PageEditor() {
@@ -148,17 +149,34 @@ void PageEditor::tellMarkupProblem() {
     Q_EMIT messagesChanged(sourceName("markup"), messages);
 }
 
-void PageEditor::showDoubts() {
-    const QString key = QStringLiteral("doubt");
-    if (page_->doubts().empty()) {
-        notices_->remove(key);
-        return;
+// Why a save would be refused, as the previews of the page as it is have found it: when the cause
+// goes, so does this.
+void PageEditor::showRefusal() {
+    const QString key = QStringLiteral("refusal");
+    QString text;
+    bool failed = false;
+    for (const ControlSpan& span : page_->content()->controls()) {
+        const auto found = previews_.find(span.id);
+        if (found == previews_.end() || !found->second->expansion.doubt) continue;
+        const Expansion& expansion = found->second->expansion;
+        failed = expansion.failed;
+        const QString reason = QString::fromStdString(span.id + ": " + *expansion.doubt);
+        const QString missing = failed ? missingFiles(*page_->site()) : QString();
+        text = !failed ? tr("Saving this page would lose something. %1").arg(reason)
+                       : tr("This page cannot be saved as long as it cannot be generated. %1")
+                             .arg(missing.isEmpty() ? reason : missing);
+        if (failed) break;
     }
-    if (notices_->shows(key)) return;
-    const auto& [control, reason] = *page_->doubts().begin();
-    notices_->show(key, Message::Severity::Warning,
-                   tr("Saving this page would lose something. %1: %2")
-                       .arg(QString::fromStdString(control), QString::fromStdString(reason)));
+    // What the author has hidden comes again when there is something else to say.
+    if (text == std::exchange(refusal_, text)) return;
+    if (text.isEmpty()) {
+        notices_->remove(key);
+    } else if (failed) {
+        notices_->show(key, Message::Severity::Error, text,
+                       {{tr("Settings..."), [this] { Q_EMIT settingsRequested(); }}});
+    } else {
+        notices_->show(key, Message::Severity::Warning, text);
+    }
 }
 
 // ---- what the author does -----------------------------------------------------------------------
@@ -187,11 +205,23 @@ void PageEditor::redo() {
 
 void PageEditor::insertControl() {
     finishEditing();
+    std::optional<int> line = source_->chosenLine();
+    const auto directive = page_->content()->directive();
+    const bool isTooEarly =
+        line && directive && source_->lines()->bytesOfLine(*line - 1).begin < directive->end;
+    if (isTooEarly) line.reset();
+    const QString key = QStringLiteral("insert");
     try {
-        page_->insertControl(source_->caretLine());
+        page_->insertControl(line);
+        notices_->remove(key);
+        if (isTooEarly)
+            notices_->show(
+                key, Message::Severity::Note,
+                tr("The control stands behind the page's directive <%@ ... %>, which has "
+                   "to come before all other script."));
     } catch (const FileError& error) {
         notices_->show(
-            QStringLiteral("insert"), Message::Severity::Warning,
+            key, Message::Severity::Warning,
             tr("No control can be inserted here: %1").arg(QString::fromStdString(error.problem())));
     }
 }
@@ -234,7 +264,8 @@ QString PageEditor::sourceName(const std::string& part) const {
     return messageSources_ + QString::fromStdString(part);
 }
 
-void PageEditor::refreshPreviews() {
+void PageEditor::lookAgain() {
+    controls_->renewFaulty();
     previewed_.clear();
     previewTimer_.start();
     health_->judgeSoon();
@@ -262,10 +293,12 @@ void PageEditor::requestPreviews() {
         return true;
     });
     if (ids.empty()) showPreviewOfCurrent();
+    showRefusal();
 }
 
 void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     previews_[preview->controlId] = preview;
+    showRefusal();
     Q_EMIT stateChanged();
     const auto index = page_->content()->indexOf(preview->controlId);
     if (!index) return;
@@ -293,10 +326,11 @@ PageEditor::Freshness PageEditor::freshness() const {
         const auto found = previews_.find(span.id);
         if (found == previews_.end()) return Freshness::Unknown;
         const Preview& preview = *found->second;
-        if (!preview.problem.empty() || preview.expansion.doubt) return Freshness::Failing;
+        if (!preview.problem.empty() || preview.expansion.failed) return Freshness::Failing;
+        if (preview.expansion.doubt) worst = Freshness::Losing;
         const bool changes = std::any_of(preview.changes.begin(), preview.changes.end(),
                                          [](const DiffRun& run) { return !run.same; });
-        if (changes) worst = Freshness::Stale;
+        if (changes) worst = std::max(worst, Freshness::Stale);
     }
     return worst;
 }

@@ -54,12 +54,13 @@ class PageEditor : public QWidget {
     // The current content goes into the page, what is being typed too; called before the page is
     // saved, closed or left.
     void finishEditing();
-    // Previews made again: the template or the catalogue may be others.
-    void refreshPreviews();
+    // The template or the catalogue may be others: previews are made again, and controls that
+    // lacked something.
+    void lookAgain();
     void showParts(bool source, bool preview);
     bool isBusy() const;
-    // Whether the file holds the text that would be generated.
-    enum class Freshness { Unknown, Fresh, Stale, Failing };
+    // Whether the file holds the text that would be generated; Losing: saving would be refused.
+    enum class Freshness { Unknown, Fresh, Stale, Losing, Failing };
     Freshness freshness() const;
     // What the names of all its message sources begin with.
     QString messageSources() const { return messageSources_; }
@@ -67,6 +68,8 @@ class PageEditor : public QWidget {
   Q_SIGNALS:
     // Title, modified mark, undo and redo are others.
     void stateChanged();
+    // The author wants to look at the settings of the page's site.
+    void settingsRequested();
     // What a part of the page would complain about, replacing what it complained about before.
     void messagesChanged(const QString& source,
                          const std::vector<headerdtc::qt::Message>& messages);
@@ -76,7 +79,7 @@ class PageEditor : public QWidget {
     void requestPreviews();
     void takePreview(const std::shared_ptr<const Preview>& preview);
     void showPreviewOfCurrent();
-    void showDoubts();
+    void showRefusal();
     void tellMarkupProblem();
     void step(void (EditedPage::*move)(), const std::string& control);
     QString sourceName(const std::string& part) const;
@@ -91,6 +94,7 @@ class PageEditor : public QWidget {
     };
     std::map<std::string, Asked> previewed_;  // what was asked for, by control
     std::map<std::string, std::shared_ptr<const Preview>> previews_;
+    QString refusal_;  // why a save would be refused, in words
     QTimer previewTimer_;
     QTimer sealTimer_;
 

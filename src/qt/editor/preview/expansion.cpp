@@ -13,6 +13,7 @@ Expansion expand(const std::shared_ptr<Site>& site, const std::filesystem::path&
     MadeContent made = control.content();
     Expansion expansion;
     expansion.doubt = control.doubtAbout(made);
+    expansion.failed = control.loadingFailed() || !made.errors.empty();
     expansion.content = std::move(made.content);
     expansion.messages = std::move(host.messages);
     return expansion;

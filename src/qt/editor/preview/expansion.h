@@ -17,6 +17,8 @@ struct Expansion {
     std::vector<std::string> messages;
     // Why a page with this content should not be saved.
     std::optional<std::string> doubt;
+    // Loading or generating reported an error: the text is none, and the doubt says why.
+    bool failed = false;
 };
 
 // Expands a control in a hidden copy of its own, as `headerdtc generate` does: no box is shown, and

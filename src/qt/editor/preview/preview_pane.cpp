@@ -96,7 +96,9 @@ void PreviewPane::showPreview(const std::shared_ptr<const Preview>& preview) {
     text_->verticalScrollBar()->setValue(scrolled);
     paintMarks();
     if (!showsChange()) goToNextChange();
-    if (added + removed == 0) {
+    if (preview->expansion.failed) {
+        summary_->setText(tr("Not all of this could be generated; it would not be saved."));
+    } else if (added + removed == 0) {
         summary_->setText(newLines.empty() ? tr("Nothing would be generated.")
                                            : tr("The page already holds this text."));
     } else {

@@ -1,5 +1,7 @@
 #include "qt/editor/recovery/recovery_dialog.h"
 
+#include "host/files/file_error.h"
+#include "host/files/whole_file.h"
 #include "qt/editor/files/file_names.h"
 #include "qt/editor/window/words.h"
 
@@ -18,10 +20,13 @@ namespace {
 
 QString stateOf(const RecoveryCopy& copy) {
     if (!copy.hasFile) return RecoveryDialog::tr("never saved");
-    const FileStamp now = FileStamp::of(copy.page);
-    if (now.size < 0) return RecoveryDialog::tr("file is gone");
-    if (now != copy.stamp) return RecoveryDialog::tr("file has changed since");
-    return RecoveryDialog::tr("file is as it was");
+    try {
+        return readWholeFile(copy.page).bytes == copy.base
+                   ? RecoveryDialog::tr("file is as it was")
+                   : RecoveryDialog::tr("file has changed since");
+    } catch (const FileError&) {
+        return RecoveryDialog::tr("file is gone");
+    }
 }
 
 }  // namespace

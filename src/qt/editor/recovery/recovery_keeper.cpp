@@ -8,15 +8,22 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr int KeepMilliseconds = 2000;
+// What the control does reaches the page a moment later, and the copy takes its time as well: with
+// both it is on disk within a second.
+constexpr int KeepMilliseconds = 700;
 
 }  // namespace
 
 RecoveryKeeper::RecoveryKeeper(RecoveryStore& store, Editors editors, QObject* parent)
     : QObject(parent), store_(store), editors_(std::move(editors)) {
+    timer_.setSingleShot(true);
     timer_.setInterval(KeepMilliseconds);
     connect(&timer_, &QTimer::timeout, this, &RecoveryKeeper::keepAll);
-    timer_.start();
+}
+
+// One change after the other does not put the copy off.
+void RecoveryKeeper::keepSoon() {
+    if (!timer_.isActive()) timer_.start();
 }
 
 void RecoveryKeeper::keepAll() {
@@ -29,15 +36,23 @@ void RecoveryKeeper::keepAll() {
         }
         Kept& kept = kept_[editor];
         if (kept.key.isEmpty()) kept.key = QString::number(++keys_);
-        if (kept.content == page.content()) continue;
+        if (kept.content == page.content() && kept.saved == page.saved()) continue;
         kept.content = page.content();
+        kept.saved = page.saved();
         store_.keep(kept.key, {.page = page.file(),
                                .hasFile = page.hasFile(),
-                               .stamp = page.stamp(),
+                               .base = page.hasFile() ? page.saved()->bytes() : std::string(),
                                .bytes = page.content()->bytes(),
                                .when = QDateTime::currentDateTimeUtc(),
                                .copy = {}});
     }
+}
+
+bool RecoveryKeeper::keepSafely(PageEditor* editor) {
+    keepAll();
+    store_.flush();
+    const auto kept = kept_.find(editor);
+    return kept == kept_.end() || store_.holds(kept->second.key);
 }
 
 void RecoveryKeeper::forget(PageEditor* editor) {

@@ -13,7 +13,7 @@ namespace headerdtc::qt {
 
 class PageEditor;
 
-// Keeps copies of the open pages that have changes, every few seconds.
+// Keeps copies of the open pages that have changes, each at most a second after a change.
 class RecoveryKeeper : public QObject {
     Q_OBJECT
 
@@ -22,8 +22,12 @@ class RecoveryKeeper : public QObject {
 
     RecoveryKeeper(RecoveryStore& store, Editors editors, QObject* parent = nullptr);
 
-    // Looks now; called by a timer.
+    // A page may have become another.
+    void keepSoon();
+    // Looks now.
     void keepAll();
+    // The same, and waits. Tells whether a page's changes are on disk now, as far as it has any.
+    bool keepSafely(PageEditor* editor);
     void forget(PageEditor* editor);
 
   private:
@@ -32,7 +36,7 @@ class RecoveryKeeper : public QObject {
     QTimer timer_;
     struct Kept {
         QString key;
-        PageContentPtr content;
+        PageContentPtr saved, content;
     };
     std::map<PageEditor*, Kept> kept_;
     int keys_ = 0;

@@ -23,28 +23,17 @@ QString lockFile(const fs::path& folder) {
     return QString::fromStdString((folder / LockName).string());
 }
 
-// 64-bit numbers do not survive as JSON numbers.
-QString text(std::uint64_t number) {
-    return QString::number(number);
-}
-QString text(std::int64_t number) {
-    return QString::number(number);
-}
-
-// A line of JSON, then the page's bytes as they are. Paths are bytes, not text.
+// A line of JSON, then base and page, byte for byte. Paths are bytes, not text.
 std::string fileOf(const RecoveryCopy& copy) {
     const QByteArray path = QByteArray::fromStdString(copy.page.string()).toPercentEncoding("/");
     const QJsonObject header{
         {"page", QString::fromLatin1(path)},
         {"hasFile", copy.hasFile},
         {"when", copy.when.toString(Qt::ISODateWithMs)},
-        {"device", text(copy.stamp.device)},
-        {"inode", text(copy.stamp.inode)},
-        {"size", text(copy.stamp.size)},
-        {"modified", text(copy.stamp.modified)},
-        {"changed", text(copy.stamp.changed)},
+        {"baseSize", static_cast<qint64>(copy.base.size())},
     };
-    return QJsonDocument(header).toJson(QJsonDocument::Compact).toStdString() + '\n' + copy.bytes;
+    return QJsonDocument(header).toJson(QJsonDocument::Compact).toStdString() + '\n' + copy.base +
+           copy.bytes;
 }
 
 std::optional<RecoveryCopy> copyOf(const fs::path& file) {
@@ -60,17 +49,14 @@ std::optional<RecoveryCopy> copyOf(const fs::path& file) {
         QJsonDocument::fromJson(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(end)))
             .object();
     const QByteArray page = QByteArray::fromPercentEncoding(header["page"].toString().toLatin1());
-    if (page.isEmpty()) return std::nullopt;
+    const auto baseSize = static_cast<std::size_t>(header["baseSize"].toInteger(-1));
+    if (page.isEmpty() || baseSize > bytes.size() - (end + 1)) return std::nullopt;
     RecoveryCopy copy;
     copy.page = page.toStdString();
     copy.hasFile = header["hasFile"].toBool();
     copy.when = QDateTime::fromString(header["when"].toString(), Qt::ISODateWithMs);
-    copy.stamp.device = header["device"].toString().toULongLong();
-    copy.stamp.inode = header["inode"].toString().toULongLong();
-    copy.stamp.size = header["size"].toString().toLongLong();
-    copy.stamp.modified = header["modified"].toString().toLongLong();
-    copy.stamp.changed = header["changed"].toString().toLongLong();
-    copy.bytes = bytes.substr(end + 1);
+    copy.base = bytes.substr(end + 1, baseSize);
+    copy.bytes = bytes.substr(end + 1 + baseSize);
     copy.copy = file;
     return copy;
 }
@@ -142,6 +128,10 @@ void RecoveryStore::forget(const QString& key) {
         std::error_code ignored;
         fs::remove(file, ignored);
     });
+}
+
+bool RecoveryStore::holds(const QString& key) const {
+    return lock_ && FileStamp::of(ownFile(key)).size >= 0;
 }
 
 void RecoveryStore::flush() {

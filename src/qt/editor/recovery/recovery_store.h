@@ -1,7 +1,5 @@
 #pragma once
 
-#include "host/files/whole_file.h"
-
 #include <QDateTime>
 #include <QString>
 #include <QThreadPool>
@@ -18,7 +16,7 @@ namespace headerdtc::qt {
 struct RecoveryCopy {
     std::filesystem::path page;
     bool hasFile = true;  // the page had a file, and not only a name for one
-    FileStamp stamp;      // of the page's file when it was last read or saved
+    std::string base;     // that file when it was last read or saved
     std::string bytes;
     QDateTime when;
     std::filesystem::path copy;  // where the copy itself lies
@@ -39,6 +37,8 @@ class RecoveryStore {
     // Keeps a page's copy under a key of the editor's, in place of the one before.
     void keep(const QString& key, RecoveryCopy copy);
     void forget(const QString& key);
+    // Whether a copy under this key is on disk.
+    bool holds(const QString& key) const;
     // Waits until everything is on disk; for the tests, and before the program ends.
     void flush();
 

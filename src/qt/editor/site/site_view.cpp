@@ -178,6 +178,11 @@ void SiteView::openFolder(const std::filesystem::path& folder) {
 }
 
 void SiteView::checkAll() {
+    if (run_->isRunning()) {
+        // What it has passed already may be another: the folder stands for all that is in it.
+        waiting_.push_back(folder_);
+        return;
+    }
     start(SiteRun::Mode::Check);
 }
 

@@ -56,6 +56,8 @@ SourceView::SourceView(QWidget* parent) : QPlainTextEdit(parent) {
         }
     });
     connect(this, &QPlainTextEdit::cursorPositionChanged, gutter_, qOverload<>(&QWidget::update));
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this,
+            [this] { caretIsPlaced_ = caretIsPlaced_ || !showing_; });
     placeGutter();
 }
 
@@ -75,8 +77,8 @@ void SourceView::synchronize() {
     if (!lines_) return;
     showing_ = true;
     replaceDifference(lines_->text());
-    showing_ = false;
     markSpans();
+    showing_ = false;
 }
 
 void SourceView::replaceDifference(const QString& text) {
@@ -206,7 +208,8 @@ void SourceView::setFolded(const std::string& controlId, bool folded) {
     fold();
 }
 
-int SourceView::caretLine() const {
+std::optional<int> SourceView::chosenLine() const {
+    if (!caretIsPlaced_) return std::nullopt;
     return textCursor().blockNumber() + 1;
 }
 
@@ -215,6 +218,7 @@ void SourceView::goToLine(int line) {
     if (!block.isValid()) return;
     if (!block.isVisible()) toggleFoldAt(block.blockNumber());
     setTextCursor(QTextCursor(block));
+    caretIsPlaced_ = true;
     centerCursor();
 }
 

@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -27,8 +28,8 @@ class SourceView : public QPlainTextEdit {
     void showPage(const PageContentPtr& page);
     const SourceLines* lines() const { return lines_.get(); }
 
-    // Lines of the page, from 1.
-    int caretLine() const;
+    // The line of the caret, from 1; nothing as long as nobody has put it anywhere.
+    std::optional<int> chosenLine() const;
     // Puts the caret on a line and unfolds what hides it.
     void goToLine(int line);
     bool isFolded(const std::string& controlId) const { return folded_.contains(controlId); }
@@ -79,6 +80,7 @@ class SourceView : public QPlainTextEdit {
     std::set<std::string> folded_;
     std::set<std::string> known_;  // controls whose folding has been decided
     bool showing_ = false;         // the view itself writes into the document
+    bool caretIsPlaced_ = false;   // by a person, or by what leads one to a line
     bool outOfStep_ = false;       // the document differs from the page until it is written anew
 };
 

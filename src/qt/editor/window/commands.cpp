@@ -51,7 +51,7 @@ constexpr Info Table[] = {
     {Command::Undo, Menu::Edit, TEXT("&Undo"), "edit-undo", "Ctrl+Z", Needs::Own, InToolBar | Separated, TEXT("Take the last change of the page back; what was written to the translation database stays")},
     {Command::Redo, Menu::Edit, TEXT("&Redo"), "edit-redo", "Ctrl+Shift+Z", Needs::Own, InToolBar, TEXT("Make the change again")},
     {Command::Find, Menu::Edit, TEXT("&Find in source..."), "edit-find", "Ctrl+F", Needs::Page, Separated, TEXT("Find text in the page's source")},
-    {Command::InsertControl, Menu::Edit, TEXT("&Insert control"), "list-add", "Ctrl+I", Needs::Page, Separated | InToolBar, TEXT("Insert a new control before the line of the caret")},
+    {Command::InsertControl, Menu::Edit, TEXT("&Insert control"), "list-add", "Ctrl+I", Needs::Page, Separated | InToolBar, TEXT("Insert a new control before the line of the caret, or at the head of the page where you have chosen none")},
     {Command::RemoveControl, Menu::Edit, TEXT("Remove &control"), "list-remove", "", Needs::Control, Plain, TEXT("Take the shown control out of the page")},
     {Command::ReplaceField, Menu::Edit, TEXT("Replace &missing field..."), "", "Ctrl+Shift+R", Needs::Own, Plain, TEXT("Put another field into the place of one that the catalogue no longer offers; can be given when there is one")},
     {Command::Record, Menu::Edit, TEXT("R&ecord what I do"), "media-record", "Ctrl+R", Needs::Own, Separated | Checkable, TEXT("Write down what is done at the control, as a script that does it again on any page")},

@@ -146,6 +146,7 @@ void MainWindow::connectParts() {
                     messages_.setMessages(toName(editor->page().file()), {});
                     messages_.setMessages(source, messages);
                 });
+        connect(editor, &PageEditor::settingsRequested, this, &MainWindow::editSettings);
         if (editor->page().hasFile()) recent_.add(toName(editor->page().file()));
         const SiteConfiguration& configuration = *editor->page().site()->configuration;
         if (site_->folder().empty() && !configuration.file.empty())
@@ -156,6 +157,7 @@ void MainWindow::connectParts() {
         messages_.removeSources(editor->messageSources());
     });
     connect(tabs_, &PageTabs::stateChanged, this, &MainWindow::follow);
+    connect(tabs_, &PageTabs::stateChanged, &recovery_, &RecoveryKeeper::keepSoon);
     connect(&saver_, &PageSaver::saved, this, [this](PageEditor* editor) {
         recovery_.forget(editor);
         recent_.add(toName(editor->page().file()));
@@ -168,6 +170,7 @@ void MainWindow::connectParts() {
         siteDock_->show();
     });
     connect(&watcher_, &FileWatcher::mayHaveChanged, tabs_, qOverload<>(&PageTabs::checkDisk));
+    connect(tabs_, &PageTabs::siteFileChanged, site_, &SiteView::checkAll);
     connect(&recent_, &RecentFiles::changed, this, &MainWindow::showRecent);
     connect(site_, &SiteView::pageActivated, this,
             [this](const QString& file) { opener_->openPage(toPath(file)); });
@@ -216,10 +219,11 @@ void MainWindow::offerRecovery() {
     dialog.exec();
     if (dialog.answer() == RecoveryDialog::Answer::Later) return;
     for (const RecoveryCopy& copy : dialog.chosen()) {
-        if (dialog.answer() == RecoveryDialog::Answer::Recover && !tabs_->recover(copy)) continue;
-        // The page is kept anew, under this editor, before the old copy goes.
-        recovery_.keepAll();
-        store_.flush();
+        if (dialog.answer() == RecoveryDialog::Answer::Recover) {
+            // The page is kept anew, under this editor, before the old copy goes.
+            PageEditor* editor = tabs_->recover(copy);
+            if (!editor || !recovery_.keepSafely(editor)) continue;
+        }
         RecoveryStore::discard(copy);
     }
 }
@@ -357,10 +361,7 @@ void MainWindow::follow() {
     centre_->setCurrentWidget(editor ? static_cast<QWidget*>(tabs_) : centre_->widget(0));
     Commands::State state;
     state.site = !site_->folder().empty() && !site_->run().isRunning();
-    std::set<fs::path> files;
-    for (PageEditor* each : tabs_->editors())
-        files.insert(each->page().file());
-    watcher_.watch(files);
+    watcher_.watch(tabs_->filesToWatch());
     if (editor) {
         const EditedPage& page = editor->page();
         state.page = true;

@@ -3,8 +3,9 @@
 #include "qt/editor/files/compare_dialog.h"
 #include "qt/editor/files/file_names.h"
 #include "qt/editor/files/notice_bar.h"
+#include "qt/editor/files/site_files.h"
+#include "qt/editor/page/page_changes.h"
 #include "qt/editor/page/page_editor.h"
-#include "qt/editor/page/step_name.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -29,25 +30,26 @@ bool askToSaveAnyway(QWidget& window, const QString& title, const QString& reaso
     return box.clickedButton() == anyway;
 }
 
-// "+ 2 - CUSTNO, - 1 - ORDNO": what came and what went, as far as it is short.
-QString detailsOf(const ChangedPart& part) {
-    constexpr qsizetype MostItems = 4;
-    QStringList words;
-    for (const QString& text : part.added)
-        words += QStringLiteral("+ ") + text;
-    for (const QString& text : part.removed)
-        words += QStringLiteral("\u2212 ") + text;
-    if (words.isEmpty()) return {};
-    if (words.size() > MostItems) {
-        const qsizetype more = words.size() - MostItems;
-        words = words.mid(0, MostItems);
-        words += PageSaver::tr("and %1 more").arg(more);
-    }
-    return QStringLiteral(": ") + words.join(QStringLiteral(", "));
-}
-
-bool sourceDiffers(const PageContent& before, const PageContent& now) {
-    return before.aroundControls() != now.aroundControls();
+// There is nothing to save anyway: what would be written is no script.
+void tellFailure(QWidget& window, PageEditor& editor, const QString& reason) {
+    const QString missing = missingFiles(*editor.page().site());
+    QMessageBox box(
+        QMessageBox::Critical, PageSaver::tr("Not saved"),
+        PageSaver::tr("%1 was not saved, because it cannot be generated. Your changes are "
+                      "still here; save again when the cause is gone.")
+            .arg(editor.title()),
+        QMessageBox::Close, &window);
+    box.setObjectName(QStringLiteral("NotGeneratedBox"));
+    box.setInformativeText(missing.isEmpty()
+                               ? reason
+                               : PageSaver::tr("%1\n\nPut the file there, or name its place in the "
+                                               "settings of the site.\n\n%2")
+                                     .arg(missing, reason));
+    box.setTextFormat(Qt::PlainText);
+    auto* settings = box.addButton(PageSaver::tr("Se&ttings..."), QMessageBox::ActionRole);
+    box.setDefaultButton(QMessageBox::Close);
+    box.exec();
+    if (box.clickedButton() == settings) Q_EMIT editor.settingsRequested();
 }
 
 }  // namespace
@@ -62,6 +64,9 @@ bool PageSaver::guarded(PageEditor& editor, Save save) {
                 return false;
             save(EditedPage::Guard::SaveAnyway);
         }
+    } catch (const NotGenerated& failure) {
+        tellFailure(window_, editor, QString::fromStdString(failure.what()));
+        return false;
     } catch (const ChangedByOther&) {
         // Between the last look and the writing. Whose content is kept is asked, and all begins
         // again: the other may write once more.
@@ -116,7 +121,7 @@ bool PageSaver::resolveChangeOnDisk(PageEditor& editor) {
         page.keepMine(std::move(theirs));
         return true;
     }
-    const PageContent theirContent(page.file(), theirs.bytes, page.content()->codePage());
+    const PageContent theirContent(page.file(), theirs.bytes, page.site()->configuration->codePage);
     CompareDialog dialog(editor.title(), *page.saved(), *page.content(), theirContent, &window_);
     dialog.exec();
     switch (dialog.answer()) {
@@ -128,6 +133,10 @@ bool PageSaver::resolveChangeOnDisk(PageEditor& editor) {
             page.takeTheirs(std::move(theirs));
             editor.notices().remove(QStringLiteral("disk"));
             return false;
+        case CompareDialog::Answer::TakeBoth:
+            page.takeBoth(std::move(theirs), *dialog.merged().bytes);
+            editor.notices().remove(QStringLiteral("disk"));
+            return true;
         case CompareDialog::Answer::Later:
             return false;
     }
@@ -135,35 +144,10 @@ bool PageSaver::resolveChangeOnDisk(PageEditor& editor) {
 }
 
 QString unsavedChanges(PageEditor& editor) {
-    constexpr qsizetype MostLines = 12;
     const EditedPage& page = editor.page();
     if (!page.hasFile()) return PageSaver::tr("The page was never saved.");
-    QStringList changes;
-    for (const ControlSpan& span : page.content()->controls()) {
-        const auto before = page.saved()->indexOf(span.id);
-        const QString control = QString::fromStdString(span.id);
-        if (!before) {
-            changes += PageSaver::tr("new control %1").arg(control);
-            continue;
-        }
-        for (const ChangedPart& part :
-             changedParts(page.saved()->controls()[*before].properties, span.properties))
-            changes += PageSaver::tr("%1 of %2%3").arg(part.caption, control, detailsOf(part));
-    }
-    for (const ControlSpan& span : page.saved()->controls()) {
-        if (!page.content()->indexOf(span.id))
-            changes +=
-                PageSaver::tr("control %1 is taken out").arg(QString::fromStdString(span.id));
-    }
-    if (changes.isEmpty() || sourceDiffers(*page.saved(), *page.content()))
-        changes += PageSaver::tr("source text");
-    if (changes.size() > MostLines) {
-        const qsizetype more = changes.size() - MostLines + 1;
-        changes = changes.mid(0, MostLines - 1);
-        changes += PageSaver::tr("and %1 more").arg(more);
-    }
     return PageSaver::tr("What would be lost:\n%1")
-        .arg(QStringLiteral("\u2022 ") + changes.join(QStringLiteral("\n\u2022 ")));
+        .arg(bulleted(changesInWords(*page.saved(), *page.content())));
 }
 
 }  // namespace headerdtc::qt

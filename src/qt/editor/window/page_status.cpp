@@ -23,6 +23,8 @@ QString freshnessName(PageEditor::Freshness freshness) {
             return PageStatus::tr("text up to date");
         case PageEditor::Freshness::Stale:
             return PageStatus::tr("text out of date");
+        case PageEditor::Freshness::Losing:
+            return PageStatus::tr("saving would lose something");
         case PageEditor::Freshness::Failing:
             return PageStatus::tr("text cannot be generated");
         case PageEditor::Freshness::Unknown:

@@ -2,6 +2,7 @@
 
 #include "qt/editor/files/file_names.h"
 #include "qt/editor/files/notice_bar.h"
+#include "qt/editor/files/site_files.h"
 #include "qt/editor/page/page_editor.h"
 #include "qt/editor/window/page_saver.h"
 
@@ -128,14 +129,11 @@ PageEditor* PageTabs::recover(const RecoveryCopy& copy) {
         }
     }
     if (!editor) return nullptr;
-    const bool changedSince = copy.hasFile && copy.stamp != editor->page().stamp();
-    editor->page().replaceAll(copy.bytes, tr("recovery"));
-    editor->notices().show(
-        QStringLiteral("recovered"), Message::Severity::Note,
-        changedSince ? tr("These are the recovered changes. The file has changed since they were "
-                          "made: undo shows it as it is now.")
-                     : tr("These are the recovered changes; undo shows the page as it is in its "
-                          "file."));
+    editor->page().recover(copy.base, copy.bytes);
+    editor->notices().show(QStringLiteral("recovered"), Message::Severity::Note,
+                           tr("These are the recovered changes; undo shows the page as it is in "
+                              "its file."));
+    checkDisk(*editor);
     return editor;
 }
 
@@ -185,6 +183,30 @@ bool PageTabs::closeAll() {
 void PageTabs::checkDisk() {
     for (PageEditor* editor : editors())
         checkDisk(*editor);
+    bool siteChanged = false;
+    for (auto& [file, stamp] : siteFiles_) {
+        const FileStamp now = FileStamp::of(file);
+        siteChanged = siteChanged || stamp != now;
+        stamp = now;
+    }
+    if (!siteChanged) return;
+    refreshSites();
+    Q_EMIT siteFileChanged();
+}
+
+std::set<fs::path> PageTabs::filesToWatch() {
+    std::set<fs::path> files;
+    std::map<fs::path, FileStamp> ofSites;
+    for (PageEditor* editor : editors()) {
+        files.insert(editor->page().file());
+        for (const auto& [_, file] : filesOf(*editor->page().site())) {
+            files.insert(file);
+            const auto known = siteFiles_.find(file);
+            ofSites.emplace(file, known != siteFiles_.end() ? known->second : FileStamp::of(file));
+        }
+    }
+    siteFiles_ = std::move(ofSites);
+    return files;
 }
 
 void PageTabs::checkDisk(PageEditor& editor) {
@@ -232,7 +254,7 @@ void PageTabs::refreshSites() {
             editor->notices().show(QStringLiteral("site"), Message::Severity::Error,
                                    QString::fromStdString(error.what()));
         }
-        editor->refreshPreviews();
+        editor->lookAgain();
     }
 }
 

@@ -6,7 +6,9 @@
 
 #include <QTabWidget>
 #include <filesystem>
+#include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 namespace headerdtc::qt {
@@ -36,8 +38,11 @@ class PageTabs : public QTabWidget {
     // Closes after asking about changes. Each tells whether it is closed now.
     bool close(PageEditor* editor);
     bool closeAll();
-    // Looks whether files have become others: pages without changes follow, others are told of it.
+    // Looks whether files have become others: pages without changes follow, others are told of it;
+    // those of the sites concern every page.
     void checkDisk();
+    // The files whose change is of interest: pages, and what the sites make them with.
+    std::set<std::filesystem::path> filesToWatch();
     // The sites' configurations may be others.
     void refreshSites();
 
@@ -46,6 +51,8 @@ class PageTabs : public QTabWidget {
     void closed(headerdtc::qt::PageEditor* editor);
     // Title, modified mark, undo or redo of a page are others, or another page is current.
     void stateChanged();
+    // A file of a site is another.
+    void siteFileChanged();
 
   private:
     PageEditor* add(std::unique_ptr<EditedPage> page);
@@ -54,7 +61,8 @@ class PageTabs : public QTabWidget {
 
     Sites& sites_;
     PageSaver& saver_;
-    PageEditor* left_ = nullptr;  // the tab that was current last
+    PageEditor* left_ = nullptr;                            // the tab that was current last
+    std::map<std::filesystem::path, FileStamp> siteFiles_;  // as they were last looked at
 };
 
 }  // namespace headerdtc::qt
