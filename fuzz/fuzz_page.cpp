@@ -23,7 +23,7 @@ Generated throughTheControls(const PageMarkup& page) {
         QuietHost host;
         OpenControl control(sites.forPage(Page), Page, span, host.faces());
         MadeContent made = control.content();
-        if (control.doubtAbout(made)) generated.doubtful = true;
+        if (made.doubt) generated.doubtful = true;
         generated.contents.push_back(std::move(made.content));
     }
     return generated;

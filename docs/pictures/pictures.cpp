@@ -218,7 +218,7 @@ void drawCompare(MainWindow& window, PageEditor& editor) {
 void drawRecovery(MainWindow& window, PageEditor& editor) {
     const RecoveryCopy copy{.page = editor.page().file(),
                             .hasFile = true,
-                            .stamp = editor.page().stamp(),
+                            .base = {},
                             .bytes = {},
                             .when = QDateTime::currentDateTimeUtc(),
                             .copy = {}};
@@ -247,9 +247,13 @@ void drawChange(MainWindow& window) {
     QTest::keyClicks(editor.findChild<QLineEdit*>(QStringLiteral("FindText")), "Render");
     draw(window, QStringLiteral("find"));
     drawDialog("save-refused", [&] {
-        editor.page().noteDoubt("HeaderDTC1",
-                                "a stored property would come back different: "
-                                "DataProvider is \"Gone\" and would be gone");
+        const PageContentPtr content = editor.page().content();
+        StoredProperties properties = content->controls().front().properties;
+        for (auto& [name, value] : properties) {
+            if (name == "DataProvider") value = "Gone";
+        }
+        editor.page().setProperties(0, properties);
+        settle();
         window.commands()[Command::Save]->trigger();
     });
     draw(window, QStringLiteral("doubt"));

@@ -26,15 +26,15 @@ ExitStatus print(Sites& sites, const std::string& page) {
     for (const ControlSpan& span : markup.controls()) {
         OpenControl control(site, page, span, host.faces());
         const MadeContent made = control.content();
-        failed = failed || control.loadingFailed() || !made.errors.empty();
+        if (made.doubt && made.doubt->kind == SaveDoubt::Kind::Failure) {
+            failed = true;
+            host.messages.push_back(made.doubt->reason);
+        }
         const std::string bytes = markup.codePage().encodeWithReferences(made.content.runtimeText);
         std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     }
     for (const std::string& message : host.messages)
         printMessage(page, message);
-    // The control's own message does not say what to do.
-    if (const auto reason = site->registry.lastFailure(); failed && !reason.empty())
-        printMessage(page, reason);
     return failed ? PageNotDone : Done;
 }
 
@@ -61,7 +61,7 @@ int generate(const CommonOptions& common, const GenerateOptions& options) {
     }
     SiteGeneration generation(
         sites, {.mode = options.check ? SiteGeneration::Mode::Check : SiteGeneration::Mode::Write,
-                .guard = options.force ? LossGuard::SaveAnyway : LossGuard::Refuse,
+                .guard = options.force ? LossGuard::SaveAnyway : LossGuard::RefuseLosses,
                 .jobs = options.jobs,
                 .keepBytes = options.check && (options.diff || options.json)});
     Progress progress(pages.pages.size(), options.quiet);

@@ -51,9 +51,9 @@ CLI::App* addGenerate(CLI::App& app, GenerateOptions& options) {
     auto* diff = command->add_flag("--diff", options.diff,
                                    "with --check: show what would change, as patch takes it");
     auto* json = command->add_flag("--json", options.json, "one JSON object a page");
-    auto* force =
-        command->add_flag("--force", options.force,
-                          "save also where an error was reported or a property would change");
+    auto* force = command->add_flag(
+        "--force", options.force,
+        "write the new text also where something stored would be lost, and keep that");
     command->add_flag("-q,--quiet", options.quiet, "no progress and no summary");
     command->add_option("-j,--jobs", options.jobs, "pages done at a time (default: one a core)")
         ->check(CLI::Range(1, 256));

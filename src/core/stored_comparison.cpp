@@ -1,17 +1,21 @@
 #include "core/stored_comparison.h"
 
+#include "core/header_dtc.h"
+#include "core/stored_key_table.h"
 #include "core/stored_keys.h"
 #include "core/stored_values.h"
 #include "platform/runtime_error.h"
 
 #include <algorithm>
-#include <iterator>
 #include <set>
 #include <string_view>
 #include <unordered_map>
 
 namespace headerdtc {
 namespace {
+
+using What = StoredLoss::What;
+using stored::Row;
 
 PropertyValue converted(const PropertyValue& value, StoredType type) {
     switch (type) {
@@ -25,125 +29,196 @@ PropertyValue converted(const PropertyValue& value, StoredType type) {
     return toText(value);
 }
 
-// Whether a stored text and a value mean the same; a text that is no value of the type at all
-// means nothing.
-bool meansTheSame(const std::string& stored, const PropertyValue& value, StoredType type) {
+// Whether two texts mean the same; a text that is no value of the type at all means nothing.
+bool meanTheSame(const PropertyValue& a, const PropertyValue& b, StoredType type) {
     try {
-        return converted(stored, type) == converted(value, type);
+        return converted(a, type) == converted(b, type);
     } catch (const RuntimeError&) {
         return false;
     }
 }
 
-// As a page keeps it.
-std::string pageText(const PropertyValue& value) {
-    if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "-1" : "0";
-    return toText(value);
+int countIn(const std::string& text) {
+    try {
+        return toInteger(text);
+    } catch (const RuntimeError&) {
+        return 0;
+    }
 }
 
-// The entries of dictionaries and selections that are written, wherever they stand. A dictionary's
-// entry without a name is not read back, and those behind it then get other numbers; a selection
-// follows its list, whose items can have been moved since.
-class WrittenEntries {
+template <class Content>
+bool holds(const Row& row) {
+    return std::holds_alternative<Content>(row.content);
+}
+
+// The grids have a header and at least one row, whatever a page says.
+constexpr int FewestRows = 2;
+
+// A page's properties, to be asked by name and by what stands under them.
+class StoredState {
   public:
-    void add(const std::string& name, const PropertyValue& value) {
-        // Few names can be an entry's, and telling what a name is takes longer than this.
-        constexpr std::string_view Parts[] = {"Type", "Script", "I18N"};
-        if (std::none_of(std::begin(Parts), std::end(Parts), [&](std::string_view part) {
-                return name.find(part) != std::string::npos;
-            }))
-            return;
-        const auto kind = storedKindOf(name);
-        if (kind && !kind->unordered.empty()) entries_.emplace(kind->unordered, toText(value));
+    explicit StoredState(const StoredTexts& texts) {
+        values_.reserve(texts.size());
+        for (const auto& [name, text] : texts) {
+            values_.emplace(name, &text);
+            // Few names can be a mark's or a criterion's; telling what a name is takes longer.
+            if (name.find("I18N") == std::string::npos &&
+                name.find("Criteria") == std::string::npos)
+                continue;
+            const auto parsed = parseStoredName(name);
+            if (!parsed) continue;
+            const bool isValue = parsed->column == criteria_column::Value;
+            if (isValue || holds<stored::Selection>(parsed->row))
+                entries_.emplace(parsed->row.key, text);
+        }
     }
-    bool has(const StoredKind& kind, const std::string& entry) const {
-        return !kind.unordered.empty() && entries_.contains({kind.unordered, entry});
+
+    const std::string* find(std::string_view name) const {
+        const auto found = values_.find(name);
+        return found == values_.end() ? nullptr : found->second;
+    }
+    // Whether a translation's list has a mark, or a family's criteria a value.
+    bool has(std::string_view key, const std::string& text) const {
+        return entries_.contains({key, text});
     }
 
   private:
+    std::unordered_map<std::string_view, const std::string*> values_;
     std::set<std::pair<std::string_view, std::string>> entries_;
 };
 
-// A page that the control wrote itself comes back like this.
-bool isWrittenAsStored(const std::vector<std::pair<std::string, std::string>>& stored,
-                       const std::vector<std::pair<std::string, PropertyValue>>& written) {
-    return std::equal(stored.begin(), stored.end(), written.begin(), written.end(),
-                      [](const auto& before, const auto& after) {
-                          if (before.first != after.first) return false;
-                          const auto* text = std::get_if<std::string>(&after.second);
-                          return text ? *text == before.second
-                                      : pageText(after.second) == before.second;
-                      });
+std::optional<Family> familyIn(std::string_view key) {
+    for (const Family family : BothFamilies) {
+        if (key.find(traitsOf(family).prefix) != std::string_view::npos) return family;
+    }
+    return std::nullopt;
+}
+
+bool isUsed(const StoredState& page, Family family, const std::string& value) {
+    return !value.empty() && page.has(familyName(family, "Criteria"), value);
+}
+
+// What would be lost with a stored property that does not come back as it is; nothing when that
+// says nothing.
+std::optional<What> whatIsLost(const StoredName& name, const std::string& text,
+                               const std::string* rewritten, const StoredState& before,
+                               const StoredState& after) {
+    const Row& row = name.row;
+    if (holds<stored::SelectionCount>(row) || holds<stored::ScriptCount>(row)) return std::nullopt;
+    if (holds<stored::RowCount>(row) || holds<stored::ItemCount>(row)) {
+        const int fewest = holds<stored::RowCount>(row) ? FewestRows : 0;
+        const int rows = std::max(rewritten ? countIn(*rewritten) : 0, fewest);
+        return countIn(text) > rows ? std::optional(What::Row) : std::nullopt;
+    }
+    if (holds<stored::Selection>(row))
+        return text.empty() || after.has(row.key, text) ? std::nullopt
+                                                        : std::optional(What::MarkedItem);
+    const bool isEntryName = holds<stored::Scripts>(row) || holds<stored::CriteriaTypes>(row);
+    if (isEntryName) return std::nullopt;
+    const PropertyValue fallback = stored::readingDefault(row);
+    if (meanTheSame(text, rewritten ? PropertyValue(*rewritten) : fallback, row.type))
+        return std::nullopt;
+    if (row.name != stored::Name::Suffixed)
+        return row.name == stored::Name::Alone ? What::Value : What::Item;
+    if (row.type == StoredType::String) return What::Script;
+    const auto family = familyIn(row.key);
+    const bool matters = family && isUsed(before, *family, std::string(name.entry));
+    return matters ? std::optional(What::Kind) : std::nullopt;
+}
+
+// The highest number that a key has in a state, and one more.
+int nextNumber(const StoredTexts& texts, std::string_view key, int first) {
+    int next = first;
+    for (const auto& [name, text] : texts) {
+        if (!name.starts_with(key)) continue;
+        const auto parsed = parseStoredName(name);
+        if (parsed && parsed->row.key == key && parsed->row.name == stored::Name::Numbered)
+            next = std::max(next, parsed->number + 1);
+    }
+    return next;
+}
+
+void put(StoredTexts& texts, const std::string& name, std::string text) {
+    const auto found = std::find_if(texts.begin(), texts.end(),
+                                    [&](const auto& property) { return property.first == name; });
+    if (found == texts.end()) {
+        texts.emplace_back(name, std::move(text));
+    } else {
+        found->second = std::move(text);
+    }
 }
 
 }  // namespace
 
-std::vector<LostProperty> findLosses(
-    const std::vector<std::pair<std::string, std::string>>& stored,
-    const std::vector<std::pair<std::string, PropertyValue>>& written) {
-    if (isWrittenAsStored(stored, written)) return {};
-    std::unordered_map<std::string_view, const PropertyValue*> rewritten;
-    rewritten.reserve(written.size());
-    WrittenEntries entries;
-    for (const auto& [name, value] : written) {
-        rewritten.emplace(name, &value);
-        entries.add(name, value);
-    }
-
-    std::vector<LostProperty> losses;
+std::vector<StoredLoss> findLosses(const StoredTexts& stored, const StoredTexts& written) {
+    // A page that the control wrote itself comes back like this.
+    if (stored == written) return {};
+    const StoredState before(stored);
+    const StoredState after(written);
+    std::vector<StoredLoss> losses;
     for (const auto& [name, text] : stored) {
-        const auto kind = storedKindOf(name);
-        if (kind && entries.has(*kind, text)) continue;
-        const auto found = rewritten.find(name);
-        if (!kind || found == rewritten.end()) {
-            if (!kind || !meansTheSame(text, kind->readingDefault, kind->type))
-                losses.push_back({name, text, std::nullopt});
-        } else if (!meansTheSame(text, *found->second, kind->type)) {
-            losses.push_back({name, text, pageText(*found->second)});
-        }
+        const std::string* rewritten = after.find(name);
+        if (rewritten && *rewritten == text) continue;
+        const auto parsed = parseStoredName(name);
+        if (!parsed) continue;
+        const auto lost = whatIsLost(*parsed, text, rewritten, before, after);
+        if (!lost) continue;
+        const bool isEntry = lost == What::Kind || lost == What::Script;
+        losses.push_back({*lost, name, isEntry ? std::string(parsed->entry) : text, text,
+                          rewritten ? std::optional(*rewritten) : std::nullopt,
+                          familyIn(parsed->row.key)});
     }
     return losses;
 }
 
-std::vector<LostProperty> remainingLosses(
-    const std::vector<LostProperty>& losses,
-    const std::vector<std::pair<std::string, std::string>>& stored) {
+std::vector<StoredLoss> remainingLosses(const std::vector<StoredLoss>& losses,
+                                        const StoredTexts& now) {
     if (losses.empty()) return {};
-    std::unordered_map<std::string_view, std::string_view> now;
-    WrittenEntries entries;
-    for (const auto& [name, text] : stored) {
-        now.emplace(name, text);
-        entries.add(name, text);
-    }
-    std::vector<LostProperty> remaining;
-    for (const LostProperty& lost : losses) {
-        const auto kind = storedKindOf(lost.name);
-        const auto found = now.find(lost.name);
-        // Another entry at the place of a lost one does not bring that one back.
-        const bool isDealtWith = kind && !kind->unordered.empty() ? entries.has(*kind, lost.stored)
-                                 : found == now.end()             ? lost.rewritten.has_value()
-                                                                  : lost.rewritten != found->second;
-        if (!isDealtWith) remaining.push_back(lost);
+    const StoredState state(now);
+    std::vector<StoredLoss> remaining;
+    for (const StoredLoss& loss : losses) {
+        const auto isDealtWith = [&] {
+            const std::string* text = state.find(loss.name);
+            switch (loss.what) {
+                // Another mark at the place of a lost one does not bring that one back.
+                case What::MarkedItem:
+                    return state.has(parseStoredName(loss.name)->row.key, loss.stored);
+                // Nor does it matter any more when the value is gone.
+                case What::Kind:
+                    return (text && *text != loss.rewritten) ||
+                           !isUsed(state, *loss.family, loss.text);
+                default:
+                    return text ? loss.rewritten != *text : loss.rewritten.has_value();
+            }
+        };
+        if (!isDealtWith()) remaining.push_back(loss);
     }
     return remaining;
 }
 
-bool sayTheSame(const std::vector<std::pair<std::string, std::string>>& stored,
-                const std::vector<std::pair<std::string, std::string>>& written) {
-    if (stored == written) return true;
-    std::unordered_map<std::string_view, std::string_view> rewritten(written.begin(),
-                                                                     written.end());
-    for (const auto& [name, text] : stored) {
-        const auto found = rewritten.find(name);
-        const auto kind = storedKindOf(name);
-        if (!kind) return false;
-        const PropertyValue value =
-            found == rewritten.end() ? kind->readingDefault : std::string(found->second);
-        if (!meansTheSame(text, value, kind->type)) return false;
-        if (found != rewritten.end()) rewritten.erase(found);
+StoredTexts withLosses(StoredTexts now, const std::vector<StoredLoss>& losses) {
+    for (const StoredLoss& loss : losses) {
+        const auto parsed = parseStoredName(loss.name);
+        if (!parsed) continue;
+        const std::string key(parsed->row.key);
+        if (loss.what == What::MarkedItem) {
+            // Behind those that are marked, and counted with them.
+            const int number = nextNumber(now, key, 0);
+            put(now, key + std::to_string(number), loss.stored);
+            put(now, "NrOf" + key, std::to_string(number + 1));
+        } else if (loss.what == What::Kind) {
+            put(now, key + std::to_string(nextNumber(now, key, 1)), loss.text);
+            put(now, loss.name, loss.stored);
+        } else if (loss.what == What::Script) {
+            const int number = nextNumber(now, key, 1);
+            put(now, key + std::to_string(number), loss.text);
+            put(now, "NrOfUserDefinedScripts", std::to_string(number));
+            put(now, loss.name, loss.stored);
+        } else {
+            put(now, loss.name, loss.stored);
+        }
     }
-    // What the page lacks.
-    return rewritten.empty();
+    return now;
 }
 
 }  // namespace headerdtc

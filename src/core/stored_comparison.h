@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/family.h"
 #include "platform/property_bag.h"
 
 #include <optional>
@@ -9,35 +10,42 @@
 
 namespace headerdtc {
 
-// A stored property that would not survive being read and written again.
-struct LostProperty {
-    std::string name;
+// Stored properties by name, as a page has them: text, in order.
+using StoredTexts = std::vector<std::pair<std::string, std::string>>;
+
+// Something of an author that would not survive being read and written again.
+struct StoredLoss {
+    enum class What {
+        Value,       // the provider, the stylesheet, the filter switch
+        Item,        // of a list, or the text of a cell or link
+        MarkedItem,  // a field chosen for translation
+        Row,         // of a grid or list: there would be fewer
+        Script,      // the text of a script
+        Kind,        // whether a criterion's value is a function or a script
+    };
+    What what;
+    std::string name;  // of the stored property
+    // Of a kind the criterion's value, of a script its name, else what the page stores.
+    std::string text;
     std::string stored;  // as the page has it
     // What would be stored instead; nothing when the property would be gone.
     std::optional<std::string> rewritten;
+    std::optional<Family> family;
 };
 
-// The stored properties that come back changed or not at all when a control that has read them
-// writes anew. `stored` is what the page has, name and text, in order; `written` what the control
-// writes, defaults left out.
-//
-// Values compare by the property's type and meaning, not by their text: "True" is -1, and a value
-// that equals its default may be left out. A name that the control does not know is lost. A
-// property that appears anew is no loss.
-std::vector<LostProperty> findLosses(
-    const std::vector<std::pair<std::string, std::string>>& stored,
-    const std::vector<std::pair<std::string, PropertyValue>>& written);
+// What of `stored` comes back different or not at all when a control that has read it writes
+// `written`. Both are as a page has them, defaults left out. Values compare by the property's type
+// and meaning. No loss is: another spelling, order or number of a name, a default written out, the
+// kind of a value that no criterion uses, a property that the control does not know.
+std::vector<StoredLoss> findLosses(const StoredTexts& stored, const StoredTexts& written);
 
-// Those of the losses that stand: what came to be something else since, as `stored` has it now, has
-// been dealt with.
-std::vector<LostProperty> remainingLosses(
-    const std::vector<LostProperty>& losses,
-    const std::vector<std::pair<std::string, std::string>>& stored);
+// Those of the losses that stand: what came to be something else since, as `now` has it, has been
+// dealt with.
+std::vector<StoredLoss> remainingLosses(const std::vector<StoredLoss>& losses,
+                                        const StoredTexts& now);
 
-// Whether two states of a page's properties are the same to the control that reads them: in other
-// words, another order, or with a default that one of them leaves out. `written` is as the control
-// writes it.
-bool sayTheSame(const std::vector<std::pair<std::string, std::string>>& stored,
-                const std::vector<std::pair<std::string, std::string>>& written);
+// `now`, which a control wrote after changes, with what that control never could take put back as
+// it was stored.
+StoredTexts withLosses(StoredTexts now, const std::vector<StoredLoss>& losses);
 
 }  // namespace headerdtc

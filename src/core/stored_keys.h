@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/property_bag.h"
-
 #include <optional>
 #include <string_view>
 
@@ -10,24 +8,26 @@ namespace headerdtc {
 // The type of a stored property.
 enum class StoredType { Boolean, Integer, String };
 
-// What is known of a stored property by its name alone.
-struct StoredKind {
-    StoredType type;
-    // What reading makes of the property where it is not stored, in the property's type.
-    PropertyValue readingDefault;
-    // Where the number of a name says where the entry stood and no more, the key before it: for the
-    // entries of dictionaries ("ZEKOCriteriaType2") and of selections ("EAII18NFieldnames0"), which
-    // are written in the order of the list that they are selected in. Empty for all others.
-    std::string_view unordered = {};
+namespace stored {
+struct Row;
+}
+
+// A name that the control stores, taken apart.
+struct StoredName {
+    const stored::Row& row;  // of the table of stored properties
+    int number = -1;         // of a numbered name; of a cell its row
+    int column = -1;         // of a cell
+    std::string_view entry = {};  // of a name with a suffix: what stands before it
 };
 
-// The type of a stored property, nothing for a name that the control never stores. Numbered names
-// are known by their pattern ("ZEKOReturnFields" and a decimal number without leading zeros);
-// names that end in a dictionary suffix belong to the entry before it ("nZEKOCriteriaType" is an
-// Integer, "ZEKOCriteriaType1" a String). Names compare exactly.
-std::optional<StoredType> storedTypeOf(std::string_view name);
+// Takes a name apart; nothing for one that the control never reads, whatever else the page stores.
+// Numbered names are known by their pattern ("ZEKOReturnFields" and a decimal number, within what
+// is counted, without leading zeros); names that end in a dictionary's suffix belong to the entry
+// before it ("nZEKOCriteriaType" is an Integer, "ZEKOCriteriaType1" a String). Names compare
+// exactly.
+std::optional<StoredName> parseStoredName(std::string_view name);
 
-// The same, with the default.
-std::optional<StoredKind> storedKindOf(std::string_view name);
+// The type of a stored property, nothing for a name that the control never reads.
+std::optional<StoredType> storedTypeOf(std::string_view name);
 
 }  // namespace headerdtc

@@ -4,13 +4,19 @@
 #include "platform/error_trap.h"
 #include "platform/text.h"
 
+#include <functional>
+#include <unordered_set>
+
 namespace headerdtc {
 namespace {
+
+enum class Entries { All, ThoseThatCount };
 
 // Writes the rows of the table, one after another.
 class PropertyWriter {
   public:
-    PropertyWriter(const HeaderDTC& dtc, PropertyBag& bag) : dtc_(dtc), bag_(bag) {}
+    PropertyWriter(const HeaderDTC& dtc, PropertyBag& bag, Entries entries)
+        : dtc_(dtc), bag_(bag), entries_(entries) {}
 
     void write(const stored::Row& row) {
         row_ = &row;
@@ -62,15 +68,20 @@ class PropertyWriter {
     void operator()(stored::Provider) { putText(row_->key, dtc_.DataProvidersCombo.Text()); }
     void operator()(stored::LinkedProvider) { putText(row_->key, dtc_.linkedDataProvider); }
     void operator()(stored::Stylesheet) { putText(row_->key, dtc_.XSLFilenameText.Text()); }
-    void operator()(stored::ScriptCount) { putNumber(row_->key, dtc_.userDefinedScripts->Count()); }
+    void operator()(stored::ScriptCount) {
+        const auto& scripts = *dtc_.userDefinedScripts;
+        putNumber(row_->key, scripts.Count() - static_cast<int>(lookedUpOnly(scripts).size()));
+    }
     void operator()(stored::Scripts) {
-        putEntries(*dtc_.userDefinedScripts,
+        const auto& scripts = *dtc_.userDefinedScripts;
+        putEntries(scripts, lookedUpOnly(scripts),
                    [this](std::string_view key, const std::string& script, const PropertyValue&) {
                        putText(key, script);
                    });
     }
     void operator()(const stored::CriteriaTypes& types) {
-        putEntries((dtc_.*types.family).CriteriaType,
+        const FamilyControls& family = dtc_.*types.family;
+        putEntries(family.CriteriaType, typesLeftOut(family),
                    [this](std::string_view key, std::int32_t type, const PropertyValue& fallback) {
                        bag_.WriteProperty(key, toInt16(type), fallback);
                    });
@@ -78,7 +89,45 @@ class PropertyWriter {
     void operator()(stored::WithRowAbove) {}
 
   private:
+    using Names = std::unordered_set<std::string_view>;
+
     const stored::Row& rowBelow() const { return row_[1]; }
+
+    template <class Item>
+    Names lookedUpOnly(const Dictionary<Item>& dictionary) const {
+        Names names;
+        if (entries_ == Entries::All) return names;
+        for (const auto& entry : dictionary) {
+            if (dictionary.isOnlyLookedUp(entry)) names.insert(entry.first);
+        }
+        return names;
+    }
+
+    // No more types are read back than there are criteria. Those that say something always fit: each
+    // has a row of its own. Of the others go first those that would not come back anyway.
+    Names typesLeftOut(const FamilyControls& family) const {
+        Names names = lookedUpOnly(family.CriteriaType);
+        if (entries_ == Entries::All) return names;
+        const auto isTooMany = [&, bound = family.CriteriaGrid.Rows() - 1] {
+            return family.CriteriaType.Count() - static_cast<int>(names.size()) > bound;
+        };
+        if (!isTooMany()) return names;
+        Names used;
+        for (int row = 1; row < family.CriteriaGrid.Rows(); ++row)
+            used.insert(family.CriteriaGrid.TextMatrix(row, criteria_column::Value));
+        using Entry = Dictionary<std::int32_t>::Entry;
+        const std::function<bool(const Entry&)> saysNothing[] = {
+            [](const Entry& entry) { return entry.first.empty(); },
+            [&](const Entry& entry) { return !used.contains(entry.first); },
+            [](const Entry& entry) { return entry.second == CONSTANT; },
+        };
+        for (const auto& canGo : saysNothing) {
+            for (const Entry& entry : family.CriteriaType) {
+                if (isTooMany() && canGo(entry)) names.insert(entry.first);
+            }
+        }
+        return names;
+    }
 
     void putText(std::string_view name, const std::string& text) {
         std::get<std::string>(text_) = text;
@@ -88,10 +137,11 @@ class PropertyWriter {
         bag_.WriteProperty(name, toInt16(number), fallback_);
     }
     template <class Item, class PutItem>
-    void putEntries(const Dictionary<Item>& dictionary, PutItem putItem) {
+    void putEntries(const Dictionary<Item>& dictionary, const Names& leftOut, PutItem putItem) {
         const PropertyValue itemFallback = stored::asPropertyValue(rowBelow().fallback);
         int number = 0;
         for (const auto& [name, item] : dictionary) {
+            if (leftOut.contains(name)) continue;
             putText(keys_.numbered(row_->key, ++number), name);
             putItem(keys_.suffixed(name, rowBelow().key), item, itemFallback);
         }
@@ -99,6 +149,7 @@ class PropertyWriter {
 
     const HeaderDTC& dtc_;
     PropertyBag& bag_;
+    const Entries entries_;
     const stored::Row* row_ = nullptr;
     PropertyValue fallback_;
     // Holds the text on its way to the bag, so that its storage serves them all.
@@ -106,14 +157,22 @@ class PropertyWriter {
     KeyBuffer keys_;
 };
 
-}  // namespace
-
-void HeaderDTC::UserControl_WriteProperties(PropertyBag& bag) {
-    trapErrors(surroundings.messages, "UserControl_WriteProperties", [&] {
-        PropertyWriter writer(*this, bag);
+void writeRows(const HeaderDTC& dtc, PropertyBag& bag, Entries entries) {
+    trapErrors(dtc.surroundings.messages, "UserControl_WriteProperties", [&] {
+        PropertyWriter writer(dtc, bag, entries);
         for (const stored::Row& row : stored::Table)
             writer.write(row);
     });
+}
+
+}  // namespace
+
+void HeaderDTC::UserControl_WriteProperties(PropertyBag& bag) {
+    writeRows(*this, bag, Entries::All);
+}
+
+void HeaderDTC::writePropertiesThatCount(PropertyBag& bag) {
+    writeRows(*this, bag, Entries::ThoseThatCount);
 }
 
 }  // namespace headerdtc

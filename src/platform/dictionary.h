@@ -6,13 +6,15 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace headerdtc {
 
 // A keyed dictionary: string keys, compared exactly, enumerated in the order in which they were
 // added. As in the established dictionary object, *reading* a missing key adds it with an empty
-// item; that is why item() is not const.
+// item; that is why item() is not const. An entry that came to be like that is told from one that
+// somebody put there, for as long as it holds nothing.
 template <class Item>
 class Dictionary {
   public:
@@ -24,11 +26,14 @@ class Dictionary {
     Dictionary(const Dictionary& other) {
         for (const auto& [key, item] : other)
             Add(key, item);
+        for (const std::string_view key : other.lookedUp_)
+            lookedUp_.insert(index_.find(key)->first);
     }
     Dictionary(Dictionary&&) noexcept = default;
     Dictionary& operator=(Dictionary other) {
         entries_.swap(other.entries_);
         index_.swap(other.index_);
+        lookedUp_.swap(other.lookedUp_);
         return *this;
     }
 
@@ -41,25 +46,37 @@ class Dictionary {
     // The item of a key. A missing key is added at the end with an empty item.
     Item& item(std::string_view key) {
         const auto found = index_.find(key);
-        return found != index_.end() ? found->second->second : append(key, Item{});
+        if (found != index_.end()) return found->second->second;
+        Item& added = append(key, Item{});
+        lookedUp_.insert(entries_.back().first);
+        return added;
     }
 
     // Sets the item of a key, at its place when present, else at the end.
-    void assign(std::string_view key, Item value) { item(key) = std::move(value); }
+    void assign(std::string_view key, Item value) {
+        item(key) = std::move(value);
+        lookedUp_.erase(key);
+    }
 
     bool Exists(std::string_view key) const { return index_.contains(key); }
+    // Whether an entry is there only because it was looked up, and is still empty.
+    bool isOnlyLookedUp(const Entry& entry) const {
+        return entry.second == Item{} && lookedUp_.contains(entry.first);
+    }
 
     // Removes a key and tells whether it was there; the other entries keep their order.
     bool Remove(std::string_view key) {
         const auto found = index_.find(key);
         if (found == index_.end()) return false;
         const auto entry = found->second;
+        lookedUp_.erase(key);
         index_.erase(found);
         entries_.erase(entry);
         return true;
     }
 
     void RemoveAll() {
+        lookedUp_.clear();
         index_.clear();
         entries_.clear();
     }
@@ -80,6 +97,7 @@ class Dictionary {
     std::list<Entry> entries_;
     // The keys are views of the list's own strings, which never move.
     std::unordered_map<std::string_view, typename std::list<Entry>::iterator> index_;
+    std::unordered_set<std::string_view> lookedUp_;
 };
 
 }  // namespace headerdtc

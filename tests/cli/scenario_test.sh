@@ -28,14 +28,12 @@ grep -q '"wrote":"orders/mine.asp"' "$folder/first" || fail "the page was not wr
 settings() { jq -c '.[] | [(.name | sub("CriteriaType[0-9]+$"; "CriteriaType")), .value]'; }
 diff <("$headerdtc" show --json orders/mine.asp | jq '.controls[0].properties' | settings) \
     <(jq -s '.[1].properties' "$folder/second" | settings) || fail "the properties come back others"
-diff <(tail -n 1 "$folder/first") <(tail -n 1 "$folder/second") || fail "the text comes back another"
-
+# What was saved is what the page generates when it is opened again.
+check 0 "$headerdtc" generate --check orders/mine.asp
 check 0 "$headerdtc" generate --print orders/mine.asp
 for line in 'SetKeyValue "CUSTNO", 0, "4711"' 'SetKeyValue "ORDNO", 2, LowestOrder()' \
     'Function   LowestOrder ()' 'mLinkedFields.Add'; do
     expect "$out" "$line"
 done
-check 0 "$headerdtc" generate orders/mine.asp
-check 0 "$headerdtc" generate --check orders/mine.asp
 
 finish

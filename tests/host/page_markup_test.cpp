@@ -74,8 +74,8 @@ TEST(PageMarkup, ChangesNothingButWhatDiffers) {
     const std::string before = "\xFF\x00\r\r\n<!--METADATA TYPE=\"TypeLib\" -->";
     const std::string markup =
         "<!-- metadata type=designercontrol STARTSPAN\n"
-        "<object classid='{2f9dab28-6bb4-469f-a568-9ca7a4217b69}' width=300 id=H>\n"
-        "<param value='1' name=A>\n</object>-->\n";
+        "<object classid='{2f9dab28-6bb4-469f-a568-9ca7a4217b69}' id=H>\n"
+        "<param value='-1' name=EnableExtraFilters>\n</object>-->\n";
     const std::string end = "<!--metadata endspan type='DesignerControl' -->";
     const std::string after = "\n" + OtherControl + "\x81 tail";
     const auto page = pageOf(before + markup + "old \xE9 &#937;" + end + after);
@@ -87,13 +87,33 @@ TEST(PageMarkup, ChangesNothingButWhatDiffers) {
         << "stored, the letter would be the same reference";
     EXPECT_EQ(page.with({contentOf(control, "new é\r\n")}),
               before + markup + "new \xE9\r\n" + end + after);
-    const ControlContent changed{"H", {{"A", "2"}}, "old é &#937;"};
+    const ControlContent changed{"H", {{"EnableExtraFilters", "0"}}, "old é &#937;"};
     const auto rewritten = written(changed);
     EXPECT_EQ(page.with({changed}), before + rewritten.substr(0, rewritten.find("old")) +
                                         "old \xE9 &#937;" + end + after);
-    const ControlContent reordered{"H", {{"B", ""}, {"A", "1"}}, ""};
-    EXPECT_THAT(page.with({reordered}), HasSubstr("\"B\" VALUE=\"\">\r\n\t<PARAM NAME=\"A\""));
+    const ControlContent reordered{
+        "H", {{"XSLFilename", ""}, {"EnableExtraFilters", "-1"}}, ""};
+    EXPECT_THAT(page.with({reordered}), HasSubstr("VALUE=\"\">\r\n\t<PARAM NAME=\"EnableExtraFilters\""));
     EXPECT_THROW(page.with({}), std::invalid_argument);
+}
+
+TEST(PageMarkup, SomebodyElsesTagsAndAttributesStayAsTheyStand) {
+    const std::string odd = "<param value='1'  NAME=_ExtentX other>";
+    const PageMarkup page(
+        "page.asp",
+        "<!--METADATA TYPE=DesignerControl startspan <OBJECT height=5 ID=H "
+        "codebase='a.cab'\nCLASSID=\"clsid:2F9DAB28-6BB4-469F-A568-9CA7A4217B69\" "
+        "x=a--  >" +
+            odd +
+            "<PARAM NAME=DataProvider VALUE=Orders></OBJECT>-->"
+            "<!--METADATA TYPE=DesignerControl endspan-->",
+        CodePage("windows-1252"));
+    ControlContent content = contentOf(page.controls().front(), "");
+    content.properties = {{"DataProvider", "Stock"}, {"_ExtentX", "1"}};
+    const std::string bytes = page.readableWith({content});
+    EXPECT_THAT(bytes, HasSubstr("69\" height=5 codebase='a.cab' x=a-- >\r\n\t<PARAM "
+                                 "NAME=\"DataProvider\" VALUE=\"Stock\">\r\n\t" +
+                                 odd + "\r\n</OBJECT>"));
 }
 
 TEST(PageMarkup, ARuntimeTextThatBeginsWithALineEndComesBack) {
@@ -149,7 +169,7 @@ TEST(PageMarkup, WhatDamageAroundItKeepsFromBeingReadIsNotWritten) {
     };
     EXPECT_THAT(with("of the author"), HasSubstr("of the author"));
     EXPECT_THAT(errorOf<FileError>([&] { with("the author' > "); }),
-                HasSubstr("page.asp:2: what is written would not be read again"));
+                HasSubstr("page.asp:1:44: the OBJECT tag is damaged and reaches into"));
 }
 
 TEST(PageMarkup, ANewControlGoesBeforeALineOutsideOfAllSpans) {
@@ -227,12 +247,38 @@ class RandomText {
 };
 
 TEST(PageMarkup, AnyPropertiesComeBackInAnyCodePage) {
-    const std::vector<std::string> pieces = {
-        "a",  "-",  "--",    "\"",       "'",          "<",
-        ">",  "&",  "&amp;", "&#45;",    "&#x110000;", "\r",
-        "\n", "\t", " ",     "<!--",     "-->",        "<%",
-        "%>", ";",  "#",     "\x01",     "é",          "€",
-        "Ω",  "α",  "😀",     "\xC2\x81", EndComment,   std::string(1, '\0')};
+    const std::vector<std::string> pieces = {"a",
+                                             "-",
+                                             "--",
+                                             "\"",
+                                             "'",
+                                             "<",
+                                             ">",
+                                             "&",
+                                             "&amp;",
+                                             "&#45;",
+                                             "&#x110000;",
+                                             "\r",
+                                             "\n",
+                                             "\t",
+                                             " ",
+                                             "<!--",
+                                             "-->",
+                                             "<%",
+                                             "%>",
+                                             ";",
+                                             "#",
+                                             "\x01",
+                                             "é",
+                                             "€",
+                                             "Ω",
+                                             "α",
+                                             "😀",
+                                             "\xC2\x81",
+                                             EndComment,
+                                             std::string(1, '\0'),
+                                             "\xEE\xBE\x80",
+                                             "\xEE\xBF\xBF"};
     RandomText random(7);
     for (const char* name : {"windows-1252", "windows-1253", "utf-8"}) {
         const CodePage codePage(name);

@@ -108,6 +108,23 @@ TEST(TolerantMarkup, DamageIsReportedWithItsLineAndColumn) {
          "page.asp:3:1: this PARAM is broken"},
         {Start + "<EMBED SRC=x>" + Close + End, "page.asp:3:1: nothing but PARAM can stand"},
         {Start + "</OBJECT> text -->" + End, "page.asp:3:11: the comment that holds the OBJECT"},
+        // A quotation mark that is not closed: it ends at the next control, or in script.
+        {"\n<!--METADATA TYPE=DesignerControl startspan\n<OBJECT ID='x CLASSID=clsid:0>\n" + Close +
+             End + "\n<!--METADATA TYPE=DesignerControl startspan <OBJECT ID='H' " +
+             Start.substr(Start.find("CLASSID")) + Close + End,
+         "page.asp:3:1: the OBJECT tag is damaged and reaches into the designer control that "
+         "starts "
+         "on line 7; close"},
+        {"\n<!--METADATA TYPE=DesignerControl startspan\n<OBJECT ID='x " +
+             Start.substr(Start.find("CLASSID")) + Close + "<% ' old %>" + End,
+         "page.asp:3:1: the OBJECT tag is not closed"},
+        {Start + "<PARAM NAME=a VALUE='b>\r\n" + Close + End + Start + Close + "<% ' old %>" + End,
+         "page.asp:3:1: this PARAM is damaged and reaches into the designer control that starts on "
+         "line 6"},
+        {std::string("\xFF\xFE<\0%\0", 6), "page.asp:1:1: the page is in UTF-16"},
+        {std::string("\xFE\xFF\0<", 4), "page.asp:1:1: the page is in UTF-16"},
+        {std::string("<\0%\0@\0\xA9\x03\r\0\n\0", 12), "page.asp:1:1: the page is in UTF-16"},
+        {std::string("\0<\0%\0@\x03\xA9\0\r\0\n", 12), "page.asp:1:1: the page is in UTF-16"},
     };
     for (const auto& [bytes, problem] : cases)
         EXPECT_THAT(problemOf(bytes), HasSubstr(problem)) << bytes;
@@ -123,6 +140,8 @@ TEST(TolerantMarkup, WhatOnlyLooksLikeAControlIsText) {
              std::string("<!--METADATA TYPE=\"DesignerControl"),
              std::string("<!--METADATA TYPE=\"DesignerControl\""),
              std::string("<!--"),
+             std::string("<%\0\0%>\0", 7),
+             std::string("\xFF\xFF"),
              OtherStart + OtherStart + "<OBJECT CLASSID=\"clsid:2F9DAB28" + End + "x" + End,
              "<!--METADATA TYPE=DesignerControl startspan-->" + End,
          }) {

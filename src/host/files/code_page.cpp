@@ -17,14 +17,6 @@
 namespace headerdtc {
 namespace {
 
-// The characters that stand for single bytes lie in a corner of the private use area that no
-// code page and hardly any text uses: U+EF80 for 0x80 and so on.
-constexpr char32_t ByteCharacters = 0xEF00;
-
-bool standsForByte(char32_t character) {
-    return character >= ByteCharacters + 0x80 && character <= ByteCharacters + 0xFF;
-}
-
 unsigned char unsignedOf(char c) {
     return static_cast<unsigned char>(c);
 }
@@ -33,53 +25,80 @@ void appendReference(std::string& text, char32_t character) {
     text += "&#" + std::to_string(static_cast<unsigned long>(character)) + ';';
 }
 
-// ---- UTF-8 --------------------------------------------------------------------------------------
+// ---- bytes that are no characters
+// -----------------------------------------------------------------
 
-// A character as it stands for one byte is written in three; they begin EE BE or EE BF.
-bool beginsByteCharacter(std::string_view text) {
-    return text.size() >= 3 && text[0] == '\xEE' && (text[1] == '\xBE' || text[1] == '\xBF');
+// Such a byte becomes two of the code points that Unicode keeps free for use inside programs, one
+// for each half of it. So every character stays what it is, those for private use too; only this
+// pair is not itself where it stands in a file.
+constexpr char32_t HighHalves = 0xFDE0;  // for 0x8 to 0xF
+constexpr char32_t LowHalves = 0xFDD0;
+constexpr std::string_view HalvesBegin = "\xEF\xB7";
+constexpr std::size_t CarrierLength = 6;
+
+std::string carrierOf(unsigned char byte) {
+    return utf8::encode(HighHalves + (byte >> 4U) - 8) + utf8::encode(LowHalves + (byte & 0xFU));
 }
+
+// The byte for which the start of a text stands.
+std::optional<unsigned char> carriedByte(std::string_view text) {
+    if (text.size() < CarrierLength || !text.starts_with(HalvesBegin) ||
+        !text.substr(CarrierLength / 2).starts_with(HalvesBegin))
+        return std::nullopt;
+    const unsigned high = unsignedOf(text[2]) - 0xA0U;
+    const unsigned low = unsignedOf(text[5]) - 0x90U;
+    if (high >= 8 || low >= 16) return std::nullopt;
+    return static_cast<unsigned char>((high + 8) << 4U | low);
+}
+
+// ---- UTF-8 --------------------------------------------------------------------------------------
 
 std::string decodeUtf8(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {
-        auto length = asciiLength(bytes);
-        // A character of ours that is in the file already is taken as the three bytes that it is,
-        // so that they come back as three.
-        if (length == 0 && !beginsByteCharacter(bytes)) length = characterLength(bytes);
+        const auto ascii = asciiLength(bytes);
+        text.append(bytes.substr(0, ascii));
+        bytes.remove_prefix(ascii);
+        if (bytes.empty()) break;
+        // A pair of ours that is in the file already is taken as the bytes that it is, so that they
+        // come back.
+        const bool isCarrier = carriedByte(bytes).has_value();
+        const auto length = isCarrier ? 0 : characterLength(bytes);
+        const auto taken = length > 0 ? length : isCarrier ? CarrierLength : 1;
         if (length > 0) {
             text.append(bytes.substr(0, length));
         } else {
-            text += utf8::encode(ByteCharacters + unsignedOf(bytes.front()));
-            length = 1;
+            for (const char byte : bytes.substr(0, taken))
+                text += carrierOf(unsignedOf(byte));
         }
-        bytes.remove_prefix(length);
+        bytes.remove_prefix(taken);
     }
     return text;
 }
 
-// Takes the characters that stand for bytes from the start of a text and gives the bytes.
-std::string takeByteCharacters(std::string_view& text) {
+// Takes what stands for bytes from the start of a text and gives the bytes.
+std::string takeCarriedBytes(std::string_view& text) {
     std::string bytes;
-    while (beginsByteCharacter(text) && characterLength(text) == 3) {
-        bytes += static_cast<char>(utf8::first(text) & 0xFFU);
-        text.remove_prefix(3);
+    while (const auto byte = carriedByte(text)) {
+        bytes += static_cast<char>(*byte);
+        text.remove_prefix(CarrierLength);
     }
     return bytes;
 }
 
-// `append` puts a run of characters that stand for bytes behind the result.
+// `append` puts a run of bytes that are no characters behind the result; it is given the text that
+// stands for them too.
 template <class Append>
 std::string encodeUtf8(std::string_view text, Append append) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        auto upTo = std::min(text.find('\xEE'), text.size());
+        auto upTo = std::min(text.find(HalvesBegin), text.size());
         result.append(text.substr(0, upTo));
         text.remove_prefix(upTo);
         const std::string_view rest = text;
-        const std::string bytes = takeByteCharacters(text);
+        const std::string bytes = takeCarriedBytes(text);
         if (!bytes.empty()) {
             append(result, bytes, rest.substr(0, rest.size() - text.size()));
         } else if (!text.empty()) {
@@ -143,13 +162,15 @@ std::string lowerCase(std::string name) {
 }  // namespace
 
 struct CodePage::Table {
-    std::array<std::string, 128> characters;         // of the bytes from 0x80, as UTF-8
-    std::vector<std::pair<char32_t, char>> byBytes;  // sorted by character
+    std::array<std::string, 128> texts;                   // of the bytes from 0x80, as UTF-8
+    std::vector<std::pair<char32_t, char>> byCharacters;  // sorted by character
+
+    bool isCharacter(unsigned char byte) const { return !carriedByte(texts[byte - 0x80U]); }
 
     std::optional<char> byteOf(char32_t character) const {
-        const auto found = std::lower_bound(byBytes.begin(), byBytes.end(), character,
+        const auto found = std::lower_bound(byCharacters.begin(), byCharacters.end(), character,
                                             [](const auto& a, char32_t b) { return a.first < b; });
-        if (found == byBytes.end() || found->first != character) return std::nullopt;
+        if (found == byCharacters.end() || found->first != character) return std::nullopt;
         return found->second;
     }
 
@@ -173,22 +194,21 @@ std::shared_ptr<const CodePage::Table> CodePage::Table::make(const std::string& 
             throw std::invalid_argument("the code page \"" + name +
                                         "\" has characters of more than one byte; use one of "
                                         "single bytes, or utf-8");
-        const bool isNew = kind == Converter::Kind::Character && !standsForByte(character) &&
+        const bool isNew = kind == Converter::Kind::Character &&
                            bytes.emplace(character, static_cast<char>(byte)).second;
         characters[byte - 0x80] = isNew ? character : 0;
     }
-    // Undefined bytes of the control range are the control characters of the same number, as on
-    // Windows; the others get characters of their own.
-    for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
-        auto& character = characters[byte - 0x80];
-        if (character != 0) continue;
-        character = byte < 0xA0 && !bytes.contains(byte) ? byte : ByteCharacters + byte;
-        bytes.emplace(character, static_cast<char>(byte));
-    }
-
     auto table = std::make_shared<Table>();
-    std::transform(characters.begin(), characters.end(), table->characters.begin(), utf8::encode);
-    table->byBytes.assign(bytes.begin(), bytes.end());
+    for (unsigned byte = 0x80; byte <= 0xFF; ++byte) {
+        // Undefined bytes of the control range are the control characters of the same number, as on
+        // Windows.
+        auto& character = characters[byte - 0x80];
+        if (character == 0 && byte < 0xA0 && bytes.emplace(byte, static_cast<char>(byte)).second)
+            character = byte;
+        table->texts[byte - 0x80] =
+            character != 0 ? utf8::encode(character) : carrierOf(static_cast<unsigned char>(byte));
+    }
+    table->byCharacters.assign(bytes.begin(), bytes.end());
     return table;
 }
 
@@ -224,7 +244,7 @@ std::string CodePage::decode(std::string_view bytes) const {
         text.append(bytes.substr(0, ascii));
         bytes.remove_prefix(ascii);
         if (bytes.empty()) break;
-        text += table_->characters[unsignedOf(bytes.front()) - 0x80U];
+        text += table_->texts[unsignedOf(bytes.front()) - 0x80U];
         bytes.remove_prefix(1);
     }
     return text;
@@ -239,6 +259,11 @@ std::string CodePage::encodeByTable(std::string_view text, Lacking lacking) cons
         bytes.append(text.substr(0, ascii));
         text.remove_prefix(ascii);
         if (text.empty()) break;
+        if (const auto byte = carriedByte(text); byte && !table_->isCharacter(*byte)) {
+            bytes += static_cast<char>(*byte);
+            text.remove_prefix(CarrierLength);
+            continue;
+        }
         const auto length = characterLength(text);
         const char32_t character = length > 0 ? utf8::first(text) : 0xFFFD;
         if (const auto byte = table_->byteOf(character)) {
@@ -260,26 +285,27 @@ std::string CodePage::encode(std::string_view text) const {
 }
 
 std::string CodePage::encodeWithReferences(std::string_view text) const {
-    if (isUtf8()) {
-        // Bytes that would come back as another character, being UTF-8 when put together, have to
-        // be named one by one.
-        return encodeUtf8(
-            text, [](std::string& result, const std::string& bytes, std::string_view characters) {
-                if (decodeUtf8(bytes) == characters) {
-                    result += bytes;
-                } else {
-                    for (const char byte : bytes)
-                        appendReference(result, ByteCharacters + unsignedOf(byte));
-                }
-            });
-    }
-    return encodeByTable(text, appendReference);
+    if (!isUtf8()) return encodeByTable(text, appendReference);
+    // Bytes that would come back as another character, being UTF-8 when put together, have to be
+    // named one by one.
+    return encodeUtf8(text,
+                      [](std::string& result, const std::string& bytes, std::string_view carriers) {
+                          if (decodeUtf8(bytes) == carriers) {
+                              result += bytes;
+                              return;
+                          }
+                          for (; !carriers.empty(); carriers.remove_prefix(CarrierLength / 2))
+                              appendReference(result, utf8::first(carriers));
+                      });
 }
 
-bool CodePage::has(char32_t character) const {
-    if (character < 0x80) return true;
-    if (isUtf8()) return character <= 0x10FFFF && (character < 0xD800 || character > 0xDFFF);
-    return table_->byteOf(character).has_value();
+std::u32string CodePage::lacking(std::string_view text) const {
+    std::u32string characters;
+    if (isUtf8()) return characters;
+    encodeByTable(text, [&](std::string&, char32_t character) {
+        if (characters.find(character) == std::u32string::npos) characters += character;
+    });
+    return characters;
 }
 
 }  // namespace headerdtc

@@ -10,7 +10,7 @@ namespace headerdtc {
 // text is UTF-8; here it is converted where a file is read or written.
 //
 // Every byte survives the round trip: a byte that the code page does not define, or that is no
-// UTF-8, becomes a character that stands for that byte alone and turns back into it.
+// UTF-8, becomes a pair of noncharacters that stands for that byte alone and turns back into it.
 class CodePage {
   public:
     // By the name that the C library knows it under, in any case ("windows-1252", "utf-8").
@@ -27,8 +27,13 @@ class CodePage {
     std::string encode(std::string_view text) const;
     // ... or as numeric character references, "&#8364;".
     std::string encodeWithReferences(std::string_view text) const;
-    // Whether the code page has a character (a code point).
-    bool has(char32_t character) const;
+    // The characters (code points) of a text that the code page lacks, each once.
+    std::u32string lacking(std::string_view text) const;
+
+    // Whether these two characters of a decoded text stand for one such byte.
+    static constexpr bool standsForByte(char32_t first, char32_t second) {
+        return (first & ~7U) == 0xFDE0 && (second & ~15U) == 0xFDD0;
+    }
 
     bool operator==(const CodePage& other) const { return name_ == other.name_; }
 

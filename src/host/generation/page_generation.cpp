@@ -11,9 +11,12 @@ namespace {
 
 using Verdict = GeneratedPage::Verdict;
 
-std::string leftAlone(const ControlSpan& control, const std::string& reason) {
-    return "left as it was: " + reason + " (" + control.id + ", line " +
-           std::to_string(control.line) + "); --force saves it all the same";
+std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt) {
+    const bool isLoss = doubt.kind == SaveDoubt::Kind::Loss;
+    return (isLoss ? "left as it was, because something would be lost: " : "left as it was: ") +
+           doubt.reason + " (" + control.id + ", line " + std::to_string(control.line) + "); " +
+           (isLoss ? "--force writes the new text and keeps what is stored"
+                   : "mend that first; 'headerdtc doctor' looks at the whole set-up");
 }
 
 std::string withPlace(const FileError& error) {
@@ -30,16 +33,13 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     if (markup.controls().empty()) return;
 
     std::vector<ControlContent> contents;
-    bool failed = false;
     for (const ControlSpan& span : markup.controls()) {
         QuietHost host;
         OpenControl control(site, page, span, host.faces());
         MadeContent made = control.content();
         std::move(host.messages.begin(), host.messages.end(), std::back_inserter(result.messages));
-        failed = failed || control.loadingFailed() || !made.errors.empty();
-        const auto doubt = control.doubtAbout(made);
-        if (doubt && guard == LossGuard::Refuse) result.doubts.push_back({contents.size(), *doubt});
-        keepWordsOf(span, made.content);
+        if (made.doubt && isRefused(*made.doubt, guard))
+            result.doubts.push_back({contents.size(), *made.doubt});
         contents.push_back(std::move(made.content));
     }
     result.verdict = Verdict::UpToDate;
@@ -48,12 +48,9 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
         if (result.after != markup.bytes()) result.verdict = Verdict::Stale;
     }
     if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;
-    // The control's own message does not say what to do.
-    if (const auto reason = site->registry.lastFailure(); failed && !reason.empty())
-        result.messages.push_back(reason);
     if (result.verdict != Verdict::Stale) result.after.clear();
     for (const auto& doubt : result.doubts)
-        result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.reason));
+        result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.doubt));
     result.before = std::move(markup).bytes();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/files/whole_file.h"
+#include "host/page/page_session.h"
 #include "host/site/site.h"
 
 #include <cstddef>
@@ -26,7 +27,7 @@ struct GeneratedPage {
     // Why controls of the page should be left as they are, one by one.
     struct Doubt {
         std::size_t control;  // index in the page
-        std::string reason;
+        SaveDoubt doubt;
     };
     std::vector<Doubt> doubts;
     std::string before, after;  // the page's bytes; after: only of a stale page
@@ -34,8 +35,6 @@ struct GeneratedPage {
 
     bool isFailure() const { return verdict >= Verdict::LeftAlone; }
 };
-
-enum class LossGuard { Refuse, SaveAnyway };
 
 // Opens a page's controls and makes the page anew from them; writes nothing. Never throws for the
 // page's sake. Thread-safe.

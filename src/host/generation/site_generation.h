@@ -16,7 +16,7 @@ class SiteGeneration {
     enum class Mode { Check, Write };
     struct Options {
         Mode mode = Mode::Write;
-        LossGuard guard = LossGuard::Refuse;
+        LossGuard guard = LossGuard::RefuseLosses;
         int jobs = 0;  // pages done at a time; 0: one for each core
         // Whether finished pages keep their bytes for whoever is told of them.
         bool keepBytes = false;

@@ -29,7 +29,7 @@ void inspectControl(const ControlView& control, const std::string& page,
 
 void inspect(const std::filesystem::path& page, Sites& sites, SiteFactsCache& cache,
              InspectedPage& result) {
-    const GeneratedPage generated = generatePage(page, sites, LossGuard::Refuse);
+    const GeneratedPage generated = generatePage(page, sites, LossGuard::RefuseLosses);
     result.hasControl = generated.verdict != Verdict::NoControl;
     if (!result.hasControl) return;
     if (generated.verdict == Verdict::NotConfigured || generated.verdict == Verdict::NotReadable) {

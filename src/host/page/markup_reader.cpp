@@ -48,6 +48,7 @@ enum class Owner { Ours, Another, Nobody };
 struct ObjectTag {
     Owner owner = Owner::Nobody;
     std::string_view id;
+    std::string otherAttributes;
     std::size_t begin = 0;
     std::size_t end = 0;
     bool closed = false;
@@ -84,12 +85,20 @@ ObjectTag readObjectTag(std::string_view page, const SpanMarker& start) {
     if (!reader.takeTag("<OBJECT")) return tag;
     std::string_view classId;
     while (const auto attribute = reader.next()) {
-        if (tag.id.empty() && equalIgnoringCase(attribute->name, "ID")) tag.id = attribute->value;
-        if (classId.empty() && equalIgnoringCase(attribute->name, "CLASSID"))
-            classId = attribute->value;
+        const bool isId = equalIgnoringCase(attribute->name, "ID");
+        const bool isClassId = equalIgnoringCase(attribute->name, "CLASSID");
+        if (isId && tag.id.empty()) tag.id = attribute->value;
+        if (isClassId && classId.empty()) classId = attribute->value;
+        if (isId || isClassId) continue;
+        const auto begin = static_cast<std::size_t>(attribute->name.data() - page.data());
+        (tag.otherAttributes += ' ').append(page.substr(begin, reader.at() - begin));
     }
     tag.closed = reader.take(">");
     tag.end = reader.at();
+    // The comment that it stands in ends at the first "-->": what passed over one has lost a
+    // quotation mark.
+    if (page.substr(tag.begin, tag.end - tag.begin).find(CommentEnd) != std::string_view::npos)
+        tag.closed = false;
     if (isOurClass(classId) || (!tag.closed && namesOurClass(page.substr(start.end)))) {
         tag.owner = Owner::Ours;
     } else if (tag.closed) {
@@ -104,6 +113,7 @@ class PageReader {
         : file_(file), page_(page), codePage_(codePage) {}
 
     ControlsOfPage read() {
+        refuseUtf16();
         std::size_t at = 0;
         while (const auto marker = findSpanMarker(page_, at)) {
             at = marker->kind == SpanMarker::Kind::Start ? readSpan(*marker) : marker->end;
@@ -112,9 +122,41 @@ class PageReader {
     }
 
   private:
+    // With a byte-order mark, or such that every second byte of most characters is zero.
+    void refuseUtf16() {
+        const auto head = page_.substr(0, 4096);
+        std::size_t zeros[2] = {};
+        for (std::size_t at = 0; at < head.size(); ++at)
+            zeros[at % 2] += head[at] == '\0' ? 1U : 0U;
+        const auto [fewer, more] = std::minmax(zeros[0], zeros[1]);
+        const bool looksLikeIt = fewer == 0 && more > 1 && more * 4 >= head.size();
+        if (!looksLikeIt && !head.starts_with("\xFF\xFE") && !head.starts_with("\xFE\xFF")) return;
+        fail(0,
+             "the page is in UTF-16, which no server page can be; save it in the site's code page, "
+             "or as UTF-8 with a byte-order mark");
+    }
+
+    // A quotation mark that is not closed makes a tag reach into what follows. Only the start of
+    // another control counts: that one would be lost.
+    void refuseSwallowed(const ByteRange& tag, const std::string& name) {
+        const auto upTo = page_.substr(0, tag.end);
+        for (auto marker = findSpanMarker(upTo, tag.begin); marker;
+             marker = findSpanMarker(upTo, marker->end)) {
+            if (marker->kind != SpanMarker::Kind::Start ||
+                readObjectTag(page_, *marker).owner == Owner::Nobody)
+                continue;
+            fail(tag.begin, name +
+                                " is damaged and reaches into the designer control that starts "
+                                "on line " +
+                                std::to_string(lineOf(marker->begin)) +
+                                "; close its quotation marks, and end it in \">\"");
+        }
+    }
+
     // Gives the span's end.
     std::size_t readSpan(const SpanMarker& start) {
         const auto tag = readObjectTag(page_, start);
+        refuseSwallowed({tag.begin, tag.end}, "the OBJECT tag");
         if (tag.owner != Owner::Ours) {
             const auto end = findEnd(start, tag.end, tag.owner);
             controls_.others.push_back({start.begin, end.end});
@@ -124,7 +166,8 @@ class PageReader {
         ControlSpan control;
         control.id = textOf(tag.id);
         control.line = lineOf(start.begin);
-        control.markup = {start.begin, readProperties(tag, control.properties)};
+        control.markup = {start.begin, readProperties(tag, control)};
+        control.otherAttributes = tag.otherAttributes;
         const auto end = findEnd(start, control.markup.end, tag.owner);
         control.runtimeText = {control.markup.end, end.begin};
         control.whole = {start.begin, end.end};
@@ -161,23 +204,22 @@ class PageReader {
     }
 
     // Gives the markup's end: behind the comment and the line end that follows.
-    std::size_t readProperties(const ObjectTag& tag, StoredProperties& properties) {
+    std::size_t readProperties(const ObjectTag& tag, ControlSpan& control) {
         if (!tag.closed) fail(tag.begin, "the OBJECT tag is not closed; it has to end in \">\"");
         TagReader reader(page_, tag.end);
-        std::vector<std::size_t> places;
         while (true) {
             reader.skipSpace();
             const auto place = reader.at();
             if (reader.takeTag("<PARAM")) {
-                properties.push_back(readParam(reader, place));
-                places.push_back(place);
+                control.properties.push_back(readParam(reader, place));
+                control.params.push_back({place, reader.at()});
             } else if (takeClosingTag(reader, "</OBJECT")) {
                 break;
             } else if (!takeClosingTag(reader, "</PARAM")) {
                 failInObject(tag, reader);
             }
         }
-        refuseRepeated(properties, places);
+        refuseRepeated(control);
         reader.skipSpace();
         if (!reader.take(CommentEnd)) {
             fail(reader.at(),
@@ -187,15 +229,15 @@ class PageReader {
         return reader.at();
     }
 
-    void refuseRepeated(const StoredProperties& properties,
-                        const std::vector<std::size_t>& places) {
-        const PropertyIndex index(properties);
+    void refuseRepeated(const ControlSpan& control) {
+        const PropertyIndex index(control.properties);
         const auto second = index.repeated();
         if (!second) return;
-        const std::string& name = properties[*second].first;
-        fail(places[*second], "the property \"" + name + "\" is there twice, here and on line " +
-                                  std::to_string(lineOf(places[*index.find(name)])) +
-                                  "; remove one of them");
+        const std::string& name = control.properties[*second].first;
+        fail(control.params[*second].begin,
+             "the property \"" + name + "\" is there twice, here and on line " +
+                 std::to_string(lineOf(control.params[*index.find(name)].begin)) +
+                 "; remove one of them");
     }
 
     static bool takeClosingTag(TagReader& reader, std::string_view name) {
@@ -217,6 +259,7 @@ class PageReader {
         if (!reader.take(">"))
             fail(place, "this PARAM is broken; it has to read <PARAM NAME=\"...\" VALUE=\"...\">");
         if (!name) fail(place, "this PARAM has no NAME");
+        refuseSwallowed({place, reader.at()}, "this PARAM");
         return {textOf(*name), textOf(value.value_or(std::string_view()))};
     }
 

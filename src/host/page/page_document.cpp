@@ -29,10 +29,7 @@ std::size_t PageDocument::controlIndex(const std::string& id) const {
 
 std::string PageDocument::bytesWith(std::size_t index, OpenControl& control, Guard guard) const {
     MadeContent made = control.content();
-    if (guard == Guard::RefuseLosses) {
-        if (const auto doubt = control.doubtAbout(made)) throw SaveRefused(*doubt);
-    }
-    keepWordsOf(markup_->controls().at(index), made.content);
+    if (made.doubt && isRefused(*made.doubt, guard)) throw SaveRefused(*made.doubt);
     auto contents = contentsOf(*markup_);
     contents.at(index) = std::move(made.content);
     return markup_->readableWith(contents);

@@ -10,16 +10,21 @@
 
 namespace headerdtc {
 
-// A page is not saved because something of it would be lost; what() is the reason.
+// A page is not saved; what() is the reason.
 class SaveRefused : public std::runtime_error {
   public:
-    using std::runtime_error::runtime_error;
+    explicit SaveRefused(SaveDoubt doubt)
+        : std::runtime_error(doubt.reason), doubt_(std::move(doubt)) {}
+    const SaveDoubt& doubt() const { return doubt_; }
+
+  private:
+    SaveDoubt doubt_;
 };
 
 // A page's file with its controls, as it was last read or saved.
 class PageDocument {
   public:
-    enum class Guard { RefuseLosses, SaveAnyway };
+    using Guard = LossGuard;
 
     // Throws FileError.
     PageDocument(std::filesystem::path file, const CodePage& siteCodePage);

@@ -1,5 +1,6 @@
 #include "host/page/page_markup.h"
 
+#include "core/stored_keys.h"
 #include "host/files/utf8_scan.h"
 #include "host/page/character_references.h"
 #include "host/page/markup_reader.h"
@@ -7,6 +8,8 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <map>
+#include <optional>
 #include <stdexcept>
 
 namespace headerdtc {
@@ -26,13 +29,44 @@ std::string attribute(const std::string& text, const CodePage& codePage) {
     return '"' + codePage.encodeWithReferences(escapeReferences(text)) + '"';
 }
 
-std::string writeMarkup(const ControlContent& content, const CodePage& codePage) {
+// Somebody else's tags of a control, as they stand in its page.
+class ForeignTags {
+  public:
+    ForeignTags(const ControlSpan& control, std::string_view page) {
+        for (std::size_t i = 0; i < control.properties.size(); ++i) {
+            const ByteRange& tag = control.params[i];
+            if (!storedTypeOf(control.properties[i].first))
+                tags_.emplace(control.properties[i], page.substr(tag.begin, tag.size()));
+        }
+    }
+    // Nothing for a property that is the control's own, or another than it was.
+    std::optional<std::string_view> find(const StoredProperties::value_type& property) const {
+        const auto found = tags_.find(property);
+        return found == tags_.end() ? std::nullopt : std::optional(found->second);
+    }
+
+  private:
+    std::map<StoredProperties::value_type, std::string_view> tags_;
+};
+
+std::string writeMarkup(const ControlContent& content, const CodePage& codePage,
+                        const std::string& otherAttributes = {},
+                        const ForeignTags* foreign = nullptr) {
     std::string markup = "<!--METADATA TYPE=\"DesignerControl\" startspan\r\n<OBJECT ID=";
     markup += attribute(content.id, codePage);
-    markup.append(" CLASSID=\"clsid:").append(HeaderDtcClassId).append("\">\r\n");
-    for (const auto& [name, value] : content.properties) {
-        markup += "\t<PARAM NAME=" + attribute(name, codePage);
-        markup += " VALUE=" + attribute(value, codePage) + ">\r\n";
+    markup.append(" CLASSID=\"clsid:").append(HeaderDtcClassId).append("\"");
+    markup += otherAttributes;
+    // Before it a hyphen without quotation marks would be the end of the comment.
+    markup += otherAttributes.ends_with('-') ? " >\r\n" : ">\r\n";
+    for (const auto& property : content.properties) {
+        markup += '\t';
+        if (const auto tag = foreign ? foreign->find(property) : std::nullopt) {
+            markup += *tag;
+        } else {
+            markup += "<PARAM NAME=" + attribute(property.first, codePage);
+            markup += " VALUE=" + attribute(property.second, codePage) + '>';
+        }
+        markup += "\r\n";
     }
     markup += "</OBJECT>\r\n-->\r\n";
     return markup;
@@ -108,7 +142,8 @@ std::string PageMarkup::with(const std::vector<ControlContent>& contents) const 
         if (hasMarkup(control, content)) {
             result += textOf(control.markup);
         } else {
-            result += writeMarkup(content, codePage_);
+            const ForeignTags foreign(control, bytes_);
+            result += writeMarkup(content, codePage_, control.otherAttributes, &foreign);
         }
         if (hasRuntimeText(control, content)) {
             result += textOf(control.runtimeText);

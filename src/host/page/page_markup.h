@@ -32,6 +32,10 @@ struct ControlSpan {
     ByteRange markup;       // the start comment with the OBJECT, and the line end after it
     ByteRange runtimeText;  // between the two comments
     int line = 0;           // of the start comment, from 1
+    // How the properties stand in the page, one tag for each.
+    std::vector<ByteRange> params;
+    // What the OBJECT has beside its ID and CLASSID, as it stands, each behind a blank.
+    std::string otherAttributes;
 };
 
 // What is written for one control.
@@ -64,8 +68,10 @@ class PageMarkup {
     // The page's bytes with the controls' contents put in, one for each control in their order.
     // Throws std::invalid_argument for another number of contents.
     // The markup is kept byte for byte where no property is another (same names in the same order
-    // with the same values), the runtime text where it is the same. Throws FileError when a text
-    // holds what would end its span, or start another.
+    // with the same values), the runtime text where it is the same. In markup written anew the tags
+    // of properties that no control of ours reads, and the attributes of the OBJECT, stay as they
+    // stand: they are somebody else's. Throws FileError when a text holds what would end its span,
+    // or start another.
     std::string with(const std::vector<ControlContent>& contents) const;
     // The same, for a page that is going to be written: also throws FileError where the controls
     // would not be read again as they are written, which markup damaged by others can bring about.

@@ -1,10 +1,15 @@
 #include "host/page/page_session.h"
 
+#include "core/stored_keys.h"
 #include "host/control_instance.h"
 #include "host/page/text_property_bag.h"
+#include "host/quiet_host.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
+#include "platform/text_files.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace headerdtc {
@@ -26,6 +31,31 @@ class FailureRecorder : public MessageBox {
   private:
     MessageBox& next_;
     std::vector<std::string> failures_;
+};
+
+// Passes readings on and remembers the file that could not be read, which no box names.
+class ReadingRecorder : public TextFiles {
+  public:
+    ReadingRecorder(TextFiles& next, const WindowsPaths& paths) : next_(next), paths_(paths) {}
+    std::string readText(const std::string& windowsPath) override {
+        try {
+            return next_.readText(windowsPath);
+        } catch (const RuntimeError&) {
+            constexpr const char* Problem = " cannot be read";
+            problem_ = windowsPath + Problem;
+            problem_ = paths_.toLocal(windowsPath).string() + Problem;
+            throw;
+        }
+    }
+    void writeText(const std::string& windowsPath, const std::string& text) override {
+        next_.writeText(windowsPath, text);
+    }
+    std::string takeProblem() { return std::exchange(problem_, {}); }
+
+  private:
+    TextFiles& next_;
+    const WindowsPaths& paths_;
+    std::string problem_;
 };
 
 bool isBelow(const std::string& page, const std::string& root) {
@@ -78,120 +108,151 @@ std::string quoted(const std::string& text) {
     return '"' + text.substr(0, cut) + "...\"";
 }
 
-std::string describe(const std::vector<LostProperty>& losses) {
-    constexpr std::size_t MostShown = 3;
-    std::string text = losses.size() == 1 ? "a stored property would come back different: "
-                                          : std::to_string(losses.size()) +
-                                                " stored properties would come back different: ";
-    for (std::size_t i = 0; i < losses.size() && i < MostShown; ++i) {
-        const LostProperty& lost = losses[i];
-        if (i > 0) text += ", ";
-        text += lost.name + " is " + quoted(lost.stored) + " and would be ";
-        text += lost.rewritten ? quoted(*lost.rewritten) : "gone";
-    }
-    if (losses.size() > MostShown) text += ", ...";
-    return text;
+// "ZEKO " for what belongs to a family.
+std::string familyOf(const StoredLoss& loss) {
+    return loss.family ? std::string(traitsOf(*loss.family).prefix) + ' ' : std::string();
 }
 
-std::optional<std::string> failureDoubt(const char* what, const std::vector<std::string>& errors) {
-    if (errors.empty()) return std::nullopt;
-    return std::string(what) + " reported an error: " + errors.front();
+std::string describe(const StoredLoss& loss) {
+    using What = StoredLoss::What;
+    const std::string text = quoted(loss.text);
+    if (loss.name == "DataProvider")
+        return "the data provider " + text + " is not in the catalogue";
+    if (loss.what == What::MarkedItem)
+        return text + ", which is marked for translation, is no " + familyOf(loss) + "return field";
+    if (loss.what == What::Script) return "the script " + text + " is not among those counted";
+    if (loss.what == What::Kind) {
+        const bool isLocal = loss.stored == std::to_string(USERSCRIPT);
+        return std::string("the kind '") + (isLocal ? "Local script" : "Included script") +
+               "' of the " + familyOf(loss) + "value " + text +
+               " cannot be kept with so few criteria; one more, empty row keeps it";
+    }
+    return text + " (" + loss.name + ") would " +
+           (loss.rewritten ? "become " + quoted(*loss.rewritten) : "be lost");
+}
+
+std::optional<SaveDoubt> lossDoubt(const std::vector<StoredLoss>& losses) {
+    if (losses.empty()) return std::nullopt;
+    constexpr std::size_t MostShown = 3;
+    std::string reason;
+    for (std::size_t i = 0; i < losses.size() && i < MostShown; ++i)
+        reason += (i > 0 ? "; " : "") + describe(losses[i]);
+    if (losses.size() > MostShown)
+        reason += "; and " + std::to_string(losses.size() - MostShown) + " more";
+    return SaveDoubt{SaveDoubt::Kind::Loss, std::move(reason), losses};
 }
 
 }  // namespace
 
 struct OpenControl::Parts {
-    Parts(std::shared_ptr<Site> site, const fs::path& page, const HostFaces& faces)
-        : site(std::move(site)),
+    Parts(std::shared_ptr<Site> itsSite, const fs::path& page, const ControlSpan& span,
+          const HostFaces& faces)
+        : site(std::move(itsSite)),
+          page(page),
           failures(faces.messages),
-          pageSite(*this->site->configuration, page),
+          textFiles(faces.textFiles ? *faces.textFiles : site->textFiles,
+                    site->configuration->drives),
+          pageSite(*site->configuration, page),
           control(
-              {failures, faces.fileDialog, this->site->registry, this->site->dataSources,
-               faces.database ? *faces.database : this->site->database,
-               faces.textFiles ? *faces.textFiles : this->site->textFiles, clock, faces.changes},
-              faces.modalLoop, pageSite) {}
+              {failures, faces.fileDialog, site->registry, site->dataSources,
+               faces.database ? *faces.database : site->database, textFiles, clock, faces.changes},
+              faces.modalLoop, pageSite),
+          span(span) {}
+
+    // What a failure says, and the file that whoever mends the site has to look at.
+    std::optional<SaveDoubt> failureDoubt(const char* what) {
+        const auto errors = failures.take();
+        const std::string unread = textFiles.takeProblem();
+        if (errors.empty()) return std::nullopt;
+        std::string reason = std::string(what) + " reported an error: " + errors.front();
+        for (const std::string& cause : {site->registry.lastFailure(), unread}) {
+            if (!cause.empty()) reason += "; " + cause;
+        }
+        return SaveDoubt{SaveDoubt::Kind::Failure, std::move(reason), {}};
+    }
+
+    StoredProperties propertiesThatCount() {
+        CollectingPropertyBag written(span.properties.size());
+        control.dtc.writePropertiesThatCount(written);
+        return std::move(written).asStored();
+    }
 
     std::shared_ptr<Site> site;
+    fs::path page;
     FailureRecorder failures;
+    ReadingRecorder textFiles;
     SystemClock clock;
     PageSite pageSite;
     ControlInstance control;
-    std::string id;
-    std::optional<std::string> doubt;
-    bool loadingFailed = false;
-    std::vector<LostProperty> losses = {};  // found while loading
-    // What was written right after loading, for as long as nobody could have changed the control.
-    std::optional<StoredProperties> asLoaded;
+    ControlSpan span;           // as it was loaded
+    StoredProperties asLoaded;  // what was written right after loading
+    std::vector<StoredLoss> losses;
+    std::optional<SaveDoubt> doubt;
+    bool isUntouched = true;  // nobody could have changed the control since
 };
 
 OpenControl::OpenControl(std::shared_ptr<Site> site, const fs::path& page, const ControlSpan& span,
                          const HostFaces& faces)
-    : parts_(std::make_unique<Parts>(std::move(site), page, faces)) {
-    parts_->id = span.id;
-    HeaderDTC& dtc = parts_->control.dtc;
-    StoredPropertyBag stored(span.properties);
-    dtc.UserControl_ReadProperties(stored);
-    CollectingPropertyBag written(span.properties.size());
-    dtc.UserControl_WriteProperties(written);
-    parts_->doubt = failureDoubt("loading", parts_->failures.take());
-    parts_->loadingFailed = parts_->doubt.has_value();
-    if (!parts_->doubt) {
-        parts_->losses = findLosses(span.properties, written.written());
-        if (!parts_->losses.empty()) parts_->doubt = describe(parts_->losses);
-    }
-    parts_->asLoaded = std::move(written).asStored();
+    : parts_(std::make_unique<Parts>(std::move(site), page, span, faces)) {
+    StoredPropertyBag stored(parts_->span.properties);
+    parts_->control.dtc.UserControl_ReadProperties(stored);
+    parts_->asLoaded = parts_->propertiesThatCount();
+    parts_->losses = findLosses(span.properties, parts_->asLoaded);
+    parts_->doubt = parts_->failureDoubt("loading");
+    if (!parts_->doubt) parts_->doubt = lossDoubt(parts_->losses);
 }
 
 OpenControl::~OpenControl() = default;
 
 HeaderDTC& OpenControl::dtc() {
-    parts_->asLoaded.reset();
+    parts_->isUntouched = false;
     return parts_->control.dtc;
 }
 
 const std::string& OpenControl::id() const {
-    return parts_->id;
+    return parts_->span.id;
+}
+
+StoredProperties OpenControl::propertiesToStore() {
+    const StoredProperties& before = parts_->span.properties;
+    if (parts_->isUntouched) return before;
+    StoredProperties now = parts_->propertiesThatCount();
+    if (now == parts_->asLoaded) return before;
+    const auto remaining = remainingLosses(parts_->losses, now);
+    StoredProperties kept = withLosses(std::move(now), remaining);
+    std::copy_if(before.begin(), before.end(), std::back_inserter(kept),
+                 [](const auto& property) { return !storedTypeOf(property.first); });
+    return kept;
 }
 
 MadeContent OpenControl::content() {
     parts_->failures.take();
     MadeContent made;
-    made.content.id = parts_->id;
-    made.content.properties = properties();
+    made.content = {parts_->span.id, propertiesToStore(), {}};
     made.content.runtimeText = runtimeText();
-    made.errors = parts_->failures.take();
-    return made;
+    made.doubt = parts_->failureDoubt("the generation");
+    if (parts_->isUntouched && parts_->doubt) made.doubt = parts_->doubt;
+    if (parts_->isUntouched || made.doubt) return made;
+    // The control may know what is not stored: scripts that were only looked at are empty lines of
+    // its text. What the page will be opened to is what counts.
+    QuietHost quiet;
+    ControlSpan stored = parts_->span;
+    stored.properties = made.content.properties;
+    return OpenControl(parts_->site, parts_->page, stored, quiet.faces()).content();
 }
 
 StoredProperties OpenControl::properties() {
-    if (parts_->asLoaded) return *std::exchange(parts_->asLoaded, std::nullopt);
     CollectingPropertyBag written;
     parts_->control.dtc.UserControl_WriteProperties(written);
     return std::move(written).asStored();
 }
 
 std::string OpenControl::runtimeText() {
-    parts_->asLoaded.reset();  // the expansion's look-ups may add to the dictionaries
     return parts_->control.dtc.IProvideRuntimeText_GetRuntimeText();
 }
 
-bool OpenControl::loadingFailed() const {
-    return parts_->loadingFailed;
-}
-
-const std::optional<std::string>& OpenControl::loadingDoubt() const {
+const std::optional<SaveDoubt>& OpenControl::loadingDoubt() const {
     return parts_->doubt;
-}
-
-std::optional<std::string> OpenControl::doubtAbout(const MadeContent& made) const {
-    if (parts_->loadingFailed) return parts_->doubt;
-    const auto losses = remainingLosses(parts_->losses, made.content.properties);
-    if (!losses.empty()) return describe(losses);
-    return failureDoubt("the generation", made.errors);
-}
-
-void keepWordsOf(const ControlSpan& control, ControlContent& content) {
-    if (sayTheSame(control.properties, content.properties)) content.properties = control.properties;
 }
 
 std::vector<ControlContent> contentsOf(const PageMarkup& page) {

@@ -30,10 +30,32 @@ struct HostFaces {
     TextFiles* textFiles = nullptr;
 };
 
-// What a save would store for one control, and the failures that making it reported.
+// Why a page should be left as it is.
+struct SaveDoubt {
+    enum class Kind {
+        // Something of the author's would come back different; a save may be forced, which keeps it
+        // as it is stored.
+        Loss,
+        // Loading or generating reported a failure: what would be written is not what was meant.
+        Failure,
+    };
+    Kind kind;
+    std::string reason;  // in words for whoever keeps the page
+    std::vector<StoredLoss> losses;
+};
+
+// What a save does about losses: refuse, or write the new text and keep what is stored.
+enum class LossGuard { RefuseLosses, SaveAnyway };
+
+// Whether a save is refused for a doubt. A failure always refuses.
+inline bool isRefused(const SaveDoubt& doubt, LossGuard guard) {
+    return doubt.kind == SaveDoubt::Kind::Failure || guard == LossGuard::RefuseLosses;
+}
+
+// What a save would store for one control, and why it should not.
 struct MadeContent {
     ControlContent content;
-    std::vector<std::string> errors;
+    std::optional<SaveDoubt> doubt;
 };
 
 // One of a page's controls come to life: set up, and its stored properties read.
@@ -50,26 +72,25 @@ class OpenControl {
     HeaderDTC& dtc();
     const std::string& id() const;
 
-    // As a host asks: for the properties first, then for the runtime text.
+    // What a save stores, in the page's own words as long as nothing was changed: without entries
+    // of dictionaries that say nothing, with what the control could not take put back as it is
+    // stored, and with somebody else's properties behind its own.
+    StoredProperties propertiesToStore();
+    // As a host asks: for the properties first, then for the runtime text. What is to be stored is
+    // opened anew where it is not what was loaded: nothing is given without a doubt that would be
+    // refused when the page is next opened.
     MadeContent content();
+    // What the control itself writes and gives, to the letter.
     StoredProperties properties();
     std::string runtimeText();
 
-    // Whether loading reported a failure.
-    bool loadingFailed() const;
-    // Why the page should be left as it is, found while loading: a reported failure, or stored
-    // properties that would come back different. Nothing when all is well.
-    const std::optional<std::string>& loadingDoubt() const;
-    // The same after making a content, without what was dealt with since.
-    std::optional<std::string> doubtAbout(const MadeContent& made) const;
+    // Why the page should be left as it is, found while loading. Nothing when all is well.
+    const std::optional<SaveDoubt>& loadingDoubt() const;
 
   private:
     struct Parts;
     std::unique_ptr<Parts> parts_;
 };
-
-// Leaves a control's properties in the words of its page where they say the same.
-void keepWordsOf(const ControlSpan& control, ControlContent& content);
 
 // The contents of a page as they stand, to be replaced one by one before PageMarkup::with.
 std::vector<ControlContent> contentsOf(const PageMarkup& page);

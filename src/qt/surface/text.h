@@ -2,12 +2,13 @@
 
 #include <QString>
 #include <string>
+#include <string_view>
 
 namespace headerdtc::qt {
 
 // The models speak UTF-8.
-inline QString toQt(const std::string& text) {
-    return QString::fromStdString(text);
+inline QString toQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 inline std::string fromQt(const QString& text) {

@@ -45,7 +45,7 @@ TEST_F(ReplayTest, KeepsWhatTheScriptSavesAndWritesNothing) {
 
     // The same as the editor's own save leaves.
     site.write("page.asp", replayed.after);
-    EXPECT_EQ(generatePage(site / "page.asp", sites, LossGuard::Refuse).verdict,
+    EXPECT_EQ(generatePage(site / "page.asp", sites, LossGuard::RefuseLosses).verdict,
               GeneratedPage::Verdict::UpToDate);
     EXPECT_EQ(replay("{\"do\":\"save\"}\n").outcome, Outcome::Unchanged);
     EXPECT_EQ(replay("").outcome, Outcome::Unchanged);

@@ -16,7 +16,7 @@ using Verdict = GeneratedPage::Verdict;
 
 class Generation : public ::testing::Test {
   protected:
-    GeneratedPage generate(const std::string& page, LossGuard guard = LossGuard::Refuse) {
+    GeneratedPage generate(const std::string& page, LossGuard guard = LossGuard::RefuseLosses) {
         return generatePage(site / page, sites, guard);
     }
 
@@ -57,7 +57,8 @@ TEST_F(Generation, WritesTheTextAndKeepsEveryByteAroundTheControl) {
 TEST_F(Generation, KeepsAnObjectAsItIsWrittenWhenNoPropertyChanged) {
     std::string oddly = TempSite::page(TempSite::ordersParams());
     const auto param = oddly.find("\t<PARAM");
-    oddly.replace(param, 1, "    <PARAM NAME=EnableExtraFilters VALUE=false> ");
+    oddly.replace(param, 1,
+                  "    <PARAM NAME=EnableExtraFilters VALUE=false> <PARAM NAME=_Ex VALUE=1>");
     site.write("page.asp", oddly);
     const GeneratedPage made = generate("page.asp");
     EXPECT_THAT(made.after, HasSubstr(oddly.substr(0, oddly.find("-->\r\n"))));
@@ -65,27 +66,46 @@ TEST_F(Generation, KeepsAnObjectAsItIsWrittenWhenNoPropertyChanged) {
 }
 
 TEST_F(Generation, LeavesAPageAloneThatWouldLoseSomething) {
-    const std::map<std::string, std::pair<std::string, std::string>> pages = {
+    struct Case {
+        std::string params;
+        const char* reason;
+        bool canBeForced;
+    };
+    const std::map<std::string, Case> pages = {
         {"provider.asp",
-         {TempSite::param("DataProvider", "Gone"), "DataProvider is \"Gone\" and would be gone"}},
+         {TempSite::param("DataProvider", "Gone"),
+          "the data provider \"Gone\" is not in the catalogue", true}},
+        {"kind.asp",
+         {TempSite::param("ZEKOCriteria1_3", "Mine") + TempSite::param("ZEKOCriteriaCount", "2") +
+              TempSite::param("ZEKOCriteriaType2", "Mine") +
+              TempSite::param("MineZEKOCriteriaType", "2"),
+          "the kind 'Local script' of the ZEKO value \"Mine\" cannot be kept", true}},
+        {"item.asp",
+         {TempSite::param("EAIReturnFields0", "A.B"), "\"A.B\" (EAIReturnFields0) would be lost",
+          true}},
         {"count.asp",
-         {TempSite::param("ZEKOReturnFieldCount", "many"), "loading reported an error"}},
-        {"unknown.asp", {TempSite::param("Colour", "red"), "Colour is \"red\""}},
+         {TempSite::param("ZEKOReturnFieldCount", "many"), "loading reported an error", false}},
         {"entry.asp",
          {TempSite::param("ZEKOReturnFields0", "ORDNO") +
               TempSite::param("ZEKOReturnFieldCount", "1"),
-          "the generation reported an error"}},
+          "the generation reported an error", false}},
     };
-    for (const auto& [page, content] : pages) {
-        site.write(page, TempSite::page(content.first));
+    for (const auto& [page, bad] : pages) {
+        site.write(page, TempSite::page(bad.params));
         const GeneratedPage made = generate(page);
         EXPECT_EQ(made.verdict, Verdict::LeftAlone) << page;
-        EXPECT_THAT(made.messages.back(), HasSubstr(content.second));
-        EXPECT_EQ(generate(page, LossGuard::SaveAnyway).verdict, Verdict::Stale) << page;
+        EXPECT_THAT(made.messages.back(), HasSubstr(bad.reason));
+        EXPECT_EQ(made.messages.back().find("--force") != std::string::npos, bad.canBeForced);
     }
     run({});
-    for (const auto& [page, content] : pages)
-        EXPECT_EQ(site.read(page), TempSite::page(content.first));
+    for (const auto& [page, bad] : pages)
+        EXPECT_EQ(site.read(page), TempSite::page(bad.params));
+    // The text is made anew, the properties stay as they are stored.
+    for (const auto& [page, bad] : pages) {
+        const GeneratedPage forced = generate(page, LossGuard::SaveAnyway);
+        EXPECT_EQ(forced.verdict, bad.canBeForced ? Verdict::Stale : Verdict::LeftAlone) << page;
+        EXPECT_THAT(forced.after, HasSubstr(bad.canBeForced ? bad.params : ""));
+    }
 }
 
 TEST_F(Generation, MissingPiecesOfTheSiteFailThePageAndSayWhichFile) {

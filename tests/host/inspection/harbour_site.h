@@ -98,7 +98,7 @@ class HarbourSite : public TempSite {
     // Writes the text that belongs to a page, unless the page would be left alone.
     void generate(const std::string& name) const {
         Sites sites;
-        const GeneratedPage made = generatePage(*this / name, sites, LossGuard::Refuse);
+        const GeneratedPage made = generatePage(*this / name, sites, LossGuard::RefuseLosses);
         if (!made.after.empty()) write(name, made.after);
     }
 

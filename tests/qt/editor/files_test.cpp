@@ -26,7 +26,7 @@ TEST_F(Files, ALossIsRefusedWithItsReasonAndSavedOnDemand) {
     toggleExtraFilters(editor);
     answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
     command(Command::Save);
-    EXPECT_THAT(said, HasSubstr("DataProvider is \"Gone\" and would be gone"));
+    EXPECT_THAT(said, HasSubstr("the data provider \"Gone\" is not in the catalogue"));
     EXPECT_EQ(lostProvider(), site.read("page.asp"));
     EXPECT_TRUE(editor.isModified());
 
@@ -35,7 +35,7 @@ TEST_F(Files, ALossIsRefusedWithItsReasonAndSavedOnDemand) {
     command(Command::Redo);
     said.clear();
     command(Command::Save);
-    EXPECT_THAT(said, HasSubstr("DataProvider"));
+    EXPECT_THAT(said, HasSubstr("the data provider"));
 
     answerDialogs([](QWidget& dialog) { press(dialog, "Save anyway"); });
     command(Command::Save);

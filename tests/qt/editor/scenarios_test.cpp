@@ -88,35 +88,25 @@ std::vector<std::string> scenarioLines(const Scenario& scenario) {
     return withoutSaving(readWholeFile(file).bytes);
 }
 
-struct Outcome {
-    std::vector<std::string> messages;
-    std::string properties, runtimeText;
-};
-
-// What the automation makes of the lines, and saves. The text is asked for last: the expansion's
-// look-ups add to the control that it expands.
-Outcome automate(const fs::path& page, std::vector<std::string> lines) {
-    for (const char* ask : {"properties", "save", "runtimeText"})
-        lines.push_back(Json{{"do", ask}}.dump());
+// Does the lines by automation, and saves; the texts of the boxes that came.
+std::vector<std::string> automate(const fs::path& page, const std::vector<std::string>& lines) {
     std::string script;
     for (const std::string& line : lines)
         script += line + '\n';
-    std::istringstream in(script);
+    std::istringstream in(script + R"({"do":"save"})");
     std::ostringstream out;
     Sites sites;
     EXPECT_TRUE(automatePage(sites, page, {}, in, out));
-    Outcome outcome;
+    std::vector<std::string> messages;
     std::istringstream replies(out.str());
     for (std::string reply; std::getline(replies, reply);) {
         const auto json = nlohmann::ordered_json::parse(reply);
         EXPECT_TRUE(json["ok"].get<bool>()) << reply;
         for (const auto& event : json["events"]) {
-            if (event.contains("message")) outcome.messages.push_back(event["message"]);
+            if (event.contains("message")) messages.push_back(event["message"]);
         }
-        if (json.contains("properties")) outcome.properties = json["properties"].dump(1);
-        if (json.contains("text")) outcome.runtimeText = json["text"];
     }
-    return outcome;
+    return messages;
 }
 
 class ScenarioTest : public WindowTest, public ::testing::WithParamInterface<Scenario> {};
@@ -127,7 +117,7 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
     const DemoCopy played(scenario);
     const DemoCopy recorded(scenario);
     const std::vector<std::string> lines = scenarioLines(scenario);
-    const Outcome expected = automate(automated.page(), lines);
+    const std::vector<std::string> messages = automate(automated.page(), lines);
 
     window->opener().openPage(played.page());
     settle();
@@ -141,19 +131,11 @@ TEST_P(ScenarioTest, MakesAtTheWindowWhatItMakesByAutomation) {
     command(Command::Record);
     ScenarioPlayer player(*window, toLocal);
     player.play(lines);
-    EXPECT_THAT(player.messages(), ElementsAreArray(expected.messages));
+    EXPECT_THAT(player.messages(), ElementsAreArray(messages));
 
-    editor->finishEditing();
-    const ControlSpan& control = editor->page().content()->controls().front();
-    EXPECT_EQ(expected.properties, propertiesJson(control.properties).dump(1));
     command(Command::Save);
-    EXPECT_EQ(expected.runtimeText, editor->page().content()->runtimeTextOf(0));
     const std::string automatedPage = automated.bytes();
-    // The window saves what `generate` makes of the page at once: entries of a dictionary that
-    // stand behind one without a name, which is not read back, are numbered anew.
-    Sites sites;
-    const GeneratedPage generated = generatePage(automated.page(), sites, LossGuard::Refuse);
-    EXPECT_EQ(generated.after.empty() ? automatedPage : generated.after, played.bytes());
+    EXPECT_EQ(automatedPage, played.bytes());
 
     const std::string script = window->recorder().script().toStdString();
     automate(recorded.page(), withoutSaving(script));

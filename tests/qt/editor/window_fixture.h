@@ -64,7 +64,7 @@ class WindowTest : public ::testing::Test {
     }
     GeneratedPage check(const std::string& name) {
         Sites sites;
-        return generatePage(site / name, sites, LossGuard::Refuse);
+        return generatePage(site / name, sites, LossGuard::RefuseLosses);
     }
     static HeaderDTC& dtc(PageEditor& editor) { return editor.controls().live()->dtc(); }
 

@@ -22,11 +22,15 @@ void textIsUpToDate(const ControlView& control, Remarks& remarks) {
 void pageCanBeGenerated(const ControlView& control, Remarks& remarks) {
     for (const auto& doubt : control.page.generated().doubts) {
         if (doubt.control != control.index) continue;
-        remarks.push_back({std::nullopt, 0, "",
-                           "'headerdtc generate' would leave the page as it is: " + doubt.reason,
-                           "mend what is said of it, or save it all the same with 'headerdtc "
-                           "generate --force'",
-                           0});
+        const bool isLoss = doubt.doubt.kind == SaveDoubt::Kind::Loss;
+        remarks.push_back(
+            {std::nullopt, 0, "",
+             "'headerdtc generate' would leave the page as it is: " + doubt.doubt.reason,
+             isLoss
+                 ? "put back what is missing, or write the new text and keep what is stored with "
+                   "'headerdtc generate --force'"
+                 : "mend what is missing; 'headerdtc doctor' looks at the whole set-up",
+             0});
     }
 }
 

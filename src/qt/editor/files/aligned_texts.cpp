@@ -8,7 +8,7 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr std::size_t Base = 0;
+constexpr std::size_t BaseText = 0;
 
 // A text as changes to the lines of the base.
 struct Changed {
@@ -61,10 +61,10 @@ std::vector<AlignedRow> alignLines(const std::vector<std::string_view>& base,
         }
         if (line == base.size()) break;
         AlignedRow row;
-        row.cells[Base] = {base[line], true, false};
+        row.cells[BaseText] = {base[line], true, false};
         for (std::size_t side = 0; side < others.size(); ++side) {
             if (others[side].removed[line]) {
-                row.cells[Base].changed = true;
+                row.cells[BaseText].changed = true;
             } else {
                 row.cells[side + 1] = {base[line], true, false};
             }

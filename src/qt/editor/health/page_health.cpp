@@ -201,9 +201,9 @@ QString PageHealth::replace(const VanishedField& vanished, const std::string& wi
         QuietHost host;
         OpenControl hidden(page_.site(), page_.file(), span, host.faces());
         if (hidden.loadingDoubt())
-            return tr("Something else would be lost: %1").arg(toQt(*hidden.loadingDoubt()));
+            return tr("Something else would be lost: %1").arg(toQt(hidden.loadingDoubt()->reason));
         replaceField(hidden.dtc(), vanished, with);
-        page_.setProperties(*current, hidden.properties());
+        page_.setProperties(*current, hidden.propertiesToStore());
     } catch (const std::exception& error) {
         return toQt(error.what());
     }

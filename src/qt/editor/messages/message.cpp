@@ -44,7 +44,6 @@ void findPlace(Message& message, const StoredProperties& properties) {
     static const QRegularExpression noOperator(
         QStringLiteral("^(?:Specify operator|Unknown operator '(.*)') on criterion (\\d+)"));
     static const QRegularExpression atLine(QStringLiteral("^line (\\d+): "));
-    static const QRegularExpression lost(QStringLiteral("would come back different: (\\w+) is "));
     if (const auto match = incomplete.match(message.text); match.hasMatch()) {
         message.place.row = match.captured(1).toInt();
         message.place.tab = tabNamed(match.captured(2));
@@ -57,8 +56,6 @@ void findPlace(Message& message, const StoredProperties& properties) {
     } else if (const auto lineMatch = atLine.match(message.text); lineMatch.hasMatch()) {
         message.place.line = lineMatch.captured(1).toInt();
         message.text.remove(0, lineMatch.capturedLength());
-    } else if (const auto lostMatch = lost.match(message.text); lostMatch.hasMatch()) {
-        message.place.tab = tabOfProperty(lostMatch.captured(1).toStdString());
     }
 }
 
@@ -75,6 +72,13 @@ Message messageOf(const std::string& text, const std::filesystem::path& page,
                         message.text.startsWith(QLatin1String("Can not find"));
     message.severity = failed ? Message::Severity::Error : Message::Severity::Warning;
     findPlace(message, stored.properties);
+    return message;
+}
+
+Message messageOf(const SaveDoubt& doubt, const std::filesystem::path& page,
+                  const ControlSpan& stored) {
+    Message message = messageOf(doubt.reason, page, stored);
+    if (!doubt.losses.empty()) message.place.tab = tabOfProperty(doubt.losses.front().name);
     return message;
 }
 

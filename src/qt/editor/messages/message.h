@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/page/page_markup.h"
+#include "host/page/page_session.h"
 
 #include <QString>
 #include <filesystem>
@@ -29,6 +29,10 @@ struct Message {
 // A message of a control's expansion or loading: how grave it is, and the place that its text
 // names. `stored` tells which family a numbered criterion belongs to where the text does not.
 Message messageOf(const std::string& text, const std::filesystem::path& page,
+                  const ControlSpan& stored);
+
+// Why a page should not be saved, at the tab of what would be lost.
+Message messageOf(const SaveDoubt& doubt, const std::filesystem::path& page,
                   const ControlSpan& stored);
 
 // A place in words: "HeaderDTC1, ZEKO tab, row 2".

@@ -102,24 +102,26 @@ void EditedPage::redo() {
 
 std::string EditedPage::bytesToSave(const fs::path& file, const std::shared_ptr<Site>& site,
                                     Guard guard) const {
-    if (content()->problem()) {
-        if (guard == Guard::RefuseLosses) throw SaveRefused(content()->problem()->what());
+    if (const auto& problem = content()->problem()) {
+        SaveDoubt doubt{SaveDoubt::Kind::Loss, problem->what(), {}};
+        if (isRefused(doubt, guard)) throw SaveRefused(std::move(doubt));
         return content()->bytes();
     }
     std::vector<ControlContent> contents;
-    std::string losses, failures;
+    std::optional<SaveDoubt> refused;
     for (const ControlSpan& span : content()->controls()) {
         Expansion expansion = expand(site, file, span);
-        if (expansion.doubt) {
-            std::string& reasons = expansion.failed ? failures : losses;
-            reasons += (reasons.empty() ? "" : "\n") + span.id + ": " + *expansion.doubt;
-            // What would not come back the same is kept as the author has it.
-            expansion.content.properties = span.properties;
-        }
         contents.push_back(std::move(expansion.content));
+        if (!expansion.doubt || !isRefused(*expansion.doubt, guard)) continue;
+        SaveDoubt& doubt = *expansion.doubt;
+        doubt.reason.insert(0, span.id + ": ");
+        if (!refused || (expansion.failed() && refused->kind == SaveDoubt::Kind::Loss)) {
+            refused = std::move(doubt);
+        } else if (doubt.kind == refused->kind) {
+            refused->reason += '\n' + doubt.reason;
+        }
     }
-    if (!failures.empty()) throw NotGenerated(failures);
-    if (!losses.empty() && guard == Guard::RefuseLosses) throw SaveRefused(losses);
+    if (refused) throw SaveRefused(std::move(*refused));
     return content()->withContents(contents);
 }
 

@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 namespace headerdtc::qt {
@@ -17,12 +16,6 @@ namespace headerdtc::qt {
 class ChangedByOther : public FileError {
   public:
     using FileError::FileError;
-};
-
-// What the page's controls generate is no script, since something of its site is wrong.
-class NotGenerated : public std::runtime_error {
-  public:
-    using std::runtime_error::runtime_error;
 };
 
 // A page that is being edited: its content, how it came to it, and its file. Whatever changes it,
@@ -66,7 +59,7 @@ class EditedPage : public QObject {
 
     // ---- the file ----------------------------------------------------------------------------
     // Generates the controls and writes the page where its bytes are others. Throws SaveRefused
-    // with what would be lost, NotGenerated whatever the guard, ChangedByOther, and FileError.
+    // with the reasons, ChangedByOther, and FileError.
     void save(Guard guard);
     // The same into another file, which the page then has; one that is there is replaced.
     void saveAs(const std::filesystem::path& file, Guard guard);

@@ -44,7 +44,7 @@ LiveControl::LiveControl(std::shared_ptr<Site> site, const std::filesystem::path
     : messages_(faces.messages), fileDialog_(faces.fileDialog), properties_(span.properties) {
     control_ = std::make_unique<OpenControl>(std::move(site), page, span,
                                              HostFaces{*this, *this, *this, faces.modalLoop});
-    written_ = control_->properties();
+    written_ = control_->propertiesToStore();
     collecting_ = false;
     if (!loadingDoubt()) return;
     // Without its provider a control empties the lists of the tab that is entered. That is nothing
@@ -64,7 +64,7 @@ bool LiveControl::isBusy() {
 StoredProperties LiveControl::snapshot() {
     const std::vector<std::string> before = collected_;
     collecting_ = true;
-    StoredProperties now = control_->properties();
+    StoredProperties now = control_->propertiesToStore();
     collecting_ = false;
     collected_ = before;
     return now;

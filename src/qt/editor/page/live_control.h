@@ -57,7 +57,7 @@ class LiveControl : public QObject,
     void goOnFrom(LiveControl& before);
 
     // Why saving the page would lose something, found while loading.
-    const std::optional<std::string>& loadingDoubt() const { return control_->loadingDoubt(); }
+    const std::optional<SaveDoubt>& loadingDoubt() const { return control_->loadingDoubt(); }
     const std::vector<std::string>& loadingMessages() const { return collected_; }
 
   Q_SIGNALS:

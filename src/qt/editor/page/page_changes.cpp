@@ -2,6 +2,7 @@
 
 #include "qt/editor/files/aligned_texts.h"
 #include "qt/editor/page/step_name.h"
+#include "qt/surface/text.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
@@ -15,10 +16,6 @@ namespace {
 struct Tr {
     Q_DECLARE_TR_FUNCTIONS(PageChanges)
 };
-
-QString toShown(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // ": + 2 - CUSTNO, - 1 - ORDNO": what came and what went, as far as it is short.
 QString detailsOf(const QStringList& added, const QStringList& removed) {
@@ -42,7 +39,7 @@ struct Around {
     QString title, rest;
 
     explicit Around(const PageContent& page)
-        : rest(toShown(page.codePage().decode(page.aroundControls()))) {
+        : rest(toQt(page.codePage().decode(page.aroundControls()))) {
         static const QRegularExpression element(QStringLiteral("<title[^>]*>(.*?)</title"),
                                                 QRegularExpression::CaseInsensitiveOption |
                                                     QRegularExpression::DotMatchesEverythingOption);
@@ -71,7 +68,7 @@ void addChangesAround(const PageContent& before, const PageContent& now, QString
 
 void addChangesOf(const ControlSpan& before, const ControlSpan& now, QStringList& changes) {
     for (const ChangedPart& part : changedParts(before.properties, now.properties))
-        changes += Tr::tr("%1 of %2").arg(part.caption, toShown(now.id)) +
+        changes += Tr::tr("%1 of %2").arg(part.caption, toQt(now.id)) +
                    detailsOf(part.added, part.removed);
 }
 
@@ -173,7 +170,7 @@ MergedPage Merge::pages() const {
     for (const PageContent* page : {&mine_, &theirs_, &base_}) {
         for (const ControlSpan& span : page->controls()) {
             if (isChangedByBoth(span.id))
-                return {{}, Tr::tr("both have changed %1").arg(toShown(span.id))};
+                return {{}, Tr::tr("both have changed %1").arg(toQt(span.id))};
         }
     }
     std::deque<std::string> names;
@@ -185,7 +182,7 @@ MergedPage Merge::pages() const {
         const std::string text = base_.codePage().decode(*merged.conflict);
         return {{},
                 Tr::tr("both have changed the text at \u201C%1\u201D")
-                    .arg(toShown(text).remove(QChar()).simplified().left(60))};
+                    .arg(toQt(text).remove(QChar()).simplified().left(60))};
     }
     std::string bytes;
     for (const std::string_view piece : merged.lines) {
@@ -211,12 +208,12 @@ QStringList changesInWords(const PageContent& before, const PageContent& now) {
         if (const ControlSpan* old = findControl(before, span.id)) {
             addChangesOf(*old, span, changes);
         } else {
-            changes += Tr::tr("new control %1").arg(toShown(span.id));
+            changes += Tr::tr("new control %1").arg(toQt(span.id));
         }
     }
     for (const ControlSpan& span : before.controls()) {
         if (!now.indexOf(span.id))
-            changes += Tr::tr("control %1 is taken out").arg(toShown(span.id));
+            changes += Tr::tr("control %1 is taken out").arg(toQt(span.id));
     }
     addChangesAround(before, now, changes);
     // Generated text follows from all this, unless it is all there is.

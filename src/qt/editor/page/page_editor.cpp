@@ -159,8 +159,8 @@ void PageEditor::showRefusal() {
         const auto found = previews_.find(span.id);
         if (found == previews_.end() || !found->second->expansion.doubt) continue;
         const Expansion& expansion = found->second->expansion;
-        failed = expansion.failed;
-        const QString reason = QString::fromStdString(span.id + ": " + *expansion.doubt);
+        failed = expansion.failed();
+        const QString reason = QString::fromStdString(span.id + ": " + expansion.doubt->reason);
         const QString missing = failed ? missingFiles(*page_->site()) : QString();
         text = !failed ? tr("Saving this page would lose something. %1").arg(reason)
                        : tr("This page cannot be saved as long as it cannot be generated. %1")
@@ -326,7 +326,7 @@ PageEditor::Freshness PageEditor::freshness() const {
         const auto found = previews_.find(span.id);
         if (found == previews_.end()) return Freshness::Unknown;
         const Preview& preview = *found->second;
-        if (!preview.problem.empty() || preview.expansion.failed) return Freshness::Failing;
+        if (!preview.problem.empty() || preview.expansion.failed()) return Freshness::Failing;
         if (preview.expansion.doubt) worst = Freshness::Losing;
         const bool changes = std::any_of(preview.changes.begin(), preview.changes.end(),
                                          [](const DiffRun& run) { return !run.same; });

@@ -12,8 +12,7 @@ Expansion expand(const std::shared_ptr<Site>& site, const std::filesystem::path&
     OpenControl control(site, page, stored, host.faces());
     MadeContent made = control.content();
     Expansion expansion;
-    expansion.doubt = control.doubtAbout(made);
-    expansion.failed = control.loadingFailed() || !made.errors.empty();
+    expansion.doubt = std::move(made.doubt);
     expansion.content = std::move(made.content);
     expansion.messages = std::move(host.messages);
     return expansion;

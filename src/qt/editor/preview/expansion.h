@@ -16,9 +16,9 @@ struct Expansion {
     // The texts of the boxes that it would have shown, in order.
     std::vector<std::string> messages;
     // Why a page with this content should not be saved.
-    std::optional<std::string> doubt;
-    // Loading or generating reported an error: the text is none, and the doubt says why.
-    bool failed = false;
+    std::optional<SaveDoubt> doubt;
+    // Loading or generating reported an error: the text is none.
+    bool failed() const { return doubt && doubt->kind == SaveDoubt::Kind::Failure; }
 };
 
 // Expands a control in a hidden copy of its own, as `headerdtc generate` does: no box is shown, and

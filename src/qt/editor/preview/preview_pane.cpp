@@ -3,6 +3,7 @@
 #include "qt/editor/source/asp_highlighter.h"
 #include "qt/editor/window/icons.h"
 #include "qt/editor/window/words.h"
+#include "qt/surface/text.h"
 
 #include <QEvent>
 #include <QFontDatabase>
@@ -15,14 +16,6 @@
 #include <algorithm>
 
 namespace headerdtc::qt {
-namespace {
-
-QString toShown(std::string_view line) {
-    return QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size()));
-}
-
-}  // namespace
-
 PreviewPane::PreviewPane(QWidget* parent) : QWidget(parent) {
     summary_ = new QLabel;
     summary_->setObjectName(QStringLiteral("PreviewSummary"));
@@ -65,13 +58,13 @@ PreviewPane::PreviewPane(QWidget* parent) : QWidget(parent) {
 
 void PreviewPane::append(QString& all, std::string_view line, Mark mark) {
     if (!marks_.empty()) all += QLatin1Char('\n');
-    all += toShown(line);
+    all += toQt(line);
     marks_.push_back(mark);
 }
 
 void PreviewPane::showPreview(const std::shared_ptr<const Preview>& preview) {
     if (!preview->problem.empty()) {
-        showNothing(toShown(preview->problem));
+        showNothing(toQt(preview->problem));
         return;
     }
     const auto savedLines = linesOf(preview->savedText);
@@ -96,7 +89,7 @@ void PreviewPane::showPreview(const std::shared_ptr<const Preview>& preview) {
     text_->verticalScrollBar()->setValue(scrolled);
     paintMarks();
     if (!showsChange()) goToNextChange();
-    if (preview->expansion.failed) {
+    if (preview->expansion.failed()) {
         summary_->setText(tr("Not all of this could be generated; it would not be saved."));
     } else if (added + removed == 0) {
         summary_->setText(newLines.empty() ? tr("Nothing would be generated.")

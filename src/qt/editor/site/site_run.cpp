@@ -56,7 +56,7 @@ void SiteRun::post(Tell tell) {
 }
 
 void SiteRun::work(const std::vector<fs::path>& pages) {
-    SiteGeneration generation(sites_, {.mode = mode_, .guard = LossGuard::Refuse});
+    SiteGeneration generation(sites_, {.mode = mode_, .guard = LossGuard::RefuseLosses});
     {
         const std::lock_guard lock(mutex_);
         generation_ = &generation;

@@ -22,6 +22,12 @@ bool isStructure(QChar c) {
     }
 }
 
+// One mark for each byte that is no character of the page, two of which stand for it in the text.
+bool standsForByte(const QString& text, qsizetype at) {
+    return at + 1 < text.size() &&
+           CodePage::standsForByte(text[at].unicode(), text[at + 1].unicode());
+}
+
 bool splitsCharacter(const QString& text, qsizetype at) {
     return at > 0 && at < text.size() && text[at].isLowSurrogate() &&
            text[at - 1].isHighSurrogate();
@@ -51,8 +57,15 @@ QString SourceLines::shown(int line) const {
     const ByteRange range = bytesOfLine(line);
     const std::string_view bytes =
         std::string_view(page_->bytes()).substr(range.begin, range.size());
-    QString text = QString::fromStdString(page_->codePage().decode(bytes));
-    std::replace_if(text.begin(), text.end(), isStructure, QChar(QChar::ReplacementCharacter));
+    const QString decoded = QString::fromStdString(page_->codePage().decode(bytes));
+    QString text;
+    text.reserve(decoded.size());
+    for (qsizetype i = 0; i < decoded.size(); ++i) {
+        const bool isByte = standsForByte(decoded, i);
+        const bool isMark = isByte || isStructure(decoded[i]);
+        text += isMark ? QChar(QChar::ReplacementCharacter) : decoded[i];
+        if (isByte) ++i;
+    }
     return text;
 }
 
@@ -85,7 +98,10 @@ std::optional<std::size_t> SourceLines::byteAt(int position) const {
     // Encoding gives back exactly what was decoded, so the text before a place has the length in
     // bytes that it came from. A run of bytes that is no UTF-8 may be cut anywhere.
     const QString decoded = QString::fromStdString(page_->codePage().decode(bytes));
-    const std::string before = page_->codePage().encode(decoded.left(units).toStdString());
+    qsizetype end = 0;
+    for (auto unit = 0; unit < units; ++unit)
+        end += standsForByte(decoded, end) ? 2 : 1;
+    const std::string before = page_->codePage().encode(decoded.left(end).toStdString());
     if (!bytes.starts_with(before)) return std::nullopt;
     return line.begin + before.size();
 }

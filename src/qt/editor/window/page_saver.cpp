@@ -60,12 +60,14 @@ bool PageSaver::guarded(PageEditor& editor, Save save) {
         try {
             save(EditedPage::Guard::RefuseLosses);
         } catch (const SaveRefused& refused) {
-            if (!askToSaveAnyway(window_, editor.title(), QString::fromStdString(refused.what())))
-                return false;
+            if (refused.doubt().kind == SaveDoubt::Kind::Failure ||
+                !askToSaveAnyway(window_, editor.title(), QString::fromStdString(refused.what())))
+                throw;
             save(EditedPage::Guard::SaveAnyway);
         }
-    } catch (const NotGenerated& failure) {
-        tellFailure(window_, editor, QString::fromStdString(failure.what()));
+    } catch (const SaveRefused& refused) {
+        if (refused.doubt().kind == SaveDoubt::Kind::Failure)
+            tellFailure(window_, editor, QString::fromStdString(refused.what()));
         return false;
     } catch (const ChangedByOther&) {
         // Between the last look and the writing. Whose content is kept is asked, and all begins
