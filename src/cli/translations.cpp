@@ -62,9 +62,9 @@ std::map<std::string, Progress> progressOf(const TranslationTable& table,
 void tellAsText(const std::vector<TranslationFault>& faults,
                 const std::map<std::string, Progress>& progress) {
     for (const TranslationFault& fault : faults) {
-        const std::string locale = fault.locale.empty() ? "" : fault.locale + " ";
-        printLine(stdout, locale + fault.label + ": " + visible(fault.text) + " [" +
-                              std::string(fault.rule) + "]");
+        std::string place = fault.locale.empty() ? "" : fault.locale + " ";
+        if (!fault.label.empty()) place += fault.label + ": ";
+        printLine(stdout, place + visible(fault.text) + " [" + std::string(fault.rule) + "]");
     }
     for (const auto& [locale, each] : progress)
         printLine(stdout, locale + ": " + std::to_string(each.texts) + " translated, " +
@@ -235,7 +235,7 @@ int importTranslations(const CommonOptions& common, const TranslationImportOptio
         const std::size_t refused = count(plan, Action::Refuse);
         const bool isWanted = !options.dryRun && (refused == 0 || options.skipRefused);
         if (isWanted) {
-            applyImport(connection, plan, SystemClock().shortDate());
+            applyImport(connection, options.file, plan, SystemClock().shortDate());
             connection.CommitTrans();
         }
         const ExitStatus status = refused > 0 ? CheckFoundSomething : Done;

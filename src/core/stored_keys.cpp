@@ -76,4 +76,9 @@ std::optional<StoredType> storedTypeOf(std::string_view name) {
     return parsed ? std::optional(parsed->row.type) : std::nullopt;
 }
 
+bool isScriptButton(std::string_view name) {
+    const auto parsed = parseStoredName(name);
+    return parsed && parsed->column == criteria_column::Script;
+}
+
 }  // namespace headerdtc

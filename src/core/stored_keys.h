@@ -14,9 +14,9 @@ struct Row;
 
 // A name that the control stores, taken apart.
 struct StoredName {
-    const stored::Row& row;  // of the table of stored properties
-    int number = -1;         // of a numbered name; of a cell its row
-    int column = -1;         // of a cell
+    const stored::Row& row;       // of the table of stored properties
+    int number = -1;              // of a numbered name; of a cell its row
+    int column = -1;              // of a cell
     std::string_view entry = {};  // of a name with a suffix: what stands before it
 };
 
@@ -29,5 +29,9 @@ std::optional<StoredName> parseStoredName(std::string_view name);
 
 // The type of a stored property, nothing for a name that the control never reads.
 std::optional<StoredType> storedTypeOf(std::string_view name);
+
+// Whether a name is of the cell with the button of the script dialog ("ZEKOCriteria2_4"). It is
+// shown in each row that was current once, which says nothing of the query.
+bool isScriptButton(std::string_view name);
 
 }  // namespace headerdtc

@@ -15,12 +15,14 @@ INSERT INTO I18NTEXT VALUES
     ('H1', 'Ship', 1033, '1/2/2000', 0), ('H1', 'Schiff', 1031, '1/2/2000', 0),
     ('H2', 'Free berths:', 1033, '1/2/2000', 0), ('H2', 'Freie Plätze', 1031, '1/2/2000', 0),
     ('H3', 'Say "hi", pilot', 1033, '1/2/2000', 0);
-INSERT INTO I18NFIELDNAMES VALUES ('Ships', 'zeko', 'IMO', 'H1'), ('Ships', 'zeko', 'FLAG', 'H9');
+INSERT INTO I18NFIELDNAMES VALUES ('Ships', 'zeko', 'IMO', 'H1'), ('Ships', 'zeko', 'FLAG', 'H9'),
+    ('Ships', 'zeko', 'BERTH', '');
 END
 check 1 "$headerdtc" translations check site
 expect "$out" '1031 H2: "Freie Plätze" does not end with ":" like the source [end-punctuation]'
 expect "$out" '1031 H3: is not translated: "Say "hi", pilot" [missing]'
 expect "$out" 'H9: has no text in any language, but translates Ships zeko FLAG [unknown-label]'
+expect "$out" 'Ships zeko BERTH is translated by an empty label [empty-label]'
 expect "$out" '1031: 2 translated, 1 missing, 1 faults'
 check 1 "$headerdtc" translations check --json site
 expect_lines translations-check

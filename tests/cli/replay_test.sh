@@ -50,6 +50,17 @@ sed -i 's/VALUE="Ships"/VALUE="Tugs"/' site/traffic/ships.asp
 check 3 "$headerdtc" automate --over --apply site fields
 expect "$err" 'site/traffic/ships.asp: line 4: '
 expect "$out" '--- site/traffic/today/berths.asp'
+# What is typed there becomes part of a question, which may be several statements to a driver.
+cat >hostile <<'END'
+{"do":"tab","index":3}
+{"do":"select","control":"ZEKOI18NFieldnamesList","items":[0]}
+{"do":"click","control":"AddI18NFieldQuestionDialog.OKButton"}
+{"do":"type","control":"SpecifyI18NFieldnameDialog.LabelsCombo","text":"x'; DELETE FROM I18NTEXT; --"}
+{"do":"click","control":"SpecifyI18NFieldnameDialog.CancelButton"}
+{"do":"save"}
+END
+check 3 "$headerdtc" automate --over --apply site/traffic/today/berths.asp hostile
+expect "$err" 'the script would write to the translation database'
 check 2 "$headerdtc" automate --over site
 check 2 "$headerdtc" automate --over site <(echo '{"do":"tab","index":2}')
 expect "$err" 'saves no page'

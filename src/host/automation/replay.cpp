@@ -3,8 +3,8 @@
 #include "core/header_dtc.h"
 #include "host/automation/automation.h"
 #include "host/automation/property_json.h"
+#include "host/odbc/reading_database.h"
 #include "host/page/page_document.h"
-#include "platform/database.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/text_files.h"
@@ -17,62 +17,6 @@ namespace {
 
 using Outcome = ReplayedPage::Outcome;
 
-RuntimeError notInReplay(const std::string& what) {
-    return {static_cast<int>(ErrorNumber::PermissionDenied),
-            std::string(descriptionOf(ErrorNumber::PermissionDenied)) +
-                ": a replay does not write " + what};
-}
-
-// Answers questions; whatever would change the database is refused, and remembered.
-class ReadingDatabase : public Database {
-  public:
-    explicit ReadingDatabase(Database& database) : database_(database) {}
-
-    std::unique_ptr<Connection> createConnection() override {
-        return std::make_unique<ReadingConnection>(database_.createConnection(), refused);
-    }
-    std::string GetConnectString(std::int32_t kind) override {
-        return database_.GetConnectString(kind);
-    }
-    std::string labelConnectString() override { return database_.labelConnectString(); }
-
-    bool refused = false;
-
-  private:
-    class ReadingConnection : public Connection {
-      public:
-        ReadingConnection(std::unique_ptr<Connection> connection, bool& refused)
-            : connection_(std::move(connection)), refused_(refused) {}
-
-        void ConnectionString(const std::string& text) override {
-            connection_->ConnectionString(text);
-        }
-        void Open(const std::string& text, const std::string& user, const std::string& password,
-                  int options) override {
-            connection_->Open(text, user, password, options);
-        }
-        std::unique_ptr<Recordset> Execute(const std::string& statement, std::int32_t* affected,
-                                           int options) override {
-            constexpr std::string_view Question = "SELECT ";
-            if (!equalIgnoringCase(std::string_view(statement).substr(0, Question.size()),
-                                   Question)) {
-                refused_ = true;
-                throw notInReplay("to the translation database");
-            }
-            return connection_->Execute(statement, affected, options);
-        }
-        void BeginTrans() override { connection_->BeginTrans(); }
-        void CommitTrans() override { connection_->CommitTrans(); }
-        void Close() override { connection_->Close(); }
-
-      private:
-        std::unique_ptr<Connection> connection_;
-        bool& refused_;
-    };
-
-    Database& database_;
-};
-
 class ReadingTextFiles : public TextFiles {
   public:
     explicit ReadingTextFiles(TextFiles& files) : files_(files) {}
@@ -80,7 +24,8 @@ class ReadingTextFiles : public TextFiles {
     std::string readText(const std::string& path) override { return files_.readText(path); }
     void writeText(const std::string& path, const std::string&) override {
         refused = true;
-        throw notInReplay("other files than the page: " + path);
+        throw RuntimeError(ErrorNumber::PermissionDenied,
+                           "a replay does not write other files than the page: " + path);
     }
 
     bool refused = false;
@@ -141,7 +86,7 @@ void replay(Sites& sites, const std::filesystem::path& page, const std::string& 
     result.after = result.before;
     const std::size_t index = document.controlIndex(controlId);
 
-    ReadingDatabase database(site->database);
+    ReadingDatabase database(site->database.settings());
     ReadingTextFiles textFiles(site->textFiles);
     EventLog events;
     const Conversation conversation(script);

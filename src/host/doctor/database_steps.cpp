@@ -83,10 +83,14 @@ class LogOnExamination {
         try {
             parts_ = OdbcConnectString(findDataSource(connectString_, settings_).connectString);
         } catch (const RuntimeError& error) {
-            const bool isFile = error.number() == static_cast<int>(ErrorNumber::FileNotFound);
+            const auto is = [&](ErrorNumber number) {
+                return error.number() == static_cast<int>(number);
+            };
             const std::string ini = settings_.odbcIni.string();
             seen_.broken(words_.source, error.description() + ": " + connectString_,
-                         isFile        ? "put the file there, or correct where it is looked for"
+                         is(ErrorNumber::FileNotFound)
+                             ? "put the file there, or correct where it is looked for"
+                         : is(ErrorNumber::InvalidPropertyValue) ? "shorten it"
                          : ini.empty() ? "describe it in the odbc.ini of this machine, or let "
                                          "\"odbc_ini\" in [translations] of headerdtc.toml name a "
                                          "file that does"

@@ -65,11 +65,25 @@ OdbcConnectString::OdbcConnectString(std::string_view text) {
     }
 }
 
-std::string OdbcConnectString::value(std::string_view keyword) const {
-    const auto found = std::find_if(parts_.begin(), parts_.end(), [&](const Part& part) {
-        return sameKeyword(part.keyword, keyword);
-    });
+template <class Is>
+std::string OdbcConnectString::valueWhere(Is&& is) const {
+    const auto found = std::find_if(parts_.begin(), parts_.end(), is);
     return found == parts_.end() ? std::string() : found->value;
+}
+
+std::string OdbcConnectString::value(std::string_view keyword) const {
+    return valueWhere([&](const Part& part) { return sameKeyword(part.keyword, keyword); });
+}
+
+std::string OdbcConnectString::valueNamed(std::string_view keyword) const {
+    return valueWhere([&](const Part& part) { return equalIgnoringCase(part.keyword, keyword); });
+}
+
+std::string OdbcConnectString::keywordBeyond(std::size_t bytes) const {
+    const auto found = std::find_if(parts_.begin(), parts_.end(), [&](const Part& part) {
+        return std::max(part.keyword.size(), part.value.size()) > bytes;
+    });
+    return found == parts_.end() ? std::string() : found->keyword;
 }
 
 void OdbcConnectString::remove(std::string_view keyword) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,10 @@ class OdbcConnectString {
 
     // The first value of a keyword, without braces; empty when it is not given or is empty.
     std::string value(std::string_view keyword) const;
+    // The same under this one name, for a driver that knows no other.
+    std::string valueNamed(std::string_view keyword) const;
+    // The first keyword that, or whose value, has more bytes than that; empty when none has.
+    std::string keywordBeyond(std::size_t bytes) const;
     // Takes a keyword out, under all of its names.
     void remove(std::string_view keyword);
     // Adds a value at the end, in braces where it needs them.
@@ -27,6 +32,9 @@ class OdbcConnectString {
         std::string value;
         std::string written;
     };
+    template <class Is>
+    std::string valueWhere(Is&& is) const;
+
     std::vector<Part> parts_;
 };
 

@@ -2,10 +2,12 @@
 
 #include "host/odbc/odbc_connect_string.h"
 #include "host/odbc/odbc_ini.h"
+#include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
 #include <algorithm>
+#include <optional>
 #include <system_error>
 
 namespace headerdtc {
@@ -44,10 +46,25 @@ std::string driverNames(const std::string& driver) {
     return upperCase(driver + " " + (isLibrary ? "" : odbcsDriverLibrary(driver)));
 }
 
-bool isFileOf(const std::string& database, const std::string& driverNames) {
-    if (database.empty() || database == ":memory:" || database.starts_with("file:")) return false;
-    return driverNames.find(FileDriver) != std::string::npos ||
-           database.find('/') != std::string::npos;
+bool takesFile(const std::string& driverNames) {
+    return driverNames.find(FileDriver) != std::string::npos;
+}
+
+bool isMemory(std::string_view database) {
+    return database == ":memory:" ||
+           (database.starts_with("file:") && (database.starts_with("file::memory:") ||
+                                              database.find("mode=memory") != database.npos));
+}
+
+// The path of what SQLite takes as an address, "file:///srv/t.sqlite?mode=ro".
+std::string pathOfAddress(std::string_view database) {
+    constexpr std::string_view Scheme = "file:";
+    if (!database.starts_with(Scheme)) return std::string(database);
+    database = database.substr(0, database.find_first_of("?#"));
+    database.remove_prefix(Scheme.size());
+    if (database.starts_with("//"))
+        database = database.substr(std::min(database.find('/', 2), database.size()));
+    return std::string(database);
 }
 
 // The path of a database file that a place names; raises 53 when there is no such file, where the
@@ -55,43 +72,81 @@ bool isFileOf(const std::string& database, const std::string& driverNames) {
 std::string databaseFile(const std::string& database, const fs::path& folder,
                          const std::string& place) {
     std::error_code failed;
-    const fs::path path = fs::absolute(folder / database, failed).lexically_normal();
-    if (failed || !fs::exists(path, failed))
+    const fs::path path = fs::absolute(folder / pathOfAddress(database), failed).lexically_normal();
+    if (failed || !fs::exists(path, failed) || fs::is_directory(path, failed))
         throw RuntimeError(ErrorNumber::FileNotFound, path.string() + ", the Database of " + place);
     return path.string();
 }
 
-// The same for a database that the site's odbc.ini does not name: the driver goes from the working
-// folder.
-void requireDatabaseFile(const OdbcConnectString& parts, const std::string& dsn,
-                         const std::string& driverNames) {
-    const std::string own = parts.value("Database");
+// Where a data source is described: in a section, if any, or by the connect string alone.
+using Description = std::optional<OdbcIniSection>;
+
+std::string placeOf(const Description& description, std::string_view key = {}) {
+    return description ? description->place(key) : "the connect string";
+}
+
+// Without a Database SQLite's driver makes a file that is named like the whole connect string.
+RuntimeError noDatabase(const Description& description) {
+    std::string text = "No database file is named: " + placeOf(description) +
+                       " has no Database, the path of SQLite's file";
+    if (description) {
+        NearestName nearest("Database");
+        for (const auto& entry : description->entries)
+            nearest.offer(entry.key);
+        if (!nearest.found().empty())
+            text += "; is " + nearest.found() + " in line " +
+                    std::to_string(description->entry(nearest.found())->line) + " meant for it?";
+    }
+    return {0, text};
+}
+
+// Has the driver of files given a file that is there, in the only form that it understands: it
+// knows no other name for the keyword, no braces and no blanks around the equals sign.
+void giveDatabaseFile(OdbcConnectString& parts, const std::string& dsn,
+                      const Description& description) {
+    // The buffer in which the driver puts a path together; it cuts off what is longer.
+    constexpr std::size_t LongestPath = 511;
+    const std::string own = parts.valueNamed("Database");
     const std::string database = own.empty() ? odbcsOwnDataSourceKey(dsn, "Database") : own;
-    if (driverNames.find(FileDriver) != std::string::npos && isFileOf(database, driverNames))
-        databaseFile(database, {}, own.empty() ? "the data source " + dsn : "the connect string");
+    if (database.empty()) throw noDatabase(description);
+    const std::string place = placeOf(description, "Database");
+    if (!isMemory(database)) databaseFile(database, {}, place);
+    if (database.size() > LongestPath || database.find_first_of(";{}") != std::string::npos)
+        throw RuntimeError(ErrorNumber::PathFileAccessError,
+                           database + ", the Database of " + place +
+                               ": SQLite's driver takes no path with a semicolon or a brace, nor "
+                               "one of more than " +
+                               std::to_string(LongestPath) + " characters");
+    if (own.empty()) return;
+    parts.remove("Database");
+    parts.add("Database", database);
 }
 
 // Puts the section of the site's odbc.ini in the place of DSN. Returns the driver's names.
-std::string useSection(OdbcConnectString& parts, const OdbcDatabase::Settings& settings) {
+std::string useSection(OdbcConnectString& parts, const OdbcDatabase::Settings& settings,
+                       Description& description) {
     const std::string dsn = parts.value("DSN").empty() ? "DEFAULT" : parts.value("DSN");
-    const std::string name = "[" + dsn + "] in " + settings.odbcIni.string();
-    const auto section = readOdbcIniSection(settings.odbcIni, dsn);
-    if (!section) throw dataSourceNotFound("there is no " + name);
-    const auto driver = std::find_if(section->begin(), section->end(), [](const auto& entry) {
-        return equalIgnoringCase(entry.first, "Driver");
-    });
-    if (driver == section->end() || driver->second.empty())
-        throw dataSourceNotFound(name + " names no Driver");
+    description = readOdbcIniSection(settings.odbcIni, dsn);
+    if (!description)
+        throw dataSourceNotFound("there is no [" + dsn + "] in " + settings.odbcIni.string());
+    const auto* driver = description->entry("Driver");
+    if (!driver || driver->value.empty())
+        throw dataSourceNotFound(description->place() + " names no Driver");
 
-    std::string names = driverNames(driver->second);
+    std::string names = driverNames(driver->value);
     parts.remove("DSN");
-    parts.add("DRIVER", driver->second);
-    for (const auto& [key, value] : *section) {
+    parts.add("DRIVER", driver->value);
+    for (const auto& [key, value, line] : description->entries) {
         if (equalIgnoringCase(key, "Driver") || equalIgnoringCase(key, "Description")) continue;
         if (value.empty() || !parts.value(key).empty()) continue;
         parts.remove(key);
-        const bool isFile = sameKeyword(key, "Database") && isFileOf(value, names);
-        parts.add(key, isFile ? databaseFile(value, settings.siteFolder, name) : value);
+        // A file of the site, not of the working folder.
+        const bool isFile =
+            takesFile(names) ? equalIgnoringCase(key, "Database") && !isMemory(value) &&
+                                   !value.starts_with("file:")
+                             : sameKeyword(key, "Database") && value.find('/') != std::string::npos;
+        parts.add(key, isFile ? databaseFile(value, settings.siteFolder, description->place(key))
+                              : value);
     }
     return names;
 }
@@ -101,11 +156,19 @@ std::string useSection(OdbcConnectString& parts, const OdbcDatabase::Settings& s
 OdbcDataSource findDataSource(const std::string& connectString,
                               const OdbcDatabase::Settings& settings) {
     OdbcConnectString parts(connectString);
+    if (const std::string keyword = parts.keywordBeyond(LongestOdbcText); !keyword.empty())
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue,
+                           keyword.substr(0, 40) +
+                               " in the connect string; ODBC takes no name or value of more than " +
+                               std::to_string(LongestOdbcText) + " characters");
     const bool namesDriver = !parts.value("DRIVER").empty() || !parts.value("FILEDSN").empty();
     const bool inSite = !namesDriver && !settings.odbcIni.empty();
+    const bool isDatabaseGiven = !parts.valueNamed("Database").empty();
     // The data source that ODBC is to find by itself, if any.
     const std::string dsn = inSite ? "" : parts.value("DSN");
-    const std::string driver = inSite        ? useSection(parts, settings)
+    Description description;
+    if (!dsn.empty()) description = readOdbcsOwnSection(dsn);
+    const std::string driver = inSite        ? useSection(parts, settings, description)
                                : namesDriver ? driverNames(parts.value("DRIVER"))
                                              : driverNames(odbcsOwnDataSourceKey(dsn, "Driver"));
 
@@ -114,10 +177,11 @@ OdbcDataSource findDataSource(const std::string& connectString,
             "[" + dsn + "] is in none of ODBC's own files; write it into one of those ('odbcinst " +
             "-j' lists them), or name a file that has it by \"odbc_ini\" in headerdtc.toml");
     }
-    requireDatabaseFile(parts, dsn, driver);
+    if (takesFile(driver))
+        giveDatabaseFile(parts, dsn, isDatabaseGiven ? std::nullopt : description);
 
     OdbcDataSource source;
-    if (driver.find(FileDriver) != std::string::npos) source.form = OdbcText::Utf8;
+    if (takesFile(driver)) source.form = OdbcText::Utf8;
     for (const auto& [name, keyword, is, value] : DriverSettings) {
         if (driver.find(name) == std::string::npos) continue;
         if (is == DriverSetting::Is::StatementTime) source.boundsStatements = true;

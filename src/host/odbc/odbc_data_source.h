@@ -32,8 +32,11 @@ struct OdbcDataSource {
 // to those that do not take them otherwise, and to MariaDB's to count all rows that an update
 // finds.
 //
-// Raises 53 when odbc_ini or a database file cannot be found, and the driver manager's "Data
-// source name not found" when the section is not there or names no Driver.
+// SQLite's driver makes a file where it finds none, so it is only ever sent to one that is there.
+//
+// Raises 53 when odbc_ini or a database file cannot be found, 380 for a name or value that is
+// longer than ODBC takes, and the driver manager's "Data source name not found" when the section is
+// not there or names no Driver; each with file and line.
 OdbcDataSource findDataSource(const std::string& connectString,
                               const OdbcDatabase::Settings& settings);
 

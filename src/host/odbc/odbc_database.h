@@ -20,6 +20,7 @@ class OdbcDatabase : public Database {
         // How long a log-on and a statement may take, as far as the driver can bound them.
         std::chrono::seconds connectTimeout{10};
         std::chrono::seconds statementTimeout{30};
+        bool isReadOnly = false;  // sessions refuse to write, where the server can be told so
     };
     explicit OdbcDatabase(Settings settings);
 

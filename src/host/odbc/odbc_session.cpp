@@ -58,6 +58,12 @@ class PlainThread {
 
 }  // namespace
 
+std::string OdbcColumn::unfilled(std::string value) const {
+    if (fixedLength > 0 && static_cast<std::size_t>(characterCount(value)) == fixedLength)
+        value.erase(value.find_last_not_of(' ') + 1);
+    return value;
+}
+
 OdbcSession::OdbcSession(const std::string& connectString, const OdbcDatabase::Settings& settings) {
     const PlainThread plain;
     environment_ = makeEnvironment();
@@ -66,6 +72,8 @@ OdbcSession::OdbcSession(const std::string& connectString, const OdbcDatabase::S
     if (!source.boundsStatements) statementSeconds_ = settings.statementTimeout.count();
     SQLSetConnectAttr(logOn_.get(), SQL_ATTR_LOGIN_TIMEOUT,
                       attribute(static_cast<std::uintptr_t>(settings.connectTimeout.count())), 0);
+    if (settings.isReadOnly)
+        SQLSetConnectAttr(logOn_.get(), SQL_ATTR_ACCESS_MODE, attribute(SQL_MODE_READ_ONLY), 0);
     form_ = source.form;
     try {
         logOn(source.connectString);
@@ -76,6 +84,7 @@ OdbcSession::OdbcSession(const std::string& connectString, const OdbcDatabase::S
         throw RuntimeError(error.number(), text);
     }
     form_ = driversForm();
+    if (settings.isReadOnly) makeReadOnly();
 }
 
 void OdbcSession::logOn(const std::string& connectString) {
@@ -114,14 +123,35 @@ void OdbcSession::close() {
     SQLDisconnect(logOn_.get());
 }
 
-std::string OdbcSession::database() const {
-    std::u16string name(256, u'\0');
+std::string OdbcSession::information(SQLUSMALLINT what) const {
+    std::u16string text(256, u'\0');
     SQLSMALLINT bytes = 0;
-    const auto room = static_cast<SQLSMALLINT>(name.size() * sizeof(char16_t));
-    if (!SQL_SUCCEEDED(SQLGetInfoW(logOn_.get(), SQL_DATABASE_NAME, name.data(), room, &bytes)))
-        return {};
-    name.resize(std::min(name.size(), name.find(u'\0')));
-    return utf8FromUtf16(name);
+    const auto room = static_cast<SQLSMALLINT>(text.size() * sizeof(char16_t));
+    if (!SQL_SUCCEEDED(SQLGetInfoW(logOn_.get(), what, text.data(), room, &bytes))) return {};
+    text.resize(std::min(text.size(), text.find(u'\0')));
+    return utf8FromUtf16(text);
+}
+
+std::string OdbcSession::database() const {
+    return information(SQL_DATABASE_NAME);
+}
+
+// ODBC has an attribute for this, of which none of these drivers tells its server.
+void OdbcSession::makeReadOnly() {
+    constexpr struct {
+        std::string_view server, statement;
+    } Statements[] = {
+        {"POSTGRES", "SET SESSION CHARACTERISTICS AS TRANSACTION READ ONLY"},
+        {"MARIADB", "SET SESSION TRANSACTION READ ONLY"},
+        {"MYSQL", "SET SESSION TRANSACTION READ ONLY"},
+        {"SQLITE", "PRAGMA query_only = ON"},
+    };
+    const std::string name = upperCase(information(SQL_DBMS_NAME));
+    for (const auto& [server, statement] : Statements) {
+        if (name.find(server) == std::string::npos) continue;
+        free(execute(std::string(statement)));
+        return;
+    }
 }
 
 void OdbcSession::setAutoCommit(bool on) {
@@ -206,6 +236,7 @@ OdbcColumn OdbcSession::column(Statement statement, SQLUSMALLINT number) const {
     }
     const bool isWide = type == SQL_WCHAR || type == SQL_WVARCHAR || type == SQL_WLONGVARCHAR;
     column.fetchAs = isWide ? SQL_C_WCHAR : SQL_C_CHAR;
+    if (type == SQL_CHAR || type == SQL_WCHAR) column.fixedLength = size;
     return column;
 }
 

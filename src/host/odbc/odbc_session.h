@@ -3,6 +3,7 @@
 #include "host/odbc/odbc_database.h"
 #include "host/odbc/odbc_handles.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <list>
@@ -16,6 +17,10 @@ namespace headerdtc {
 struct OdbcColumn {
     std::string name;
     SQLSMALLINT fetchAs;
+    std::size_t fixedLength = 0;  // characters to which every text is filled up; 0: none is
+
+    // A value of it without the blanks that fill it up.
+    std::string unfilled(std::string value) const;
 };
 
 // A value bound to a mark ("?") of a statement; text is UTF-8.
@@ -59,6 +64,8 @@ class OdbcSession {
   private:
     void logOn(const std::string& connectString);
     OdbcText driversForm() const;
+    std::string information(SQLUSMALLINT what) const;
+    void makeReadOnly();
     OdbcColumn column(Statement statement, SQLUSMALLINT number) const;
     template <class Char>
     std::basic_string<Char> read(Statement statement, int column, SQLSMALLINT type) const;

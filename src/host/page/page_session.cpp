@@ -142,6 +142,14 @@ std::optional<SaveDoubt> lossDoubt(const std::vector<StoredLoss>& losses) {
     return SaveDoubt{SaveDoubt::Kind::Loss, std::move(reason), losses};
 }
 
+// A look into a row leaves the button of the script dialog there, and nothing else.
+bool isSameQuery(StoredProperties now, StoredProperties before) {
+    for (StoredProperties* properties : {&now, &before})
+        std::erase_if(*properties,
+                      [](const auto& property) { return isScriptButton(property.first); });
+    return now == before;
+}
+
 }  // namespace
 
 struct OpenControl::Parts {
@@ -217,7 +225,7 @@ StoredProperties OpenControl::propertiesToStore() {
     const StoredProperties& before = parts_->span.properties;
     if (parts_->isUntouched) return before;
     StoredProperties now = parts_->propertiesThatCount();
-    if (now == parts_->asLoaded) return before;
+    if (isSameQuery(now, parts_->asLoaded)) return before;
     const auto remaining = remainingLosses(parts_->losses, now);
     StoredProperties kept = withLosses(std::move(now), remaining);
     std::copy_if(before.begin(), before.end(), std::back_inserter(kept),

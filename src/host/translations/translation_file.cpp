@@ -2,6 +2,7 @@
 
 #include "host/files/file_error.h"
 #include "host/translations/csv.h"
+#include "host/translations/spreadsheet_text.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -26,13 +27,21 @@ std::string stateOf(const TranslationTable::Entry& entry, const std::vector<std:
     return state;
 }
 
-std::map<std::string, std::string> statesIn(std::string_view state) {
+bool isFingerprint(std::string_view text) {
+    return text == NoText || (text.size() == 8 &&
+                              text.find_first_not_of("0123456789abcdef") == std::string_view::npos);
+}
+
+std::optional<std::map<std::string, std::string>> statesIn(std::string_view state) {
     std::map<std::string, std::string> states;
     for (const std::string_view each : splitText(trimBlanks(state), " ")) {
-        const auto colon = each.find(':');
-        if (colon != std::string_view::npos)
-            states.emplace(each.substr(0, colon), each.substr(colon + 1));
+        const auto colon = std::min(each.find(':'), each.size());
+        const std::string locale = localeNumber(each.substr(0, colon));
+        const std::string_view fingerprint = each.substr(std::min(colon + 1, each.size()));
+        if (locale.empty() || !isFingerprint(fingerprint)) return std::nullopt;
+        states.emplace(locale, fingerprint);
     }
+    if (!states.contains(SourceLocale)) return std::nullopt;
     return states;
 }
 
@@ -93,7 +102,7 @@ TranslationFile::Row rowOf(const CsvRecord& record, const std::vector<Column>& c
         const std::string& cell = record.cells[i];
         switch (columns[i].is) {
             case Column::Is::Key:
-                row.label = trimBlanks(cell);
+                row.label = cell;
                 break;
             case Column::Is::Source:
                 row.source = cell;
@@ -176,15 +185,15 @@ std::string exportTranslations(const TranslationTable& table, const ExportOption
             std::any_of(options.locales.begin(), options.locales.end(),
                         [&entry = entry](const auto& locale) { return !entry.text(locale); });
         if (options.onlyGaps && !hasGap) continue;
-        std::vector<std::string> cells{label, *source};
+        std::vector<std::string> cells{cellOfText(label), cellOfText(*source)};
         for (const std::string& locale : options.locales) {
             const std::string* translated = entry.text(locale);
-            cells.push_back(translated ? *translated : "");
+            cells.push_back(translated ? cellOfText(*translated) : "");
         }
         std::string comment;
         for (const std::string& place : entry.places)
             comment += (comment.empty() ? "" : "; ") + place;
-        cells.push_back(std::move(comment));
+        cells.push_back(cellOfText(comment));
         cells.push_back(stateOf(entry, options.locales));
         text += csvRecord(cells);
     }

@@ -19,10 +19,13 @@ struct TranslationFile {
         int line = 0;  // in the file, from 1
         // It has more in it than there are columns: a text that has the separator is not in quotes.
         bool overflows = false;
+        // Cells, as they are in the file; see textOfCell().
         std::string label;
         std::optional<std::string> source;
-        std::map<std::string, std::string> texts;   // by locale
-        std::map<std::string, std::string> states;  // fingerprints at the time of the export
+        std::map<std::string, std::string> texts;  // by locale
+        // Fingerprints at the time of the export, by locale; nothing when there are none or they
+        // are damaged.
+        std::optional<std::map<std::string, std::string>> states;
     };
 
     std::vector<std::string> locales;  // of its columns, in their order

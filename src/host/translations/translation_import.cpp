@@ -1,12 +1,15 @@
 #include "host/translations/translation_import.h"
 
+#include "host/files/file_error.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/odbc/odbc_metadata.h"
+#include "host/translations/spreadsheet_text.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <map>
 
 namespace headerdtc {
@@ -31,12 +34,29 @@ std::string withLineEndsOf(std::string_view model, const std::string& text) {
                : replaceAll(withLineFeeds(text), "\n", "\r\n");
 }
 
+// A cell that still has the text of which it was exported: by the mark of today's files or, in
+// older ones, without it, and with whatever line ends a spreadsheet has given it.
+bool isOfFingerprint(const std::string& cell, const std::string& fingerprint) {
+    for (const std::string& text : {textOfCell(cell), cell}) {
+        const std::string lines = withLineFeeds(text);
+        for (const std::string& each : {text, lines, replaceAll(lines, "\n", "\r\n")})
+            if (textFingerprint(&each) == fingerprint) return true;
+    }
+    return false;
+}
+
+constexpr const char* DamagedState =
+    "its state is empty or damaged, so that nobody can tell what was changed in the database since "
+    "the export; take the cell over from the export";
+
 class Planner {
   public:
     Planner(const TranslationFile& file, const TranslationTable& table, long longest)
         : file_(file), table_(table), longest_(longest) {
+        for (const auto& [label, entry] : table.entries)
+            trimmed_.emplace(trimBlanks(label), &label);
         for (const Row& row : file.rows)
-            ++occurrences_[row.label];
+            ++occurrences_[labelOf(row)];
     }
 
     std::vector<ImportStep> plan() {
@@ -49,24 +69,55 @@ class Planner {
     }
 
   private:
+    // The label of the database that a row means: exactly that, or the only one that has other
+    // blanks at its ends, which spreadsheets and older exports take away. Without one, the cell's.
+    std::string labelOf(const Row& row) const {
+        const std::string label = textOfCell(row.label);
+        for (const std::string& each : {label, row.label})
+            if (table_.entries.contains(each)) return each;
+        const auto [first, last] = trimmed_.equal_range(trimBlanks(label));
+        return first != last && std::next(first) == last ? *first->second : label;
+    }
+
     void refuse(const Row& row, const std::string& locale, const std::string& reason) {
-        steps_.push_back({row.line, row.label, locale, Action::Refuse, "", "", reason});
+        steps_.push_back({row.line, label_, locale, Action::Refuse, "", "", reason});
+    }
+
+    // The mark of a text at the time of the export; nullptr where none is known.
+    static const std::string* stateOf(const Row& row, const std::string& locale) {
+        if (!row.states) return nullptr;
+        const auto found = row.states->find(locale);
+        return found == row.states->end() ? nullptr : &found->second;
+    }
+
+    bool isEdited(const Row& row, const std::string& locale, const std::string& cell) const {
+        const std::string* now = entry_->text(locale);
+        if (now &&
+            (isSameText(textOfCell(cell), *now) || (!file_.hasStates && isSameText(cell, *now))))
+            return false;
+        const std::string* state = stateOf(row, locale);
+        return !state || !isOfFingerprint(cell, *state);
+    }
+
+    bool wasChanged(const Row& row, const std::string& locale) const {
+        const std::string* state = stateOf(row, locale);
+        return state && *state != textFingerprint(entry_->text(locale));
     }
 
     // Whether the cells of a row are to be looked at.
     bool planRow(const Row& row) {
+        label_ = labelOf(row);
         if (const std::string reason = rowRefusal(row); !reason.empty()) {
             refuse(row, "", reason);
             return false;
         }
-        entry_ = &table_.entries.at(row.label);
-        sourceChanged_ = wasChanged(row, SourceLocale);
-        const std::string& source = *entry_->text(SourceLocale);
-        if (row.source && !isSameText(*row.source, source) && !sourceChanged_)
-            refuse(
-                row, SourceLocale,
-                "its source was edited, or taken for a number by the spreadsheet; the page editor "
-                "changes sources, not an import");
+        entry_ = &table_.entries.at(label_);
+        if (row.source && isEdited(row, SourceLocale, *row.source))
+            refuse(row, SourceLocale,
+                   file_.hasStates && !row.states
+                       ? DamagedState
+                       : "its source was edited, or taken for a number by the spreadsheet; the "
+                         "page editor changes sources, not an import");
         return true;
     }
 
@@ -74,40 +125,35 @@ class Planner {
         if (row.overflows)
             return "it has more cells than the first line; put a text with a comma into quotation "
                    "marks";
-        if (row.label.empty()) return "it has no key";
-        if (occurrences_.at(row.label) > 1) return "its key is in the file more than once";
-        const auto found = table_.entries.find(row.label);
+        const auto found = table_.entries.find(label_);
         const bool isKnown = found != table_.entries.end() && found->second.text(SourceLocale);
+        if (trimBlanks(label_).empty() && !isKnown) return "it has no key";
+        if (occurrences_.at(label_) > 1) return "its key is in the file more than once";
         return isKnown ? "" : "the database has no such label";
-    }
-
-    bool wasChanged(const Row& row, const std::string& locale) const {
-        const auto state = row.states.find(locale);
-        return state != row.states.end() && state->second != textFingerprint(entry_->text(locale));
     }
 
     void planCell(const Row& row, const std::string& locale) {
         const auto cell = row.texts.find(locale);
         const std::string* now = entry_->text(locale);
-        ImportStep step{row.line, row.label, locale, Action::None, now ? *now : "", "", ""};
-        const std::string& source = *entry_->text(SourceLocale);
-        step.after = cell == row.texts.end() || trimBlanks(cell->second).empty()
-                         ? ""
-                         : withLineEndsOf(source, cell->second);
-        if (step.after.empty() || isSameText(step.after, step.before)) {
-            step.after = step.before;
-            steps_.push_back(std::move(step));
-            return;
+        ImportStep step{row.line, label_, locale, Action::None, now ? *now : "", "", ""};
+        step.after = step.before;
+        const bool isEmpty = cell == row.texts.end() || trimBlanks(cell->second).empty();
+        if (!isEmpty && isEdited(row, locale, cell->second)) {
+            step.after = withLineEndsOf(*entry_->text(SourceLocale), textOfCell(cell->second));
+            const std::string reason = refusal(row, locale, step.after);
+            if (!reason.empty()) return refuse(row, locale, reason);
+            step.action = entry_->texts.contains(locale) ? Action::Change : Action::Add;
         }
-        const std::string reason = refusal(row, locale, step.after);
-        if (!reason.empty()) return refuse(row, locale, reason);
-        step.action = entry_->texts.contains(locale) ? Action::Change : Action::Add;
         steps_.push_back(std::move(step));
     }
 
     std::string refusal(const Row& row, const std::string& locale, const std::string& text) const {
-        if (sourceChanged_) return "its source was changed in the database since the export";
+        if (file_.hasStates && !row.states) return DamagedState;
+        if (wasChanged(row, SourceLocale))
+            return "its source was changed in the database since the export";
         if (wasChanged(row, locale)) return "it was changed in the database since the export";
+        if (file_.hasStates && !stateOf(row, locale) && entry_->text(locale))
+            return "the database has a text there, and the column \"state\" does not know it";
         const auto& repeated = entry_->repeated;
         if (std::find(repeated.begin(), repeated.end(), locale) != repeated.end())
             return "the database has several texts there";
@@ -122,11 +168,13 @@ class Planner {
     const TranslationFile& file_;
     const TranslationTable& table_;
     long longest_;
-    std::map<std::string, int> occurrences_;
+    std::multimap<std::string, const std::string*, std::less<>>
+        trimmed_;                             // labels by what is within blanks
+    std::map<std::string, int> occurrences_;  // of labels in the file
     std::vector<ImportStep> steps_;
     // Of the row in hand:
+    std::string label_;
     const TranslationTable::Entry* entry_ = nullptr;
-    bool sourceChanged_ = false;
 };
 
 std::int32_t numberOf(const std::string& locale) {
@@ -157,10 +205,8 @@ void apply(OdbcSession& session, const ImportStep& step, const std::string& toda
                              ? execute(session, AddText, {step.label, step.after, locale, today})
                              : execute(session, step.before.empty() ? FillText : ChangeText,
                                        {step.after, today, step.label, locale, step.before});
-    if (count == 1) return;
-    throw RuntimeError(ErrorNumber::DeviceIoError, "the text of " + step.label + " in " +
-                                                       step.locale +
-                                                       " was changed in the database meanwhile");
+    if (count != 1)
+        throw RuntimeError(ErrorNumber::DeviceIoError, "it was changed in the database meanwhile");
 }
 
 }  // namespace
@@ -181,11 +227,17 @@ long longestText(OdbcConnection& connection) {
     return 0;
 }
 
-void applyImport(OdbcConnection& connection, const std::vector<ImportStep>& plan,
-                 const std::string& today) {
+void applyImport(OdbcConnection& connection, const std::string& file,
+                 const std::vector<ImportStep>& plan, const std::string& today) {
     for (const ImportStep& step : plan) {
-        if (step.action == Action::Add || step.action == Action::Change)
+        if (step.action != Action::Add && step.action != Action::Change) continue;
+        try {
             apply(connection.session(), step, today);
+        } catch (const RuntimeError& error) {
+            throw FileError(file, step.line, 0,
+                            step.label + " " + step.locale + ": " + error.description() +
+                                "; nothing was written");
+        }
     }
 }
 

@@ -1,74 +1,59 @@
 #include "host/translations/translation_rows.h"
 
+#include "host/odbc/odbc_session.h"
+
 namespace headerdtc {
 namespace {
 
 constexpr int Unspecified = -1;
-constexpr std::int32_t TranslationDatabase = 8;
 
-std::string key(Recordset& row, const char* column) {
-    std::string text = row.Item(column).Value();
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
-}
-
-template <class Row, class Read>
-std::vector<Row> readAll(Connection& connection, const char* statement, Read&& read) {
+// The columns of a statement, in their order, go into these members.
+template <class Row>
+std::vector<Row> readAll(OdbcConnection& connection, const char* statement,
+                         std::initializer_list<std::string Row::*> members) {
     std::vector<Row> rows;
-    const auto result = connection.Execute(statement, nullptr, Unspecified);
-    for (; !result->EndOfFile(); result->MoveNext())
-        rows.push_back(read(*result));
+    OdbcSession& session = connection.session();
+    const auto result = session.execute(statement);
+    const auto columns = session.columns(result);
+    while (session.fetch(result)) {
+        Row& row = rows.emplace_back();
+        std::size_t index = 0;
+        for (const auto member : members) {
+            const OdbcColumn& column = columns.at(index);
+            row.*member =
+                column.unfilled(session.value(result, static_cast<int>(index), column.fetchAs));
+            ++index;
+        }
+    }
+    session.free(result);
     return rows;
 }
 
 }  // namespace
 
-std::unique_ptr<Connection> openTranslations(Database& database) {
-    auto connection = database.createConnection();
-    connection->ConnectionString(database.GetConnectString(TranslationDatabase));
-    connection->Open("", "", "", Unspecified);
+std::unique_ptr<OdbcConnection> openTranslations(const OdbcDatabase& database) {
+    auto connection = std::make_unique<OdbcConnection>(database.settings());
+    connection->Open(database.settings().connectString, "", "", Unspecified);
     return connection;
 }
 
-std::vector<TextRow> readTextRows(Connection& connection) {
-    return readAll<TextRow>(connection, "SELECT LABEL, TEXT, LOCALEID FROM I18NTEXT",
-                            [](Recordset& row) {
-                                // Read in the order of the columns, which not every driver gives
-                                // otherwise.
-                                TextRow result;
-                                result.label = key(row, "LABEL");
-                                result.text = row.Item("TEXT").Value();
-                                result.locale = key(row, "LOCALEID");
-                                return result;
-                            });
+std::vector<TextRow> readTextRows(OdbcConnection& connection) {
+    return readAll(connection, "SELECT LABEL, TEXT, LOCALEID FROM I18NTEXT",
+                   {&TextRow::label, &TextRow::text, &TextRow::locale});
 }
 
-std::vector<FieldNameRow> readFieldNameRows(Connection& connection) {
-    return readAll<FieldNameRow>(
-        connection, "SELECT PROVIDERNAME, BISTYPE, FIELDNAME, LABEL FROM I18NFIELDNAMES",
-        [](Recordset& row) {
-            FieldNameRow result;
-            result.provider = key(row, "PROVIDERNAME");
-            result.family = key(row, "BISTYPE");
-            result.field = key(row, "FIELDNAME");
-            result.label = key(row, "LABEL");
-            return result;
-        });
+std::vector<FieldNameRow> readFieldNameRows(OdbcConnection& connection) {
+    return readAll(connection, "SELECT PROVIDERNAME, BISTYPE, FIELDNAME, LABEL FROM I18NFIELDNAMES",
+                   {&FieldNameRow::provider, &FieldNameRow::family, &FieldNameRow::field,
+                    &FieldNameRow::label});
 }
 
-std::vector<FieldValueRow> readFieldValueRows(Connection& connection) {
-    return readAll<FieldValueRow>(
+std::vector<FieldValueRow> readFieldValueRows(OdbcConnection& connection) {
+    return readAll(
         connection,
         "SELECT PROVIDERNAME, BISTYPE, FIELDNAME, FIELDVALUE, LABEL FROM I18NFIELDVALUES",
-        [](Recordset& row) {
-            FieldValueRow result;
-            result.provider = key(row, "PROVIDERNAME");
-            result.family = key(row, "BISTYPE");
-            result.field = key(row, "FIELDNAME");
-            result.value = row.Item("FIELDVALUE").Value();
-            result.label = key(row, "LABEL");
-            return result;
-        });
+        {&FieldValueRow::provider, &FieldValueRow::family, &FieldValueRow::field,
+         &FieldValueRow::value, &FieldValueRow::label});
 }
 
 }  // namespace headerdtc

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/database.h"
+#include "host/odbc/odbc_connection.h"
 
 #include <memory>
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace headerdtc {
 
-// The rows of the translation tables, as tools that look at all of them read them. Key columns come
-// without the blanks with which some databases fill them up.
+// The rows of the translation tables, as tools that look at all of them read them. Texts come
+// without the blanks with which a database fills up a column of fixed length; others are kept.
 
 struct TextRow {
     std::string label;
@@ -36,12 +36,12 @@ struct FieldValueRow {
 inline constexpr const char* SourceLocale = "1033";
 
 // A connection to the translation database of a site. Raises what the database raises.
-std::unique_ptr<Connection> openTranslations(Database& database);
+std::unique_ptr<OdbcConnection> openTranslations(const OdbcDatabase& database);
 
 // All rows of a table, in the database's order. Whoever wants some of them picks them out: no value
 // becomes part of a statement.
-std::vector<TextRow> readTextRows(Connection& connection);
-std::vector<FieldNameRow> readFieldNameRows(Connection& connection);
-std::vector<FieldValueRow> readFieldValueRows(Connection& connection);
+std::vector<TextRow> readTextRows(OdbcConnection& connection);
+std::vector<FieldNameRow> readFieldNameRows(OdbcConnection& connection);
+std::vector<FieldValueRow> readFieldValueRows(OdbcConnection& connection);
 
 }  // namespace headerdtc

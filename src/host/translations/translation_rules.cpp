@@ -162,6 +162,8 @@ class FaultFinder {
     std::vector<TranslationFault> find(const TranslationTable& table) {
         for (const auto& [label, entry] : table.entries)
             look(label, entry);
+        for (const std::string& place : table.unlabelled)
+            faults_.push_back({"empty-label", "", "", place + " is translated by an empty label"});
         return std::move(faults_);
     }
 

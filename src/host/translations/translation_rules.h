@@ -33,6 +33,7 @@ inline constexpr struct {
     std::string_view id, summary;
 } TranslationTableRules[] = {
     {"unknown-label", "a field is translated by a label that has no text at all"},
+    {"empty-label", "a field is translated by an empty label"},
     {"missing-source", "a label has texts, but none to translate from (1033)"},
     {"repeated-text", "a label has several texts in one language"},
     {"missing", "a label has no text in a language"},

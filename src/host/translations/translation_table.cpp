@@ -1,5 +1,7 @@
 #include "host/translations/translation_table.h"
 
+#include "platform/text.h"
+
 #include <algorithm>
 #include <set>
 
@@ -32,19 +34,20 @@ TranslationTable TranslationTable::gather(const std::vector<TextRow>& texts,
         if (!entry.texts.emplace(row.locale, row.text).second) entry.repeated.push_back(row.locale);
         if (row.locale != SourceLocale && !row.text.empty()) locales.insert(row.locale);
     }
-    for (const FieldNameRow& row : names) {
-        if (!row.label.empty()) table.entries[row.label].places.push_back(placeOf(row));
-    }
-    for (const FieldValueRow& row : values) {
-        if (!row.label.empty())
-            table.entries[row.label].places.push_back(placeOf(row) + " = " + row.value);
-    }
+    const auto addPlace = [&](const std::string& label, const std::string& place) {
+        const bool isEmpty = trimBlanks(label).empty();
+        (isEmpty ? table.unlabelled : table.entries[label].places).push_back(place);
+    };
+    for (const FieldNameRow& row : names)
+        addPlace(row.label, placeOf(row));
+    for (const FieldValueRow& row : values)
+        addPlace(row.label, placeOf(row) + " = " + row.value);
     table.locales.assign(locales.begin(), locales.end());
     std::sort(table.locales.begin(), table.locales.end(), localeLess);
     return table;
 }
 
-TranslationTable TranslationTable::read(Connection& connection) {
+TranslationTable TranslationTable::read(OdbcConnection& connection) {
     return gather(readTextRows(connection), readFieldNameRows(connection),
                   readFieldValueRows(connection));
 }

@@ -20,13 +20,14 @@ struct TranslationTable {
     };
 
     std::map<std::string, Entry> entries;  // by label; also of labels that only a field names
+    std::vector<std::string> unlabelled;   // places whose label is empty
     std::vector<std::string> locales;      // that have a text, by number, the source's left out
 
     static TranslationTable gather(const std::vector<TextRow>& texts,
                                    const std::vector<FieldNameRow>& names,
                                    const std::vector<FieldValueRow>& values);
     // Of a whole database. Raises what the database raises.
-    static TranslationTable read(Connection& connection);
+    static TranslationTable read(OdbcConnection& connection);
 };
 
 // Locales sort as numbers.

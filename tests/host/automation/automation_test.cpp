@@ -143,7 +143,8 @@ TEST_F(AutomationTest, SavesLikeGenerateWithTheSameGuards) {
     site.write("page.asp", TempSite::page(TempSite::param("DataProvider", "Gone")));
     const auto refused = converse({R"({"do":"save"})"});
     EXPECT_EQ(refused[1]["ok"], false);
-    EXPECT_THAT(refused[1]["error"].get<std::string>(), HasSubstr("\"Gone\" is not in the catalogue"));
+    EXPECT_THAT(refused[1]["error"].get<std::string>(),
+                HasSubstr("\"Gone\" is not in the catalogue"));
     EXPECT_EQ(site.read("page.asp"), TempSite::page(TempSite::param("DataProvider", "Gone")));
     // Until the author has dealt with it.
     const auto mended = converse(

@@ -120,6 +120,12 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     EXPECT_THAT(look("tables"), StartsWith("skipped: "));
     EXPECT_FALSE(site.has("texts.sqlite"));
 
+    site.write("odbc.ini", "[Harbour]\nDriver = SQLite3\nDatabas = texts.sqlite\n");
+    configure("DSN=Harbour;PWD=hush");
+    EXPECT_THAT(look("data source"),
+                AllOf(StartsWith("broken: "), HasSubstr("odbc.ini:1 has no Database"),
+                      HasSubstr("is Databas in line 3 meant")));
+
     configure("DRIVER={No Such Driver};PWD=hush");
     EXPECT_THAT(look("driver"), StartsWith("broken: the driver \"No Such Driver\""));
     site.write("odbc.ini", "[Harbour]\nDriver = PostgreSQL Nonsense\n");

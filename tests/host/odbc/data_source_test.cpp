@@ -1,3 +1,4 @@
+#include "host/failures.h"
 #include "host/odbc/odbc_data_source.h"
 #include "platform/runtime_error.h"
 #include "translation_database.h"
@@ -85,27 +86,85 @@ TEST_F(SitesDataSource, ItsDatabaseIsAFileOfTheSiteOnlyForADriverOfFiles) {
 TEST_F(SitesDataSource, WhatIsMissingIsSaidWithItsFile) {
     EXPECT_THAT(failureOf([&] { connectString("DSN=Orvane"); }, 53),
                 HasSubstr(settings.odbcIni.string()));
-    ini("[Orvane]\nDatabase = x\n[Lost]\nDriver = SQLite3\nDatabase = lost.sqlite\n");
+    ini("[Orvane]\nDatabase = x\n");
     EXPECT_THAT(failureOf([&] { connectString("DSN=Nowhere;PWD=geheim"); }, 0),
                 AllOf(HasSubstr("Data source name not found"), HasSubstr("[Nowhere]"),
                       HasSubstr(settings.odbcIni.string())));
     EXPECT_THAT(failureOf([&] { connectString("UID=a"); }, 0), HasSubstr("[DEFAULT]"));
     EXPECT_THAT(failureOf([&] { connectString("DSN=Orvane"); }, 0), HasSubstr("names no Driver"));
-    EXPECT_THAT(failureOf([&] { connectString("DSN=Lost"); }, 53),
-                AllOf(HasSubstr((folder / "lost.sqlite").string()), HasSubstr("[Lost]")));
+}
+
+// The driver would make a file of that name, or of the whole connect string's.
+TEST_F(SitesDataSource, OfFilesNeedsOneThatIsThereWhereverItIsDescribed) {
+    const std::string file = folder.write("t.sqlite", "").string();
+    const std::string own = folder.write("own.ini", "").string();
+    setenv("ODBCINI", own.c_str(), 1);
+    const std::string missing = (folder / "lost.sqlite").string();
+    const struct {
+        std::string lines, connectString, failure;
+    } cases[] = {
+        {"Databas = t.sqlite", "",
+         "odbc.ini:1 has no Database, the path of SQLite's file; is "
+         "Databas in line 3 meant for it?"},
+        {"DB = t.sqlite", "", "odbc.ini:1 has no Database"},
+        {"Database =", "", "odbc.ini:1 has no Database"},
+        {"\nDATABASE = lost.sqlite", "", missing + ", the Database of [Lite"},
+        {"\nDATABASE = lost.sqlite", "", "odbc.ini:4"},
+        {"Database = .", "", "File not found"},
+        {"Database = file:" + missing + "?mode=rwc", "", missing},
+        {"Database = t.sqlite", "DSN=Lite8;Database=" + missing,
+         "the Database of the connect string"},
+        {"", "DRIVER=SQLite3;DB=" + file, "the connect string has no Database"},
+        {"", "DRIVER=SQLite3;Database={a;b}", "/a;b, the Database of the connect string"},
+    };
+    int number = 0;
+    for (const auto& each : cases) {
+        // Names of their own: ODBC remembers what it has read in its own files.
+        const std::string name = "Lite" + std::to_string(++number);
+        const std::string section = "[" + name + "]\nDriver = SQLite3\n" + each.lines + "\n";
+        ini(section);
+        folder.write("own.ini", section);
+        const std::string text = each.connectString.empty() ? "DSN=" + name : each.connectString;
+        settings.odbcIni = folder / "odbc.ini";
+        const std::string asSites = testing::errorOf<RuntimeError>([&] { connectString(text); });
+        EXPECT_THAT(asSites, HasSubstr(each.failure)) << each.lines;
+        settings.odbcIni.clear();
+        const std::string asOwn = testing::errorOf<RuntimeError>([&] { connectString(text); });
+        EXPECT_THAT(asOwn, HasSubstr(each.connectString.empty() ? "own.ini:" : each.failure))
+            << each.lines;
+    }
+    EXPECT_EQ(connectString("Driver=SQLite3; dataBase = {" + file + "}"),
+              "Driver=SQLite3;Database=" + file + ";Timeout=30000");
+    unsetenv("ODBCINI");
+}
+
+// Its driver manager would end the program.
+TEST_F(SitesDataSource, WhatIsLongerThanOdbcTakesIsRefusedWithItsLine) {
+    const std::string longest(1000, 'x'), longer(1001, 'x');
+    ini("[A]\nDriver = " + longest + "\n[B]\n\nDriver = " + longer + "\n[C]\nDriver = x\n" +
+        longer + " = 1\n[" + longer + "]\nDriver = x\n");
+    EXPECT_EQ(connectString("DSN=A"), "DRIVER=" + longest);
+    EXPECT_THAT(failureOf([&] { connectString("DSN=B"); }, 380),
+                HasSubstr("odbc.ini:5: the value of Driver has 1001 characters; ODBC takes 1000"));
+    EXPECT_THAT(failureOf([&] { connectString("DSN=C"); }, 380), HasSubstr("odbc.ini:8: a key"));
+    for (const std::string& text :
+         {"DSN=" + longer, "DRIVER=" + longer, "DRIVER=x;" + longer + "=1"})
+        EXPECT_THAT(failureOf([&] { connectString(text); }, 380),
+                    HasSubstr("in the connect string"));
 }
 
 TEST_F(SitesDataSource, ADriverIsToldWhatItNeedsUnlessTheAuthorHas) {
     settings.connectTimeout = std::chrono::seconds(3);
     settings.statementTimeout = std::chrono::seconds(7);
     ini("[Maria]\nDriver = /x/libmaodbc.so\nREAD_TIMEOUT = 5\n"
-        "[Lite]\nDriver = /x/libsqlite3odbc.so\n"
+        "[Lite]\nDriver = /x/libsqlite3odbc.so\nDatabase = :memory:\n"
         "[Postgres]\nDriver = /x/psqlodbcw.so\n");
     EXPECT_EQ(connectString("DSN=Maria;conn_timeout=9"),
               "conn_timeout=9;DRIVER=/x/libmaodbc.so;READ_TIMEOUT=5;WRITE_TIMEOUT=7;OPTION=2");
     EXPECT_EQ(connectString("DSN=Maria;conn_timeout=9;WRITE_TIMEOUT=1;Options=6"),
               "conn_timeout=9;WRITE_TIMEOUT=1;Options=6;DRIVER=/x/libmaodbc.so;READ_TIMEOUT=5");
-    EXPECT_EQ(connectString("DSN=Lite"), "DRIVER=/x/libsqlite3odbc.so;Timeout=7000");
+    EXPECT_EQ(connectString("DSN=Lite"),
+              "DRIVER=/x/libsqlite3odbc.so;Database=:memory:;Timeout=7000");
     EXPECT_EQ(connectString("DSN=Postgres"), "DRIVER=/x/psqlodbcw.so");
     EXPECT_TRUE(findDataSource("DSN=Lite", settings).boundsStatements);
     EXPECT_FALSE(findDataSource("DSN=Postgres", settings).boundsStatements);

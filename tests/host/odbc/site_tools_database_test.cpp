@@ -2,9 +2,13 @@
 // catalogue functions, an import of translations.
 
 #include "host/catalogue_import/database_tables.h"
+#include "host/failures.h"
+#include "host/files/file_error.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/odbc/odbc_metadata.h"
+#include "host/odbc/reading_database.h"
 #include "host/translations/translation_import.h"
+#include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "translation_database.h"
 
@@ -14,6 +18,7 @@ namespace headerdtc {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 using Action = ImportStep::Action;
@@ -117,6 +122,55 @@ TEST_F(SiteTools, TablesOfOneNameHaveToBeToldApart) {
     database.run("DROP SCHEMA quays CASCADE");
 }
 
+// The control's own question, with what pages store and authors type in the place of the label.
+TEST_F(SiteTools, AReplayAsksAndNeverWritesWhateverTheNamesAre) {
+    database.runFile("rows.sql");
+    auto settings = database.settings;
+    if (database.kind == "mariadb")
+        settings.connectString += ";OPTION=67108866";  // many statements
+    const auto before = TranslationTable::read(connection).entries.size();
+    ReadingDatabase reading(settings);
+    const auto ask = [&](const std::string& statement) {
+        reading.refused = false;
+        const auto asking = reading.createConnection();
+        asking->Open(settings.connectString, "", "", -1);
+        try {
+            asking->Execute(statement, nullptr, -1);
+        } catch (const RuntimeError&) {
+            return reading.refused ? "refused" : "failed";
+        }
+        return "asked";
+    };
+    const auto labelled = [](const std::string& label) {
+        return "SELECT TEXT FROM I18NTEXT WHERE LOCALEID = 1033 AND LABEL = '" + label + "'";
+    };
+    for (const char* label :
+         {"SLBDA2000", "A;B", "a -- b; /* c", "x'' OR LABEL = ''into;", "x' OR '1' = '1"})
+        EXPECT_STREQ(ask(labelled(label)), "asked") << label;
+    EXPECT_STREQ(ask(labelled("O'Neill")), "failed");
+    for (const char* label :
+         {"x'; DELETE FROM I18NTEXT; --", "x';DELETE FROM I18NTEXT",
+          "\\'; DELETE FROM I18NTEXT; -- ", "x' OR \"'\" = ' ; DELETE FROM I18NTEXT; --",
+          "x' /* ' */; DELETE FROM I18NTEXT -- '", "x' OR $$'$$ = '; DELETE FROM I18NTEXT; --",
+          "x' # '\n; DELETE FROM I18NTEXT -- '", "x' OR `'` = '; DELETE FROM I18NTEXT; --",
+          "x' -- '\n; DELETE FROM I18NTEXT; -- '",
+          "x'; SET default_transaction_read_only = off; DELETE FROM I18NTEXT; --",
+          "x'; SET SESSION TRANSACTION READ WRITE; DELETE FROM I18NTEXT; -- ",
+          "x'; PRAGMA query_only = OFF; DELETE FROM I18NTEXT; --", "x' INTO OUTFILE '/tmp/x",
+          "x' FOR UPDATE; --"})
+        EXPECT_STREQ(ask(labelled(label)), "refused") << label;
+    for (const char* statement :
+         {"DELETE FROM I18NTEXT", " SELECT 1", "WITH a AS (SELECT 1) SELECT 2"})
+        EXPECT_STREQ(ask(statement), "refused") << statement;
+    EXPECT_EQ(TranslationTable::read(connection).entries.size(), before);
+
+    // The other wall by itself: the server's.
+    OdbcConnection session(reading.settings());
+    session.Open(settings.connectString, "", "", -1);
+    EXPECT_THROW(session.Execute("DELETE FROM I18NTEXT", nullptr, -1), RuntimeError);
+    EXPECT_EQ(TranslationTable::read(connection).entries.size(), before);
+}
+
 TEST_F(SiteTools, AnImportGivesExactlyTheEditedTexts) {
     database.runFile("rows.sql");
     const auto before = TranslationTable::read(connection);
@@ -127,7 +181,7 @@ TEST_F(SiteTools, AnImportGivesExactlyTheEditedTexts) {
                                              "SLBDA2003,Country,Land,\r\n");         // as it is
     connection.BeginTrans();
     const auto plan = planImport(file, TranslationTable::read(connection), 1000);
-    applyImport(connection, plan, "1/2/2024");
+    applyImport(connection, "edited.csv", plan, "1/2/2024");
     connection.CommitTrans();
 
     auto expected = before.entries;
@@ -143,6 +197,37 @@ TEST_F(SiteTools, AnImportGivesExactlyTheEditedTexts) {
         ElementsAre(ElementsAre("1/2/2024")));
 }
 
+// Blanks at the ends are part of a label, unless they only fill up its column.
+TEST_F(SiteTools, AnImportFindsLabelsAsTheyAreAndNamesTheLineThatTheDatabaseRefuses) {
+    database.run("INSERT INTO I18NTEXT (LABEL, TEXT, LOCALEID) VALUES (' Q ', 'Quay', 1033)");
+    const auto import = [&](const std::string& csv) {
+        const auto file = TranslationFile::parse("edited.csv", csv);
+        connection.BeginTrans();
+        applyImport(connection, "edited.csv",
+                    planImport(file, TranslationTable::read(connection), 0), "today");
+        connection.CommitTrans();
+    };
+    import(replaceAll(exportTranslations(TranslationTable::read(connection), {.locales =
+                                                                              { "1031" }}),
+                      "Quay,,", "Quay,Kai,"));
+    EXPECT_EQ(text(" Q ", "1031"), "Kai");
+
+    database.run("DROP TABLE I18NTEXT");
+    database.run(
+        "CREATE TABLE I18NTEXT (LABEL CHAR(20), TEXT VARCHAR(1000) NOT NULL, LOCALEID INTEGER, "
+        "DATECHANGED VARCHAR(20), STATUS INTEGER, CHECK (TEXT <> 'Dock'))");
+    database.run("INSERT INTO I18NTEXT (LABEL, TEXT, LOCALEID) VALUES ('Q', 'Quay', 1033)");
+    database.run("INSERT INTO I18NFIELDNAMES VALUES ('Ships', 'zeko', 'IMO', 'Q')");
+    EXPECT_THAT(TranslationTable::read(connection).entries.at("Q").places,
+                ElementsAre("Ships zeko IMO"));
+    import("key,1031\nQ,Kai\n");
+    import("key,1031\nQ,Pier\n");
+    EXPECT_THAT(database.rows("SELECT TEXT FROM I18NTEXT WHERE LOCALEID = 1031", {"TEXT"}),
+                ElementsAre(ElementsAre("Pier")));
+    EXPECT_THAT(testing::errorOf<FileError>([&] { import("key,1031\n\nQ,Dock\n"); }),
+                HasSubstr("edited.csv:3: Q 1031: "));
+}
+
 TEST_F(SiteTools, AnImportThatFindsAnotherTextIsUndoneWhole) {
     database.runFile("rows.sql");
     const auto file = TranslationFile::parse("edited.csv",
@@ -153,7 +238,9 @@ TEST_F(SiteTools, AnImportThatFindsAnotherTextIsUndoneWhole) {
         "UPDATE I18NTEXT SET TEXT = 'Order' WHERE LABEL = 'SLBDA2007' AND "
         "LOCALEID = 1031");
     connection.BeginTrans();
-    EXPECT_THROW(applyImport(connection, plan, "today"), RuntimeError);
+    EXPECT_THAT(
+        testing::errorOf<FileError>([&] { applyImport(connection, "edited.csv", plan, "today"); }),
+        HasSubstr("edited.csv:3: SLBDA2007 1031: "));
     connection.Close();
     EXPECT_EQ(text("SLBDA2000", "1031"), "Kunde");
     EXPECT_EQ(text("SLBDA2007", "1031"), "Order");

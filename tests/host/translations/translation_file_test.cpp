@@ -2,6 +2,8 @@
 
 #include "host/failures.h"
 #include "host/files/file_error.h"
+#include "host/translations/csv.h"
+#include "host/translations/spreadsheet_text.h"
 #include "host/translations/translation_import.h"
 #include "platform/text.h"
 
@@ -71,6 +73,36 @@ TEST(TranslationFile, TakesForAnEditNothingThatASpreadsheetDoes) {
     EXPECT_THAT(planned("key,01031\nL,Neu\n", texts), ElementsAre("2 L 1031 change Neu"));
 }
 
+TEST(TranslationFile, KeepsWhatASpreadsheetWouldTakeForSomethingElse) {
+    const std::vector<std::string> taken = {
+        "=1+1",  "+49 30", "-5",     "@x",    "007",        "1E5",      "1,000.50",
+        " 5",    "\t=A1",  "50%",    "12:30", "5 PM",       "1/2/2024", "2024-01-02T10:00Z",
+        "3 May", "Mai 24", "März 5", "€5",    "2. janvier", "5 €",      "1月2日",
+        "TRUE",  "falsch", "'=1+1",  "''007"};
+    const std::vector<std::string> plain = {"'",       "'s morgens", "'90s", "O'Neill", "Dock 7",
+                                            "7 docks", "H1",         "Mark", " two ",   ""};
+    for (const auto* texts : {&taken, &plain}) {
+        for (const std::string& text : *texts) {
+            const std::string cell = (texts == &taken ? "'" : "") + text;
+            EXPECT_EQ(cellOfText(text), cell);
+            EXPECT_EQ(textOfCell(cell), text);
+            const std::string label = text.empty() ? "L" : text;
+            const auto table = TranslationTable::gather(
+                {{label, text + "?", "1033"}, {label, text, "1031"}}, {}, {});
+            const std::string csv = exportTranslations(table, {.locales = {"1031"}});
+            EXPECT_THAT(planned(csv, table), IsEmpty()) << csv;
+            // As the version before wrote it.
+            const std::string state =
+                csv.substr(csv.rfind(',') + 1, csv.size() - csv.rfind(',') - 3);
+            const std::string older = csvRecord({"key", "source (1033)", "1031", "state"}) +
+                                      csvRecord({label, text + "?", text, state});
+            EXPECT_THAT(planned(older, table), IsEmpty()) << older;
+        }
+    }
+    EXPECT_THAT(planned("key,1031\nH1,'=2\nH2,'s morgens\n", harbourTexts()),
+                ElementsAre("2 H1 1031 change =2", "3 H2 1031 add 's morgens"));
+}
+
 TEST(TranslationFile, RefusesWhatCouldLoseSomething) {
     EXPECT_THAT(planned("key,1031\nH1,Boot, Kahn\n", harbourTexts()),
                 ElementsAre(HasSubstr("2 H1  refuse it has more cells than the first line")));
@@ -92,18 +124,53 @@ TEST(TranslationFile, RefusesWhatCouldLoseSomething) {
 }
 
 TEST(TranslationFile, SeesWhatWasChangedMeanwhile) {
-    std::string text = exportTranslations(harbourTexts(), {.locales = {"1031"}});
-    text = replaceAll(text, "H1,Ship,Schiff", "H1,Ship,Boot");
-    auto now = harbourTexts();
-    now.entries["H1"].texts["1031"] = "Kahn";
-    EXPECT_THAT(planned(text, now), ElementsAre("2 H1 1031 refuse it was changed in the database "
-                                                "since the export"));
-    now.entries["H1"].texts["1031"] = "Boot";  // to the same
-    EXPECT_THAT(planned(text, now), IsEmpty());
-    now = harbourTexts();
-    now.entries["H1"].texts["1033"] = "Vessel";
-    EXPECT_THAT(planned(text, now), ElementsAre("2 H1 1031 refuse its source was changed in the "
-                                                "database since the export"));
+    const std::string unedited = exportTranslations(harbourTexts(), {.locales = {"1031", "1036"}});
+    const std::string text = replaceAll(unedited, "H1,Ship,Schiff,", "H1,Ship,Boot,");
+    const auto now = [](const std::string& locale, const std::string& changed) {
+        auto table = harbourTexts();
+        table.entries["H1"].texts[locale] = changed;
+        return table;
+    };
+    EXPECT_THAT(planned(text, now("1031", "Kahn")),
+                ElementsAre("2 H1 1031 refuse it was changed in the database since the export"));
+    EXPECT_THAT(planned(text, now("1031", "Boot")), IsEmpty()) << "to the same";
+    EXPECT_THAT(planned(text, now("1036", "Navire")), ElementsAre("2 H1 1031 change Boot"));
+    EXPECT_THAT(planned(text, now("1033", "Vessel")),
+                ElementsAre("2 H1 1031 refuse its source was changed in the database since the "
+                            "export"));
+    for (const char* locale : {"1031", "1033", "1036"})
+        EXPECT_THAT(planned(unedited, now(locale, "Other")), IsEmpty()) << "nothing is edited";
+    EXPECT_THAT(planned(replaceAll(unedited, "H1,Ship", "H1,Sloop"), now("1033", "Vessel")),
+                ElementsAre(HasSubstr("2 H1 1033 refuse its source was edited")));
+
+    // A state that was emptied, cut off or taken for something else.
+    const auto begin = text.find("1033:"), end = text.find("\r\n", begin);
+    const std::string state = text.substr(begin, end - begin);
+    for (const std::string& damaged : {std::string(), std::string("x"), state.substr(0, 8),
+                                       state.substr(0, 20), state.substr(14), state + " 7"}) {
+        EXPECT_THAT(planned(replaceAll(text, state, damaged), now("1031", "Kahn")),
+                    ElementsAre(HasSubstr("2 H1 1031 refuse its state is empty or damaged")))
+            << damaged;
+        EXPECT_THAT(planned(replaceAll(unedited, state, damaged), harbourTexts()), IsEmpty());
+    }
+    EXPECT_THAT(planned(replaceAll(text, state, state.substr(0, 13)), harbourTexts()),
+                ElementsAre(HasSubstr("2 H1 1031 refuse the database has a text there")));
+}
+
+// Blanks at the ends belong to a label; exports of former versions lack them.
+TEST(TranslationFile, FindsLabelsWithBlanksAtTheirEnds) {
+    const auto texts = TranslationTable::gather({{" A ", "One", "1033"},
+                                                 {"B", "Two", "1033"},
+                                                 {"B ", "Three", "1033"},
+                                                 {"  ", "Four", "1033"}},
+                                                {}, {});
+    const std::string text = exportTranslations(texts, {.locales = {"1031"}});
+    EXPECT_THAT(
+        planned(replaceAll(replaceAll(text, "One,", "One,Eins"), "Four,", "Four,Vier"), texts),
+        ElementsAre("2    1031 add Vier", "3  A  1031 add Eins"));
+    EXPECT_THAT(planned("key,1031\nA,Eins\nB,Zwei\nB  ,Drei\n", texts),
+                ElementsAre("2  A  1031 add Eins", "3 B 1031 add Zwei",
+                            "4 B    refuse the database has no such label"));
 }
 
 TEST(TranslationFile, SaysWhatIsWrongWithItsColumns) {

@@ -41,19 +41,22 @@ TEST(TranslationRules, AreSilentWhereNothingIsWrong) {
 }
 
 TEST(TranslationRules, FindGapsAndRowsThatDoNotFit) {
-    const auto table = TranslationTable::gather({{"A", "One", "1033"},
-                                                 {"A", "Eins", "1031"},
-                                                 {"A", "Ein", "1031"},
-                                                 {"B", "Two", "1033"},
-                                                 {"B", "", "1031"},
-                                                 {"C", "Drei", "1031"}},
-                                                {{"Ships", "zeko", "IMO", "D"}}, {});
+    const auto table =
+        TranslationTable::gather({{"A", "One", "1033"},
+                                  {"A", "Eins", "1031"},
+                                  {"A", "Ein", "1031"},
+                                  {"B", "Two", "1033"},
+                                  {"B", "", "1031"},
+                                  {"C", "Drei", "1031"}},
+                                 {{"Ships", "zeko", "IMO", "D"}, {"Ships", "eai", "IMO", ""}},
+                                 {{"Ships", "eai", "KIND", "T", " "}});
     EXPECT_THAT(table.locales, ElementsAre("1031"));
     std::vector<std::string> faults;
     for (const auto& fault : findTranslationFaults(table, {"1031", "1036"}))
         faults.push_back(fault.label + " " + fault.locale + " " + std::string(fault.rule));
     EXPECT_THAT(faults, ElementsAre("A 1031 repeated-text", "A 1036 missing", "B 1031 missing",
-                                    "B 1036 missing", "C 1033 missing-source", "D  unknown-label"));
+                                    "B 1036 missing", "C 1033 missing-source", "D  unknown-label",
+                                    "  empty-label", "  empty-label"));
 }
 
 }  // namespace

@@ -70,13 +70,6 @@ const Known* find(std::string_view name) {
     return nullptr;
 }
 
-// The cell with the button of the script dialog: "ZEKOCriteria2_4".
-bool isScriptButton(std::string_view name) {
-    const std::string suffix = '_' + std::to_string(criteria_column::Script);
-    return name.ends_with(suffix) && name.find("Criteria") != std::string_view::npos &&
-           storedTypeOf(name) == StoredType::String;
-}
-
 std::vector<std::string_view> differing(const StoredProperties& before,
                                         const StoredProperties& after) {
     const std::set<StoredProperties::value_type> old(before.begin(), before.end());
