@@ -103,8 +103,8 @@ class PropertyWriter {
         return names;
     }
 
-    // No more types are read back than there are criteria. Those that say something always fit: each
-    // has a row of its own. Of the others go first those that would not come back anyway.
+    // No more types are read back than there are criteria. Those that say something always fit:
+    // each has a row of its own. Of the others go first those that would not come back anyway.
     Names typesLeftOut(const FamilyControls& family) const {
         Names names = lookedUpOnly(family.CriteriaType);
         if (entries_ == Entries::All) return names;

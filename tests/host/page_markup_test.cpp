@@ -91,9 +91,9 @@ TEST(PageMarkup, ChangesNothingButWhatDiffers) {
     const auto rewritten = written(changed);
     EXPECT_EQ(page.with({changed}), before + rewritten.substr(0, rewritten.find("old")) +
                                         "old \xE9 &#937;" + end + after);
-    const ControlContent reordered{
-        "H", {{"XSLFilename", ""}, {"EnableExtraFilters", "-1"}}, ""};
-    EXPECT_THAT(page.with({reordered}), HasSubstr("VALUE=\"\">\r\n\t<PARAM NAME=\"EnableExtraFilters\""));
+    const ControlContent reordered{"H", {{"XSLFilename", ""}, {"EnableExtraFilters", "-1"}}, ""};
+    EXPECT_THAT(page.with({reordered}),
+                HasSubstr("VALUE=\"\">\r\n\t<PARAM NAME=\"EnableExtraFilters\""));
     EXPECT_THROW(page.with({}), std::invalid_argument);
 }
 

@@ -111,12 +111,13 @@ TEST(Message, FindsItsPlaceInItsText) {
     EXPECT_EQ("HeaderDTC1, EAI tab, row 3",
               placeOf("Incomplete criterion on line 3 on the EAI tab"));
     EXPECT_EQ("HeaderDTC1, ZEKO tab, row 2", placeOf("Unknown operator '<>' on criterion 2"));
-    EXPECT_EQ("HeaderDTC1, General tab",
-              describe(messageOf(SaveDoubt{SaveDoubt::Kind::Loss,
-                                           "lost",
-                                           {{StoredLoss::What::Value, "DataProvider", {}, {}, {}, {}}}},
-                                 "page.asp", stored)
-                           .place));
+    EXPECT_EQ(
+        "HeaderDTC1, General tab",
+        describe(messageOf(SaveDoubt{SaveDoubt::Kind::Loss,
+                                     "lost",
+                                     {{StoredLoss::What::Value, "DataProvider", {}, {}, {}, {}}}},
+                           "page.asp", stored)
+                     .place));
     EXPECT_EQ("HeaderDTC1, line 4", placeOf("Error in 'GetInstallDir': x (5)"));
     EXPECT_EQ(Message::Severity::Error,
               messageOf("Error in 'GetInstallDir': x (5)", "p", stored).severity);

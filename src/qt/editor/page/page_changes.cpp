@@ -212,8 +212,7 @@ QStringList changesInWords(const PageContent& before, const PageContent& now) {
         }
     }
     for (const ControlSpan& span : before.controls()) {
-        if (!now.indexOf(span.id))
-            changes += Tr::tr("control %1 is taken out").arg(toQt(span.id));
+        if (!now.indexOf(span.id)) changes += Tr::tr("control %1 is taken out").arg(toQt(span.id));
     }
     addChangesAround(before, now, changes);
     // Generated text follows from all this, unless it is all there is.
