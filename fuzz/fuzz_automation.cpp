@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         .control = control.dtc,
         .properties = [] { return nlohmann::ordered_json::array(); },
         .runtimeText = [&] { return control.dtc.IProvideRuntimeText_GetRuntimeText(); },
-        .save = [] { return std::string(); }};
+        .save = [](PageDocument::Guard) { return std::string(); }};
     automation.converse(page);
 
     std::istringstream answered(out.str());

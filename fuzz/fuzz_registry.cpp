@@ -8,7 +8,8 @@ using namespace headerdtc;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {
-        const auto registry = RegistryExport::parse("velmora.reg", fuzz::textOf(data, size));
+        const auto registry = RegistryExport::parse("velmora.reg", fuzz::textOf(data, size),
+                                                    CodePage("windows-1253"));
         registry.find("HKLM\\SOFTWARE\\Zarvik\\Zarvik Velmora\\InstallDir");
     } catch (const FileError&) {
     }

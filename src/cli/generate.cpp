@@ -30,6 +30,8 @@ ExitStatus print(Sites& sites, const std::string& page) {
             failed = true;
             host.messages.push_back(made.doubt->reason);
         }
+        const auto told = referencesTold(span, made.content.runtimeText, markup.codePage());
+        if (told) host.messages.push_back(*told);
         const std::string bytes = markup.codePage().encodeWithReferences(made.content.runtimeText);
         std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     }

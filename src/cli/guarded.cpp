@@ -3,6 +3,7 @@
 #include "host/odbc/secrets.h"
 
 #include <cstdio>
+#include <new>
 
 namespace headerdtc::cli {
 
@@ -12,6 +13,8 @@ int guarded(const std::function<ExitStatus()>& body) {
     } catch (const ConfigurationError& error) {
         std::fprintf(stderr, "%s\n", maskSecrets(error.what()).c_str());
         return WrongUsage;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", maskSecrets(error.what()).c_str());
         return PageNotDone;

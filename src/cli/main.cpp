@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <exception>
 #include <limits>
+#include <new>
 #include <system_error>
 
 namespace {
@@ -152,6 +153,13 @@ int main(int argc, char** argv) {
     std::signal(SIGXFSZ, SIG_IGN);
     try {
         return afterFlushing(run(argc, argv));
+    } catch (const std::bad_alloc&) {
+        std::fputs("headerdtc: there is not enough memory\n", stderr);
+        return PageNotDone;
+    } catch (const std::system_error& error) {
+        std::fprintf(stderr, "headerdtc: %s\n", error.what());
+        // No thread could be started.
+        if (error.code() == std::errc::resource_unavailable_try_again) return PageNotDone;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "headerdtc: %s\n", error.what());
     } catch (...) {

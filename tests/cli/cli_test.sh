@@ -69,6 +69,33 @@ check 3 "$headerdtc" new --into plain/new.asp --line 9999
 check 3 "$headerdtc" generate plain/new.asp
 expect "$err" "headerdtc.toml"
 
+# An empty path is told of and stops no other; nor does a folder that lies deep.
+for command in "generate" "generate --print" "generate --check" "check" "show" "new" "new --into" \
+    "automate"; do
+    # shellcheck disable=SC2086  # words of a command
+    check 3 "$headerdtc" $command '' </dev/null
+    expect "$out$err" ': an empty path names no page'
+done
+deep=deep/$(printf 'd/%.0s' {1..1900})
+mkdir -p "$deep"
+printf '\xFF\xFE<\0' >"$deep/..asp.asp"
+sed -i 's/ExtraFilters = /UserFilters = /' site/drive_c/Sites/Main/Orvane/include/DTC_TEMPLATE.ASP
+check 3 "$headerdtc" generate '' deep "$full"
+expect "$out" "$full"
+expect "$err" "/d/..asp.asp: line 1: the page is in UTF-16, which no server page can be"
+
+# Characters that the page's code page lacks are told of, and are no failure.
+sed 's/\(XSLFilename" VALUE="\)/\1\&#937;\&#945;\&#937;/' "$full" >site/greek.asp
+check 0 "$headerdtc" generate site/greek.asp
+greek='HeaderDTC1, line 9: windows-1252 lacks Ω (U+03A9), α (U+03B1): the script has numeric'
+expect "$err" "site/greek.asp: $greek"
+check 0 "$headerdtc" generate --check --json site/greek.asp
+expect "$(sed -n 2p out | jq -r '.messages[]')" "$greek"
+expect_lines generate
+check 0 "$headerdtc" generate --print site/greek.asp
+expect "$err" "site/greek.asp: $greek"
+rm site/greek.asp
+
 # Usage and configuration.
 check 2 "$headerdtc"
 check 2 "$headerdtc" generate

@@ -33,14 +33,16 @@ std::u16string wide(const std::string& ascii) {
     return {ascii.begin(), ascii.end()};
 }
 
-std::string valueIn(const std::string& bytes, const std::string& path) {
-    const auto values = RegistryExport::parse("v.reg", bytes);
+std::string valueIn(const std::string& bytes, const std::string& path,
+                    const CodePage& codePage = CodePage("windows-1252")) {
+    const auto values = RegistryExport::parse("v.reg", bytes, codePage);
     const auto* value = values.find(path);
     return value ? *value : "(none)";
 }
 
 std::string problemOf(const std::string& bytes) {
-    return errorOf<FileError>([&] { RegistryExport::parse("v.reg", bytes); });
+    return errorOf<FileError>(
+        [&] { RegistryExport::parse("v.reg", bytes, CodePage("windows-1252")); });
 }
 
 TEST(RegistryExport, ReadsTheEditorsEncodings) {
@@ -94,6 +96,11 @@ TEST(RegistryExport, ReadsStringsAndPassesOverOtherValues) {
         EXPECT_EQ(valueIn(bytes, key + name), value) << name;
     EXPECT_EQ(valueIn("REGEDIT4\r\n" + Key + "\"InstallDir\"=hex(2):43,3a,e9,00\r\n", InstallDir),
               "C:é");
+    for (const char* value : {"\"C:\\\\\xC1\xE8\"", "hex(2):43,3a,5c,c1,e8,00"}) {
+        EXPECT_EQ(valueIn("REGEDIT4\n[HKEY_USERS\\\xE1]\n\"\xE2\"=" + std::string(value),
+                          "HKU\\Α\\Β", CodePage("windows-1253")),
+                  "C:\\Αθ");
+    }
 }
 
 TEST(RegistryExport, LaterLinesCountAndDeletionsToo) {
@@ -146,7 +153,7 @@ TEST(RegistryExport, ACutOffExportNeverGivesPartOfAValue) {
 
 TEST(SiteRegistry, SaysWhyAValueCannotBeRead) {
     TempFolder folder;
-    SiteRegistry registry(folder / "velmora.reg");
+    SiteRegistry registry(folder / "velmora.reg", CodePage("windows-1252"));
     const auto read = [&] { registry.RegRead(InstallDir); };
     EXPECT_THAT(
         errorOf<RuntimeError>(read),

@@ -136,6 +136,16 @@ if ((EUID == 0)) && on_disk size=1m; then
     if on_quota 1m; then
         no_room "Disk quota exceeded" "btrfs qgroup limit none disk" \
             "cat /dev/zero >disk/filling 2>/dev/null"
+        # A folder that takes files and lets none go.
+        if on_quota 64m && begin disk/site && chattr +a disk/site/orders; then
+            check 3 "${plain[@]}" "$headerdtc" generate -q disk/site
+            expect "$err" "cannot be written: its folder takes new files but lets none go (chattr +a)"
+            diff -r disk/site/orders old/orders >differences || fail "chattr +a: $(cat differences)"
+            chattr -a disk/site/orders
+            umount disk
+        else
+            echo "Left out: an append-only folder; the file system could not be mounted again"
+        fi
     else
         echo "Left out: a quota; no btrfs can be made and mounted here"
     fi

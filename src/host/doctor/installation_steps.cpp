@@ -21,15 +21,16 @@ constexpr const char* TemplateLink = "template";
 
 void examineRegistry(Examination& seen) {
     const fs::path& file = seen.configuration->registry;
+    const CodePage& codePage = seen.configuration->codePage;
     const std::string exportIt =
         "export the key HKEY_LOCAL_MACHINE\\SOFTWARE\\Zarvik\\Zarvik Velmora with the registry "
         "editor of the server and name the file by \"registry\" in headerdtc.toml";
     try {
-        RegistryExport::parse(file.string(), readWholeFile(file).bytes);
+        RegistryExport::parse(file.string(), readWholeFile(file).bytes, codePage);
     } catch (const FileError& error) {
         return seen.broken(RegistryLink, error.what(), exportIt);
     }
-    SiteRegistry registry(file);
+    SiteRegistry registry(file, codePage);
     seen.installDir = installDirectoryOf(registry);
     if (seen.installDir.empty()) {
         return seen.broken(RegistryLink, file.string() + " has no " + std::string(InstallDirValue),

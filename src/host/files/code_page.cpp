@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <iconv.h>
 #include <map>
 #include <mutex>
@@ -306,6 +307,16 @@ std::u32string CodePage::lacking(std::string_view text) const {
         if (characters.find(character) == std::u32string::npos) characters += character;
     });
     return characters;
+}
+
+std::string CodePage::lackingInWords(std::string_view text) const {
+    std::string words;
+    for (const char32_t character : lacking(text)) {
+        std::array<char, 16> number{};
+        std::snprintf(number.data(), number.size(), " (U+%04X)", static_cast<unsigned>(character));
+        words.append(words.empty() ? "" : ", ").append(utf8::encode(character)) += number.data();
+    }
+    return words;
 }
 
 }  // namespace headerdtc

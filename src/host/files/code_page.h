@@ -29,6 +29,8 @@ class CodePage {
     std::string encodeWithReferences(std::string_view text) const;
     // The characters (code points) of a text that the code page lacks, each once.
     std::u32string lacking(std::string_view text) const;
+    // The same in words, "Ω (U+03A9), α (U+03B1)"; empty where it lacks none.
+    std::string lackingInWords(std::string_view text) const;
 
     // Whether these two characters of a decoded text stand for one such byte.
     static constexpr bool standsForByte(char32_t first, char32_t second) {

@@ -5,6 +5,10 @@
 
 namespace headerdtc {
 
+// How an empty path is told; the system only knows that there is no such file.
+inline constexpr const char* EmptyPath = "\"\"";
+inline constexpr const char* EmptyPathProblem = "an empty path names no page";
+
 // Why a file of the site, or a page, cannot be used: what() says what, where and what to do, in a
 // form that stands alone ("catalogue.json:3:17: ..."). Places are counted from 1, in bytes.
 class FileError : public std::runtime_error {

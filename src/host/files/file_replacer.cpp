@@ -105,6 +105,7 @@ void FileReplacer::replace(const fs::path& path, std::string_view bytes,
 }
 
 void FileReplacer::create(const fs::path& path, std::string_view bytes) {
+    if (path.empty()) throw FileError(EmptyPath, EmptyPathProblem);
     std::error_code ignored;
     if (fs::exists(fs::symlink_status(path, ignored)))
         throw SystemFileError(path, "cannot be made", EEXIST);

@@ -34,6 +34,12 @@ std::vector<std::string> extendedAttributes(const std::filesystem::path& file) {
     return result;
 }
 
+bool isAppendOnly(const std::filesystem::path& folder) {
+    struct statx status {};
+    return statx(AT_FDCWD, folder.c_str(), 0, STATX_TYPE, &status) == 0 &&
+           (status.stx_attributes & STATX_ATTR_APPEND) != 0;
+}
+
 // A file that can be told from others under whatever name: while it is held, no new one can get its
 // inode.
 class HeldFile {
@@ -66,6 +72,11 @@ NewFile::NewFile(std::filesystem::path target, Access access, std::string called
     : target_(std::move(target)), called_(std::move(called)) {
     const auto folder = target_.parent_path();
     removeStrayFiles(folder);
+    if (isAppendOnly(folder)) {
+        throw FileError(called_,
+                        "cannot be written: its folder takes new files but lets none go "
+                        "(chattr +a), so that no new version can take the old one's place");
+    }
     const mode_t mode = access == Access::AsNewFiles ? 0666 : 0600;
     do {
         path_ = folder / newFileName();
@@ -92,7 +103,10 @@ NewFile::~NewFile() {
     close();
 }
 
-void NewFile::fail(const std::string& failure, int error) const {
+void NewFile::fail(std::string failure, int error) {
+    const auto unfinished = std::exchange(path_, {});
+    if (!unfinished.empty() && unlink(unfinished.c_str()) != 0 && errno != ENOENT)
+        failure += ", and its unfinished new version stays behind as " + unfinished.string();
     throw SystemFileError(called_, failure, error);
 }
 
@@ -166,7 +180,9 @@ bool NewFile::replaceTarget(const FileStamp& expected) {
         fail("cannot be replaced", error);
     }
     if (expected.isStillOfMoved(path_)) {
-        remove();
+        const auto before = std::exchange(path_, {});
+        if (unlink(before.c_str()) != 0 && errno != ENOENT)
+            fail("was written, but what it was before stays behind as " + before.string(), errno);
         return true;
     }
     // What others put there between the look at the target and its replacement lies here now, and

@@ -45,7 +45,7 @@ class NewFile {
     void becomeTarget();
 
   private:
-    [[noreturn]] void fail(const std::string& failure, int error) const;
+    [[noreturn]] void fail(std::string failure, int error);
     void copyExtendedAttributes();
     int changePlaces() noexcept;
     void remove() noexcept;

@@ -98,6 +98,7 @@ std::uint64_t digestOf(std::string_view bytes) {
 }
 
 WholeFile readWholeFile(const fs::path& path) {
+    if (path.empty()) throw FileError(EmptyPath, EmptyPathProblem);
     // Without waiting, for the sake of pipes that nobody writes to.
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
     if (!file.isOpen()) failToRead(path, errno);

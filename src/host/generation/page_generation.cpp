@@ -4,6 +4,7 @@
 #include "host/quiet_host.h"
 
 #include <iterator>
+#include <new>
 #include <utility>
 
 namespace headerdtc {
@@ -33,6 +34,7 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
     if (markup.controls().empty()) return;
 
     std::vector<ControlContent> contents;
+    std::vector<std::string> references;
     for (const ControlSpan& span : markup.controls()) {
         QuietHost host;
         OpenControl control(site, page, span, host.faces());
@@ -40,6 +42,8 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
         std::move(host.messages.begin(), host.messages.end(), std::back_inserter(result.messages));
         if (made.doubt && isRefused(*made.doubt, guard))
             result.doubts.push_back({contents.size(), *made.doubt});
+        const auto told = referencesTold(span, made.content.runtimeText, markup.codePage());
+        if (told) references.push_back(*told);
         contents.push_back(std::move(made.content));
     }
     result.verdict = Verdict::UpToDate;
@@ -48,6 +52,8 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
         if (result.after != markup.bytes()) result.verdict = Verdict::Stale;
     }
     if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;
+    if (!result.isFailure())
+        std::move(references.begin(), references.end(), std::back_inserter(result.messages));
     if (result.verdict != Verdict::Stale) result.after.clear();
     for (const auto& doubt : result.doubts)
         result.messages.push_back(leftAlone(markup.controls()[doubt.control], doubt.doubt));
@@ -55,6 +61,17 @@ void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
 }
 
 }  // namespace
+
+std::optional<std::string> referencesTold(const ControlSpan& control,
+                                          const std::string& runtimeText,
+                                          const CodePage& codePage) {
+    const std::string lacking = codePage.lackingInWords(runtimeText);
+    if (lacking.empty()) return std::nullopt;
+    return control.id + ", line " + std::to_string(control.line) + ": " + codePage.name() +
+           " lacks " + lacking +
+           ": the script has numeric references in their place; write them otherwise, or make the "
+           "page UTF-8 by a byte-order mark";
+}
 
 GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
     GeneratedPage result;
@@ -66,6 +83,9 @@ GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, Loss
     } catch (const FileError& error) {
         result.verdict = Verdict::NotReadable;
         result.messages.push_back(error.file() == page.string() ? withPlace(error) : error.what());
+    } catch (const std::bad_alloc&) {
+        result.verdict = Verdict::NotReadable;
+        result.messages.emplace_back("there is not enough memory for this page");
     } catch (const std::exception& error) {
         result.verdict = Verdict::NotReadable;
         result.messages.emplace_back(error.what());

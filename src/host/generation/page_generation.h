@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,8 @@ struct GeneratedPage {
         NotConfigured,  // its site's configuration is wrong
     };
     Verdict verdict = Verdict::NoControl;
-    // Texts of the control's message boxes in order, then the reason for a bad verdict.
+    // Texts of the control's message boxes in order, characters that its script has as references,
+    // then the reason for a bad verdict.
     std::vector<std::string> messages;
     // Why controls of the page should be left as they are, one by one.
     struct Doubt {
@@ -35,6 +37,10 @@ struct GeneratedPage {
 
     bool isFailure() const { return verdict >= Verdict::LeftAlone; }
 };
+
+// What is told of a control whose runtime text has characters that the page's code page lacks.
+std::optional<std::string> referencesTold(const ControlSpan& control,
+                                          const std::string& runtimeText, const CodePage& codePage);
 
 // Opens a page's controls and makes the page anew from them; writes nothing. Never throws for the
 // page's sake. Thread-safe.

@@ -1,5 +1,6 @@
 #include "host/generation/site_pages.h"
 
+#include "host/files/file_error.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -17,8 +18,10 @@ class Collector {
 
     void add(const fs::path& path, Is page) {
         std::error_code failure;
-        if (fs::is_directory(path, failure)) {
-            addFolder(path);
+        if (path.empty()) {
+            found_.problems.push_back({EmptyPath, EmptyPathProblem});
+        } else if (fs::is_directory(path, failure)) {
+            addFolder(path.native(), canonical(path).native());
         } else {
             addPage({path, canonical(path).native(), page});
         }
@@ -53,28 +56,48 @@ class Collector {
         candidates_.push_back(std::move(page));
     }
 
-    void addFolder(const fs::path& folder) {
-        std::vector<fs::directory_entry> entries;
+    // `realFolder` is what the folder is in the end. It is handed down, because to ask the system
+    // for it in every folder of a deep site takes time by the square of the depth, and more. For
+    // the same reason a folder keeps names only while those in it are looked into.
+    void addFolder(const std::string& folder, const std::string& realFolder) {
+        struct Entry {
+            std::string name;
+            bool isLink, isFolder;
+        };
+        std::vector<Entry> entries;
         std::error_code failure;
         fs::directory_iterator entry(folder, failure);
-        for (; !failure && entry != fs::directory_iterator(); entry.increment(failure))
-            entries.push_back(*entry);
-        if (failure) found_.problems.push_back({folder.string(), failure.message()});
-        std::sort(entries.begin(), entries.end());
-        const fs::path realFolder = canonical(folder);
-        for (const fs::directory_entry& each : entries) {
-            if (each.path().filename().native().starts_with('.')) continue;
+        for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
             std::error_code ignored;
-            const bool isLink = each.is_symlink(ignored);
-            if (!isLink && each.is_directory(ignored)) {
-                addFolder(each.path());
-            } else if (isPage(each.path()) && each.is_regular_file(ignored)) {
+            std::string name = entry->path().filename().native();
+            const bool isLink = entry->is_symlink(ignored);
+            const bool isFolder = !isLink && entry->is_directory(ignored);
+            if (isHidden(name)) continue;
+            if (isFolder || (isPage(name) && entry->is_regular_file(ignored)))
+                entries.push_back({std::move(name), isLink, isFolder});
+        }
+        if (failure) found_.problems.push_back({folder, failure.message()});
+        std::sort(entries.begin(), entries.end(),
+                  [](const Entry& a, const Entry& b) { return a.name < b.name; });
+        for (const Entry& each : entries) {
+            const std::string path = joined(folder, each.name);
+            if (each.isFolder) {
+                addFolder(path, joined(realFolder, each.name));
+            } else {
                 // Of the page itself only a link can lead elsewhere.
-                const fs::path file =
-                    isLink ? canonical(each.path()) : realFolder / each.path().filename();
-                addPage({each.path(), file.native(), isLink ? Is::Link : Is::Found});
+                addPage({path,
+                         each.isLink ? canonical(path).native() : joined(realFolder, each.name),
+                         each.isLink ? Is::Link : Is::Found});
             }
         }
+    }
+
+    static std::string joined(const std::string& folder, const std::string& name) {
+        return folder + (folder.ends_with('/') ? "" : "/") + name;
+    }
+
+    static bool isHidden(const std::string& name) {
+        return name.starts_with('.') && !name.starts_with("..");
     }
 
     static bool isPage(const fs::path& path) {

@@ -23,7 +23,7 @@ struct SitePages {
 // (*.asp and *.inc in any case), each once, in the order of the names and sorted below a folder.
 // Links to folders are not followed, so no loop keeps it; links to files are, but a page that is
 // found under its own name too goes by that, since its place in the site is part of its text.
-// Hidden folders are passed over.
+// What is hidden is passed over: names that begin with one dot. An empty path is a problem.
 SitePages findSitePages(const std::vector<std::string>& paths,
                         const std::vector<std::string>& listed = {});
 

@@ -7,6 +7,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -43,8 +44,13 @@ std::size_t runInOrder(std::size_t count, int jobs, const std::function<Result(s
     const std::size_t wanted = jobs > 0 ? static_cast<std::size_t>(jobs)
                                         : std::max(1U, std::thread::hardware_concurrency());
     std::vector<std::jthread> threads;
-    for (std::size_t i = 0; i < std::min(wanted, count); ++i)
-        threads.emplace_back(toil);
+    try {
+        while (threads.size() < std::min(wanted, count))
+            threads.emplace_back(toil);
+    } catch (const std::system_error&) {
+        // With fewer threads it takes longer.
+        if (threads.empty()) throw;
+    }
 
     std::unique_lock lock(mutex);
     for (std::size_t told = 0; told < end;) {

@@ -2,6 +2,8 @@
 
 #include "host/files/file_error.h"
 
+#include <new>
+
 namespace headerdtc {
 
 std::optional<PageFailure> failureOf(const std::filesystem::path& page,
@@ -16,6 +18,8 @@ std::optional<PageFailure> failureOf(const std::filesystem::path& page,
         return PageFailure{Of::Page, error.line() == 0 ? error.problem()
                                                        : "line " + std::to_string(error.line()) +
                                                              ": " + error.problem()};
+    } catch (const std::bad_alloc&) {
+        return PageFailure{Of::Page, "there is not enough memory for this page"};
     } catch (const std::exception& error) {
         return PageFailure{Of::Page, error.what()};
     }

@@ -1,7 +1,6 @@
 #include "host/site/registry_export.h"
 
 #include "controls/utf8.h"
-#include "host/files/code_page.h"
 #include "host/files/file_cache.h"
 #include "host/files/fold_case.h"
 #include "host/site/file_failures.h"
@@ -36,11 +35,6 @@ constexpr RootName RootNames[] = {
 
 // ---- bytes to text ------------------------------------------------------------------------------
 
-const CodePage& ansi() {
-    static const CodePage page("windows-1252");
-    return page;
-}
-
 // UTF-16 to UTF-8; a lone surrogate becomes U+FFFD. `high` says which of two bytes counts more.
 std::string decodeUtf16(std::string_view bytes, std::size_t high) {
     const auto unitAt = [&](std::size_t at) {
@@ -71,7 +65,7 @@ struct DecodedExport {
     bool isCutOff = false;  // inside its last character
 };
 
-DecodedExport decodeExport(std::string_view bytes) {
+DecodedExport decodeExport(std::string_view bytes, const CodePage& codePage) {
     const auto behindMark = bytes.substr(std::min<std::size_t>(2, bytes.size()));
     if (bytes.starts_with("\xFF\xFE"))
         return {decodeUtf16(behindMark, LittleEndian), bytes.size() % 2 != 0};
@@ -80,7 +74,7 @@ DecodedExport decodeExport(std::string_view bytes) {
     // Neither is written by the registry editor, but is what other programs make of an export.
     if (bytes.starts_with("\xEF\xBB\xBF")) return {CodePage::utf8().decode(bytes.substr(3))};
     if (bytes.starts_with(Version5)) return {CodePage::utf8().decode(bytes)};
-    return {ansi().decode(bytes)};
+    return {codePage.decode(bytes)};
 }
 
 // ---- keys ---------------------------------------------------------------------------------------
@@ -103,7 +97,8 @@ std::string foldedPath(const std::string& foldedKeyName, std::string_view name) 
 
 class ExportReader {
   public:
-    ExportReader(const std::string& file, std::string_view text) : at_(file, text) {}
+    ExportReader(const std::string& file, std::string_view text, const CodePage& codePage)
+        : at_(file, text), codePage_(codePage) {}
 
     std::map<std::string, std::string> read() {
         readHeader();
@@ -226,7 +221,7 @@ class ExportReader {
         if (!at_.take(":")) at_.fail("\":\" is missing behind the value's type");
         const std::string bytes = readBytes();
         if (!isText) return std::nullopt;
-        auto text = isVersion4_ ? ansi().decode(bytes) : decodeUtf16(bytes, LittleEndian);
+        auto text = isVersion4_ ? codePage_.decode(bytes) : decodeUtf16(bytes, LittleEndian);
         return text.substr(0, text.find('\0'));
     }
 
@@ -274,6 +269,7 @@ class ExportReader {
     }
 
     TextCursor at_;
+    const CodePage& codePage_;
     bool isVersion4_ = false;
     bool sawKey_ = false;
     std::optional<std::string> key_;  // folded; none: one that is removed
@@ -282,14 +278,15 @@ class ExportReader {
 
 }  // namespace
 
-RegistryExport RegistryExport::parse(const std::string& file, std::string_view bytes) {
-    const auto [text, isCutOff] = decodeExport(bytes);
+RegistryExport RegistryExport::parse(const std::string& file, std::string_view bytes,
+                                     const CodePage& codePage) {
+    const auto [text, isCutOff] = decodeExport(bytes, codePage);
     if (isCutOff) {
         TextCursor(file, text)
             .failAt(text.size(), "the export is cut off in the middle of a character");
     }
     RegistryExport result;
-    result.values_ = ExportReader(file, text).read();
+    result.values_ = ExportReader(file, text, codePage).read();
     return result;
 }
 
@@ -327,8 +324,11 @@ struct SiteRegistry::Cache {
     }
 };
 
-SiteRegistry::SiteRegistry(std::filesystem::path file)
-    : cache_(new Cache{{std::move(file), RegistryExport::parse}}) {}
+SiteRegistry::SiteRegistry(std::filesystem::path file, const CodePage& codePage)
+    : cache_(
+          new Cache{{std::move(file), [codePage](const std::string& name, std::string_view bytes) {
+                         return RegistryExport::parse(name, bytes, codePage);
+                     }}}) {}
 
 SiteRegistry::~SiteRegistry() = default;
 

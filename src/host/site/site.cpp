@@ -4,7 +4,7 @@ namespace headerdtc {
 
 Site::Site(std::shared_ptr<const SiteConfiguration> ofSite)
     : configuration(std::move(ofSite)),
-      registry(configuration->registry),
+      registry(configuration->registry, configuration->codePage),
       dataSources(configuration->catalogue),
       database({.connectString = configuration->connectString,
                 .labelConnectString = configuration->labelConnectString,

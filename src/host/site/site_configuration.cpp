@@ -1,5 +1,6 @@
 #include "host/site/site_configuration.h"
 
+#include "host/files/descriptor.h"
 #include "host/files/file_cache.h"
 #include "host/files/utf8_scan.h"
 #include "host/odbc/secrets.h"
@@ -7,9 +8,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <fcntl.h>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
+#include <sys/stat.h>
+#include <system_error>
 
 namespace headerdtc {
 namespace {
@@ -257,13 +263,32 @@ SiteConfiguration defaultSiteConfiguration(const fs::path& folder) {
 }
 
 std::optional<fs::path> findSiteConfiguration(const fs::path& page) {
-    for (auto folder = folderOf(page);; folder = folder.parent_path()) {
-        auto file = folder / FileName;
-        std::error_code ignored;
-        const auto status = fs::status(file, ignored);
-        if (fs::exists(status) && !fs::is_directory(status)) return file;
-        if (folder == folder.parent_path()) return std::nullopt;
+    // From the root down, each folder out of the one above it: a whole path takes the system the
+    // longer the deeper it leads, and there is one for every folder.
+    const std::string folder = folderOf(page).native();
+    std::optional<fs::path> nearest;
+    constexpr int Flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+    std::optional<Descriptor> here(std::in_place, open("/", Flags));
+    int reason = errno;
+    for (std::size_t end = 0; here->isOpen();) {
+        struct stat status {};
+        if (fstatat(here->number(), FileName, &status, 0) == 0 && !S_ISDIR(status.st_mode))
+            nearest = folder.substr(0, end) + '/' + FileName;
+        if (end + 1 >= folder.size()) break;
+        const auto begin = end + 1;
+        end = std::min(folder.find('/', begin), folder.size());
+        const std::string name = folder.substr(begin, end - begin);
+        const int below = openat(here->number(), name.c_str(), Flags);
+        reason = errno;
+        here.emplace(below);
     }
+    // Where the way ends, or is closed to the user, nothing more can be found.
+    constexpr std::array Ends = {ENOENT, ENOTDIR, EACCES, ELOOP, ENAMETOOLONG};
+    if (!here->isOpen() && std::find(Ends.begin(), Ends.end(), reason) == Ends.end()) {
+        throw ConfigurationError(folder, std::string("cannot be searched for ") + FileName + ": " +
+                                             std::generic_category().message(reason));
+    }
+    return nearest;
 }
 
 // ---- configurations by page ---------------------------------------------------------------------

@@ -165,18 +165,21 @@ TEST_F(Generation, ManyPagesAreToldOfInOrderAndAFailureStopsNoOther) {
 }
 
 TEST_F(Generation, FindsPagesOfBothKindsOnceAndFollowsNoFolderLoop) {
-    for (const char* page : {"b.asp", "a/x.INC", "a/y.txt", ".hidden/z.asp", "c/k.Asp"})
+    for (const char* page :
+         {"b.asp", "a/x.INC", "a/y.txt", ".hidden/z.asp", "c/k.Asp", "c/..a.asp", "c/.b.asp"})
         site.write(page, "");
     std::filesystem::create_directory_symlink(site.path(), site / "a/loop");
     // A page's own name goes before a link to it; a link to a page elsewhere is all there is.
     std::filesystem::create_symlink(site / "b.asp", site / "a/link.asp");
     std::filesystem::create_symlink(site / ".hidden/z.asp", site / "a/out.asp");
     const auto found = findSitePages(
-        {(site / "c/k.Asp").string(), site.path().string(), (site / "missing.asp").string()});
+        {(site / "c/k.Asp").string(), "", site.path().string(), (site / "missing.asp").string()});
+    ASSERT_EQ(found.problems.size(), 1U);
+    EXPECT_EQ(found.problems[0].text(), "\"\": an empty path names no page");
     std::vector<std::string> names;
     for (const auto& page : found.pages)
         names.push_back(page.lexically_relative(site.path()).string());
-    EXPECT_THAT(names, ElementsAre("c/k.Asp", "a/out.asp", "a/x.INC", "b.asp",
+    EXPECT_THAT(names, ElementsAre("c/k.Asp", "a/out.asp", "a/x.INC", "b.asp", "c/..a.asp",
                                    "c/Suite/Orvane/include/DTC_TEMPLATE.ASP", "missing.asp"));
 }
 

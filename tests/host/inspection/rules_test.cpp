@@ -170,7 +170,7 @@ TEST_F(Rules, FindValuesThatEndTheTextTheyArePutInto) {
     EXPECT_THAT(found(valued("100 &#8364;")), IsEmpty());
     EXPECT_THAT(found(valued("&#937;")),
                 ElementsAre(HasSubstr("outside-code-page ZEKO 1 ZEKOCriteria1_3: value of "
-                                      "criterion \"\xCE\xA9\" has a character that windows-1252")));
+                                      "criterion \"Ω\" has Ω (U+03A9), which windows-1252 lacks")));
 }
 
 TEST_F(Rules, CountTheLinesOfAStatement) {

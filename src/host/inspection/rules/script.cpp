@@ -83,10 +83,11 @@ void valuesFitTheCodePage(const ControlView& control, Remarks& remarks) {
     const CodePage& codePage = control.page.markup().codePage();
     const auto require = [&](std::string_view text, const StoredItem& item,
                              std::optional<Family> family, const std::string& what) {
-        if (codePage.decode(codePage.encode(text)) == text) return;
+        const std::string lacking = codePage.lackingInWords(text);
+        if (lacking.empty()) return;
         remarks.push_back(about(item, family,
-                                what + " has a character that " + codePage.name() +
-                                    " does not have; the script would get a reference in its place",
+                                what + " has " + lacking + ", which " + codePage.name() +
+                                    " lacks; the script gets numeric references in their place",
                                 "write it otherwise, or make the page UTF-8 by a byte-order mark"));
     };
     forEachItem(
