@@ -46,6 +46,7 @@ void addItems(Json& line, const ListBox& list, std::vector<int> items, int focus
     const auto focused = std::find(items.begin(), items.end(), focus);
     if (focused != items.end()) std::rotate(focused, focused + 1, items.end());
     std::vector<std::string> texts;
+    texts.reserve(items.size());
     for (const int item : items)
         texts.push_back(list.ListOrEmpty(item));
     if (list.find(texts) == items) {
