@@ -157,9 +157,14 @@ int main(int argc, char** argv) {
         std::fputs("headerdtc: there is not enough memory\n", stderr);
         return PageNotDone;
     } catch (const std::system_error& error) {
+        if (error.code() == std::errc::resource_unavailable_try_again) {
+            std::fputs(
+                "headerdtc: there is not enough memory to start a thread, or there are too "
+                "many processes\n",
+                stderr);
+            return PageNotDone;
+        }
         std::fprintf(stderr, "headerdtc: %s\n", error.what());
-        // No thread could be started.
-        if (error.code() == std::errc::resource_unavailable_try_again) return PageNotDone;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "headerdtc: %s\n", error.what());
     } catch (...) {

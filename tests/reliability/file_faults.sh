@@ -105,7 +105,7 @@ on_disk() {
 }
 # on_quota SIZE: the same with a limit on what may be used of it.
 on_quota() {
-    mkdir -p disk && truncate -s 128m quota.img && mkfs.btrfs -q --mixed quota.img 2>/dev/null &&
+    mkdir -p disk && truncate -s 128m quota.img && mkfs.btrfs -q -f --mixed quota.img 2>/dev/null &&
         mount -o loop quota.img disk 2>/dev/null && chmod 777 disk &&
         btrfs quota enable disk && btrfs qgroup limit "$1" disk
 }

@@ -115,7 +115,16 @@ std::string encodeUtf8(std::string_view text, Append append) {
 class Converter {
   public:
     explicit Converter(const std::string& name) : handle_(iconv_open("UTF-32LE", name.c_str())) {
-        if (!isOpen()) throw std::invalid_argument("unknown code page \"" + name + '"');
+        if (isOpen()) return;
+        // A code page that cannot be loaded looks to the C library like an unknown one.
+        handle_ = iconv_open("UTF-32LE", "ISO-8859-1");
+        if (!isOpen()) {
+            throw std::runtime_error("the code page \"" + name +
+                                     "\" cannot be loaded: there is not enough memory, or the C "
+                                     "library's conversions (gconv) are not installed");
+        }
+        iconv_close(handle_);
+        throw std::invalid_argument("unknown code page \"" + name + '"');
     }
     ~Converter() {
         if (isOpen()) iconv_close(handle_);
