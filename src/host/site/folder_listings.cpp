@@ -2,6 +2,9 @@
 
 #include "host/files/fold_case.h"
 
+#include <new>
+#include <system_error>
+
 namespace headerdtc {
 namespace {
 
@@ -16,6 +19,8 @@ std::unordered_map<std::string, std::string> namesIn(const fs::path& folder) {
         const auto [known, isNew] = names.emplace(foldCase(name), name);
         if (!isNew && name < known->second) known->second = name;
     }
+    // Names that there was no memory to read are not missing.
+    if (error == std::errc::not_enough_memory) throw std::bad_alloc();
     return names;
 }
 
