@@ -4,7 +4,6 @@
 
 #include <charconv>
 #include <cstdint>
-#include <limits>
 
 namespace headerdtc {
 namespace {
