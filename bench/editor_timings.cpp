@@ -5,12 +5,12 @@
 #include "host/automation/automation_session.h"
 #include "host/page/new_control.h"
 #include "qt/editor/page/control_pane.h"
-#include "qt/editor/page/page_editor.h"
 #include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/window/main_window.h"
 #include "qt/editor/window/opener.h"
-#include "qt/editor/window/page_tabs.h"
+#include "qt/editor/workspace/page_editor.h"
+#include "qt/editor/workspace/page_tabs.h"
 #include "support/temp_site.h"
 
 #include <QApplication>

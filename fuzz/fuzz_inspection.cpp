@@ -1,7 +1,7 @@
 // Any page of the demo site is inspected, and every finding says where it is and what is wrong.
 
 #include "fuzz/fuzz_tools.h"
-#include "host/inspection/page_inspection.h"
+#include "host/inspection/rules/page_inspection.h"
 #include "host/inspection/where_used.h"
 #include "support/temp_folder.h"
 

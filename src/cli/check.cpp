@@ -5,8 +5,8 @@
 #include "cli/site_commands.h"
 #include "host/generation/site_pages.h"
 #include "host/inspection/ordered_run.h"
-#include "host/inspection/page_inspection.h"
-#include "host/inspection/rule_table.h"
+#include "host/inspection/rules/page_inspection.h"
+#include "host/inspection/rules/rule_table.h"
 
 #include <cstdio>
 

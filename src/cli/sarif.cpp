@@ -2,7 +2,7 @@
 
 #include "cli/output.h"
 #include "cli/version.h"
-#include "host/inspection/rule_table.h"
+#include "host/inspection/rules/rule_table.h"
 
 #include <algorithm>
 #include <cctype>

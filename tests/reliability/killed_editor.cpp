@@ -5,10 +5,10 @@
 #include "core/header_dtc.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/page/live_control.h"
-#include "qt/editor/page/page_editor.h"
 #include "qt/editor/window/main_window.h"
 #include "qt/editor/window/opener.h"
-#include "qt/editor/window/page_tabs.h"
+#include "qt/editor/workspace/page_editor.h"
+#include "qt/editor/workspace/page_tabs.h"
 #include "reliability/killing.h"
 #include "support/temp_site.h"
 

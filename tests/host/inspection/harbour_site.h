@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/generation/site_generation.h"
-#include "host/inspection/page_inspection.h"
+#include "host/inspection/rules/page_inspection.h"
 #include "support/temp_site.h"
 
 #include <algorithm>

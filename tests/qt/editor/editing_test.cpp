@@ -1,9 +1,9 @@
 // What an author does to an open page: change, save, take back, write in the source.
 
 #include "host/page/text_property_bag.h"
-#include "qt/editor/recording/recorder.h"
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/window_fixture.h"
+#include "qt/editor/workspace/recorder.h"
 
 #include <QClipboard>
 #include <QComboBox>

@@ -1,8 +1,8 @@
 // What becomes of the files: saving, losses, changes by others, crashes, closing.
 
-#include "qt/editor/files/compare_dialog.h"
-#include "qt/editor/recovery/recovery_dialog.h"
+#include "qt/editor/page/compare_dialog.h"
 #include "qt/editor/window_fixture.h"
+#include "qt/editor/workspace/recovery_dialog.h"
 
 #include <QMessageBox>
 #include <QPlainTextEdit>

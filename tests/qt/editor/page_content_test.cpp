@@ -1,7 +1,7 @@
-#include "qt/editor/page/page_content.h"
+#include "qt/editor/base/page_content.h"
 
+#include "qt/editor/base/step_name.h"
 #include "qt/editor/page/page_changes.h"
-#include "qt/editor/page/step_name.h"
 #include "qt/editor/page/undo_history.h"
 #include "support/temp_site.h"
 

@@ -4,9 +4,9 @@
 #include "host/automation/automation_session.h"
 #include "host/automation/property_json.h"
 #include "host/page/new_control.h"
-#include "qt/editor/recording/recorder.h"
 #include "qt/editor/scenario_player.h"
 #include "qt/editor/window_fixture.h"
+#include "qt/editor/workspace/recorder.h"
 #include "qt/surface/text.h"
 
 #include <QFile>

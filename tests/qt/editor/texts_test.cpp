@@ -1,7 +1,7 @@
 // Differences between texts, places in messages, the text of the site's configuration.
 
-#include "qt/editor/files/aligned_texts.h"
-#include "qt/editor/messages/message.h"
+#include "qt/editor/base/message.h"
+#include "qt/editor/page/aligned_texts.h"
 #include "qt/editor/preview/text_diff.h"
 #include "qt/editor/settings/configuration_text.h"
 

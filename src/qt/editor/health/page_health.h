@@ -1,7 +1,7 @@
 #pragma once
 
+#include "qt/editor/base/message.h"
 #include "qt/editor/health/field_offers.h"
-#include "qt/editor/messages/message.h"
 
 #include <QObject>
 #include <QPointer>

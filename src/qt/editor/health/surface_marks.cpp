@@ -1,6 +1,6 @@
 #include "qt/editor/health/surface_marks.h"
 
-#include "qt/editor/window/icons.h"
+#include "qt/editor/base/icons.h"
 #include "qt/surface/control_surface.h"
 #include "qt/surface/grid_model.h"
 #include "qt/surface/items_model.h"

@@ -1,7 +1,7 @@
 #include "qt/editor/lists/item_count.h"
 
 #include "controls/list_box.h"
-#include "qt/editor/window/words.h"
+#include "qt/editor/base/words.h"
 #include "qt/surface/text.h"
 
 namespace headerdtc::qt {

@@ -1,7 +1,7 @@
 #include "qt/editor/lists/list_finder.h"
 
+#include "qt/editor/base/icons.h"
 #include "qt/editor/lists/list_matches.h"
-#include "qt/editor/window/icons.h"
 #include "qt/surface/selection_list.h"
 #include "qt/surface/text.h"
 

@@ -1,7 +1,7 @@
 #include "qt/editor/page/control_faces.h"
 
 #include "platform/runtime_error.h"
-#include "qt/editor/files/file_names.h"
+#include "qt/editor/base/words.h"
 
 namespace headerdtc::qt {
 

@@ -2,7 +2,7 @@
 
 #include "host/files/file_replacer.h"
 #include "host/page/new_control.h"
-#include "qt/editor/page/step_name.h"
+#include "qt/editor/base/step_name.h"
 #include "qt/editor/preview/expansion.h"
 
 #include <utility>

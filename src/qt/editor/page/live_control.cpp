@@ -1,7 +1,7 @@
 #include "qt/editor/page/live_control.h"
 
 #include "core/header_dtc.h"
-#include "qt/editor/page/step_name.h"
+#include "qt/editor/base/step_name.h"
 
 #include <QScopedValueRollback>
 #include <map>

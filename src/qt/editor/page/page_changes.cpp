@@ -1,7 +1,7 @@
 #include "qt/editor/page/page_changes.h"
 
-#include "qt/editor/files/aligned_texts.h"
-#include "qt/editor/page/step_name.h"
+#include "qt/editor/base/step_name.h"
+#include "qt/editor/page/aligned_texts.h"
 #include "qt/surface/text.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 #include "qt/editor/preview/preview_pane.h"
 
+#include "qt/editor/base/icons.h"
+#include "qt/editor/base/words.h"
 #include "qt/editor/source/asp_highlighter.h"
-#include "qt/editor/window/icons.h"
-#include "qt/editor/window/words.h"
 #include "qt/surface/text.h"
 
 #include <QEvent>

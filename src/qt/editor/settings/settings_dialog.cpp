@@ -2,8 +2,8 @@
 
 #include "host/files/file_replacer.h"
 #include "host/site/site_configuration.h"
-#include "qt/editor/files/file_names.h"
-#include "qt/editor/window/icons.h"
+#include "qt/editor/base/icons.h"
+#include "qt/editor/base/words.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -1,7 +1,7 @@
 #include "qt/editor/site/site_view.h"
 
-#include "qt/editor/files/file_names.h"
-#include "qt/editor/window/icons.h"
+#include "qt/editor/base/icons.h"
+#include "qt/editor/base/words.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>

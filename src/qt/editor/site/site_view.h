@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/editor/messages/message.h"
+#include "qt/editor/base/message.h"
 #include "qt/editor/site/site_model.h"
 #include "qt/editor/site/site_run.h"
 

@@ -1,7 +1,7 @@
 #include "qt/editor/source/find_bar.h"
 
+#include "qt/editor/base/icons.h"
 #include "qt/editor/source/source_view.h"
-#include "qt/editor/window/icons.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/editor/page/page_content.h"
+#include "qt/editor/base/page_content.h"
 
 #include <QString>
 #include <cstddef>

@@ -1,9 +1,9 @@
 #include "qt/editor/source/source_view.h"
 
+#include "qt/editor/base/words.h"
 #include "qt/editor/source/asp_highlighter.h"
 #include "qt/editor/source/folding_layout.h"
 #include "qt/editor/source/source_gutter.h"
-#include "qt/editor/window/words.h"
 
 #include <QContextMenuEvent>
 #include <QFontDatabase>

@@ -1,6 +1,6 @@
 #include "qt/editor/start/about_dialog.h"
 
-#include "qt/editor/window/icons.h"
+#include "qt/editor/base/icons.h"
 
 #include <QApplication>
 #include <QMessageBox>

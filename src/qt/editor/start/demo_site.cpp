@@ -1,6 +1,6 @@
 #include "qt/editor/start/demo_site.h"
 
-#include "qt/editor/files/file_names.h"
+#include "qt/editor/base/words.h"
 
 #include <QCoreApplication>
 #include <QDir>

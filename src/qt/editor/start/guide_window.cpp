@@ -1,6 +1,6 @@
 #include "qt/editor/start/guide_window.h"
 
-#include "qt/editor/window/icons.h"
+#include "qt/editor/base/icons.h"
 
 #include <QDesktopServices>
 #include <QFile>

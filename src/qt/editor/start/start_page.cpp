@@ -1,7 +1,7 @@
 #include "qt/editor/start/start_page.h"
 
-#include "qt/editor/files/recent_files.h"
-#include "qt/editor/window/icons.h"
+#include "qt/editor/base/icons.h"
+#include "qt/editor/start/recent_files.h"
 
 #include <QCommandLinkButton>
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "qt/editor/window/commands.h"
 
-#include "qt/editor/window/icons.h"
+#include "qt/editor/base/icons.h"
 
 #include <QAction>
 #include <QCoreApplication>

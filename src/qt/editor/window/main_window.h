@@ -1,14 +1,14 @@
 #pragma once
 
 #include "host/site/site.h"
-#include "qt/editor/files/file_watcher.h"
-#include "qt/editor/files/recent_files.h"
-#include "qt/editor/messages/message_model.h"
-#include "qt/editor/recording/recorder.h"
-#include "qt/editor/recovery/recovery_keeper.h"
-#include "qt/editor/recovery/recovery_store.h"
+#include "qt/editor/start/recent_files.h"
 #include "qt/editor/window/commands.h"
-#include "qt/editor/window/page_saver.h"
+#include "qt/editor/window/message_model.h"
+#include "qt/editor/workspace/file_watcher.h"
+#include "qt/editor/workspace/page_saver.h"
+#include "qt/editor/workspace/recorder.h"
+#include "qt/editor/workspace/recovery_keeper.h"
+#include "qt/editor/workspace/recovery_store.h"
 
 #include <QMainWindow>
 #include <filesystem>

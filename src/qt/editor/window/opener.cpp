@@ -1,11 +1,11 @@
 #include "qt/editor/window/opener.h"
 
-#include "qt/editor/files/file_names.h"
-#include "qt/editor/files/recent_files.h"
-#include "qt/editor/page/page_editor.h"
+#include "qt/editor/base/words.h"
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/start/demo_site.h"
-#include "qt/editor/window/page_tabs.h"
+#include "qt/editor/start/recent_files.h"
+#include "qt/editor/workspace/page_editor.h"
+#include "qt/editor/workspace/page_tabs.h"
 
 #include <QDir>
 #include <QFileDialog>

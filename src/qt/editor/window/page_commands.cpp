@@ -2,12 +2,12 @@
 
 #include "qt/editor/health/page_health.h"
 #include "qt/editor/page/control_pane.h"
-#include "qt/editor/page/page_editor.h"
 #include "qt/editor/preview/preview_pane.h"
 #include "qt/editor/source/source_view.h"
 #include "qt/editor/window/commands.h"
-#include "qt/editor/window/page_saver.h"
-#include "qt/editor/window/page_tabs.h"
+#include "qt/editor/workspace/page_editor.h"
+#include "qt/editor/workspace/page_saver.h"
+#include "qt/editor/workspace/page_tabs.h"
 
 #include <QAction>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "qt/editor/window/page_status.h"
 
-#include "qt/editor/page/page_editor.h"
-#include "qt/editor/window/words.h"
+#include "qt/editor/base/words.h"
+#include "qt/editor/workspace/page_editor.h"
 
 namespace headerdtc::qt {
 namespace {

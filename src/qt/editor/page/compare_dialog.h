@@ -1,0 +1,53 @@
+#pragma once
+
+#include "qt/editor/page/aligned_texts.h"
+#include "qt/editor/page/page_changes.h"
+
+#include <QDialog>
+#include <array>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QPlainTextEdit;
+
+namespace headerdtc::qt {
+
+// A page that two have changed: what each of them did, in words, and on demand the lines of its
+// three states: as it was read, as it stands in the editor, and as somebody else has written it; of
+// the whole page, or of one control's span where nothing else differs. The answer is whose is kept,
+// or both where they do not touch; the dialog changes nothing.
+class CompareDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    enum class Answer { Later, KeepMine, TakeTheirs, TakeBoth };
+
+    CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
+                  const PageContent& theirs, QWidget* parent = nullptr);
+
+    Answer answer() const { return answer_; }
+    // What TakeBoth is the answer for.
+    const MergedPage& merged() const { return merged_; }
+
+  private:
+    QLayout* changes() const;
+    QWidget* makeLines();
+    QLayout* makeAnswers(QWidget& lines);
+    void addParts();
+    void showPart(int part);
+    void fill(const std::vector<AlignedRow>& rows);
+    void scrollTogether();
+    void goToDifference(int direction);
+
+    std::array<const PageContent*, 3> states_;  // outlive the dialog
+    MergedPage merged_;
+    QComboBox* parts_;
+    std::array<QPlainTextEdit*, 3> panes_{};
+    std::array<QLabel*, 3> counts_{};
+    std::vector<int> differences_;  // the rows at which differences begin
+    int shown_ = -1;
+    Answer answer_ = Answer::Later;
+};
+
+}  // namespace headerdtc::qt

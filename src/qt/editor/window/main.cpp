@@ -1,0 +1,88 @@
+#include "qt/editor/base/icons.h"
+#include "qt/editor/base/words.h"
+#include "qt/editor/version.h"
+#include "qt/editor/window/main_window.h"
+#include "qt/editor/window/opener.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QStandardPaths>
+#include <QTimer>
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+using namespace headerdtc::qt;
+
+namespace {
+
+// Without a screen Qt would abort, before it has looked at --help.
+bool hasScreen(int argc, char** argv) {
+    for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(variable)) return true;
+    }
+    return std::any_of(argv, argv + argc, [](std::string_view argument) {
+        return argument == "-platform" || argument == "--platform";
+    });
+}
+
+struct CommandLine {
+    CommandLine() {
+        parser.setApplicationDescription(QStringLiteral(
+            "Edits the data headers of dashboard pages.\n\nWithout --config, a page's "
+            "site configuration is the headerdtc.toml in its folder or the nearest one "
+            "above it; the environment variable HEADERDTC_CONFIG names another."));
+        parser.addOption(configuration);
+        parser.addHelpOption();
+        parser.addVersionOption();
+        parser.addPositionalArgument(QStringLiteral("page"),
+                                     QStringLiteral("Pages to open; a folder opens as a site."),
+                                     QStringLiteral("[--] [page...]"));
+    }
+
+    QCommandLineParser parser;
+    QCommandLineOption configuration{
+        QStringLiteral("config"), QStringLiteral("The site's configuration for every page."),
+        QStringLiteral("file"), qEnvironmentVariable("HEADERDTC_CONFIG")};
+};
+
+int complainOfNoScreen(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    CommandLine().parser.process(application);
+    std::fputs(
+        "headerdtc-editor: there is no screen; neither DISPLAY nor WAYLAND_DISPLAY names "
+        "one.\nWithout a screen, pages are edited with headerdtc automate.\n",
+        stderr);
+    return EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A file that would become too large is a failure to be reported, not the end.
+    std::signal(SIGXFSZ, SIG_IGN);
+    QCoreApplication::setApplicationName(QStringLiteral("headerdtc"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(HEADERDTC_VERSION));
+    if (!hasScreen(argc, argv)) return complainOfNoScreen(argc, argv);
+    const QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));
+    QApplication::setDesktopFileName(QStringLiteral("headerdtc-editor"));
+    QApplication::setWindowIcon(applicationIcon());
+    CommandLine commandLine;
+    commandLine.parser.process(application);
+
+    MainWindow::Options options;
+    if (const QString file = commandLine.parser.value(commandLine.configuration); !file.isEmpty())
+        options.configuration = toPath(file);
+    options.recoveryFolder =
+        toPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)) / "recovery";
+    MainWindow window(options);
+    window.show();
+    for (const QString& page : commandLine.parser.positionalArguments())
+        window.opener().openAnything(toPath(page));
+    // When the window stands and can be asked over.
+    QTimer::singleShot(0, &window, &MainWindow::offerRecovery);
+    return QApplication::exec();
+}

@@ -1,0 +1,63 @@
+#include "qt/editor/window/messages_panel.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace headerdtc::qt {
+
+MessagesPanel::MessagesPanel(MessageModel& messages, QWidget* parent)
+    : QWidget(parent), messages_(messages) {
+    view_ = new QTreeView;
+    view_->setObjectName(QStringLiteral("MessagesView"));
+    view_->setAccessibleName(tr("Messages"));
+    view_->setModel(&messages);
+    view_->setRootIsDecorated(false);
+    view_->setAllColumnsShowFocus(true);
+    view_->setAlternatingRowColors(true);
+    view_->setUniformRowHeights(true);
+    view_->header()->setStretchLastSection(false);
+    view_->header()->setSectionResizeMode(MessageModel::Text, QHeaderView::Stretch);
+    view_->header()->setSectionResizeMode(MessageModel::Page, QHeaderView::ResizeToContents);
+    view_->header()->setSectionResizeMode(MessageModel::Where, QHeaderView::ResizeToContents);
+    connect(view_, &QTreeView::activated, this,
+            [this](const QModelIndex& index) { Q_EMIT activated(messages_.message(index.row())); });
+
+    auto* copy = new QAction(tr("Copy"), view_);
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setShortcutContext(Qt::WidgetShortcut);
+    connect(copy, &QAction::triggered, this, &MessagesPanel::copySelected);
+    view_->addAction(copy);
+    view_->setContextMenuPolicy(Qt::ActionsContextMenu);
+
+    empty_ = new QLabel(tr("Nothing to complain about."));
+    empty_->setAlignment(Qt::AlignCenter);
+    empty_->setForegroundRole(QPalette::PlaceholderText);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(view_);
+    layout->addWidget(empty_);
+    connect(&messages, &MessageModel::changed, this, &MessagesPanel::showCount);
+    showCount();
+}
+
+void MessagesPanel::showCount() {
+    const bool any = messages_.rowCount() > 0;
+    view_->setVisible(any);
+    empty_->setVisible(!any);
+}
+
+void MessagesPanel::copySelected() {
+    const QModelIndex index = view_->currentIndex();
+    if (!index.isValid()) return;
+    const Message& message = messages_.message(index.row());
+    QGuiApplication::clipboard()->setText(QString::fromStdString(message.page.string()) +
+                                          QLatin1String(": ") + message.text);
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "qt/editor/base/message.h"
+
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <vector>
+
+class QVBoxLayout;
+
+namespace headerdtc::qt {
+
+// Things that the author should know, above the work instead of over it: one line each, with what
+// can be done about it.
+class NoticeBar : public QWidget {
+    Q_OBJECT
+
+  public:
+    struct Choice {
+        QString text;
+        std::function<void()> act;
+    };
+
+    explicit NoticeBar(QWidget* parent = nullptr);
+
+    // A notice of the same key is replaced. A choice takes the notice away before it acts.
+    void show(const QString& key, Message::Severity severity, const QString& text,
+              const std::vector<Choice>& choices = {});
+    void remove(const QString& key);
+    bool shows(const QString& key) const { return notices_.contains(key); }
+
+  private:
+    QVBoxLayout* layout_;
+    std::map<QString, QWidget*> notices_;
+};
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,348 @@
+#include "qt/editor/workspace/page_editor.h"
+
+#include "core/header_dtc.h"
+#include "qt/editor/base/words.h"
+#include "qt/editor/health/page_health.h"
+#include "qt/editor/page/control_pane.h"
+#include "qt/editor/preview/preview_pane.h"
+#include "qt/editor/source/find_bar.h"
+#include "qt/editor/source/source_view.h"
+#include "qt/editor/workspace/notice_bar.h"
+#include "qt/editor/workspace/site_files.h"
+#include "qt/surface/control_surface.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+namespace headerdtc::qt {
+namespace {
+
+// Milliseconds after the last change: the text is to follow an edit within 300.
+constexpr int PreviewDelay = 60;
+constexpr int SealDelay = 1000;  // a pause this long ends a step of typing
+
+// Pages change their names; their messages keep the one that they came under.
+int editorsMade = 0;
+
+QWidget* titled(const QString& title, QWidget* content) {
+    auto* part = new QWidget;
+    auto* label = new QLabel(title);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    label->setContentsMargins(6, 3, 6, 3);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(label);
+    layout->addWidget(content, 1);
+    return part;
+}
+
+}  // namespace
+
+PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
+    : QWidget(parent),
+      messageSources_(QStringLiteral("page %1 ").arg(++editorsMade)),
+      page_(std::move(page)) {
+    notices_ = new NoticeBar;
+    controls_ = new ControlPane(*page_);
+    health_ = new PageHealth(*page_, *controls_, this);
+    source_ = new SourceView;
+    findBar_ = new FindBar(*source_);
+    preview_ = new PreviewPane;
+    preview_->setObjectName(QStringLiteral("PreviewPane"));
+
+    auto* sourceAndFind = new QWidget;
+    auto* sourceLayout = new QVBoxLayout(sourceAndFind);
+    sourceLayout->setContentsMargins(0, 0, 0, 0);
+    sourceLayout->setSpacing(0);
+    sourceLayout->addWidget(source_);
+    sourceLayout->addWidget(findBar_);
+    sourcePart_ = titled(tr("Source"), sourceAndFind);
+    beside_ = new QSplitter(Qt::Vertical);
+    beside_->addWidget(sourcePart_);
+    beside_->addWidget(titled(tr("Generated text"), preview_));
+    beside_->setSizes({400, 400});
+    beside_->setChildrenCollapsible(false);
+    auto* whole = new QSplitter(Qt::Horizontal);
+    whole->addWidget(controls_);
+    whole->addWidget(beside_);
+    whole->setStretchFactor(0, 0);
+    whole->setStretchFactor(1, 1);
+    // Room for the names of fields; the source gets what is left.
+    whole->setSizes({ControlSurface::DesignedWidth, ControlSurface::DesignedWidth});
+    whole->setChildrenCollapsible(false);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(notices_);
+    layout->addWidget(whole, 1);
+
+    previewTimer_.setSingleShot(true);
+    previewTimer_.setInterval(PreviewDelay);
+    connect(&previewTimer_, &QTimer::timeout, this, &PageEditor::requestPreviews);
+    sealTimer_.setSingleShot(true);
+    sealTimer_.setInterval(SealDelay);
+    connect(&sealTimer_, &QTimer::timeout, this, [this] { page_->sealStep(); });
+    connect(&worker_, &PreviewWorker::ready, this, &PageEditor::takePreview);
+    connect(page_.get(), &EditedPage::contentChanged, this, &PageEditor::followPage);
+    connect(page_.get(), &EditedPage::stateChanged, this, [this] {
+        previewTimer_.start();  // the saved text may be another
+        Q_EMIT stateChanged();
+    });
+    connect(page_.get(), &EditedPage::placeChanged, this, &PageEditor::lookAgain);
+    connect(page_.get(), &EditedPage::readAgain, this, &PageEditor::lookAgain);
+    connect(controls_, &ControlPane::currentChanged, this, &PageEditor::showPreviewOfCurrent);
+    connect(controls_, &ControlPane::insertRequested, this, &PageEditor::insertControl);
+    connect(source_, &SourceView::edited, this,
+            [this](const ByteRange& range, const std::string& bytes, const QString& kind) {
+                page_->replaceText(range, bytes, kind);
+            });
+    connect(source_, &SourceView::editRefused, this, [this] {
+        notices_->show(QStringLiteral("span"), Message::Severity::Note,
+                       tr("The marked lines belong to the control: change them at the control, or "
+                          "take it out with Edit > Remove control."));
+    });
+    connect(health_, &PageHealth::judged, this,
+            [this](const std::string& control, const std::vector<Message>& messages) {
+                Q_EMIT messagesChanged(sourceName("fields " + control), messages);
+            });
+    connect(health_, &PageHealth::changed, this, &PageEditor::stateChanged);
+    followPage();
+}
+
+PageEditor::~PageEditor() {
+    // The page tells of nothing any more while its views go.
+    page_->disconnect();
+    delete controls_;
+}
+
+QString PageEditor::title() const {
+    return toName(page_->file().filename());
+}
+
+bool PageEditor::isBusy() const {
+    return controls_->isBusy();
+}
+
+void PageEditor::followPage() {
+    source_->showPage(page_->content());
+    sealTimer_.start();
+    previewTimer_.start();
+}
+
+void PageEditor::tellMarkupProblem() {
+    std::vector<Message> messages;
+    if (const auto& problem = page_->content()->problem()) {
+        Message message;
+        message.severity = Message::Severity::Error;
+        message.text = QString::fromStdString(problem->problem());
+        message.page = page_->file();
+        message.place.line = problem->line();
+        messages.push_back(std::move(message));
+    }
+    Q_EMIT messagesChanged(sourceName("markup"), messages);
+}
+
+// Why a save would be refused, as the previews of the page as it is have found it: when the cause
+// goes, so does this.
+void PageEditor::showRefusal() {
+    const QString key = QStringLiteral("refusal");
+    QString text;
+    bool failed = false;
+    for (const ControlSpan& span : page_->content()->controls()) {
+        const auto found = previews_.find(span.id);
+        if (found == previews_.end() || !found->second->expansion.doubt) continue;
+        const Expansion& expansion = found->second->expansion;
+        failed = expansion.failed();
+        const QString reason = QString::fromStdString(span.id + ": " + expansion.doubt->reason);
+        const QString missing = failed ? missingFiles(*page_->site()) : QString();
+        text = !failed ? tr("Saving this page would lose something. %1").arg(reason)
+                       : tr("This page cannot be saved as long as it cannot be generated. %1")
+                             .arg(missing.isEmpty() ? reason : missing);
+        if (failed) break;
+    }
+    // What the author has hidden comes again when there is something else to say.
+    if (text == std::exchange(refusal_, text)) return;
+    if (text.isEmpty()) {
+        notices_->remove(key);
+    } else if (failed) {
+        notices_->show(key, Message::Severity::Error, text,
+                       {{tr("Settings..."), [this] { Q_EMIT settingsRequested(); }}});
+    } else {
+        notices_->show(key, Message::Severity::Warning, text);
+    }
+}
+
+// ---- what the author does -----------------------------------------------------------------------
+
+void PageEditor::finishEditing() {
+    controls_->finishEditing();
+    page_->sealStep();
+}
+
+void PageEditor::step(void (EditedPage::*move)(), const std::string& control) {
+    (page_.get()->*move)();
+    if (const auto index = page_->content()->indexOf(control)) controls_->select(*index);
+}
+
+void PageEditor::undo() {
+    finishEditing();
+    if (const Step* step = page_->history().undoStep())
+        this->step(&EditedPage::undo, step->control);
+}
+
+void PageEditor::redo() {
+    finishEditing();
+    if (const Step* step = page_->history().redoStep())
+        this->step(&EditedPage::redo, step->control);
+}
+
+void PageEditor::insertControl() {
+    finishEditing();
+    std::optional<int> line = source_->chosenLine();
+    const auto directive = page_->content()->directive();
+    const bool isTooEarly =
+        line && directive && source_->lines()->bytesOfLine(*line - 1).begin < directive->end;
+    if (isTooEarly) line.reset();
+    const QString key = QStringLiteral("insert");
+    try {
+        page_->insertControl(line);
+        notices_->remove(key);
+        if (isTooEarly)
+            notices_->show(
+                key, Message::Severity::Note,
+                tr("The control stands behind the page's directive <%@ ... %>, which has "
+                   "to come before all other script."));
+    } catch (const FileError& error) {
+        notices_->show(
+            key, Message::Severity::Warning,
+            tr("No control can be inserted here: %1").arg(QString::fromStdString(error.problem())));
+    }
+}
+
+void PageEditor::removeControl() {
+    finishEditing();
+    if (const auto control = controls_->current()) page_->removeControl(*control);
+}
+
+void PageEditor::goTo(const Place& place) {
+    if (place.tab >= 0) {
+        controls_->goTo(place);
+    } else if (place.line > 0) {
+        source_->goToLine(place.line);
+        source_->setFocus();
+    }
+}
+
+void PageEditor::toggleFold() {
+    const auto control = controls_->current();
+    if (!control) return;
+    const std::string& id = page_->content()->controls()[*control].id;
+    source_->setFolded(id, !source_->isFolded(id));
+}
+
+void PageEditor::find() {
+    sourcePart_->show();
+    findBar_->open();
+}
+
+void PageEditor::showParts(bool source, bool preview) {
+    sourcePart_->setVisible(source);
+    beside_->widget(1)->setVisible(preview);
+    beside_->setVisible(source || preview);
+}
+
+// ---- previews -----------------------------------------------------------------------------------
+
+QString PageEditor::sourceName(const std::string& part) const {
+    return messageSources_ + QString::fromStdString(part);
+}
+
+void PageEditor::lookAgain() {
+    controls_->renewFaulty();
+    previewed_.clear();
+    previewTimer_.start();
+    health_->judgeSoon();
+}
+
+void PageEditor::requestPreviews() {
+    tellMarkupProblem();
+    const PageContentPtr& content = page_->content();
+    std::set<std::string> ids;
+    for (const ControlSpan& span : content->controls()) {
+        ids.insert(span.id);
+        Asked asked{span.properties, page_->saved()};
+        const auto before = previewed_.find(span.id);
+        if (before != previewed_.end() && before->second == asked) continue;
+        previewed_[span.id] = std::move(asked);
+        const auto saved = page_->saved()->indexOf(span.id);
+        worker_.request({page_->site(), page_->file(), span,
+                         saved ? page_->saved()->runtimeTextOf(*saved) : std::string()});
+    }
+    // Controls that are gone complain no more.
+    std::erase_if(previewed_, [&](const auto& entry) { return !ids.contains(entry.first); });
+    std::erase_if(previews_, [&](const auto& entry) {
+        if (ids.contains(entry.first)) return false;
+        Q_EMIT messagesChanged(sourceName(entry.first), {});
+        return true;
+    });
+    if (ids.empty()) showPreviewOfCurrent();
+    showRefusal();
+}
+
+void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
+    previews_[preview->controlId] = preview;
+    showRefusal();
+    Q_EMIT stateChanged();
+    const auto index = page_->content()->indexOf(preview->controlId);
+    if (!index) return;
+    const ControlSpan& span = page_->content()->controls()[*index];
+    std::vector<Message> messages;
+    for (const std::string& text : preview->expansion.messages)
+        messages.push_back(messageOf(text, page_->file(), span));
+    // A doubt that only repeats a failure says nothing new.
+    const bool failed = std::any_of(messages.begin(), messages.end(), [](const Message& message) {
+        return message.severity == Message::Severity::Error;
+    });
+    if (preview->expansion.doubt && !failed)
+        messages.push_back(messageOf(*preview->expansion.doubt, page_->file(), span));
+    if (!preview->problem.empty())
+        messages.push_back(messageOf(preview->problem, page_->file(), span));
+    Q_EMIT messagesChanged(sourceName(preview->controlId), messages);
+    const auto current = controls_->current();
+    if (current && page_->content()->controls()[*current].id == preview->controlId)
+        showPreviewOfCurrent();
+}
+
+PageEditor::Freshness PageEditor::freshness() const {
+    Freshness worst = Freshness::Fresh;
+    for (const ControlSpan& span : page_->content()->controls()) {
+        const auto found = previews_.find(span.id);
+        if (found == previews_.end()) return Freshness::Unknown;
+        const Preview& preview = *found->second;
+        if (!preview.problem.empty() || preview.expansion.failed()) return Freshness::Failing;
+        if (preview.expansion.doubt) worst = Freshness::Losing;
+        const bool changes = std::any_of(preview.changes.begin(), preview.changes.end(),
+                                         [](const DiffRun& run) { return !run.same; });
+        if (changes) worst = std::max(worst, Freshness::Stale);
+    }
+    return worst;
+}
+
+void PageEditor::showPreviewOfCurrent() {
+    const auto current = controls_->current();
+    if (!current) {
+        preview_->showNothing(tr("There is no control whose text could be generated."));
+        return;
+    }
+    const auto preview = previews_.find(page_->content()->controls()[*current].id);
+    if (preview != previews_.end()) preview_->showPreview(preview->second);
+}
+
+}  // namespace headerdtc::qt

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "qt/editor/base/message.h"
+#include "qt/editor/page/edited_page.h"
+#include "qt/editor/preview/preview_worker.h"
+
+#include <QTimer>
+#include <QWidget>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+class QSplitter;
+
+namespace headerdtc::qt {
+
+class ControlPane;
+class FindBar;
+class NoticeBar;
+class PageHealth;
+class PreviewPane;
+class SourceView;
+
+// One open page: its controls, its source beside them, and the text that would be generated.
+class PageEditor : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent = nullptr);
+    ~PageEditor() override;
+
+    EditedPage& page() { return *page_; }
+    const EditedPage& page() const { return *page_; }
+    ControlPane& controls() { return *controls_; }
+    SourceView& source() { return *source_; }
+    PreviewPane& preview() { return *preview_; }
+    NoticeBar& notices() { return *notices_; }
+    PageHealth& health() { return *health_; }
+
+    // The file's name.
+    QString title() const;
+    bool isModified() const { return page_->isModified(); }
+
+    void undo();
+    void redo();
+    void insertControl();
+    void removeControl();
+    void goTo(const Place& place);
+    void find();
+    // Folds or unfolds the shown control in the source.
+    void toggleFold();
+    // The current content goes into the page, what is being typed too; called before the page is
+    // saved, closed or left.
+    void finishEditing();
+    // The template or the catalogue may be others: previews are made again, and controls that
+    // lacked something.
+    void lookAgain();
+    void showParts(bool source, bool preview);
+    bool isBusy() const;
+    // Whether the file holds the text that would be generated; Losing: saving would be refused.
+    enum class Freshness { Unknown, Fresh, Stale, Losing, Failing };
+    Freshness freshness() const;
+    // What the names of all its message sources begin with.
+    QString messageSources() const { return messageSources_; }
+
+  Q_SIGNALS:
+    // Title, modified mark, undo and redo are others.
+    void stateChanged();
+    // The author wants to look at the settings of the page's site.
+    void settingsRequested();
+    // What a part of the page would complain about, replacing what it complained about before.
+    void messagesChanged(const QString& source,
+                         const std::vector<headerdtc::qt::Message>& messages);
+
+  private:
+    void followPage();
+    void requestPreviews();
+    void takePreview(const std::shared_ptr<const Preview>& preview);
+    void showPreviewOfCurrent();
+    void showRefusal();
+    void tellMarkupProblem();
+    void step(void (EditedPage::*move)(), const std::string& control);
+    QString sourceName(const std::string& part) const;
+
+    const QString messageSources_;
+    std::unique_ptr<EditedPage> page_;
+    PreviewWorker worker_;
+    struct Asked {
+        StoredProperties properties;
+        PageContentPtr saved;
+        bool operator==(const Asked&) const = default;
+    };
+    std::map<std::string, Asked> previewed_;  // what was asked for, by control
+    std::map<std::string, std::shared_ptr<const Preview>> previews_;
+    QString refusal_;  // why a save would be refused, in words
+    QTimer previewTimer_;
+    QTimer sealTimer_;
+
+    NoticeBar* notices_;
+    ControlPane* controls_;
+    PageHealth* health_;
+    SourceView* source_;
+    FindBar* findBar_;
+    QWidget* sourcePart_;
+    PreviewPane* preview_;
+    QSplitter* beside_;
+};
+
+}  // namespace headerdtc::qt
