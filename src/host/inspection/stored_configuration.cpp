@@ -5,6 +5,7 @@
 #include "core/stored_key_table.h"
 #include "core/stored_values.h"
 #include "platform/runtime_error.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <string_view>
@@ -193,6 +194,10 @@ std::string_view nameOf(StoredRole role) {
 
 std::string_view keyOf(StoredRole role) {
     return namesOf(role).key;
+}
+
+bool StoredConfiguration::Criterion::isWritten() const {
+    return !trimBlanks(key.text).empty() && !operation.text.empty() && !value.text.empty();
 }
 
 int StoredConfiguration::OfFamily::typeOf(std::string_view value) const {
