@@ -1,7 +1,7 @@
 #include "host/generation/page_generation.h"
 
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 #include <iterator>
 #include <new>

@@ -1,7 +1,7 @@
 // Long lists: finding, counting, moving in one stroke.
 
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 #include "qt/editor/lists/list_matches.h"
 #include "qt/editor/window_fixture.h"
 #include "qt/event_recorder.h"

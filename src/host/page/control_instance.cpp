@@ -1,4 +1,4 @@
-#include "host/control_instance.h"
+#include "host/page/control_instance.h"
 
 #include "editor/editor.h"
 #include "i18n/field_translation.h"
