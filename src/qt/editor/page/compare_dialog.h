@@ -5,11 +5,16 @@
 
 #include <QDialog>
 #include <array>
+#include <memory>
 #include <vector>
 
-class QComboBox;
 class QLabel;
 class QPlainTextEdit;
+class QPushButton;
+
+namespace Ui {
+class CompareDialog;
+}
 
 namespace headerdtc::qt {
 
@@ -25,15 +30,16 @@ class CompareDialog : public QDialog {
 
     CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
                   const PageContent& theirs, QWidget* parent = nullptr);
+    ~CompareDialog() override;
 
     Answer answer() const { return answer_; }
     // What TakeBoth is the answer for.
     const MergedPage& merged() const { return merged_; }
 
   private:
-    QLayout* changes() const;
-    QWidget* makeLines();
-    QLayout* makeAnswers(QWidget& lines);
+    void showChanges();
+    void addAnswer(QPushButton& button, Answer answer);
+    void setUpLines();
     void addParts();
     void showPart(int part);
     void fill(const std::vector<AlignedRow>& rows);
@@ -42,9 +48,9 @@ class CompareDialog : public QDialog {
 
     std::array<const PageContent*, 3> states_;  // outlive the dialog
     MergedPage merged_;
-    QComboBox* parts_;
-    std::array<QPlainTextEdit*, 3> panes_{};
-    std::array<QLabel*, 3> counts_{};
+    std::unique_ptr<Ui::CompareDialog> ui_;
+    std::array<QPlainTextEdit*, 3> panes_;
+    std::array<QLabel*, 3> counts_;
     std::vector<int> differences_;  // the rows at which differences begin
     int shown_ = -1;
     Answer answer_ = Answer::Later;
