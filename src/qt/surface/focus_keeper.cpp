@@ -3,7 +3,7 @@
 #include "controls/control.h"
 #include "controls/form.h"
 #include "qt/surface/action_runner.h"
-#include "qt/surface/key_translation.h"
+#include "qt/surface/control_view.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,8 +1,6 @@
 #include "qt/surface/grid_view.h"
 
 #include "qt/surface/focus_keeper.h"
-#include "qt/surface/focus_outline.h"
-#include "qt/surface/key_translation.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -46,7 +44,7 @@ GridView::GridView(Grid& model, QTableView& widget, FormFace face)
 }
 
 void GridView::setUpTable() {
-    new FocusOutline(table_);
+    outlineFocus(table_);
     table_.setModel(&cells_);
     // A press is the model's before it moves the focus: the cell is entered first, then an open
     // editor loses the focus.

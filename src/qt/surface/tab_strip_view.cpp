@@ -1,7 +1,6 @@
 #include "qt/surface/tab_strip_view.h"
 
 #include "qt/surface/focus_keeper.h"
-#include "qt/surface/key_translation.h"
 #include "qt/surface/mnemonics.h"
 #include "qt/surface/text.h"
 

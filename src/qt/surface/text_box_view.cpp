@@ -1,8 +1,6 @@
 #include "qt/surface/text_box_view.h"
 
-#include "qt/surface/document_text.h"
-#include "qt/surface/key_translation.h"
-#include "qt/surface/line_selection.h"
+#include "qt/surface/edited_text.h"
 #include "qt/surface/text.h"
 
 #include <QLineEdit>

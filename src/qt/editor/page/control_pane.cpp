@@ -1,6 +1,8 @@
 #include "qt/editor/page/control_pane.h"
 
 #include "core/header_dtc.h"
+#include "platform/runtime_error.h"
+#include "qt/editor/base/words.h"
 #include "qt/editor/lists/list_tools.h"
 #include "qt/surface/control_surface.h"
 
@@ -39,12 +41,28 @@ bool isAction(QEvent::Type type) {
     }
 }
 
+// Asks for files on the drives of the site that the page is in at the moment.
+QtFileDialog fileDialogOf(const EditedPage& page, QWidget* window) {
+    const auto drives = [&page]() -> const WindowsPaths& {
+        return page.site()->configuration->drives;
+    };
+    return {[drives](const std::string& windowsPath) -> QString {
+                try {
+                    return toName(drives().toLocal(windowsPath));
+                } catch (const RuntimeError&) {
+                    return {};  // A drive that the site lacks: the dialog begins anywhere.
+                }
+            },
+            [drives](const QString& localPath) { return drives().toWindows(toPath(localPath)); },
+            window};
+}
+
 }  // namespace
 
 ControlPane::ControlPane(EditedPage& page, QWidget* parent)
-    : QWidget(parent), page_(page), faces_(this, [this]() -> const WindowsPaths& {
-          return page_.site()->configuration->drives;
-      }) {
+    : QWidget(parent),
+      page_(page),
+      faces_{QtMessageBox(this), fileDialogOf(page, this), QtModalLoop(this)} {
     setObjectName(QStringLiteral("ControlPane"));
     selector_ = new QComboBox;
     selector_->setObjectName(QStringLiteral("ControlSelector"));
@@ -245,7 +263,7 @@ void ControlPane::make(std::size_t control, int tab) {
                           shown.surface->isAncestorOf(QApplication::focusWidget());
     const int scrolled = area_->verticalScrollBar()->value();
     const auto make = [&] {
-        return std::make_unique<LiveControl>(page_.site(), page_.file(), span, faces_.faces());
+        return std::make_unique<LiveControl>(page_.site(), page_.file(), span, faces_);
     };
     auto made = make();
     if (!made->showTab(tab)) made = make();

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "qt/editor/base/message.h"
-#include "qt/editor/page/control_faces.h"
 #include "qt/editor/page/edited_page.h"
 #include "qt/editor/page/live_control.h"
 

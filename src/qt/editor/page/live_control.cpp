@@ -40,8 +40,8 @@ StoredProperties withChanges(const StoredProperties& stored, const StoredPropert
 }  // namespace
 
 LiveControl::LiveControl(std::shared_ptr<Site> site, const std::filesystem::path& page,
-                         const ControlSpan& span, const Faces& faces)
-    : messages_(faces.messages), fileDialog_(faces.fileDialog), properties_(span.properties) {
+                         const ControlSpan& span, ControlFaces& faces)
+    : faces_(faces), properties_(span.properties) {
     control_ = std::make_unique<OpenControl>(std::move(site), page, span,
                                              HostFaces{*this, *this, *this, faces.modalLoop});
     written_ = control_->propertiesToStore();
@@ -113,7 +113,7 @@ void LiveControl::show(const std::string& text) {
         collected_.push_back(text);
     } else {
         const QScopedValueRollback asking(asking_, true);
-        messages_.show(text);
+        faces_.messages.show(text);
     }
 }
 
@@ -122,13 +122,13 @@ void LiveControl::showError(const std::string& text) {
         collected_.push_back(text);
     } else {
         const QScopedValueRollback asking(asking_, true);
-        messages_.showError(text);
+        faces_.messages.showError(text);
     }
 }
 
 std::string LiveControl::open(const FileDialogRequest& request) {
     const QScopedValueRollback asking(asking_, true);
-    std::string file = fileDialog_.open(request);
+    std::string file = faces_.fileDialog.open(request);
     Q_EMIT fileChosen(file);
     return file;
 }

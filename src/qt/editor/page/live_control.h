@@ -5,6 +5,7 @@
 #include "platform/design_time_site.h"
 #include "platform/file_dialog.h"
 #include "platform/message_box.h"
+#include "qt/surface/qt_faces.h"
 
 #include <QObject>
 #include <QString>
@@ -24,16 +25,10 @@ class LiveControl : public QObject,
     Q_OBJECT
 
   public:
-    // What a person answers with; the objects outlive the control.
-    struct Faces {
-        MessageBox& messages;
-        FileDialog& fileDialog;
-        ModalLoop& modalLoop;
-    };
-
-    // Boxes of the loading are collected, not shown. Throws what OpenControl throws.
+    // Boxes of the loading are collected, not shown. The faces outlive the control. Throws what
+    // OpenControl throws.
     LiveControl(std::shared_ptr<Site> site, const std::filesystem::path& page,
-                const ControlSpan& span, const Faces& faces);
+                const ControlSpan& span, ControlFaces& faces);
     ~LiveControl() override;
 
     HeaderDTC& dtc() { return control_->dtc(); }
@@ -76,8 +71,7 @@ class LiveControl : public QObject,
     // What of it the author has done becomes properties().
     void take(StoredProperties now);
 
-    MessageBox& messages_;
-    FileDialog& fileDialog_;
+    ControlFaces& faces_;
     bool collecting_ = true;
     bool asking_ = false;  // a box or a file dialog is open
     bool changed_ = false;

@@ -3,6 +3,8 @@
 #include <QString>
 #include <string>
 
+class QLineEdit;
+
 namespace headerdtc::qt {
 
 // A text of several lines on its way between a model and a Qt text document. In a model a line
@@ -15,5 +17,16 @@ std::string fromDocument(const QString& rawText);
 // which counts characters, CR and LF one by one; and back.
 int characterPosition(const QString& rawText, int documentPosition);
 int documentPosition(const QString& rawText, int characterPosition);
+
+// The selection of a line edit in characters, as the models count: Qt counts UTF-16 units. With
+// nothing selected the start is where the cursor stands.
+struct LineSelection {
+    int start = 0;
+    int length = 0;
+
+    static LineSelection of(const QLineEdit& edit);
+    void applyTo(QLineEdit& edit) const;
+    bool operator==(const LineSelection&) const = default;
+};
 
 }  // namespace headerdtc::qt

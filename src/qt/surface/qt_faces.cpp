@@ -1,14 +1,21 @@
-#include "qt/surface/qt_file_dialog.h"
+#include "qt/surface/qt_faces.h"
 
-#include "qt/surface/qt_modal_loop.h"
+#include "qt/surface/form_dialog.h"
 #include "qt/surface/text.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <utility>
 
 namespace headerdtc::qt {
 namespace {
+
+QWidget* dialogParent(QWidget* otherwise) {
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    return otherwise;
+}
 
 // A folder that is not there is asked for too: then the nearest one that is.
 QString existingFolder(const QString& path) {
@@ -19,6 +26,22 @@ QString existingFolder(const QString& path) {
 }
 
 }  // namespace
+
+void QtMessageBox::show(const std::string& text) {
+    show(text, QMessageBox::NoIcon);
+}
+
+void QtMessageBox::showError(const std::string& text) {
+    show(text, QMessageBox::Warning);
+}
+
+void QtMessageBox::show(const std::string& text, QMessageBox::Icon icon) {
+    QMessageBox box(icon, "HeaderDTC", toQt(text), QMessageBox::Ok, dialogParent(window_));
+    // Texts quote statements and names of fields, which may look like markup.
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.exec();
+}
 
 QtFileDialog::QtFileDialog(ToLocal toLocal, ToWindows toWindows, QWidget* window)
     : toLocal_(std::move(toLocal)), toWindows_(std::move(toWindows)), window_(window) {}
@@ -45,6 +68,18 @@ QStringList nameFilters(const QString& filter) {
         filters += description.trimmed() + " (" + patterns + ")";
     }
     return filters;
+}
+
+void QtModalLoop::run(Form& form) {
+    FormDialog dialog(form, dialogParent(window_));
+    if (const auto size = sizes_.find(form.name()); size != sizes_.end())
+        dialog.resize(size->second);
+    struct Remember {
+        QSize& size;
+        const FormDialog& dialog;
+        ~Remember() { size = dialog.size(); }
+    } const remember{sizes_[form.name()], dialog};
+    dialog.run();
 }
 
 }  // namespace headerdtc::qt
