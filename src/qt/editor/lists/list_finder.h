@@ -4,6 +4,7 @@
 
 #include <QFrame>
 #include <functional>
+#include <string>
 #include <vector>
 
 class QLabel;
@@ -12,6 +13,12 @@ class QLineEdit;
 namespace headerdtc::qt {
 
 class SelectionList;
+
+// The items of a list in which something is found, the best first: those whose number or name is
+// just that, then those that begin with it, then those that hold it anywhere; equally good ones in
+// the order of the list. Case does not matter. "#12" is the twelfth item, whatever it says; an
+// empty text finds nothing.
+std::vector<int> findInList(const ListBox& list, const std::string& sought);
 
 // Finds items of a list: a line that opens over the list's lower edge when somebody types in the
 // list. The best match is marked at once, by what a person does, and Up and Down go on to the

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "qt/editor/lists/field_mover.h"
+#include "controls/button.h"
+#include "controls/list_box.h"
 
 #include <QObject>
 #include <vector>
@@ -16,6 +17,8 @@ namespace headerdtc::qt {
 class ControlSurface;
 class ListFinder;
 class SelectionList;
+
+enum class FieldMove { Up, Down, ToTop, ToBottom };
 
 // What makes the long lists of a control's surface quick to use: finding, counts, moving in one
 // stroke. All of it is done by what a person does, with the events of that.

@@ -1,7 +1,9 @@
 #include "qt/editor/settings/settings_dialog.h"
 
 #include "host/files/file_replacer.h"
+#include "host/odbc/odbc_database.h"
 #include "host/site/site_configuration.h"
+#include "platform/runtime_error.h"
 #include "qt/editor/base/icons.h"
 #include "qt/editor/base/words.h"
 #include "ui_settings_dialog.h"
@@ -9,7 +11,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTemporaryDir>
+#include <QThreadPool>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -24,6 +28,36 @@ WholeFile readOrNothing(const std::filesystem::path& file) {
     const FileStamp stamp = FileStamp::of(file);
     if (stamp.size < 0) return {{}, stamp};
     return readWholeFile(file);
+}
+
+struct ConnectionResult {
+    bool connected;
+    QString text;
+};
+
+// Whether the connect string leads to a translation database.
+ConnectionResult tryToConnect(const OdbcDatabase::Settings& settings) {
+    constexpr int Unspecified = -1;
+    OdbcDatabase database(settings);
+    bool connected = false;
+    try {
+        const auto connection = database.createConnection();
+        connection->Open(settings.connectString, {}, {}, Unspecified);
+        connected = true;
+        const auto rows =
+            connection->Execute("SELECT COUNT(*) AS TEXTS FROM I18NTEXT", nullptr, Unspecified);
+        const QString count = QString::fromStdString(rows->Item("TEXTS").Value());
+        connection->Close();
+        return {true, SettingsDialog::tr("Connected; the table I18NTEXT has %1 rows.").arg(count)};
+    } catch (const RuntimeError& error) {
+        const QString text = QString::fromStdString(error.description()) +
+                             QStringLiteral(" (%1)").arg(error.number());
+        return {
+            false,
+            connected
+                ? SettingsDialog::tr("Connected, but this is no translation database: %1").arg(text)
+                : text};
+    }
 }
 
 }  // namespace
@@ -48,12 +82,6 @@ SettingsDialog::SettingsDialog(std::filesystem::path file, QWidget* parent)
     connectChoice(*ui_->ChooseOdbcIni, *ui_->OdbcIni, false);
     connect(ui_->TestConnectionButton, &QPushButton::clicked, this,
             &SettingsDialog::testConnection);
-    connect(&connection_, &ConnectionTest::finished, this,
-            [this](bool connected, const QString& text) {
-                ui_->TestConnectionButton->setEnabled(true);
-                ui_->TestConnectionResult->setText(text);
-                ui_->TestConnectionResult->setProperty("connected", connected);
-            });
     connect(ui_->AnswerButtons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
     connect(ui_->AnswerButtons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     resize(640, sizeHint().height());
@@ -144,7 +172,16 @@ void SettingsDialog::testConnection() {
     if (!odbcIni.empty()) settings.odbcIni = settings.siteFolder / odbcIni;
     ui_->TestConnectionButton->setEnabled(false);
     ui_->TestConnectionResult->setText(tr("Connecting..."));
-    connection_.start(settings, settings.connectString);
+    // A server that does not answer keeps only the test waiting.
+    QThreadPool::globalInstance()->start([settings, self = QPointer<SettingsDialog>(this)] {
+        const ConnectionResult result = tryToConnect(settings);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), [result, self] {
+            if (!self) return;
+            self->ui_->TestConnectionButton->setEnabled(true);
+            self->ui_->TestConnectionResult->setText(result.text);
+            self->ui_->TestConnectionResult->setProperty("connected", result.connected);
+        });
+    });
 }
 
 std::string SettingsDialog::changed() const {

@@ -2,7 +2,6 @@
 
 #include "host/files/whole_file.h"
 #include "qt/editor/settings/configuration_text.h"
-#include "qt/editor/settings/connection_test.h"
 
 #include <QDialog>
 #include <filesystem>
@@ -55,7 +54,6 @@ class SettingsDialog : public QDialog {
     ConfigurationText text_;
     std::vector<Field> fields_;
     std::unique_ptr<Ui::SettingsDialog> ui_;
-    ConnectionTest connection_;
 };
 
 }  // namespace headerdtc::qt

@@ -2,7 +2,6 @@
 
 #include "qt/editor/base/words.h"
 #include "qt/editor/source/asp_highlighter.h"
-#include "qt/editor/source/folding_layout.h"
 #include "qt/editor/source/source_gutter.h"
 
 #include <QContextMenuEvent>
@@ -17,6 +16,16 @@
 
 namespace headerdtc::qt {
 namespace {
+
+// Lays out only the lines that show: a folded control may have thousands of others.
+class FoldingLayout : public QPlainTextDocumentLayout {
+  public:
+    using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
+
+    QRectF blockBoundingRect(const QTextBlock& block) const override {
+        return block.isVisible() ? QPlainTextDocumentLayout::blockBoundingRect(block) : QRectF();
+    }
+};
 
 constexpr const char* MarkupBegin = "<!--METADATA";
 constexpr int SpanTint = 28;  // of 255: how strongly a control's span is coloured
