@@ -45,7 +45,7 @@ std::optional<Key::Kind> kindOf(int qtKey) {
     }
 }
 
-// Covers the widget that it outlines, without being in the mouse's way.
+// Lies over the widget that it outlines and lets the mouse through.
 class FocusOutline : public QWidget {
   public:
     explicit FocusOutline(QWidget& outlined) : QWidget(&outlined) {
@@ -125,7 +125,7 @@ void ControlView::describe() {
     widget_.setAccessibleDescription(toQt(control_.toolTip()));
 }
 
-// A key that an in-place editor has no use for comes by the grid that it lies in.
+// Only with the focus: keys that an in-place editor does not use are passed on to its grid.
 bool ControlView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &widget_ && event->type() == QEvent::KeyPress && widget_.hasFocus())
         return keyPressed(static_cast<QKeyEvent&>(*event));

@@ -30,7 +30,7 @@ class FormDialog : public QDialog {
     // lets out is thrown on.
     void run();
 
-    // The window's own ways of being closed are the person's wish; the form may not follow it.
+    // Closing the window is only a request: the form decides.
     void reject() override;
 
   protected:

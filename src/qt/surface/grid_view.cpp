@@ -145,7 +145,7 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
     return ControlView::eventFilter(watched, event);
 }
 
-// Tells whether Qt is to be kept from the event: of the mouse's doings only the models hear.
+// Returns true to keep the event from Qt: mouse events are for the models only.
 bool GridView::viewportEvent(const QEvent& event) {
     switch (event.type()) {
         case QEvent::Resize:

@@ -76,7 +76,7 @@ void ListBoxView::show() {
 
 bool ListBoxView::keyPressed(const QKeyEvent& event) {
     const auto key = keyOf(event);
-    // The blank too: Qt would select with it and never deselect.
+    // The blank is the model's too: Qt would select with it but never deselect.
     const bool isModels = key && !key->shift && (isArrowKey(*key) || key->isBlank());
     if (!isModels) return ControlView::keyPressed(event);
     act([&] { model_.press(*key); });

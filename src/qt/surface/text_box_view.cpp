@@ -44,7 +44,7 @@ void TextBoxView::showGround() {
     if (!isEditable()) {
         const QPalette& around = widget().parentWidget()->palette();
         palette.setBrush(QPalette::Base, around.brush(QPalette::Window));
-        // What cannot be changed is still there to be read.
+        // Text that cannot be changed still has to be readable.
         palette.setBrush(QPalette::Disabled, QPalette::Text,
                          around.brush(QPalette::Active, QPalette::WindowText));
     }

@@ -140,7 +140,7 @@ void ListFinder::show(int match) {
     const bool isMarked =
         list_.ListIndex() == item && list_.SelCount() == 1 && list_.Selected(item);
     if (ways_.marksAtOnce && !isMarked) ways_.act([&] { list_.select({item}, item); });
-    // Not where the finder lies.
+    // Centred, since the finder covers the lower edge.
     view_.scrollTo(index, QAbstractItemView::PositionAtCenter);
     frame_->setVisible(!ways_.marksAtOnce);
     if (!ways_.marksAtOnce) frame_->setGeometry(view_.visualRect(index));
@@ -209,7 +209,7 @@ bool ListFinder::eventFilter(QObject* watched, QEvent* event) {
         QMetaObject::invokeMethod(
             this,
             [this] {
-                // An action of its own sends the focus round and back.
+                // An action of the finder may move the focus away and back.
                 if (!edit_->hasFocus()) close(false);
             },
             Qt::QueuedConnection);

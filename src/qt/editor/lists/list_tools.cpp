@@ -40,7 +40,7 @@ struct Way {
     int from, to;
 };
 
-// In the order in which they are gone: none passes another that is moved too.
+// In an order in which no moved item passes another.
 std::vector<Way> waysOf(const ListBox& list, FieldMove move) {
     std::vector<int> items = itemsToMove(list);
     if (!isUpwards(move)) std::reverse(items.begin(), items.end());
@@ -65,9 +65,8 @@ long pressesFor(const ListBox& list, FieldMove move) {
 }
 
 // Moves the marked items of a list, or the one with the focus where none is marked, by what a
-// person does: each is marked alone and the button pressed as often as it takes. In the end the
-// same items are marked again. They keep their order; what stands at the end already stays there.
-// Throws what the operations throw.
+// person does: each is marked alone and the button pressed as often as needed. Afterwards the same
+// items are marked again, in the same order. Throws what the operations throw.
 void moveItems(ListBox& list, Button& up, Button& down, FieldMove move) {
     const std::vector<Way> ways = waysOf(list, move);
     if (pressesFor(list, move) == 0) return;
@@ -113,7 +112,7 @@ bool isFindKey(const QKeyEvent& event) {
     return event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F;
 }
 
-// A character that begins what is sought; the blank is the list's.
+// Whether a key starts a search; a blank is a key of the list itself.
 bool beginsText(const QKeyEvent& event) {
     const auto others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     const QString text = event.text();
@@ -140,7 +139,7 @@ class ItemCount : public QLabel {
         setForegroundRole(QPalette::PlaceholderText);
         soon_.setSingleShot(true);
         connect(&soon_, &QTimer::timeout, this, [this] { follow(); });
-        // A list is filled item by item.
+        // Delayed, since lists are filled item by item.
         subscriptions_ +=
             list.itemsChanged.subscribe([this](const ItemsChange&) { soon_.start(); });
         subscriptions_ += list.selectionChanged.subscribe([this] { soon_.start(); });
@@ -175,7 +174,7 @@ ListTools::ListTools(HeaderDTC& dtc, ControlSurface& surface)
         equip(family.LinkedFieldsList, &family.AddLinkedField, nullptr, nullptr, true);
         equip(family.SelectedLinkedFieldsList, nullptr, &family.MoveUpLinkedField,
               &family.MoveDownLinkedField, true);
-        // Marking a field there is translating it.
+        // Selecting a field there means translating it.
         equip(family.I18NFieldnamesList, nullptr, nullptr, nullptr, false);
         equip(family.I18NFieldValuesList, nullptr, nullptr, nullptr, false);
     }

@@ -20,8 +20,8 @@ class SelectionList;
 
 enum class FieldMove { Up, Down, ToTop, ToBottom };
 
-// What makes the long lists of a control's surface quick to use: finding, counts, moving in one
-// stroke. All of it is done by what a person does, with the events of that.
+// Makes the long lists of a control's surface quick to use: finding, counts, moving fields with one
+// key. Everything goes through the operations that a person has, and raises the same events.
 //
 //     letters, digits, Ctrl+F     find
 //     Alt+Up, Alt+Down            move the marked fields

@@ -35,7 +35,7 @@ CompareDialog::CompareDialog(const QString& title, const PageContent& base, cons
     panes_ = {ui_->ComparePane0, ui_->ComparePane1, ui_->ComparePane2};
     counts_ = {ui_->DifferenceCount0, ui_->DifferenceCount1, ui_->DifferenceCount2};
     setWindowTitle(tr("Compare %1").arg(title));
-    // The answers stand apart, also while no lines are shown between.
+    // A gap above the answers, even while the lines are hidden.
     QVBoxLayout& layout = *ui_->dialogLayout;
     layout.insertSpacing(layout.indexOf(ui_->answerLayout), layout.spacing());
     showChanges();

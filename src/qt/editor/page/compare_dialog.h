@@ -18,10 +18,10 @@ class CompareDialog;
 
 namespace headerdtc::qt {
 
-// A page that two have changed: what each of them did, in words, and on demand the lines of its
-// three states: as it was read, as it stands in the editor, and as somebody else has written it; of
-// the whole page, or of one control's span where nothing else differs. The answer is whose is kept,
-// or both where they do not touch; the dialog changes nothing.
+// Compares a page that was changed both here and on disk: what each side did, in words, and on
+// demand the lines of all three versions (as it was read, in the editor, on disk), of the whole
+// page or of one control. The author chooses which version is kept, or both where they do not
+// conflict; the dialog itself changes nothing.
 class CompareDialog : public QDialog {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ class CompareDialog : public QDialog {
     ~CompareDialog() override;
 
     Answer answer() const { return answer_; }
-    // What TakeBoth is the answer for.
+    // What the answer TakeBoth takes.
     const MergedPage& merged() const { return merged_; }
 
   private:

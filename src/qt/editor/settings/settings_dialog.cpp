@@ -188,7 +188,7 @@ std::string SettingsDialog::changed() const {
     ConfigurationText text = text_;
     const auto put = [&](const std::string& section, const std::string& key, const QString& value,
                          const QString& fallback) {
-        // What is as it would be anyway needs no line.
+        // A default value needs no line of its own.
         if (text.get(section, key) ? false : value == fallback) return;
         if (value.isEmpty()) {
             text.remove(section, key);

@@ -12,10 +12,10 @@ namespace {
 
 using Verdict = GeneratedPage::Verdict;
 
-// A site of this many pages can be looked over as a whole.
+// Sites with up to this many pages are shown fully expanded.
 constexpr std::size_t MostExpanded = 200;
 
-// A page's messages, of a run that had no window of the page to show a place in.
+// A page's messages after a run.
 std::vector<Message> messagesOf(const PageResult& result) {
     std::vector<Message> messages;
     const bool failed = result.verdict >= Verdict::LeftAlone;
@@ -37,7 +37,7 @@ void SiteFilter::setShow(Show show) {
 
 bool SiteFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
     const QModelIndex index = sourceModel()->index(row, SiteModel::Name, parent);
-    // A folder is shown for what is in it.
+    // A folder is shown when something in it is.
     if (index.data(SiteModel::PageRole).isNull()) return false;
     if (show_ == WithControl && !index.data(SiteModel::HasControlRole).toBool()) return false;
     if (show_ == NeedingWork && !index.data(SiteModel::NeedsWorkRole).toBool()) return false;
@@ -117,7 +117,7 @@ void SiteView::openFolder(const std::filesystem::path& folder) {
 
 void SiteView::checkAll() {
     if (run_->isRunning()) {
-        // What it has passed already may be another: the folder stands for all that is in it.
+        // Pages that the run has passed may have changed: the folder stands for all of them.
         waiting_.push_back(folder_);
         return;
     }

@@ -57,7 +57,7 @@ class SiteView : public QWidget {
     // generateAll().
     void generateRequested();
     void folderRequested();
-    // What was said of a page in the last run, in place of what was said before.
+    // The messages of a page in the last run, in place of those it had before.
     void pageMessages(const std::filesystem::path& page,
                       const std::vector<headerdtc::qt::Message>& messages);
     void runFinished();

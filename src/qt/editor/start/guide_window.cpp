@@ -94,7 +94,7 @@ void GuideWindow::follow(const QUrl& link) {
     goTo(link.fragment());
 }
 
-// Lines between the cells and air around their texts, which Markdown says nothing of.
+// Borders and padding for table cells, which Markdown does not define.
 void GuideWindow::drawTables() {
     constexpr int Padding = 4;
     for (QTextFrame* frame : text_->document()->rootFrame()->childFrames()) {
@@ -119,7 +119,7 @@ void GuideWindow::fitPictures() {
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             const QTextImageFormat format = part.fragment().charFormat().toImageFormat();
             if (!format.isValid()) continue;
-            // Of a palette's few colours none could be mixed.
+            // An indexed image cannot be scaled smoothly.
             QImage picture = QImage(QLatin1String(Folder) + format.name())
                                  .convertToFormat(QImage::Format_ARGB32_Premultiplied);
             if (picture.width() > room) {

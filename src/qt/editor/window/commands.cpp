@@ -126,7 +126,7 @@ Commands::Commands(QMainWindow& window) : QObject(&window) {
         }
         actions_[static_cast<std::size_t>(info.command)] = action;
     }
-    // The other usual key of each.
+    // Redo has two usual keys.
     (*this)[Command::Redo]->setShortcuts(
         {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     (*this)[Command::ShowSource]->setChecked(true);

@@ -64,7 +64,7 @@ class Commands : public QObject {
     QAction* operator[](Command command) const {
         return actions_[static_cast<std::size_t>(command)];
     }
-    // Where the window puts what it has beside its commands.
+    // For the window to add entries that are no commands.
     QMenu* recentMenu() const { return recent_; }
     QMenu* viewMenu() const { return view_; }
 
@@ -81,7 +81,7 @@ class Commands : public QObject {
     QMenu* view_ = nullptr;
 };
 
-// Has an act done on the page in front whenever a command is given, unless there is none or it is
+// Runs `act` on the current page whenever the command is given, unless there is no page or it is
 // busy.
 void onPage(const Commands& commands, Command command, PageTabs& tabs,
             std::function<void(PageEditor&)> act);
