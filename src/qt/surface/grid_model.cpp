@@ -17,7 +17,7 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    // Of rows that are being taken out Qt may ask once more.
+    // Qt may still ask for rows that are being removed.
     if (!index.isValid() || gridRow(index) >= grid_.Rows()) return {};
     if (role == Qt::DisplayRole) return toQt(grid_.TextMatrix(gridRow(index), index.column()));
     return remarks_.data(index, role,

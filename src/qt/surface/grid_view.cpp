@@ -1,8 +1,6 @@
 #include "qt/surface/grid_view.h"
 
 #include "qt/surface/focus_keeper.h"
-#include "qt/surface/focus_outline.h"
-#include "qt/surface/key_translation.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -46,7 +44,7 @@ GridView::GridView(Grid& model, QTableView& widget, FormFace face)
 }
 
 void GridView::setUpTable() {
-    new FocusOutline(table_);
+    outlineFocus(table_);
     table_.setModel(&cells_);
     // A press is the model's before it moves the focus: the cell is entered first, then an open
     // editor loses the focus.
@@ -147,7 +145,7 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
     return ControlView::eventFilter(watched, event);
 }
 
-// Tells whether Qt is to be kept from the event: of the mouse's doings only the models hear.
+// Returns true to keep the event from Qt: mouse events are for the models only.
 bool GridView::viewportEvent(const QEvent& event) {
     switch (event.type()) {
         case QEvent::Resize:

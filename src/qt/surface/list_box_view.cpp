@@ -1,7 +1,5 @@
 #include "qt/surface/list_box_view.h"
 
-#include "qt/surface/focus_outline.h"
-#include "qt/surface/key_translation.h"
 #include "qt/surface/selection_list.h"
 
 #include <QItemSelectionModel>
@@ -34,7 +32,7 @@ ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
       list_(widget),
       items_(model.ListCount(),
              [&model](int index) -> const std::string& { return model.List(index); }) {
-    new FocusOutline(list_);
+    outlineFocus(list_);
     list_.setModel(&items_);
     list_.setSelectionMode(model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
                                                   : QAbstractItemView::SingleSelection);
@@ -78,7 +76,7 @@ void ListBoxView::show() {
 
 bool ListBoxView::keyPressed(const QKeyEvent& event) {
     const auto key = keyOf(event);
-    // The blank too: Qt would select with it and never deselect.
+    // The blank is the model's too: Qt would select with it but never deselect.
     const bool isModels = key && !key->shift && (isArrowKey(*key) || key->isBlank());
     if (!isModels) return ControlView::keyPressed(event);
     act([&] { model_.press(*key); });

@@ -6,7 +6,7 @@
 namespace headerdtc::qt {
 
 // Hands out the letters that are pressed with Alt, each one once. The captions of the models know
-// no mnemonics; these are found for what is on the screen together.
+// no mnemonics; they are chosen for the controls that are on the screen together.
 class Mnemonics {
   public:
     // Letters of `taken` belong to others.

@@ -9,33 +9,33 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
-using Form = ScriptText::Form;
+using TextForm = ScriptText::Form;
 
 TEST(ScriptText, FindsDefinitionsAndNothingThatOnlyLooksLikeOne) {
-    const auto functions = [](const char* text, Form form) {
+    const auto functions = [](const char* text, TextForm form) {
         return ScriptText::read(text, form).functions;
     };
-    EXPECT_THAT(functions("<%Function A()%>", Form::Page), UnorderedElementsAre("A"));
+    EXPECT_THAT(functions("<%Function A()%>", TextForm::Page), UnorderedElementsAre("A"));
     EXPECT_THAT(functions("<SCRIPT RUNAT=server>\n\tfunction helper_2(x) {}\nfunction b() {}\n"
                           "</SCRIPT><script>function c() {}</script>",
-                          Form::Page),
+                          TextForm::Page),
                 UnorderedElementsAre("HELPER_2", "B"));
     // Outside of script nothing is a comment, and no attribute begins a class.
-    EXPECT_THAT(functions("Don't\nclass=x <% Function A() %>", Form::Page),
+    EXPECT_THAT(functions("Don't\nclass=x <% Function A() %>", TextForm::Page),
                 UnorderedElementsAre("A"));
     EXPECT_THAT(functions("Public Default Function B\r\nEnd Function\r\nx = 1: Private _\r\n"
                           "  Function C(y)",
-                          Form::Script),
+                          TextForm::Script),
                 UnorderedElementsAre("B", "C"));
     EXPECT_THAT(functions("' Function Commented()\nRem : Function D()\nEnd Function\n"
                           "Exit Function\nx = \"it's : Function E\"\nDim FunctionE\nSub F()",
-                          Form::Script),
+                          TextForm::Script),
                 IsEmpty());
     EXPECT_THAT(functions("Class Ship\nPublic Function Name()\nEnd Function\nEnd Class\n"
                           "Function G()",
-                          Form::Script),
+                          TextForm::Script),
                 UnorderedElementsAre("G"));
-    EXPECT_THAT(functions("Function \xC3\xA9tat()", Form::Script),
+    EXPECT_THAT(functions("Function \xC3\xA9tat()", TextForm::Script),
                 UnorderedElementsAre("\xC3\x89TAT"));
 }
 
@@ -43,11 +43,11 @@ TEST(ScriptText, KnowsWhatIsDeclaredAndWhatIsLeftOpen) {
     const auto text = ScriptText::read(
         "<% Dim a, b(2, 3), c : Const D = \"x, y\", E = 2\nPublic f\nSub G()\n Dim local\nEnd Sub\n"
         "Class H\n Public i\nEnd Class %>\n<% Function J()",
-        Form::Page);
+        TextForm::Page);
     EXPECT_THAT(text.declared, ElementsAre("a", "b", "c", "D", "E", "f", "G", "H", "J"));
     EXPECT_TRUE(text.isOpen);
     EXPECT_EQ(text.openProcedure, "J");
-    EXPECT_EQ(ScriptText::read("Function K : K = 1 : End Function", Form::Script).openProcedure,
+    EXPECT_EQ(ScriptText::read("Function K : K = 1 : End Function", TextForm::Script).openProcedure,
               "");
 
     EXPECT_THAT(namesUsedIn("word <% Set x = Server.Count(\"text\") ' said\n %>"),
@@ -60,7 +60,7 @@ TEST(ScriptText, ReadsIncludeDirectives) {
         ScriptText::read(
             "<!-- #Include FILE = \"a b/C.asp\" --> <!--#include virtual='/d.asp'-->\n"
             "<!--#include file=open.asp--><!--#exec cmd=\"x\"--><% '#include file=\"no.asp\" %>",
-            Form::Page)
+            TextForm::Page)
             .includes;
     ASSERT_EQ(includes.size(), 2U);
     EXPECT_EQ(includes[0].path, "a b/C.asp");
