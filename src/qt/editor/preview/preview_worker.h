@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/diff/line_diff.h"
 #include "qt/editor/preview/expansion.h"
-#include "qt/editor/preview/text_diff.h"
 
 #include <QObject>
 #include <map>
