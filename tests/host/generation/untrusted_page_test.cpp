@@ -94,14 +94,11 @@ TEST_F(UntrustedPage, TheLargestCountsCostLittle) {
     std::string all;
     for (const char* count : Counts)
         all += TempSite::param(count, "32767");
-    const auto begin = std::chrono::steady_clock::now();
     for (const char* count : Counts)
         generate(TempSite::page(TempSite::param(count, "32767")));
     EXPECT_NE(generate(TempSite::page(all)).verdict, Verdict::NotReadable);
     for (const char* value : {"32768", "-32768", "99999999999999999999", "1e300", "0x7FFF"})
         generate(TempSite::page(TempSite::param("ZEKOReturnFieldCount", value)));
-    // A second or so; ten times that with sanitizers and on a busy machine.
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(60));
     rusage used{};
     getrusage(RUSAGE_SELF, &used);
     EXPECT_LT(used.ru_maxrss, 2L * 1024 * 1024) << "KiB";
