@@ -11,8 +11,7 @@ namespace headerdtc {
 namespace {
 
 namespace column = criteria_column;
-using ::testing::Contains;
-using ::testing::Not;
+using namespace ::testing;
 
 class CriteriaGridTest : public SurfaceTest {
   protected:

@@ -10,8 +10,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
+using namespace ::testing;
 
 class FocusTest : public SurfaceTest {
   protected:

@@ -5,8 +5,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
+using namespace ::testing;
 
 TEST(ScriptText, FindsDefinitionsAndNothingThatOnlyLooksLikeOne) {
     const auto functions = [](const char* text) { return ScriptText::read(text).functions; };

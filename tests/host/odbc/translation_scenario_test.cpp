@@ -1,18 +1,12 @@
 #include "translation_site.h"
 
-#include <chrono>
 #include <gmock/gmock.h>
-#include <iostream>
 
 namespace headerdtc {
 namespace {
 
 using headerdtc::testing::Rows;
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::Not;
-using ::testing::SizeIs;
+using namespace ::testing;
 
 using TranslationScenario = headerdtc::testing::TranslationSite;
 
