@@ -15,11 +15,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::ThrowsMessage;
+using namespace ::testing;
 
 TEST_F(SurfaceTest, EveryControlHasItsWidgetAndNoWidgetIsWithoutControl) {
     for (const Control* control : dtc.surface.controls()) {

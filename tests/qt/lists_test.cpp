@@ -1,6 +1,5 @@
 #include "qt/surface_fixture.h"
 
-#include <QElapsedTimer>
 #include <QScrollBar>
 
 namespace headerdtc {
@@ -93,9 +92,7 @@ TEST_F(ListsTest, ASingleSelectionListKeepsItsItemSelected) {
     EXPECT_THAT(shownAsSelected(dtc.IncludeASPList), ElementsAre(1));
 }
 
-TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmptyAtOnce) {
-    QElapsedTimer timer;
-    timer.start();
+TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmpty) {
     while (fields.ListCount() < MaxListCount)
         fields.AddItem("FIELD" + std::to_string(fields.ListCount()));
     settle();
@@ -104,7 +101,6 @@ TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmptyAtOnce) {
     settle();
     auto& view = widget<qt::SelectionList>(fields);
     EXPECT_GT(view.indexAt(view.viewport()->rect().center()).row(), 32700);
-    const auto opened = timer.restart();
 
     clickItem(fields, MaxListCount - 1);
     press(Qt::Key_A, Qt::ControlModifier);
@@ -112,9 +108,6 @@ TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmptyAtOnce) {
     click(widget(dtc.EAI.AddField));
     EXPECT_EQ(fields.ListCount(), 0);
     EXPECT_EQ(dtc.EAI.SelectedFieldsList.ListCount(), MaxListCount);
-    const auto moved = timer.elapsed();
-    EXPECT_LT(opened, 3000);
-    EXPECT_LT(moved, 6000);
 }
 
 }  // namespace
