@@ -1,8 +1,12 @@
-#include "cli/wrong_usage.h"
+// What the command line tells of itself: help, version, and what a mistyped word may have meant.
 
+#include "cli/command.h"
+#include "cli/version.h"
 #include "platform/nearest_name.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
+#include <memory>
 
 namespace headerdtc::cli {
 namespace {
@@ -64,6 +68,35 @@ std::string unknownWord(const CLI::App& app, const std::vector<std::string>& wor
         }
     }
     return {};
+}
+
+void addHelp(CLI::App& app, CommandLine& line) {
+    const auto words = std::make_shared<std::vector<std::string>>();
+    CLI::App& help = addCommand(app, "help", "Tell how a command is used",
+                                R"(The same as COMMAND --help; without a command, of all.
+
+Examples:
+  headerdtc help check
+  headerdtc help translations import
+
+Exit status: 0 done, 2 there is no such command.)");
+    help.add_option("COMMAND", *words, "the command")->type_name(CommandType);
+    help.callback([&app, &line, words] {
+        line.run = [&app, &line, words] {
+            auto asked = *words;
+            asked.emplace_back("--help");
+            return obey(app, line, asked);
+        };
+    });
+
+    CLI::App& version =
+        addCommand(app, "version", "Tell the version of this program", "Exit status: 0 done.");
+    version.callback([&line] {
+        line.run = [] {
+            std::printf("headerdtc %s\n", Version);
+            return Done;
+        };
+    });
 }
 
 }  // namespace headerdtc::cli
