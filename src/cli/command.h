@@ -9,7 +9,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace headerdtc::cli {
 
@@ -44,9 +45,8 @@ struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The type name of options whose value is a file, and of those whose value is a command.
+// The type name of options whose value is a file.
 inline constexpr const char* FileType = "FILE";
-inline constexpr const char* CommandType = "COMMAND";
 
 // Adds a command, or a group of them. `footer` is the end of its help: what it does in more words,
 // examples, exit statuses.
@@ -61,6 +61,12 @@ void addSitePath(CLI::App& command, std::string& place);
 // Reads the words of a command line and does what they ask for.
 ExitStatus obey(CLI::App& app, CommandLine& line, const std::vector<std::string>& words);
 
+// What the command line has at a place; nullptr where it has no such thing. Options are looked for
+// in a command and in those above it, as they are when they are read.
+std::vector<const CLI::App*> commandsOf(const CLI::App& level);
+const CLI::App* findCommand(const CLI::App& level, const std::string& name);
+const CLI::Option* findOption(const CLI::App* level, const std::string& name);
+
 // The first of the words of a command line that is no command or no option where it stands, said in
 // a sentence, with the one that may have been meant; empty when all are known.
 std::string unknownWord(const CLI::App& app, const std::vector<std::string>& words);
@@ -70,7 +76,7 @@ std::string unknownWord(const CLI::App& app, const std::vector<std::string>& wor
 void addAutomate(CLI::App& app, CommandLine& line);
 void addCatalogue(CLI::App& app, CommandLine& line);
 void addCheck(CLI::App& app, CommandLine& line);
-void addCompletion(CLI::App& app, CommandLine& line);
+void addCompletion(CLI::App& app, CommandLine& line);  // and what shells ask
 void addDoctor(CLI::App& app, CommandLine& line);
 void addEdit(CLI::App& app, CommandLine& line);
 void addGenerate(CLI::App& app, CommandLine& line);

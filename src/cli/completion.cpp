@@ -1,285 +1,173 @@
-// Completions for three shells, made from the command line's own description. They know the page
-// editor too, whose words are those of "headerdtc edit".
+// Completions for three shells, which ask this program what may stand at a place. They know the
+// page editor too, whose words are those of "headerdtc edit".
 
 #include "cli/command.h"
+#include "cli/streams.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 
 namespace headerdtc::cli {
 namespace {
 
-constexpr const char* EditorCommand = "edit";
-
-// A command or an option, as completions see it.
-struct Word {
-    std::string text, description;
-    bool takesValue = false;
-    bool takesFile = false;
-    bool repeats = false;
-};
-struct Level {
-    std::vector<std::string> path;  // "translations", "import"; empty: the program itself
-    std::vector<Word> commands;     // or whatever else can only be one of a few
-    std::vector<Word> options;      // those of the levels above it are taken here too
-    bool takesPages = false;        // rather than any file
-};
-
-std::string joined(const std::vector<std::string>& words, const char* between = " ") {
-    std::string text;
-    for (const std::string& word : words)
-        text += (text.empty() ? "" : between) + word;
-    return text;
-}
-
-// The text of words in a row; those for which `which` is set.
-std::string joined(const std::vector<Word>& words, bool Word::*which = nullptr) {
-    std::vector<std::string> texts;
-    for (const Word& word : words) {
-        if (!which || word.*which) texts.push_back(word.text);
-    }
-    return joined(texts);
-}
-
-std::vector<Word> commandsOf(const CLI::App& app) {
-    std::vector<Word> commands;
-    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
-        commands.push_back({command->get_name(), command->get_description()});
-    return commands;
-}
-
-void addOption(const CLI::Option& option, Level& level) {
-    const int values = option.get_items_expected_max();
-    const bool takesFile = values > 0 && option.get_type_name() == FileType;
-    const auto add = [&](const std::string& name) {
-        level.options.push_back(
-            {name, option.get_description(), values > 0, takesFile, values > 1});
-    };
-    for (const std::string& name : option.get_lnames())
-        add("--" + name);
-    for (const std::string& name : option.get_snames())
-        add("-" + name);
-}
-
-void addPositional(const CLI::Option& option, const CLI::App& program, Level& level) {
-    const std::string type = option.get_type_name(), name = option.get_name(true);
-    level.takesPages = level.takesPages || (type != FileType && (name == "PAGE" || name == "PATH"));
-    if (type == CommandType) level.commands = commandsOf(program);
-    // One of a few: "TEXT:{bash,zsh,fish}".
-    const auto begin = type.find('{'), end = type.find('}');
-    if (end == std::string::npos) return;
-    for (const std::string& choice :
-         CLI::detail::split(type.substr(begin + 1, end - begin - 1), ','))
-        level.commands.push_back({choice, ""});
-}
-
-void addLevels(const CLI::App& app, const CLI::App& program, const Level& above,
-               std::vector<Level>& levels) {
-    Level level{.path = above.path, .commands = commandsOf(app), .options = {}};
-    if (app.get_parent()) level.path.push_back(app.get_name());
-    for (const CLI::Option* option : app.get_options()) {
-        addOption(*option, level);
-        if (option->get_positional()) addPositional(*option, program, level);
-    }
-    for (const Word& option : above.options) {
-        if (option.text != "--help" && option.text != "-h") level.options.push_back(option);
-    }
-    levels.push_back(level);
-    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
-        addLevels(*command, program, level, levels);
-}
-
-// A text between single quotes, in one line; `escaped` are characters that need a backslash.
-std::string quoted(const std::string& text, const char* escaped, const char* quote) {
-    std::string result = "'";
-    for (const char c : text) {
-        if (c == '\'') {
-            result += quote;
-            continue;
-        }
-        if (std::string_view(escaped).find(c) != std::string_view::npos) result += '\\';
-        result += c == '\n' ? ' ' : c;
-    }
-    return result + "'";
-}
-
-// ---- bash --------------------------------------------------------------------------------------
-
-std::string bash(const std::vector<Level>& levels) {
-    std::string cases;
-    for (const Level& level : levels)
-        cases += "        '" + joined(level.path) + "')\n            commands='" +
-                 joined(level.commands) + "'\n            options='" + joined(level.options) +
-                 "'\n            valued='" + joined(level.options, &Word::takesValue) +
-                 "'\n            filed='" + joined(level.options, &Word::takesFile) +
-                 "'\n            pages=" + (level.takesPages ? "yes" : "") + " ;;\n";
-    return R"(# Completions of headerdtc and its editor for bash; headerdtc completion bash writes them.
-_headerdtc_level() {
-    case $1 in
-)" + cases +
-           R"(        *) return 1 ;;
+constexpr struct {
+    const char* shell;
+    const char* script;
+} Scripts[] = {
+    {"bash",
+     R"(# Completions of headerdtc and its editor for bash; headerdtc completion bash writes them.
+_headerdtc() {
+    local word=${COMP_WORDS[COMP_CWORD]} program=${COMP_WORDS[0]/#\~/$HOME} lines
+    mapfile -t lines < <("${program%-editor}" complete -- "${COMP_WORDS[@]:0:COMP_CWORD + 1}" 2>/dev/null)
+    [[ ${lines[0]} == words ]] || compopt -o filenames 2>/dev/null
+    case ${lines[0]} in
+        words) mapfile -t COMPREPLY < <(compgen -W "${lines[*]:1}" -- "$word") ;;
+        files) mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
+        pages) mapfile -t COMPREPLY < <(compgen -d -- "$word"
+            compgen -f -X '!*.[Aa][Ss][Pp]' -- "$word"
+            compgen -f -X '!*.[Ii][Nn][Cc]' -- "$word") ;;
+        *) COMPREPLY=() ;;
     esac
 }
+complete -F _headerdtc headerdtc headerdtc-editor
+)"},
+    // In a folder of completions the file is the body of the function; sourced, it has
+    // to make itself known.
+    {"zsh", R"(#compdef headerdtc headerdtc-editor
+# Completions of headerdtc and its editor for zsh; headerdtc completion zsh writes them.
 _headerdtc() {
-    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
-    local path='' commands options valued filed pages i
-    [[ ${COMP_WORDS[0]##*/} != headerdtc-editor ]] || path=edit
-    _headerdtc_level "$path"
-    for ((i = 1; i < COMP_CWORD; i++)); do
-        case " $commands " in
-            *" ${COMP_WORDS[i]} "*)
-                path=${path:+$path }${COMP_WORDS[i]}
-                _headerdtc_level "$path" ;;
-        esac
-    done
-    COMPREPLY=()
-    if [[ " $filed " == *" $before "* ]]; then
-        mapfile -t COMPREPLY < <(compgen -f -- "$word")
-    elif [[ " $valued " == *" $before "* ]]; then
-        :  # only the author knows
-    elif [[ $word == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
-    elif [[ -n $commands ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$word")
-    elif [[ -n $pages ]]; then
-        mapfile -t COMPREPLY < <(compgen -d -- "$word"
-            compgen -f -X '!*.[Aa][Ss][Pp]' -- "$word"
-            compgen -f -X '!*.[Ii][Nn][Cc]' -- "$word")
-    else
-        mapfile -t COMPREPLY < <(compgen -f -- "$word")
-    fi
+    local -a lines=("${(@f)$(${~words[1]%-editor} complete --describe -- "${(@)words[1,CURRENT]}" 2>/dev/null)}")
+    case $lines[1] in
+        words) shift lines; _describe word lines ;;
+        files) _files ;;
+        pages) _files -g '*.(#i)(asp|inc)(-.)' ;;
+    esac
 }
-complete -o filenames -F _headerdtc headerdtc headerdtc-editor
-)";
-}
-
-// ---- zsh ---------------------------------------------------------------------------------------
-
-std::string zsh(const std::vector<Level>& levels) {
-    constexpr const char* Quote = R"('\'')";
-    std::string functions;
-    for (const Level& level : levels) {
-        const std::string name = "_" + joined(
-                                           [&] {
-                                               auto words = level.path;
-                                               words.insert(words.begin(), "headerdtc");
-                                               return words;
-                                           }(),
-                                           "_");
-        functions += name + "() {\n";
-        if (level.path.empty())
-            functions += "    [[ $service != headerdtc-editor ]] || { _headerdtc_edit; return; }\n";
-        if (!level.commands.empty()) {
-            functions += "    local state; local -a words_here=(\n";
-            for (const Word& command : level.commands)
-                functions +=
-                    "        " + quoted(command.text + ":" + command.description, "", Quote) + "\n";
-            functions += "    )\n";
-        }
-        functions += "    _arguments -s \\\n";
-        for (const Word& option : level.options)
-            functions += "        " + quoted((option.repeats ? "*" : "") + option.text, "", Quote) +
-                         quoted("[", "", Quote) + quoted(option.description, "[]\\:", Quote) +
-                         "']" +
-                         (option.takesFile    ? ":file:_files"
-                          : option.takesValue ? ":value:"
-                                              : "") +
-                         "' \\\n";
-        if (level.commands.empty()) {
-            functions += level.takesPages
-                             ? "        '*:page:_files -g \"*.(#i)(asp|inc)(-.)\"'\n}\n"
-                             : "        '*:file:_files'\n}\n";
-            continue;
-        }
-        functions +=
-            "        '1:word:->word' '*::words:->words'\n"
-            "    case $state in\n"
-            "        word) _describe word words_here ;;\n"
-            "        words) (( ! $+functions[" +
-            name + "_$words[1]] )) || " + name +
-            "_$words[1] ;;\n"
-            "    esac\n}\n";
-    }
-    // In a folder of completions the file is the function's body; sourced, it has to make itself
-    // known.
-    return "#compdef headerdtc headerdtc-editor\n"
-           "# Completions of headerdtc and its editor for zsh; headerdtc completion zsh writes "
-           "them.\n" +
-           functions + R"(if [[ $funcstack[1] == _headerdtc ]]; then
+if [[ $funcstack[1] == _headerdtc ]]; then
     _headerdtc "$@"
 else
     compdef _headerdtc headerdtc headerdtc-editor
 fi
-)";
-}
-
-// ---- fish --------------------------------------------------------------------------------------
-
-std::string fishOption(const Word& option) {
-    const bool isLong = option.text.starts_with("--");
-    return (isLong ? " -l " + option.text.substr(2) : " -s " + option.text.substr(1)) +
-           (option.takesFile    ? " -r -F"
-            : option.takesValue ? " -x"
-                                : "") +
-           " -d " + quoted(option.description, "\\", "\\'") + "\n";
-}
-
-std::string fish(const std::vector<Level>& levels) {
-    constexpr const char* Pages = " -f -a '(__headerdtc_pages)'\n";
-    std::string lines =
-        R"(# Completions of headerdtc and its editor for fish; headerdtc completion fish writes them.
-function __headerdtc_at -d 'Whether the command line is at this command, or inside of it'
-    set -l words (commandline -opc)
-    set -e words[1]
-    while set -q words[1]
-        if test "$words[1]" = --config
-            set -e words[1]
-        else if not string match -q -- '-*' $words[1]
-            set -q argv[1] || return 0
-            test "$words[1]" = "$argv[1]" || return 1
-            set -e argv[1]
-        end
-        set -e words[1]
+)"},
+    {"fish",
+     R"(# Completions of headerdtc and its editor for fish; headerdtc completion fish writes them.
+function __headerdtc_complete
+    set -l words (commandline -opc) (commandline -ct)
+    set -l program (string replace -r -- '-editor$' '' $words[1])
+    set -l lines ($program complete --describe -- $words 2>/dev/null)
+    switch "$lines[1]"
+        case words
+            string replace -- : \t $lines[2..]
+        case files
+            __fish_complete_path $words[-1]
+        case pages
+            string match -ri '.*(?:/|\.asp|\.inc)(?=\t)' -- (__fish_complete_path $words[-1])
     end
-    not set -q argv[1]
 end
-function __headerdtc_pages
-    string match -ri '.*(?:/|\.asp|\.inc)$' -- (__fish_complete_path (commandline -ct))
-end
-)";
-    for (const Level& level : levels) {
-        const std::string path = joined(level.path);
-        std::string at = "__headerdtc_at " + path;
-        if (!level.commands.empty())
-            at += "; and not __fish_seen_subcommand_from " + joined(level.commands);
-        const std::string begin = "complete -c headerdtc -n '" + at + "'";
-        for (const Word& command : level.commands)
-            lines += begin + " -f -a " + command.text + " -d " +
-                     quoted(command.description, "\\", "\\'") + "\n";
-        if (level.takesPages) lines += begin + Pages;
-        for (const Word& option : level.options)
-            lines += begin + fishOption(option);
-        if (path != EditorCommand) continue;
-        lines += std::string("complete -c headerdtc-editor") + Pages;
-        for (const Word& option : level.options)
-            lines += "complete -c headerdtc-editor" + fishOption(option);
+complete -c headerdtc -c headerdtc-editor -f -a '(__headerdtc_complete)'
+)"}};
+
+struct CompleteOptions {
+    std::vector<std::string> words;  // from the program's name to what is being typed
+    bool describe = false;
+};
+
+// What is told of a place: a first line "words", with the words behind it, "files" or "pages";
+// nothing where only the author knows.
+class Place {
+  public:
+    explicit Place(bool describe) : describe_(describe) {}
+
+    void kind(const char* kind) { printLine(stdout, kind); }
+
+    void word(const std::string& word, std::string description) {
+        std::replace(description.begin(), description.end(), '\n', ' ');
+        printLine(stdout, describe_ && !description.empty() ? word + ":" + description : word);
     }
-    return lines;
+
+    void value(const CLI::Option& option) {
+        const std::string type = option.get_type_name(), name = option.get_name(true);
+        const auto begin = type.find('{'), end = type.find('}');  // one of a few: "TEXT:{a,b}"
+        if (end != std::string::npos) {
+            kind("words");
+            for (const auto& choice :
+                 CLI::detail::split(type.substr(begin + 1, end - begin - 1), ','))
+                word(choice, {});
+        } else if (type == FileType || name == "FILE") {
+            kind("files");
+        } else if (name == "PAGE" || name == "PATH") {
+            kind("pages");
+        }
+    }
+
+    // Those of the commands above are taken too.
+    void optionsOf(const CLI::App* command) {
+        kind("words");
+        for (; command; command = command->get_parent()) {
+            for (const CLI::Option* option : command->get_options()) {
+                const bool isShown = option != command->get_help_ptr() || !command->get_parent();
+                for (const std::string& name : option->get_lnames())
+                    if (isShown) word("--" + name, option->get_description());
+            }
+        }
+    }
+
+  private:
+    bool describe_;
+};
+
+// The option whose value is the next argument of a command behind so many.
+const CLI::Option* argument(const CLI::App& command, std::size_t before) {
+    for (const CLI::Option* option : command.get_options()) {
+        if (!option->get_positional()) continue;
+        const auto most = static_cast<std::size_t>(option->get_items_expected_max());
+        if (before < most) return option;
+        before -= most;
+    }
+    return nullptr;
 }
 
-constexpr struct {
-    const char* shell;
-    std::string (*script)(const std::vector<Level>&);
-} Writers[] = {{"bash", bash}, {"zsh", zsh}, {"fish", fish}};
+void complete(const CLI::App& program, const CompleteOptions& options) {
+    const auto& words = options.words;
+    if (words.empty()) return;
+    Place place(options.describe);
+    const CLI::App* command =
+        words.front().ends_with("-editor") ? findCommand(program, "edit") : &program;
+    const CLI::Option* valued = nullptr;  // of the word before
+    std::size_t arguments = 0;
+    for (std::size_t i = 1; i + 1 < words.size(); ++i) {
+        if (std::exchange(valued, nullptr)) continue;
+        if (words[i].starts_with("-")) {
+            valued = findOption(command, words[i]);
+            if (valued && valued->get_items_expected_max() == 0) valued = nullptr;
+        } else if (const CLI::App* named = findCommand(*command, words[i])) {
+            // Behind "help" there is a command again.
+            if (named->get_name() != "help") command = named;
+        } else {
+            ++arguments;
+        }
+    }
+    const auto commands = commandsOf(*command);
+    if (valued) {
+        place.value(*valued);
+    } else if (words.back().starts_with("-")) {
+        place.optionsOf(command);
+    } else if (!commands.empty()) {
+        place.kind("words");
+        for (const CLI::App* each : commands)
+            place.word(each->get_name(), each->get_description());
+    } else if (const CLI::Option* next = argument(*command, arguments)) {
+        place.value(*next);
+    }
+}
 
 }  // namespace
 
 void addCompletion(CLI::App& app, CommandLine& line) {
     std::vector<std::string> shells;
-    for (const auto& writer : Writers)
-        shells.emplace_back(writer.shell);
+    for (const auto& each : Scripts)
+        shells.emplace_back(each.shell);
     const auto shell = std::make_shared<std::string>();
     CLI::App& command =
         addCommand(app, "completion", "Write completions of this command and of the editor",
@@ -292,15 +180,23 @@ Examples:
 
 Exit status: 0 done, 2 wrong usage.)");
     command.add_option("SHELL", *shell, "the shell")->required()->check(CLI::IsMember(shells));
-    command.callback([&app, &line, shell] {
-        line.run = [&app, shell] {
-            std::vector<Level> levels;
-            addLevels(app, app, {}, levels);
-            for (const auto& [name, script] : Writers) {
-                if (*shell != name) continue;
-                const std::string text = script(levels);
-                std::fwrite(text.data(), 1, text.size(), stdout);
+    command.callback([&line, shell] {
+        line.run = [shell] {
+            for (const auto& each : Scripts) {
+                if (*shell == each.shell) std::fputs(each.script, stdout);
             }
+            return Done;
+        };
+    });
+
+    const auto options = std::make_shared<CompleteOptions>();
+    CLI::App& complete = addCommand(app, "complete", "Tell a shell what may stand at a place", "");
+    complete.group("");  // for the shells alone
+    complete.add_flag("--describe", options->describe, "WORD:DESCRIPTION");
+    complete.add_option("WORD", options->words, "the words of the command line");
+    complete.callback([&app, &line, options] {
+        line.run = [&app, options] {
+            cli::complete(app, *options);
             return Done;
         };
     });

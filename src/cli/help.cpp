@@ -11,14 +11,6 @@
 namespace headerdtc::cli {
 namespace {
 
-// Options are looked for in a command and in those above it, as the command line itself does.
-const CLI::Option* findOption(const CLI::App* level, const std::string& name) {
-    for (; level; level = level->get_parent()) {
-        if (const auto* option = level->get_option_no_throw(name)) return option;
-    }
-    return nullptr;
-}
-
 std::string unknownOption(const CLI::App* level, const std::string& name) {
     NearestName nearest(name);
     for (const auto* each = level; each; each = each->get_parent()) {
@@ -31,17 +23,10 @@ std::string unknownOption(const CLI::App* level, const std::string& name) {
     return "there is no option '" + name + "'" + of + nearest.question();
 }
 
-const CLI::App* findCommand(const CLI::App& level, const std::string& name) {
-    for (const CLI::App* command : level.get_subcommands([](const CLI::App*) { return true; })) {
-        if (command->get_name() == name) return command;
-    }
-    return nullptr;
-}
-
 std::string unknownCommand(const CLI::App& level, const std::string& name) {
     NearestName nearest(name);
     std::string all;
-    for (const CLI::App* command : level.get_subcommands([](const CLI::App*) { return true; })) {
+    for (const CLI::App* command : commandsOf(level)) {
         nearest.offer(command->get_name());
         all += (all.empty() ? "" : ", ") + command->get_name();
     }
@@ -50,6 +35,26 @@ std::string unknownCommand(const CLI::App& level, const std::string& name) {
 }
 
 }  // namespace
+
+std::vector<const CLI::App*> commandsOf(const CLI::App& level) {
+    // Those without a group are for programs alone.
+    return level.get_subcommands(
+        [](const CLI::App* command) { return !command->get_group().empty(); });
+}
+
+const CLI::App* findCommand(const CLI::App& level, const std::string& name) {
+    for (const CLI::App* command : level.get_subcommands([](const CLI::App*) { return true; })) {
+        if (command->get_name() == name) return command;
+    }
+    return nullptr;
+}
+
+const CLI::Option* findOption(const CLI::App* level, const std::string& name) {
+    for (; level; level = level->get_parent()) {
+        if (const auto* option = level->get_option_no_throw(name)) return option;
+    }
+    return nullptr;
+}
 
 std::string unknownWord(const CLI::App& app, const std::vector<std::string>& words) {
     const CLI::App* level = &app;
@@ -61,7 +66,7 @@ std::string unknownWord(const CLI::App& app, const std::vector<std::string>& wor
             if (!option) return unknownOption(level, name);
             const bool takesNext = option->get_items_expected_max() > 0 && name == *word;
             if (takesNext && std::next(word) != words.end()) ++word;
-        } else if (!level->get_subcommands([](const CLI::App*) { return true; }).empty()) {
+        } else if (!commandsOf(*level).empty()) {
             const CLI::App* command = findCommand(*level, *word);
             if (!command) return unknownCommand(*level, *word);
             level = command;
@@ -80,7 +85,7 @@ Examples:
   headerdtc help translations import
 
 Exit status: 0 done, 2 there is no such command.)");
-    help.add_option("COMMAND", *words, "the command")->type_name(CommandType);
+    help.add_option("COMMAND", *words, "the command");
     help.callback([&app, &line, words] {
         line.run = [&app, &line, words] {
             auto asked = *words;
