@@ -71,6 +71,7 @@ int main(int argc, char** argv) {
     // A file that would become too large is a failure to be reported, not the end.
     std::signal(SIGXFSZ, SIG_IGN);
     QCoreApplication::setApplicationName(QStringLiteral("headerdtc"));
+    QCoreApplication::setOrganizationName(QStringLiteral("headerdtc"));
     QCoreApplication::setApplicationVersion(QStringLiteral(HEADERDTC_VERSION));
     if (!hasScreen(argc, argv)) return complainOfNoScreen(argc, argv);
     const QApplication application(argc, argv);
@@ -84,7 +85,8 @@ int main(int argc, char** argv) {
     if (const QString file = commandLine.parser.value(commandLine.configuration); !file.isEmpty())
         options.configuration = toPath(file);
     options.recoveryFolder =
-        toPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)) / "recovery";
+        toPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) /
+        "headerdtc" / "recovery";
     MainWindow window(options);
     window.show();
     for (const QString& page : commandLine.parser.positionalArguments())
