@@ -20,8 +20,8 @@ constexpr struct {
 _headerdtc() {
     local word=${COMP_WORDS[COMP_CWORD]} program=${COMP_WORDS[0]/#\~/$HOME} lines
     mapfile -t lines < <("${program%-editor}" complete -- "${COMP_WORDS[@]:0:COMP_CWORD + 1}" 2>/dev/null)
-    [[ ${lines[0]} == words ]] || compopt -o filenames 2>/dev/null
-    case ${lines[0]} in
+    [[ ${lines[0]-} == words ]] || compopt -o filenames 2>/dev/null
+    case ${lines[0]-} in
         words) mapfile -t COMPREPLY < <(compgen -W "${lines[*]:1}" -- "$word") ;;
         files) mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
         pages) mapfile -t COMPREPLY < <(compgen -d -- "$word"
