@@ -165,9 +165,7 @@ Examples:
 Exit status: 0 they agree, 1 they differ, 2 wrong usage or configuration,
 3 the database or the catalogue cannot be read.)");
     addCatalogueOptions(checking, *checked);
-    checking.callback([&line, checked] {
-        line.run = [&line, checked] { return checkCatalogue(line.common, *checked); };
-    });
+    checking.callback(whenNamed(line, checked, checkCatalogue));
 
     const auto imported = std::make_shared<CatalogueOptions>();
     CLI::App& importing = addCommand(
@@ -184,9 +182,7 @@ Exit status: 0 done, 2 wrong usage or configuration, 3 the database or the catal
 cannot be read or written.)");
     addCatalogueOptions(importing, *imported);
     importing.add_flag("--dry-run", imported->dryRun, "tell what would change, write nothing");
-    importing.callback([&line, imported] {
-        line.run = [&line, imported] { return importCatalogue(line.common, *imported); };
-    });
+    importing.callback(whenNamed(line, imported, importCatalogue));
 }
 
 }  // namespace headerdtc::cli

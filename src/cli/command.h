@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -39,6 +40,15 @@ struct CommandLine {
     // error. What it throws becomes a line there and an exit status.
     std::function<ExitStatus()> run;
 };
+
+// What a command does when it is named, with its options.
+template <class Options>
+std::function<void()> whenNamed(CommandLine& line, const std::shared_ptr<Options>& options,
+                                ExitStatus (*run)(const CommonOptions&, const Options&)) {
+    return [&line, options, run] {
+        line.run = [&line, options, run] { return run(line.common, *options); };
+    };
+}
 
 // The words do not fit the command: WrongUsage.
 struct UsageError : std::runtime_error {

@@ -90,9 +90,7 @@ Examples:
 Exit status: 0 nothing broken, 1 something broken, 2 wrong usage.)");
     addSitePath(command, options->place);
     command.add_flag("--json", options->json, "one JSON object a link");
-    command.callback([&line, options] {
-        line.run = [&line, options] { return doctor(line.common, *options); };
-    });
+    command.callback(whenNamed(line, options, doctor));
 }
 
 }  // namespace headerdtc::cli

@@ -88,6 +88,8 @@ Exit status: 0 done, 2 there is no such command.)");
     help.add_option("COMMAND", *words, "the command");
     help.callback([&app, &line, words] {
         line.run = [&app, &line, words] {
+            const std::string unknown = unknownWord(app, *words);
+            if (!unknown.empty()) throw UsageError(unknown);
             auto asked = *words;
             asked.emplace_back("--help");
             return obey(app, line, asked);

@@ -52,9 +52,7 @@ Exit status: 0 done, 2 wrong usage or configuration, 3 the page cannot be made o
             "before this line (from 1) instead of behind the page's\ndirective, or at its start")
         ->check(CLI::Range(1, std::numeric_limits<int>::max()))
         ->needs(into);
-    command.callback([&line, options] {
-        line.run = [&line, options] { return newControl(line.common, *options); };
-    });
+    command.callback(whenNamed(line, options, newControl));
 }
 
 }  // namespace headerdtc::cli

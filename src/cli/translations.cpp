@@ -271,9 +271,7 @@ configuration, 3 the database cannot be read.)");
     command.add_flag("--json", options->json, "one JSON object a finding or cell");
     addLocales(command, *options,
                "only this language, by its locale (1031); may be given several times");
-    command.callback([&line, options] {
-        line.run = [&line, options] { return checkTranslations(line.common, *options); };
-    });
+    command.callback(whenNamed(line, options, checkTranslations));
 }
 
 void addTranslationExport(CLI::App& group, CommandLine& line) {
@@ -294,9 +292,7 @@ the file not be written.)");
     command.add_flag("--gaps", options->onlyGaps, "only labels that lack a text");
     command.add_flag("--bom", options->byteOrderMark,
                      "begin with a byte-order mark, by which spreadsheets know UTF-8");
-    command.callback([&line, options] {
-        line.run = [&line, options] { return exportTranslations(line.common, *options); };
-    });
+    command.callback(whenNamed(line, options, exportTranslations));
 }
 
 void addTranslationImport(CLI::App& group, CommandLine& line) {
@@ -317,9 +313,7 @@ Exit status: 0 done, 1 something was refused, 2 wrong usage or configuration,
     command.add_flag("--dry-run", options->dryRun, "tell what would be done, write nothing");
     command.add_flag("--skip-refused", options->skipRefused,
                      "write the other cells where some are refused");
-    command.callback([&line, options] {
-        line.run = [&line, options] { return importTranslations(line.common, *options); };
-    });
+    command.callback(whenNamed(line, options, importTranslations));
 }
 
 }  // namespace

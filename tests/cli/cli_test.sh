@@ -96,13 +96,7 @@ check 0 "$headerdtc" generate --print site/greek.asp
 expect "$err" "site/greek.asp: $greek"
 rm site/greek.asp
 
-# Usage and configuration.
-check 2 "$headerdtc"
-check 2 "$headerdtc" generate
-check 2 "$headerdtc" generate --print --check site
-check 0 "$headerdtc" --help
-expect "$out" "Examples:"
-check 0 "$headerdtc" --version
+# Configuration.
 check 2 "$headerdtc" --config missing.toml show "$full"
 expect "$err" "missing.toml"
 printf 'colour = "red"\n' >wrong.toml

@@ -46,8 +46,15 @@ check 2 "$headerdtc" --config site/headerdtc.toml check site --jsn
 expect "$err" "there is no option '--jsn' of 'check'; did you mean '--json'?"
 check 2 "$headerdtc" catalogue check --conect 'DSN=Harbour;PWD=quayside' site
 expect "$err" "did you mean '--connect'?"
-check 2 "$headerdtc" catalogue check 'DSN=Harbour;PWD=quayside'
-check 2 "$headerdtc" doctor nowhere
+for words in '' generate check where translations automate 'help chek' 'doctor nowhere' \
+    'generate --print --check site' 'generate --diff site' 'generate --files-from nowhere' \
+    'where site' 'where --label L1 --include x.asp site' 'check --json --sarif site' \
+    'automate --over site' 'automate --apply site/traffic/ships.asp' 'completion tcsh' \
+    'catalogue check DSN=Harbour;PWD=quayside'; do
+    # shellcheck disable=SC2086
+    check 2 "$headerdtc" $words
+    expect_empty "$out"
+done
 
 # ---- paths from a file --------------------------------------------------------------------------
 mkdir 'site/a b'
@@ -62,7 +69,6 @@ check 0 "$headerdtc" where --provider Ships --files-from - <list
 expect "$out" $'site/a b/new\nline.asp:'
 check 0 "$headerdtc" check --files-from /dev/null
 check 0 "$headerdtc" generate --check --files-from <(echo pages/fresh.asp)
-check 2 "$headerdtc" generate --files-from nowhere
 
 # ---- the same bytes every time ------------------------------------------------------------------
 sed -i 's/mStyle = /mSheet = /' $template
@@ -130,9 +136,12 @@ END
     source <(headerdtc completion zsh)
     [[ $_comps[headerdtc]$_comps[headerdtc-editor] == _headerdtc_headerdtc ]]' ||
     fail "zsh does not take its completions"
-check 2 "$headerdtc" completion tcsh
 
-# ---- the manual page has every option of every command, where that is told ---------------------
+# ---- help, and every option of every command in the manual page, where that is told --------------
+check 0 "$headerdtc" --help
+expect "$out" "Examples:"
+check 0 "$headerdtc" version
+[[ $("$headerdtc" --version) == "$out" ]] || fail "two versions: $out"
 manual=$(sed 's/Fl -/--/g; s/| -/| --/g; s/Fl \([a-z]\)\b/-\1/g' "$project/packaging/man/headerdtc.1")
 synopsis_of() {  # synopsis_of COMMAND...: its lines
     awk -v command="$*" '
