@@ -63,8 +63,7 @@ Examples:
 
 Exit status: 0 the window was closed, 2 there is no editor or no screen.)");
     command.add_option("PAGE", *pages, "pages to open");
-    command.callback(
-        [&line, pages] { line.run = [&line, pages] { return edit(line.common, *pages); }; });
+    command.callback(whenNamed(line, pages, edit));
 }
 
 }  // namespace headerdtc::cli

@@ -77,8 +77,7 @@ void addShow(CLI::App& app, CommandLine& line) {
 Exit status: 0 done, 2 wrong usage or configuration, 3 the page cannot be read.)");
     command.add_option("PAGE", options->page, "the page")->required();
     command.add_flag("--json", options->json, "as JSON");
-    command.callback(
-        [&line, options] { line.run = [&line, options] { return show(line.common, *options); }; });
+    command.callback(whenNamed(line, options, show));
 }
 
 }  // namespace headerdtc::cli
