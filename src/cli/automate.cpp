@@ -61,11 +61,11 @@ class Replay {
             },
             [&](const PageRun::Page& page, const ReplayedPage& replayed) { take(page, replayed); });
         run_.end({});
-        if (run_.totals().left > 0) {
+        if (PageRun::interrupted()) {
             printLine(stderr, "nothing was written");
-        } else {
-            write();
+            return Interrupted;
         }
+        write();
         return run_.totals().status(!options_.apply);
     }
 

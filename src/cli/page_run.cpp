@@ -20,10 +20,10 @@ constexpr std::chrono::milliseconds BetweenShows{100};
 // Before this, what the first pages of a site read for all of them makes a wrong estimate.
 constexpr Seconds BeforeAnEstimate{2};
 
-volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t noted = 0;
 
 void noteInterruption(int) {
-    interrupted = 1;
+    noted = 1;
 }
 
 std::vector<std::string> listedIn(const std::string& file) {
@@ -148,7 +148,11 @@ PageRun::Page PageRun::come(std::size_t page) {
 
 bool PageRun::goesOn(std::size_t finished) {
     watch_->show(finished);
-    return interrupted == 0;
+    return !interrupted();
+}
+
+bool PageRun::interrupted() {
+    return noted != 0;
 }
 
 void PageRun::fail(const std::string& page, const PageFailure& failure) {

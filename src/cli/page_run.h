@@ -99,6 +99,8 @@ class PageRun {
     Page come(std::size_t page);
     bool goesOn(std::size_t finished);
 
+    // Whether Ctrl-C was pressed, be it so late that no page is left.
+    static bool interrupted();
     // A page could not be done.
     void fail(const std::string& page, const PageFailure& failure);
     // After all is told: the summary for whoever has watched the progress, and what is left.

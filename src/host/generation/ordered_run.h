@@ -7,6 +7,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <stop_token>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -21,17 +22,23 @@ using Put = std::function<void(std::size_t piece, Result)>;
 // Does `count` pieces of work side by side and tells their results in order, on the calling
 // thread. `hire` is called once on each thread and makes its worker: `take(piece)` does a piece,
 // whose result may be put later; `end()` puts what is held back. Neither throws. `jobs` is how many
-// there are, 0 one for each core. `tick` is called about ten times a second with the number of
-// pieces done so far, and tells whether to go on; otherwise the pieces in work are the last.
-// Returns how many were done: the first ones.
+// there are, 0 one for each core; each is at most `ahead` pieces ahead of what is told, so that
+// results do not gather. `tick` is called about ten times a second with the number of pieces done
+// so far, and tells whether to go on; otherwise the pieces in work are the last. Returns how many
+// were done: the first ones.
 template <class Result, class Hire>
-std::size_t runWorkers(std::size_t count, int jobs, const Hire& hire,
+std::size_t runWorkers(std::size_t count, int jobs, std::size_t ahead, const Hire& hire,
                        const std::function<void(std::size_t, Result)>& tell,
                        const std::function<bool(std::size_t)>& tick) {
+    using Clock = std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds BetweenTicks{100};
+    const std::size_t wanted = jobs > 0 ? static_cast<std::size_t>(jobs)
+                                        : std::max(1U, std::thread::hardware_concurrency());
     std::mutex mutex;
     std::condition_variable changed;
+    std::condition_variable_any room;
     std::vector<std::optional<Result>> results(count);
-    std::size_t next = 0, finished = 0, end = count;
+    std::size_t next = 0, finished = 0, told = 0, end = count;
 
     const Put<Result> put = [&](std::size_t piece, Result result) {
         const std::lock_guard lock(mutex);
@@ -39,19 +46,31 @@ std::size_t runWorkers(std::size_t count, int jobs, const Hire& hire,
         ++finished;
         changed.notify_one();
     };
-    const auto take = [&]() -> std::optional<std::size_t> {
-        const std::lock_guard lock(mutex);
-        if (next >= end) return std::nullopt;
-        return next++;
-    };
-    const auto toil = [&] {
+    const std::size_t most = wanted * ahead;
+    const auto hasRoom = [&] { return next >= end || next < told + most; };
+    // Whoever had to wait is woken when it is worth it.
+    const auto hasMuchRoom = [&] { return next >= end || next <= told + most / 2; };
+    const auto toil = [&](const std::stop_token& stop) {
         auto worker = hire(put);
-        while (const auto piece = take())
-            worker.take(*piece);
+        std::unique_lock lock(mutex);
+        for (;;) {
+            if (!hasRoom()) {
+                // What is held back may be what is to be told next.
+                lock.unlock();
+                worker.end();
+                lock.lock();
+                room.wait(lock, stop, hasMuchRoom);
+            }
+            // Stopped: nobody tells any more.
+            if (next >= end || stop.stop_requested()) break;
+            const std::size_t piece = next++;
+            lock.unlock();
+            worker.take(piece);
+            lock.lock();
+        }
+        lock.unlock();
         worker.end();
     };
-    const std::size_t wanted = jobs > 0 ? static_cast<std::size_t>(jobs)
-                                        : std::max(1U, std::thread::hardware_concurrency());
     std::vector<std::jthread> threads;
     try {
         while (threads.size() < std::min(wanted, count))
@@ -62,16 +81,22 @@ std::size_t runWorkers(std::size_t count, int jobs, const Hire& hire,
     }
 
     std::unique_lock lock(mutex);
-    for (std::size_t told = 0; told < end;) {
-        while (told < end && results[told]) {
+    while (told < end) {
+        const auto ticksAt = Clock::now() + BetweenTicks;
+        while (told < end && results[told] && Clock::now() < ticksAt) {
             Result result = std::move(*results[told]);
             results[told].reset();
             lock.unlock();
-            tell(told++, std::move(result));
+            tell(told, std::move(result));
             lock.lock();
+            ++told;
+            if (next == told + most / 2) room.notify_all();
         }
-        if (!tick(finished)) end = std::min(end, next);
-        if (told < end && !results[told]) changed.wait_for(lock, std::chrono::milliseconds(100));
+        if (!tick(finished)) {
+            end = std::min(end, next);
+            room.notify_all();
+        }
+        if (told < end && !results[told]) changed.wait_until(lock, ticksAt);
     }
     return end;
 }
@@ -88,8 +113,9 @@ std::size_t runInOrder(std::size_t count, int jobs, const std::function<Result(s
         void take(std::size_t piece) { put(piece, work(piece)); }
         void end() {}
     };
+    constexpr std::size_t Ahead = 32;
     return runWorkers<Result>(
-        count, jobs,
+        count, jobs, Ahead,
         [&](const Put<Result>& put) {
             return Worker{work, put};
         },

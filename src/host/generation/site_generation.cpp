@@ -10,6 +10,7 @@ namespace {
 // Flushing a group costs little more than flushing one page; a group that is too large would keep
 // finished pages waiting.
 constexpr std::size_t PagesOfAGroup = 128;
+constexpr std::size_t GroupsAhead = 4;
 
 // What a killed run left beside pages goes even where this one has nothing to write.
 void removeStrayFilesBeside(const std::vector<std::filesystem::path>& pages) {
@@ -89,7 +90,7 @@ void SiteGeneration::run(const std::vector<std::filesystem::path>& pages,
     if (cancelled_) return;
     if (options_.mode == Mode::Write) removeStrayFilesBeside(pages);
     runWorkers<Done>(
-        pages.size(), options_.jobs,
+        pages.size(), options_.jobs, GroupsAhead * PagesOfAGroup,
         [&](const Put<Done>& put) { return Worker(*this, pages, put); },
         [&](std::size_t, const Done& done) { tell(done); },
         [&](std::size_t finished) {
