@@ -5,7 +5,7 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr std::string_view Utf8LineMark = "\xEF\xBB\xBF";
+constexpr std::string_view LineUtf8Mark = "\xEF\xBB\xBF";
 
 // What a text document would take for the end of a paragraph, a frame or an object of its own.
 bool isStructure(QChar c) {
@@ -39,7 +39,7 @@ SourceLines::SourceLines(PageContentPtr page) : page_(std::move(page)) {
     const std::string_view bytes = page_->bytes();
     // A byte-order mark says how the page is read; nobody writes before it.
     std::size_t begin =
-        bytes.starts_with(Utf8LineMark) && page_->codePage().isUtf8() ? Utf8Mark.size() : 0;
+        bytes.starts_with(LineUtf8Mark) && page_->codePage().isUtf8() ? LineUtf8Mark.size() : 0;
     for (;;) {
         const auto end = std::min(bytes.find_first_of("\r\n", begin), bytes.size());
         const std::size_t next =
