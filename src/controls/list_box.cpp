@@ -24,30 +24,35 @@ std::string ListBox::ListOrEmpty(int index) const {
 }
 
 void ListBox::AddItem(std::string text, int index) {
-    items_.insert(index, std::move(text));
-    if (listIndex_ >= index) ++listIndex_;
-    itemsChanged.raise({ItemsChange::Kind::Inserted, index, 1});
+    items_.requirePlace(index);
+    changeItems(*this, {ItemsChange::Kind::Inserted, index, 1}, [&] {
+        items_.insert(index, std::move(text));
+        if (listIndex_ >= index) ++listIndex_;
+    });
 }
 
 void ListBox::RemoveItem(int index) {
-    if (items_.at(index).selected) --selCount_;
-    items_.remove(index);
+    const bool wasSelected = items_.at(index).selected;
     const bool hadIndex = listIndex_ == index;
-    if (hadIndex) {
-        listIndex_ = -1;
-    } else if (listIndex_ > index) {
-        --listIndex_;
-    }
-    itemsChanged.raise({ItemsChange::Kind::Removed, index, 1});
+    changeItems(*this, {ItemsChange::Kind::Removed, index, 1}, [&] {
+        if (wasSelected) --selCount_;
+        items_.remove(index);
+        if (hadIndex) {
+            listIndex_ = -1;
+        } else if (listIndex_ > index) {
+            --listIndex_;
+        }
+    });
     if (hadIndex) selectionChanged.raise();
 }
 
 void ListBox::Clear() {
     if (ListCount() == 0) return;
-    items_.clear();
-    listIndex_ = -1;
-    selCount_ = 0;
-    itemsChanged.raise({ItemsChange::Kind::Reset, 0, 0});
+    changeItems(*this, {ItemsChange::Kind::Reset, 0, 0}, [this] {
+        items_.clear();
+        listIndex_ = -1;
+        selCount_ = 0;
+    });
     selectionChanged.raise();
 }
 

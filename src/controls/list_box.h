@@ -23,6 +23,9 @@ class ListBox : public Control {
 
     bool isMultiSelect() const { return selection_ == Selection::Multiple; }
 
+    // For views, which may ask for what is not there.
+    const ListItems& items() const { return items_; }
+
     // ---- what a program does ---------------------------------------------------------------
     int ListCount() const { return items_.count(); }
     const std::string& List(int index) const { return items_.at(index).text; }
@@ -70,9 +73,9 @@ class ListBox : public Control {
     // ---- events ----------------------------------------------------------------------------
     Event<> Click;
     Event<> DblClick;
-    // For views: items were inserted, removed or changed. Selection and ListIndex go with their
-    // items without a word of their own.
-    Event<const ItemsChange&> itemsChanged;
+    // For views: items will come or go; items came, went or are others. Selection and ListIndex go
+    // with their items without a word of their own.
+    Event<const ItemsChange&> itemsChanging, itemsChanged;
     // For views: the selection or ListIndex is another.
     Event<> selectionChanged;
 

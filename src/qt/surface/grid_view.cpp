@@ -42,6 +42,8 @@ GridView::GridView(Grid& model, QTableView& widget, FormFace face)
     });
     connect(&scrollBar, &QScrollBar::valueChanged, this, [this](int row) { scrolled(row); });
     subscriptions_ +=
+        model_.gridChanging.subscribe([this](const GridChange& change) { cells_.begin(change); });
+    subscriptions_ +=
         model_.gridChanged.subscribe([this](const GridChange& change) { applyChange(change); });
 }
 

@@ -29,11 +29,7 @@ QItemSelection selectionOf(const ListBox& model, const ItemsModel& items) {
 }  // namespace
 
 ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
-    : ControlView(model, widget, face),
-      model_(model),
-      list_(widget),
-      items_(model.ListCount(),
-             [&model](int index) -> const std::string& { return model.List(index); }) {
+    : ControlView(model, widget, face), model_(model), list_(widget), items_(model.items()) {
     new FocusOutline(list_);
     list_.setModel(&items_);
     list_.setSelectionMode(model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
@@ -46,14 +42,21 @@ ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
     connect(&list_, &SelectionList::pressedTwice, this,
             [this] { act([this] { model_.doubleClickEmptyArea(); }); });
     subscriptions_ +=
+        model_.itemsChanging.subscribe([this](const ItemsChange& change) { beginChange(change); });
+    subscriptions_ +=
         model_.itemsChanged.subscribe([this](const ItemsChange& change) { applyChange(change); });
     subscriptions_ += model_.selectionChanged.subscribe([this] { showSoon_.start(); });
 }
 
-void ListBoxView::applyChange(const ItemsChange& change) {
+void ListBoxView::beginChange(const ItemsChange& change) {
     const SelectionList::Showing showing(list_);
     // Qt would shift every selected range with each item that goes; show() puts them anew.
     if (!showSoon_.isActive()) list_.selectionModel()->clear();
+    items_.begin(change);
+}
+
+void ListBoxView::applyChange(const ItemsChange& change) {
+    const SelectionList::Showing showing(list_);
     items_.apply(change);
     showSoon_.start();
 }

@@ -20,6 +20,7 @@ class ListBoxView : public ControlView {
     bool keyPressed(const QKeyEvent& event) override;
 
   private:
+    void beginChange(const ItemsChange& change);
     void applyChange(const ItemsChange& change);
     void showIfPending();
     void select();
