@@ -3,6 +3,7 @@
 #include "qt/surface/focus_outline.h"
 #include "qt/surface/key_translation.h"
 #include "qt/surface/selection_list.h"
+#include "qt/surface/text.h"
 
 #include <QItemSelectionModel>
 #include <algorithm>
@@ -77,6 +78,7 @@ void ListBoxView::show() {
         selection.clearCurrentIndex();
     }
     selection.select(selectionOf(model_, items_), QItemSelectionModel::ClearAndSelect);
+    describe(counted(model_.ListCount(), "item", "items"));
 }
 
 bool ListBoxView::keyPressed(const QKeyEvent& event) {

@@ -3,6 +3,7 @@
 #include "qt/surface/focus_keeper.h"
 #include "qt/surface/key_translation.h"
 #include "qt/surface/mnemonics.h"
+#include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
 
 #include <QMouseEvent>
@@ -17,7 +18,7 @@ TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
     const auto& captions = model_.captions();
     for (std::size_t page = 0; page < captions.size(); ++page)
         tabs_.setTabText(static_cast<int>(page), toQt(captions[page]));
-    tabs_.tabBar()->setAccessibleName(toQt(model_.name()));
+    tabs_.tabBar()->setAccessibleName(spokenName(model_.name()));
     tabs_.tabBar()->installEventFilter(this);
     // Ways to turn a page that Qt knows and the filter does not.
     connect(&tabs_, &QTabWidget::currentChanged, this, [this](int page) {
