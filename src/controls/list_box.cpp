@@ -164,6 +164,21 @@ void ListBox::doubleClick(int item) {
     });
 }
 
+void ListBox::focusItem(int item) {
+    perform({.kind = PersonAction::Kind::Focus, .control = this}, [&] {
+        if (!isToggled()) refuse("the focus of its items goes with their selection");
+        requireReachable();
+        requireItem(item);
+        takeFocus();
+        moveTo(item);
+    });
+}
+
+void ListBox::moveTo(int item) {
+    listIndex_ = item;
+    selectionChanged.raise();
+}
+
 void ListBox::doubleClickEmptyArea() {
     perform({.kind = PersonAction::Kind::DoubleClickEmptyArea, .control = this}, [this] {
         takeFocus();
@@ -184,6 +199,7 @@ void ListBox::press(const Key& key) {
             return selectByKey(items, listIndex_);
         }
         const int item = itemReachedBy(key);
+        if (isToggled() && item >= 0) return moveTo(item);
         if (item < 0 || (item == listIndex_ && SelCount() == 1 && Selected(item))) return;
         selectByKey({item}, item);
     });

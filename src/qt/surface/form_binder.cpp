@@ -21,6 +21,7 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTableView>
+#include <functional>
 #include <map>
 
 namespace headerdtc::qt {
@@ -101,7 +102,7 @@ void FormBinder::attachEditors() {
         const auto grid = grids.find(view->widget().parentWidget());
         if (grid == grids.end())
             throw BindingError("No grid stands beside '" + view->control().name() + "'");
-        grid->second->editors().add(view->control(), view->widget());
+        grid->second->addEditor(view->control(), view->widget());
     }
 }
 
@@ -136,20 +137,31 @@ void FormBinder::assignMnemonics(const Labels& labels, const QString& taken) {
     QString everywhere = taken;
     for (const auto& view : views_) {
         if (auto* tabs = dynamic_cast<TabStripView*>(view.get()))
-            everywhere += tabs->takeMnemonics(Mnemonics(taken + initials));
+            everywhere += tabs->takeMnemonics(taken + initials);
     }
-    std::map<int, Mnemonics> pages;
+    struct Page {
+        QStringList texts;
+        std::vector<std::function<void(QChar)>> show;
+    };
+    std::map<int, Page> pages;
     for (const auto& view : views_) {
-        pages.try_emplace(view->control().tabPage(), everywhere);
-        view->useMnemonic(pages.at(view->control().tabPage()).take(view->caption()));
+        Page& page = pages[view->control().tabPage()];
+        page.texts += view->caption();
+        page.show.emplace_back([&view](QChar letter) { view->useMnemonic(letter); });
     }
     for (const auto& [control, label] : labels) {
         const QString text = toQt(control->label());
+        Page& page = pages[control->tabPage()];
         // A mnemonic would press the button that such a label stands beside, and does not say so.
-        const bool besideButton = dynamic_cast<const Button*>(control) != nullptr;
-        label->setText(
-            withMnemonic(text, besideButton ? QChar() : pages.at(control->tabPage()).take(text)));
+        page.texts += dynamic_cast<const Button*>(control) ? QString() : text;
+        page.show.emplace_back(
+            [label, text](QChar letter) { label->setText(withMnemonic(text, letter)); });
         label->setVisible(!text.isEmpty());
+    }
+    for (const auto& [number, page] : pages) {
+        const QString letters = mnemonicsOf(page.texts, everywhere);
+        for (std::size_t i = 0; i < page.show.size(); ++i)
+            page.show[i](letters.at(static_cast<qsizetype>(i)));
     }
 }
 

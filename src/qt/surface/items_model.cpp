@@ -23,7 +23,10 @@ int ItemsModel::rowCount(const QModelIndex& parent) const {
 
 QVariant ItemsModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || !items_.has(index.row())) return {};
-    const QString text = toQt(items_.at(index.row()).text);
+    const ListItems::Item& item = items_.at(index.row());
+    if (role == Qt::CheckStateRole && showsMarks_)
+        return item.selected ? Qt::Checked : Qt::Unchecked;
+    const QString text = toQt(item.text);
     if (role == Qt::DisplayRole) return withDigitWideMargin(text);
     if (role == Qt::EditRole) return text;
     return remarks_.data(index, role, role == Qt::AccessibleTextRole ? QVariant(text) : QVariant());

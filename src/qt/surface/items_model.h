@@ -19,11 +19,14 @@ class ItemsModel : public QAbstractListModel {
     // Follows a change that the items are about to go through, and have gone through.
     void begin(const ItemsChange& change);
     void apply(const ItemsChange& change);
+    // Whether marked items show it by a check mark.
+    void showMarks(bool shown) { showsMarks_ = shown; }
     void setRemarks(ItemRemarks remarks);
 
   private:
     const ListItems& items_;
     int count_;  // as Qt knows it
+    bool showsMarks_ = false;
     ItemRemarks remarks_;
 };
 

@@ -33,8 +33,10 @@ ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
     : ControlView(model, widget, face), model_(model), list_(widget), items_(model.items()) {
     new FocusOutline(list_);
     list_.setModel(&items_);
-    list_.setSelectionMode(model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
-                                                  : QAbstractItemView::SingleSelection);
+    list_.setSelectionMode(model_.isToggled()       ? QAbstractItemView::MultiSelection
+                           : model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
+                                                    : QAbstractItemView::SingleSelection);
+    items_.showMarks(model_.isToggled());
     showSoon_.setSingleShot(true);
     connect(&showSoon_, &QTimer::timeout, this, [this] { show(); });
     connect(&list_, &SelectionList::actionBegins, this, [this] { showIfPending(); });
@@ -78,13 +80,16 @@ void ListBoxView::show() {
         selection.clearCurrentIndex();
     }
     selection.select(selectionOf(model_, items_), QItemSelectionModel::ClearAndSelect);
+    // What is selected is no part of a selection that the mouse is still drawing.
+    selection.select(QItemSelection(), QItemSelectionModel::Select);
     describe(counted(model_.ListCount(), "item", "items"));
 }
 
 bool ListBoxView::keyPressed(const QKeyEvent& event) {
     const auto key = keyOf(event);
     // The blank too: Qt would select with it and never deselect.
-    const bool isModels = key && !key->shift && (isArrowKey(*key) || key->isBlank());
+    const bool isModels =
+        key && (!key->shift || model_.isToggled()) && (isArrowKey(*key) || key->isBlank());
     if (!isModels) return ControlView::keyPressed(event);
     act([&] { model_.press(*key); });
     showIfPending();
@@ -101,8 +106,19 @@ void ListBoxView::select() {
     std::sort(items.begin(), items.end());
     // Where one item at most is selected, Ctrl does not deselect it.
     if (!model_.isMultiSelect() && current.isValid()) items = {current.row()};
-    act([&] { model_.select(items, current.isValid() ? current.row() : -1); });
+    // Page keys and the like mark nothing in a list of marks.
+    const bool onlyMoved = model_.isToggled() && current.isValid() && !isAnother(items);
+    act([&] {
+        if (onlyMoved) return model_.focusItem(current.row());
+        model_.select(items, current.isValid() ? current.row() : -1);
+    });
     show();
+}
+
+bool ListBoxView::isAnother(const std::vector<int>& items) const {
+    return static_cast<int>(items.size()) != model_.SelCount() ||
+           !std::all_of(items.begin(), items.end(),
+                        [this](int item) { return model_.Selected(item); });
 }
 
 }  // namespace headerdtc::qt

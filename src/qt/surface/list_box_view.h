@@ -5,6 +5,7 @@
 #include "qt/surface/items_model.h"
 
 #include <QTimer>
+#include <vector>
 
 namespace headerdtc::qt {
 
@@ -24,6 +25,8 @@ class ListBoxView : public ControlView {
     void applyChange(const ItemsChange& change);
     void showIfPending();
     void select();
+    // Whether these items are others than the selected ones.
+    bool isAnother(const std::vector<int>& items) const;
 
     ListBox& model_;
     SelectionList& list_;

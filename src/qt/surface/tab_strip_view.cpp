@@ -27,15 +27,13 @@ TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
     subscriptions_ += model_.tabChanged.subscribe([this] { show(); });
 }
 
-QString TabStripView::takeMnemonics(Mnemonics mnemonics) {
-    QString letters;
-    const auto& captions = model_.captions();
-    for (std::size_t page = 0; page < captions.size(); ++page) {
-        const QString caption = toQt(captions[page]);
-        const QChar letter = mnemonics.take(caption);
-        tabs_.setTabText(static_cast<int>(page), withMnemonic(caption, letter));
-        letters += letter;
-    }
+QString TabStripView::takeMnemonics(const QString& taken) {
+    QStringList captions;
+    for (const std::string& caption : model_.captions())
+        captions += toQt(caption);
+    const QString letters = mnemonicsOf(captions, taken);
+    for (int page = 0; page < captions.size(); ++page)
+        tabs_.setTabText(page, withMnemonic(captions.at(page), letters.at(page)));
     return letters;
 }
 

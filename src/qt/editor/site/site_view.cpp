@@ -109,15 +109,15 @@ SiteView::SiteView(Sites& sites, QWidget* parent) : QWidget(parent) {
         if (!page.isEmpty()) Q_EMIT pageActivated(page);
     });
 
-    check_ = new QPushButton(editorIcon("view-refresh"), tr("&Check"));
+    check_ = new QPushButton(editorIcon("view-refresh"), tr("Check"));
     check_->setObjectName(QStringLiteral("SiteCheckButton"));
     check_->setToolTip(tr("Find out which pages are out of date; writes nothing"));
     connect(check_, &QPushButton::clicked, this, &SiteView::checkAll);
-    generate_ = new QPushButton(editorIcon("system-run"), tr("&Generate all"));
+    generate_ = new QPushButton(editorIcon("system-run"), tr("Generate all"));
     generate_->setObjectName(QStringLiteral("SiteGenerateButton"));
     generate_->setToolTip(tr("Write every page that is out of date"));
     connect(generate_, &QPushButton::clicked, this, &SiteView::generateRequested);
-    stop_ = new QPushButton(editorIcon("process-stop"), tr("&Stop"));
+    stop_ = new QPushButton(editorIcon("process-stop"), tr("Stop"));
     stop_->setObjectName(QStringLiteral("SiteStopButton"));
     connect(stop_, &QPushButton::clicked, run_, &SiteRun::cancel);
     progress_ = new QProgressBar;

@@ -19,7 +19,7 @@ FindBar::FindBar(SourceView& view, QWidget* parent) : QWidget(parent), view_(vie
     text_->setPlaceholderText(tr("Find in the source"));
     text_->setAccessibleName(tr("Text to find"));
     text_->setClearButtonEnabled(true);
-    matchCase_ = new QCheckBox(tr("Match &case"));
+    matchCase_ = new QCheckBox(tr("&Match case"));
     result_ = new QLabel;
     const auto button = [this](const char* icon, const QString& text, bool backwards) {
         auto* made = new QToolButton;

@@ -28,7 +28,7 @@ constexpr Beginning Beginnings[] = {
                        "Copies a small site to a folder of yours and opens a page that uses "
                        "everything a control can do."),
      &StartPage::demoRequested},
-    {"folder-open", QT_TRANSLATE_NOOP("StartPage", "Open a &site folder"),
+    {"folder-open", QT_TRANSLATE_NOOP("StartPage", "Open a s&ite folder"),
      QT_TRANSLATE_NOOP("StartPage", "Shows the pages of a web project and which are out of date."),
      &StartPage::siteRequested},
     {"document-open", QT_TRANSLATE_NOOP("StartPage", "&Open a page"),

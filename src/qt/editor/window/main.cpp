@@ -67,7 +67,6 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(HEADERDTC_VERSION));
     if (!hasScreen(argc, argv)) return complainOfNoScreen(argc, argv);
     const QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));
     QApplication::setDesktopFileName(QStringLiteral("headerdtc-editor"));
     QApplication::setWindowIcon(applicationIcon());
     CommandLine commandLine;

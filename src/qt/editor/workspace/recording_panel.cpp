@@ -28,9 +28,9 @@ RecordingPanel::RecordingPanel(Recorder& recorder, QAction& record, QWidget* par
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     state_ = new QLabel;
     state_->setObjectName(QStringLiteral("RecordingState"));
-    copy_ = new QPushButton(tr("&Copy"));
+    copy_ = new QPushButton(tr("Copy"));
     copy_->setToolTip(tr("Copy the script"));
-    save_ = new QPushButton(tr("Save &script..."));
+    save_ = new QPushButton(tr("Save script..."));
     save_->setToolTip(tr("For headerdtc automate --over PATH... SCRIPT"));
     connect(copy_, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(recorder_.script()); });
