@@ -78,6 +78,13 @@ void ControlSurface::act(const std::function<void()>& action) {
     binder_->actions.run(action);
 }
 
+void ControlSurface::enter() {
+    act([this] {
+        if (!dtc_.surface.ActiveControl()) dtc_.SSTab1.focus();
+        binder_->focus.follow();
+    });
+}
+
 void ControlSurface::finishEditing() {
     act([this] { dtc_.surface.finishEditing(); });
 }

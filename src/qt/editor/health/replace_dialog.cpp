@@ -43,7 +43,6 @@ ReplaceDialog::ReplaceDialog(const std::vector<VanishedField>& vanished, std::si
     form->addRow(tr("&Find:"), filter_);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
     replace_ = buttons->addButton(tr("&Replace"), QDialogButtonBox::AcceptRole);
-    replace_->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(which_, &QComboBox::currentIndexChanged, this, &ReplaceDialog::fill);
@@ -57,6 +56,8 @@ ReplaceDialog::ReplaceDialog(const std::vector<VanishedField>& vanished, std::si
     layout->addWidget(buttons);
     resize(460, 420);
     fill();
+    // Once it can be pressed: while it could not, the window made Cancel what Enter presses.
+    replace_->setDefault(true);
     choices_->setFocus();
 }
 

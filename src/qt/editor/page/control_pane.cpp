@@ -221,7 +221,15 @@ void ControlPane::renewFaulty() {
 }
 
 void ControlPane::focusControl() {
-    if (surface()) surface()->setFocus();
+    if (surface()) {
+        surface()->enter();
+    } else {
+        insert_->setFocus();
+    }
+}
+
+void ControlPane::focusProvider() {
+    if (live()) surface()->act([this] { live()->dtc().DataProvidersCombo.focus(); });
 }
 
 void ControlPane::show(std::size_t control) {
@@ -262,7 +270,7 @@ void ControlPane::make(std::size_t control, int tab) {
     area_->setWidget(shown.surface);
     stack_->setCurrentWidget(area_);
     area_->verticalScrollBar()->setValue(scrolled);
-    if (hadFocus) shown.surface->setFocus();
+    if (hadFocus) shown.surface->enter();
     Q_EMIT surfaceMade();
 }
 

@@ -37,6 +37,8 @@ class ControlPane : public QWidget {
 
     void select(std::size_t control);
     void focusControl();
+    // Where a new control begins.
+    void focusProvider();
     // The control that is shown, loaded anew from the page as it is.
     void loadAnew();
     // Controls that were loaded with a fault are made anew: what they lacked may be there now.

@@ -102,6 +102,7 @@ QWidget* SettingsDialog::drivesBox() {
     drives_->setHorizontalHeaderLabels({tr("Drive"), tr("Folder on this machine")});
     drives_->horizontalHeader()->setStretchLastSection(true);
     drives_->verticalHeader()->hide();
+    drives_->setTabKeyNavigation(false);
     drives_->setSelectionBehavior(QAbstractItemView::SelectRows);
     drives_->setMinimumHeight(90);
     drives_->setMaximumHeight(130);

@@ -2,6 +2,7 @@
 
 #include "qt/editor/base/icons.h"
 #include "qt/editor/start/recent_files.h"
+#include "qt/surface/focus_outline.h"
 
 #include <QCommandLinkButton>
 #include <QDir>
@@ -76,6 +77,8 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent) : QWidget(parent), re
     for (const Beginning& beginning : Beginnings) {
         auto* button = new QCommandLinkButton(tr(beginning.text), tr(beginning.description));
         button->setIcon(editorIcon(beginning.icon));
+        button->setAutoDefault(true);  // Enter presses it
+        new FocusOutline(*button);
         button->setAccessibleName(tr(beginning.text).remove(QLatin1Char('&')));
         button->setAccessibleDescription(tr(beginning.description));
         connect(button, &QCommandLinkButton::clicked, this, beginning.signal);
@@ -140,6 +143,8 @@ void StartPage::showRecent() {
         auto* button = new QPushButton(name.replace(QLatin1Char('&'), QLatin1String("&&")));
         button->setIcon(editorIcon("text-html"));
         button->setFlat(true);
+        button->setAutoDefault(true);
+        new FocusOutline(*button);
         button->setToolTip(shortened(file));
         button->setAccessibleDescription(file);
         button->setCursor(Qt::PointingHandCursor);
