@@ -6,6 +6,7 @@
 #include "qt/surface/text.h"
 
 #include <QItemSelectionModel>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -27,6 +28,19 @@ QItemSelection selectionOf(const ListBox& model, const ItemsModel& items) {
     return selection;
 }
 
+// In a list of marks, where check marks tell what is selected, the highlight is the focus's.
+class MarkDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state.setFlag(QStyle::State_Selected,
+                              option->state.testFlag(QStyle::State_HasFocus));
+    }
+};
+
 }  // namespace
 
 ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
@@ -37,6 +51,7 @@ ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
                            : model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
                                                     : QAbstractItemView::SingleSelection);
     items_.showMarks(model_.isToggled());
+    if (model_.isToggled()) list_.setItemDelegate(new MarkDelegate(&list_));
     showSoon_.setSingleShot(true);
     connect(&showSoon_, &QTimer::timeout, this, [this] { show(); });
     connect(&list_, &SelectionList::actionBegins, this, [this] { showIfPending(); });
