@@ -17,8 +17,6 @@ FormDialog::FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(for
     setUpDialogForm(form.name(), *this);
     setWindowTitle(toQt(form.caption()));
     setWindowModality(Qt::ApplicationModal);
-    // The focus shows from the start, not only once Tab has moved it.
-    setAttribute(Qt::WA_KeyboardFocusChange);
     binder_ = std::make_unique<FormBinder>(form, *this);
     binder_->actions.onFailure = [this](const std::exception_ptr& failure) {
         failure_ = failure;
@@ -39,6 +37,8 @@ void FormDialog::run() {
     QEventLoop loop;
     connect(this, &FormDialog::finishedByForm, &loop, &QEventLoop::quit);
     show();
+    // The focus is to be seen from the start, not only once Tab has moved it.
+    setAttribute(Qt::WA_KeyboardFocusChange);
     loop.exec(QEventLoop::DialogExec);
     hide();
     // Where a message and its dialog close at once, some window managers leave nobody the focus.

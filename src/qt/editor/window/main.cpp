@@ -79,6 +79,8 @@ int main(int argc, char** argv) {
         toPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)) / "recovery";
     MainWindow window(options);
     window.show();
+    // The focus is to be seen from the start, not only once Tab has moved it.
+    window.setAttribute(Qt::WA_KeyboardFocusChange);
     for (const QString& page : commandLine.parser.positionalArguments())
         window.opener().openAnything(toPath(page));
     // When the window stands and can be asked over.

@@ -52,7 +52,6 @@ MainWindow::MainWindow(const Options& options)
     setObjectName(QStringLiteral("MainWindow"));
     setWindowIcon(applicationIcon());
     setAcceptDrops(true);
-    setAttribute(Qt::WA_KeyboardFocusChange);  // the focus shows, however it came
     setDockOptions(AnimatedDocks | AllowTabbedDocks);
     commands_ = new Commands(*this);
     auto* start = new StartPage(recent_);
