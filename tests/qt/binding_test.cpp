@@ -4,9 +4,7 @@
 #include "qt/surface/form_binder.h"
 #include "qt/surface_fixture.h"
 
-#include <QAbstractButton>
 #include <QDialog>
-#include <QKeySequence>
 #include <QLabel>
 #include <QTabBar>
 #include <QTabWidget>
@@ -60,26 +58,6 @@ TEST_F(SurfaceTest, WidgetsAreCalledByWordsEachByItsOwn) {
         const QString name = widget(*control).accessibleName();
         EXPECT_NE(qt::fromQt(name), control->name());
         EXPECT_TRUE(names.emplace(control->tabPage(), name).second) << qt::fromQt(name);
-    }
-}
-
-TEST_F(SurfaceTest, NoTwoMnemonicsOfOnePageAreTheSame) {
-    auto& tabs = widget<QTabWidget>(dtc.SSTab1);
-    for (int page = 0; page < tabs.count(); ++page) {
-        QStringList texts;
-        for (int tab = 0; tab < tabs.count(); ++tab)
-            texts += tabs.tabText(tab);
-        for (const auto* button : tabs.widget(page)->findChildren<QAbstractButton*>())
-            texts += button->text();
-        for (const auto* label : tabs.widget(page)->findChildren<QLabel*>())
-            texts += label->text();
-        QStringList letters;
-        for (const QString& text : texts) {
-            if (const auto key = QKeySequence::mnemonic(text); !key.isEmpty())
-                letters += key.toString();
-        }
-        EXPECT_EQ(letters.removeDuplicates(), 0) << qt::fromQt(letters.join(' '));
-        EXPECT_GE(letters.size(), 9) << "page " << page;
     }
 }
 

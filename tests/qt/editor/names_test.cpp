@@ -3,6 +3,10 @@
 #include "qt/editor/window_fixture.h"
 
 #include <QAccessible>
+#include <QKeySequence>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QToolButton>
 
 namespace headerdtc::qt {
 namespace {
@@ -43,6 +47,45 @@ TEST_F(Names, EveryWidgetOfTheWindowHasAName) {
     }
     open("plain.asp", "<html>\n</html>\n");
     EXPECT_THAT(nameless(*window), IsEmpty()) << "without a control";
+}
+
+// Menus, docks, the tabs of the control and what stands on each of them.
+TEST_F(Names, NoTwoThingsInTheWindowHaveTheSameLetter) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    editor.insertControl();
+    editor.find();
+    auto& tabs = *editor.findChild<QTabWidget*>("SSTab1");
+    for (int tab = 0; tab < 6; ++tab) {
+        dtc(editor).SSTab1.clickTab(tab);
+        settle();
+        QStringList texts;
+        for (const QAction* menu : window->menuBar()->actions())
+            texts += menu->text();
+        for (int each = 0; each < tabs.count(); ++each)
+            texts += tabs.tabText(each);
+        qsizetype captions = texts.size();
+        for (const auto* button : window->findChildren<QAbstractButton*>()) {
+            const bool isOnOtherTab =
+                tabs.isAncestorOf(button) && !tabs.currentWidget()->isAncestorOf(button);
+            if (!isOnOtherTab && !qobject_cast<const QToolButton*>(button)) texts += button->text();
+        }
+        for (const auto* label : window->findChildren<QLabel*>()) {
+            if (label->buddy() && !(tabs.isAncestorOf(label) && !label->isVisible()))
+                texts += label->text();
+        }
+        QStringList letters;
+        for (const QString& text : texts) {
+            const auto key = QKeySequence::mnemonic(text);
+            if (!key.isEmpty()) letters += key.toString();
+            // Nothing of the control that has letters goes without one.
+            if (--captions >= 0) EXPECT_FALSE(key.isEmpty()) << text.toStdString();
+        }
+        for (const char* button : {"EAIAddField", "EAIRemoveField", "EAIAddCriteriumCommand",
+                                   "EAIRemoveCriteriumCommand", "ZEKOAddLink", "ZEKORemoveLink"}) {
+            EXPECT_TRUE(tabs.findChild<QPushButton*>(button)->text().contains('&')) << button;
+        }
+        EXPECT_EQ(letters.removeDuplicates(), 0) << letters.join(' ').toStdString();
+    }
 }
 
 TEST_F(Names, EveryWidgetOfTheDialogsHasAName) {
