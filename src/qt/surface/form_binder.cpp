@@ -23,6 +23,7 @@
 #include <QTableView>
 #include <functional>
 #include <map>
+#include <set>
 
 namespace headerdtc::qt {
 
@@ -127,17 +128,21 @@ FormBinder::Labels FormBinder::findLabels(QWidget& formWidget) const {
     return labels;
 }
 
-// The tabs are there whatever page is shown, and leave the buttons of the pages their initials;
-// what stands on different pages may share a letter. Buttons come before labels, which get their
-// texts here too.
+// The tabs are there whatever page is shown, and leave the buttons of the pages their initials, and
+// all letters of those that a page has twice; what stands on different pages may share a
+// letter. Labels get their texts here too.
 void FormBinder::assignMnemonics(const Labels& labels, const QString& taken) {
-    QString initials;
-    for (const auto& view : views_)
-        initials += view->caption().left(1);
+    std::set<std::pair<int, QString>> captions;
+    QString wanted;
+    for (const auto& view : views_) {
+        const QString caption = view->caption();
+        const bool isFirst = captions.emplace(view->control().tabPage(), caption).second;
+        wanted += isFirst ? caption.left(1) : caption;
+    }
     QString everywhere = taken;
     for (const auto& view : views_) {
         if (auto* tabs = dynamic_cast<TabStripView*>(view.get()))
-            everywhere += tabs->takeMnemonics(taken + initials);
+            everywhere += tabs->takeMnemonics(taken + wanted);
     }
     struct Page {
         QStringList texts;

@@ -1,5 +1,9 @@
 #include "qt/surface/mnemonics.h"
 
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
 namespace headerdtc::qt {
 namespace {
 
@@ -26,7 +30,12 @@ class Matching {
     Matching(const QStringList& texts, const QString& taken) : letters_(texts.size(), QChar()) {
         for (const QString& text : texts)
             wanted_.append(lettersOf(text));
-        for (int text = 0; text < texts.size(); ++text) {
+        std::vector<int> order(static_cast<std::size_t>(texts.size()));
+        std::iota(order.begin(), order.end(), 0);
+        std::stable_sort(order.begin(), order.end(), [this](int one, int other) {
+            return wanted_.at(one).size() < wanted_.at(other).size();
+        });
+        for (const int text : order) {
             QString tried = taken.toUpper();
             give(text, tried);
         }
