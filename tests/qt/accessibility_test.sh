@@ -23,7 +23,7 @@ cd "$HEADERDTC_IN_SESSION"
 cp -r "$project/demo" site
 site/make-translations
 export QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-openbox &
+openbox 2>/dev/null &
 "$editor" site/customers/regions/overview.asp &
 pid=$!
 trap 'kill "$pid" 2>/dev/null || true' EXIT
