@@ -10,7 +10,6 @@
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/source/source_view.h"
-#include "qt/editor/start/about_dialog.h"
 #include "qt/editor/start/guide_window.h"
 #include "qt/editor/window/main_window.h"
 #include "qt/editor/window/message_model.h"

@@ -6,7 +6,7 @@
 #include "host/generation/site_generation.h"
 #include "host/generation/site_pages.h"
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 #include <cstdio>
 

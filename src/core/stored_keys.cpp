@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <utility>
 
 namespace headerdtc {
 namespace {
@@ -32,9 +33,38 @@ std::optional<Numbered> takeNumber(std::string_view text) {
 }
 
 int firstNumber(const stored::Row& row) {
-    const bool isOfList = std::holds_alternative<stored::Items>(row.content) ||
-                          std::holds_alternative<stored::Selection>(row.content);
-    return isOfList ? 0 : 1;
+    return row.holds<stored::Items, stored::Selection>() ? 0 : 1;
+}
+
+// Where a part is edited.
+enum class Tab { General, Family, Translations, Link };
+
+struct PartTraits {
+    StoredPart part;
+    std::string_view caption;  // "@" stands for the family's prefix
+    Tab tab;
+};
+constexpr PartTraits PartTable[] = {
+    {StoredPart::LinkedDataProvider, "linked data provider", Tab::Link},
+    {StoredPart::DataProvider, "data provider", Tab::General},
+    {StoredPart::ExtraFilters, "extra filters", Tab::General},
+    {StoredPart::Includes, "include files", Tab::General},
+    {StoredPart::Stylesheet, "stylesheet", Tab::General},
+    {StoredPart::Scripts, "scripts", Tab::Family},
+    {StoredPart::ReturnFields, "@ return fields", Tab::Family},
+    {StoredPart::LinkedFields, "@ linked fields", Tab::Link},
+    {StoredPart::TranslatedNames, "@ translated names", Tab::Translations},
+    {StoredPart::TranslatedValues, "@ translated values", Tab::Translations},
+    {StoredPart::Criteria, "@ criteria", Tab::Family},
+    {StoredPart::Links, "@ links", Tab::Link},
+    {StoredPart::KeyFields, "@ key fields", Tab::Family},
+    {StoredPart::LinkedAvailableFields, "linked provider's @ fields", Tab::Link},
+    {StoredPart::AvailableFields, "@ available fields", Tab::Family},
+    {StoredPart::LinkedKeyFields, "linked provider's @ key fields", Tab::Link},
+};
+
+const PartTraits& traitsOf(StoredPart part) {
+    return PartTable[static_cast<std::size_t>(part)];
 }
 
 bool isColumn(int column) {
@@ -68,6 +98,40 @@ std::optional<StoredName> parseStoredName(std::string_view name) {
         }
     }
     return std::nullopt;
+}
+
+std::string ControlPart::caption() const {
+    std::string text(traitsOf(part).caption);
+    if (const auto place = text.find('@'); place != std::string::npos)
+        text.replace(place, 1, headerdtc::traitsOf(*family).prefix);
+    return text;
+}
+
+// What both families share is shown where the second of them is.
+int ControlPart::tabPage() const {
+    const FamilyTraits& own = headerdtc::traitsOf(family.value_or(Family::ZEKO));
+    switch (traitsOf(part).tab) {
+        case Tab::Family:
+            return own.tabPage;
+        case Tab::Translations:
+            return I18NTabPage;
+        case Tab::Link:
+            return own.linkTabPage;
+        case Tab::General:
+            break;
+    }
+    return GeneralTabPage;
+}
+
+bool ControlPart::operator<(const ControlPart& other) const {
+    return std::pair(part, family == Family::EAI) <
+           std::pair(other.part, other.family == Family::EAI);
+}
+
+std::optional<ControlPart> partOf(std::string_view name) {
+    const auto parsed = parseStoredName(name);
+    if (!parsed) return std::nullopt;
+    return ControlPart{parsed->row.part, parsed->row.family()};
 }
 
 std::optional<StoredType> storedTypeOf(std::string_view name) {

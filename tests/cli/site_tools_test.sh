@@ -78,7 +78,7 @@ rm site/c/Suite/Include/Tides.asp
 check 1 "$headerdtc" check site
 expect "$out" 'site/traffic/ships.asp:'
 expect "$out" 'error: return field "3 - QUAY" is not offered by "Ships" [unknown-field]'
-expect "$out" '    HeaderDTC1, ZEKO, row 2: remove it'
+expect "$out" '    HeaderDTC1, ZEKO, row 2: is "3 - BERTH" meant? remove it'
 expect "$out" '[missing-include]'
 expect "$out" '[undefined-function]'
 at=$(grep -n 'NAME="ZEKOReturnFields1"' site/traffic/ships.asp | cut -d: -f1)

@@ -1,7 +1,7 @@
 #include "i18n/add_label_dialog.h"
 #include "i18n/translation_store.h"
-#include "qt/surface/dialog_forms.h"
 #include "qt/surface/form_binder.h"
+#include "qt/surface/form_dialog.h"
 #include "qt/surface_fixture.h"
 
 #include <QDialog>

@@ -1,7 +1,7 @@
 #include "host/generation/page_generation.h"
 
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 #include <iterator>
 #include <new>
@@ -25,12 +25,15 @@ std::string withPlace(const FileError& error) {
     return "line " + std::to_string(error.line()) + ": " + error.problem();
 }
 
-void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
-              GeneratedPage& result) {
+void generate(const std::filesystem::path& page, std::optional<std::string> bytes, Sites& sites,
+              LossGuard guard, GeneratedPage& result) {
     const auto site = sites.forPage(page);
-    WholeFile file = readWholeFile(page);
-    result.stamp = file.stamp;
-    PageMarkup markup(page.string(), std::move(file.bytes), site->configuration->codePage);
+    if (!bytes) {
+        WholeFile file = readWholeFile(page);
+        result.stamp = file.stamp;
+        bytes = std::move(file.bytes);
+    }
+    PageMarkup markup(page.string(), *std::move(bytes), site->configuration->codePage);
     if (markup.controls().empty()) return;
 
     std::vector<ControlContent> contents;
@@ -73,10 +76,13 @@ std::optional<std::string> referencesTold(const ControlSpan& control,
            "page UTF-8 by a byte-order mark";
 }
 
-GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
+namespace {
+
+GeneratedPage generateGuarded(const std::filesystem::path& page, std::optional<std::string> bytes,
+                              Sites& sites, LossGuard guard) {
     GeneratedPage result;
     try {
-        generate(page, sites, guard, result);
+        generate(page, std::move(bytes), sites, guard, result);
     } catch (const ConfigurationError& error) {
         result.verdict = Verdict::NotConfigured;
         result.messages.emplace_back(error.what());
@@ -91,6 +97,17 @@ GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, Loss
         result.messages.emplace_back(error.what());
     }
     return result;
+}
+
+}  // namespace
+
+GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
+    return generateGuarded(page, std::nullopt, sites, guard);
+}
+
+GeneratedPage generatePage(const std::filesystem::path& page, std::string bytes, Sites& sites,
+                           LossGuard guard) {
+    return generateGuarded(page, std::move(bytes), sites, guard);
 }
 
 }  // namespace headerdtc

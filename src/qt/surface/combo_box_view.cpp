@@ -1,7 +1,6 @@
 #include "qt/surface/combo_box_view.h"
 
-#include "qt/surface/key_translation.h"
-#include "qt/surface/line_selection.h"
+#include "qt/surface/edited_text.h"
 #include "qt/surface/text.h"
 
 #include <QComboBox>

@@ -1,10 +1,10 @@
 #include "qt/surface/form_binder.h"
 
 #include "controls/form.h"
+#include "controls/label.h"
 #include "qt/surface/button_view.h"
 #include "qt/surface/combo_box_view.h"
 #include "qt/surface/grid_view.h"
-#include "qt/surface/label_view.h"
 #include "qt/surface/list_box_view.h"
 #include "qt/surface/mnemonics.h"
 #include "qt/surface/selection_list.h"
@@ -26,6 +26,31 @@
 #include <set>
 
 namespace headerdtc::qt {
+namespace {
+
+class LabelView : public ControlView {
+  public:
+    LabelView(Label& model, QLabel& widget, FormFace face)
+        : ControlView(model, widget, face), model_(model), label_(widget) {
+        // A field's name may look like markup.
+        label_.setTextFormat(Qt::PlainText);
+        subscriptions_ += model_.appearanceChanged.subscribe([this] { show(); });
+    }
+
+    QString caption() const override { return toQt(model_.Caption()); }
+
+  protected:
+    void show() override {
+        label_.setText(caption());
+        describe();
+    }
+
+  private:
+    Label& model_;
+    QLabel& label_;
+};
+
+}  // namespace
 
 // Finds each control's widget and makes the view of its kind.
 class FormBinder::Matcher : public ControlVisitor {

@@ -3,8 +3,6 @@
 #include "controls/combo_box.h"
 #include "controls/text_box.h"
 #include "qt/surface/focus_keeper.h"
-#include "qt/surface/focus_outline.h"
-#include "qt/surface/key_translation.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -88,7 +86,7 @@ GridView::GridView(Grid& model, QTableView& widget, FormFace face)
 }
 
 void GridView::setUpTable() {
-    new FocusOutline(table_);
+    outlineFocus(table_);
     table_.setModel(&cells_);
     table_.setItemDelegate(new CellDelegate(&table_));
     // A press is the model's before it moves the focus: the cell is entered first, then an open
@@ -197,7 +195,7 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
     return ControlView::eventFilter(watched, event);
 }
 
-// Tells whether Qt is to be kept from the event: of the mouse's doings only the models hear.
+// Returns true to keep the event from Qt: mouse events are for the models only.
 bool GridView::viewportEvent(const QEvent& event) {
     switch (event.type()) {
         case QEvent::Resize:

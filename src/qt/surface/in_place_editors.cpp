@@ -57,7 +57,7 @@ void InPlaceEditors::place() {
 
 void InPlaceEditors::place(Editor& editor) {
     if (!editor.shown) return;
-    // The row of the cell was taken out under the editor: it stays with the current one.
+    // The row of the editor's cell was removed: the editor stays with the current cell.
     if (!editor.cell.isValid()) editor.cell = cells_.currentCell();
     if (editor.cell.isValid()) editor.widget.setGeometry(table_.visualRect(editor.cell));
 }

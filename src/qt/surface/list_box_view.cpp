@@ -1,7 +1,5 @@
 #include "qt/surface/list_box_view.h"
 
-#include "qt/surface/focus_outline.h"
-#include "qt/surface/key_translation.h"
 #include "qt/surface/selection_list.h"
 #include "qt/surface/text.h"
 
@@ -45,7 +43,7 @@ class MarkDelegate : public QStyledItemDelegate {
 
 ListBoxView::ListBoxView(ListBox& model, SelectionList& widget, FormFace face)
     : ControlView(model, widget, face), model_(model), list_(widget), items_(model.items()) {
-    new FocusOutline(list_);
+    outlineFocus(list_);
     list_.setModel(&items_);
     list_.setSelectionMode(model_.isToggled()       ? QAbstractItemView::MultiSelection
                            : model_.isMultiSelect() ? QAbstractItemView::ExtendedSelection
@@ -102,7 +100,7 @@ void ListBoxView::show() {
 
 bool ListBoxView::keyPressed(const QKeyEvent& event) {
     const auto key = keyOf(event);
-    // The blank too: Qt would select with it and never deselect.
+    // The blank is the model's too: Qt would select with it but never deselect.
     const bool isModels =
         key && (!key->shift || model_.isToggled()) && (isArrowKey(*key) || key->isBlank());
     if (!isModels) return ControlView::keyPressed(event);

@@ -1,7 +1,6 @@
 #include "qt/surface/tab_strip_view.h"
 
 #include "qt/surface/focus_keeper.h"
-#include "qt/surface/key_translation.h"
 #include "qt/surface/mnemonics.h"
 #include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
@@ -52,7 +51,7 @@ void TabStripView::clickTab(int page) {
 // The model turns the page, after the control on it has lost the focus: Qt must not do so first.
 bool TabStripView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == tabs_.tabBar() && tabBarEvent(*event)) return true;
-    // Keys that no control of a page has used come by here on their way to the window.
+    // Keys that no control of a page has used are passed on to here.
     if (watched == &tabs_ && event->type() == QEvent::KeyPress)
         return turnPage(static_cast<QKeyEvent&>(*event));
     return ControlView::eventFilter(watched, event);
@@ -78,7 +77,7 @@ bool TabStripView::tabBarEvent(const QEvent& event) {
         }
         case QEvent::KeyPress:
             return keyPressed(static_cast<const QKeyEvent&>(event));
-        // Turning the wheel over the tabs is no click.
+        // The mouse wheel must not turn pages.
         case QEvent::Wheel:
             return true;
         default:

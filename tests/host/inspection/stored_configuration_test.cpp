@@ -3,7 +3,7 @@
 #include "core/header_dtc.h"
 #include "host/inspection/harbour_site.h"
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 #include <gmock/gmock.h>
 

@@ -15,10 +15,15 @@ using ::testing::IsEmpty;
 
 class Names : public WindowTest {
   protected:
-    // The widgets that take the focus and have nothing to be called by.
+    // The widgets that take the focus and have nothing to be called by, or lack the icon that their
+    // form asks for.
     static std::vector<std::string> nameless(QWidget& window) {
         std::vector<std::string> found;
         for (QWidget* widget : window.findChildren<QWidget*>()) {
+            const auto* button = qobject_cast<QAbstractButton*>(widget);
+            const QString icon = widget->property("iconName").toString();
+            if (button && !icon.isEmpty() && button->icon().isNull())
+                found.push_back("no icon " + icon.toStdString());
             const bool isReached = (widget->focusPolicy() & Qt::TabFocus) && widget->isVisible() &&
                                    !widget->focusProxy() && widget->window() == &window;
             // Parts of other widgets, which are known by those; the main window's own bar of docks.

@@ -21,4 +21,8 @@ struct InspectedPage {
 // Checks a page against every rule; writes nothing. Never throws for the page's sake. Thread-safe.
 InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts);
 
+// The same for a page as it is being edited: what `check` would say once these bytes are written.
+InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
+                          SiteFactsCache& facts);
+
 }  // namespace headerdtc

@@ -13,6 +13,9 @@ struct Rule {
     Severity severity;
     std::string_view summary;  // one line, what it finds
     void (*check)(const ControlView&, Remarks&);
+    // A page may be left alone for what other rules have found already.
+    enum class Finds { Fault, CauseOfFailure, Consequence };
+    Finds finds = Finds::Fault;
 };
 
 // All of them, in the order in which they are applied.

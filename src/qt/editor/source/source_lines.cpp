@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view LineUtf8Mark = "\xEF\xBB\xBF";
 
-// What a text document would take for the end of a paragraph, a frame or an object of its own.
+// Characters that QTextDocument uses for ends of paragraphs, frames and embedded objects.
 bool isStructure(QChar c) {
     switch (c.unicode()) {
         case 0x0000:
@@ -142,7 +142,7 @@ std::optional<SourceLines::Edit> SourceLines::editOf(int position, int removed,
     while (sameAtEnd < shorter - same &&
            old[old.size() - 1 - sameAtEnd] == inserted[inserted.size() - 1 - sameAtEnd])
         ++sameAtEnd;
-    // Half of a character may be alike; the character is another.
+    // Two characters may share one half of a surrogate pair and still differ.
     if (splitsCharacter(inserted, same) || splitsCharacter(text_, position + same)) --same;
     if (splitsCharacter(inserted, inserted.size() - sameAtEnd) ||
         splitsCharacter(text_, position + old.size() - sameAtEnd))

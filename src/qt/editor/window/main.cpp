@@ -83,7 +83,7 @@ int main(int argc, char** argv) {
     window.setAttribute(Qt::WA_KeyboardFocusChange);
     for (const QString& page : commandLine.parser.positionalArguments())
         window.opener().openAnything(toPath(page));
-    // When the window stands and can be asked over.
+    // Once the window is shown and dialogs can open over it.
     QTimer::singleShot(0, &window, &MainWindow::offerRecovery);
     return QApplication::exec();
 }
