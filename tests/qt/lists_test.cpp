@@ -1,6 +1,7 @@
 #include "qt/surface_fixture.h"
 
 #include <QScrollBar>
+#include <functional>
 
 namespace headerdtc {
 namespace {
@@ -80,6 +81,55 @@ TEST_F(ListsTest, WhatAProgramSelectsShowsAndRaisesNothingMore) {
     widget(dtc.EAI.FieldsList).setFocus(Qt::TabFocusReason);
     EXPECT_THAT(events.take(), ElementsAre("SSTab1.LostFocus", "EAIFieldsList.GotFocus"));
     EXPECT_EQ(fields.ListIndex(), -1);
+}
+
+// As a screen reader does, which Qt tells of everything at once.
+TEST_F(ListsTest, WhoeverReadsWhileItemsComeAndGoReadsWhatIsThere) {
+    const auto& view = widget<qt::SelectionList>(fields);
+    const QAbstractItemModel& items = *view.model();
+    int readings = 0;
+    const auto read = [&] {
+        ++readings;
+        for (int row = 0; row < items.rowCount(); ++row)
+            EXPECT_FALSE(items.index(row, 0).data().toString().isEmpty()) << row;
+    };
+    QObject::connect(&items, &QAbstractItemModel::rowsAboutToBeInserted, read);
+    QObject::connect(&items, &QAbstractItemModel::rowsAboutToBeRemoved, read);
+    QObject::connect(&items, &QAbstractItemModel::modelAboutToBeReset, read);
+    QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, read);
+    clickItem(fields, 4);
+    for (const auto& change : std::vector<std::function<void()>>{
+             [this] { fields.RemoveItem(4); }, [this] { fields.AddItem("X"); },
+             [this] { fields.Selected(1, true); }, [this] { fields.Clear(); }}) {
+        change();
+        settle();
+    }
+    EXPECT_GE(readings, 5);
+}
+
+TEST_F(ListsTest, AListOfMarksTogglesThemOneByOne) {
+    openTab(I18NTabPage);
+    ListBox& marks = dtc.EAI.I18NFieldnamesList;
+    fill(marks, {"A", "B", "C"});
+    settle();
+    clickItem(marks, 0);
+    // The hand is not quite steady.
+    QWidget& area = *widget<qt::SelectionList>(marks).viewport();
+    const QPoint place = area.mapTo(&surface, itemAt(marks, 2));
+    QTest::mousePress(windowOf(area), Qt::LeftButton, {}, place);
+    QTest::mouseMove(windowOf(area), place + QPoint(2, 1));
+    QTest::mouseRelease(windowOf(area), Qt::LeftButton, {}, place + QPoint(2, 1));
+    settle();
+    EXPECT_THAT(selectedItemsOf(marks), ElementsAre("A", "C"));
+    events.take();
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Home, Qt::Key_Down})
+        press(key);
+    EXPECT_THAT(events.take(), ElementsAre()) << "keys only move";
+    EXPECT_EQ(marks.ListIndex(), 1);
+    press(Qt::Key_Space);
+    clickItem(marks, 0);
+    EXPECT_THAT(selectedItemsOf(marks), ElementsAre("B", "C"));
+    EXPECT_THAT(shownAsSelected(marks), ElementsAre(1, 2));
 }
 
 TEST_F(ListsTest, ASingleSelectionListKeepsItsItemSelected) {

@@ -75,7 +75,6 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(HEADERDTC_VERSION));
     if (!hasScreen(argc, argv)) return complainOfNoScreen(argc, argv);
     const QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));
     QApplication::setDesktopFileName(QStringLiteral("headerdtc-editor"));
     QApplication::setWindowIcon(applicationIcon());
     CommandLine commandLine;
@@ -89,6 +88,8 @@ int main(int argc, char** argv) {
         "headerdtc" / "recovery";
     MainWindow window(options);
     window.show();
+    // The focus is to be seen from the start, not only once Tab has moved it.
+    window.setAttribute(Qt::WA_KeyboardFocusChange);
     for (const QString& page : commandLine.parser.positionalArguments())
         window.opener().openAnything(toPath(page));
     // Once the window is shown and dialogs can open over it.
