@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/inspection/finding.h"
 #include "host/generation/page_failure.h"
+#include "host/inspection/finding.h"
 #include "host/inspection/site_facts.h"
 #include "host/site/site.h"
 
