@@ -88,7 +88,7 @@ void tell(const Comparison& comparison, const char* command, bool json, bool wri
                      {"exitStatus", status}});
 }
 
-void write(const Comparison& comparison) {
+void writeCatalogue(const Comparison& comparison) {
     const std::string text = catalogueText(comparison.merged.catalogue);
     if (comparison.stamp.size >= 0)
         return replaceWholeFile(comparison.file, text, comparison.stamp);
@@ -108,7 +108,7 @@ ExitStatus checkCatalogue(const CommonOptions& common, const CatalogueOptions& o
 ExitStatus importCatalogue(const CommonOptions& common, const CatalogueOptions& options) {
     const Comparison comparison = compare(common, options);
     const bool isWanted = !options.dryRun && !comparison.merged.changes.empty();
-    if (isWanted) write(comparison);
+    if (isWanted) writeCatalogue(comparison);
     tell(comparison, "catalogue import", options.json, isWanted, Done);
     if (!options.json)
         printLine(stderr, comparison.file.string() +

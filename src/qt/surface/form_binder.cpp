@@ -185,7 +185,7 @@ void FormBinder::assignMnemonics(const Labels& labels, const QString& taken) {
         // A mnemonic would press the button that such a label stands beside, and does not say so.
         page.texts += dynamic_cast<const Button*>(control) ? QString() : text;
         page.show.emplace_back(
-            [label, text](QChar letter) { label->setText(withMnemonic(text, letter)); });
+            [label = label, text](QChar letter) { label->setText(withMnemonic(text, letter)); });
         label->setVisible(!text.isEmpty());
     }
     for (const auto& [number, page] : pages) {

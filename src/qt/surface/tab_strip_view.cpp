@@ -30,7 +30,7 @@ QString TabStripView::takeMnemonics(const QString& taken) {
     QStringList captions;
     for (const std::string& caption : model_.captions())
         captions += toQt(caption);
-    const QString letters = mnemonicsOf(captions, taken);
+    QString letters = mnemonicsOf(captions, taken);
     for (int page = 0; page < captions.size(); ++page)
         tabs_.setTabText(page, withMnemonic(captions.at(page), letters.at(page)));
     return letters;
