@@ -100,7 +100,10 @@ def key(stroke):
 
 
 def click(node):
-    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    box = None
+    while box != (now := node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)):
+        box = now  # what was just laid out may still move
+        time.sleep(0.5)
     pyatspi.Registry.generateMouseEvent(box.x + min(20, box.width // 2), box.y + box.height // 2, pyatspi.MOUSE_B1C)
 
 
