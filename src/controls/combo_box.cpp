@@ -2,8 +2,8 @@
 
 #include "controls/form.h"
 #include "controls/person_action.h"
-#include "controls/utf8.h"
 #include "platform/runtime_error.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <utility>

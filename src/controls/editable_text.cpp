@@ -1,7 +1,7 @@
 #include "controls/editable_text.h"
 
-#include "controls/utf8.h"
 #include "platform/runtime_error.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 

@@ -1,14 +1,15 @@
 #include "controls/keys.h"
 
+#include "platform/ascii.h"
+
 namespace headerdtc {
 namespace {
 
 // The characters' own codes would not do: that of '.' is Delete's, those of '&' and '(' are Up's
 // and Down's.
 int keyOf(char32_t c) {
-    if (c >= U'a' && c <= U'z') return static_cast<int>(c - U'a' + U'A');
-    const bool isOwnKey = (c >= U'A' && c <= U'Z') || (c >= U'0' && c <= U'9') || c == U' ';
-    return isOwnKey ? static_cast<int>(c) : 0;
+    const bool isOwnKey = ascii::isLetter(c) || ascii::isDigit(c) || c == U' ';
+    return isOwnKey ? static_cast<int>(ascii::upper(c)) : 0;
 }
 
 }  // namespace

@@ -1,18 +1,12 @@
 #include "controls/list_items.h"
 
-#include "controls/utf8.h"
+#include "platform/ascii.h"
 #include "platform/runtime_error.h"
+#include "platform/utf8.h"
 
 #include <utility>
 
 namespace headerdtc {
-namespace {
-
-char32_t lowerAscii(char32_t c) {
-    return c >= U'A' && c <= U'Z' ? c + (U'a' - U'A') : c;
-}
-
-}  // namespace
 
 void ListItems::refuse() {
     throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
@@ -43,7 +37,8 @@ int ListItems::find(std::string_view text) const {
 int ListItems::findNext(int index, char32_t firstCharacter) const {
     for (int step = 1; step <= count(); ++step) {
         const int next = (index + step) % count();
-        if (lowerAscii(utf8::first(items_[next].text)) == lowerAscii(firstCharacter)) return next;
+        if (ascii::lower(utf8::first(items_[next].text)) == ascii::lower(firstCharacter))
+            return next;
     }
     return -1;
 }

@@ -2,7 +2,7 @@
 
 #include "controls/form.h"
 #include "controls/person_action.h"
-#include "controls/utf8.h"
+#include "platform/utf8.h"
 
 namespace headerdtc {
 

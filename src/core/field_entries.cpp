@@ -1,7 +1,7 @@
 #include "core/field_entries.h"
 
 #include "platform/data_source.h"
-#include "platform/text.h"
+#include "platform/utf8.h"
 
 namespace headerdtc {
 namespace {
@@ -16,7 +16,7 @@ std::vector<std::string> numberedFields(DataSource& source, const std::string& p
     entries.reserve(static_cast<std::size_t>(fields.Count()));
     std::string padding;
     for (const auto& [number, field] : fields) {
-        const int length = characterCount(number);
+        const int length = utf8::length(number);
         if (length < width) padding.assign(static_cast<std::size_t>(width - length), ' ');
         std::string& entry = entries.emplace_back(padding);
         entry.append(number).append(separator).append(field);

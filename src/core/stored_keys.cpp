@@ -1,6 +1,7 @@
 #include "core/stored_keys.h"
 
 #include "core/stored_key_table.h"
+#include "platform/ascii.h"
 
 #include <charconv>
 #include <cstdint>
@@ -8,10 +9,6 @@
 
 namespace headerdtc {
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 struct Numbered {
     std::string_view key;
@@ -21,7 +18,7 @@ struct Numbered {
 // A text with a trailing decimal number, when the number is one that the control writes.
 std::optional<Numbered> takeNumber(std::string_view text) {
     std::size_t start = text.size();
-    while (start > 0 && isDigit(text[start - 1]))
+    while (start > 0 && ascii::isDigit(text[start - 1]))
         --start;
     const std::string_view digits = text.substr(start);
     if (digits.empty() || (digits.size() > 1 && digits.front() == '0')) return std::nullopt;

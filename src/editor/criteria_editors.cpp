@@ -1,11 +1,11 @@
 #include "editor/criteria_editors.h"
 
 #include "controls/keys.h"
-#include "controls/utf8.h"
 #include "core/handler_tools.h"
 #include "editor/criteria_cells.h"
 #include "editor/criteria_traits.h"
 #include "platform/error_trap.h"
+#include "platform/utf8.h"
 
 namespace headerdtc {
 namespace {

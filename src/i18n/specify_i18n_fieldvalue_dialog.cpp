@@ -1,10 +1,10 @@
 #include "i18n/specify_i18n_fieldvalue_dialog.h"
 
-#include "controls/utf8.h"
 #include "core/handler_tools.h"
 #include "i18n/translation_store.h"
 #include "platform/error_trap.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 namespace headerdtc {
 namespace {

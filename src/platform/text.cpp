@@ -1,32 +1,53 @@
 #include "platform/text.h"
 
+#include "platform/ascii.h"
 #include "platform/runtime_error.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <clocale>
 #include <cwctype>
+#include <iterator>
 #include <limits>
 
 namespace headerdtc {
 namespace {
 
-char lowerAscii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+// A letter's simple upper case by the C library's own table of Unicode, which is the same in every
+// installation and whatever the user's locale is; any other character is itself.
+char32_t capitalOf(char32_t character) {
+    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (!unicode) return character;
+    return static_cast<char32_t>(towupper_l(static_cast<std::wint_t>(character), unicode));
 }
 
-bool isContinuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
-// The capital of a letter that takes two bytes, when it does itself, else the letter.
+// The capital of a letter where both take two bytes, else the letter.
 char32_t shortCapitalOf(char32_t letter) {
     constexpr char32_t MicroSign = 0xB5;  // has a capital in Greek alone
-    const char32_t capital = letter == MicroSign ? letter : capitalOf(letter);
-    return capital >= 0x80 && capital <= 0x7FF ? capital : letter;
+    constexpr char32_t LastShort = 0x7FF;
+    if (letter > LastShort || letter == MicroSign) return letter;
+    const char32_t capital = capitalOf(letter);
+    return capital >= 0x80 && capital <= LastShort ? capital : letter;
 }
 
-bool startsTwoBytes(char c) {
-    return (static_cast<unsigned char>(c) & 0xE0U) == 0xC0U;
+// ASCII in upper case, each other character as `capital` has it; bytes that are no UTF-8 stay.
+template <class Capital>
+std::string inCapitals(std::string_view text, Capital capital) {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const auto ascii = text.substr(0, utf8::asciiLength(text));
+        std::ranges::transform(ascii, std::back_inserter(result), ascii::upper);
+        text.remove_prefix(ascii.size());
+        if (text.empty()) break;
+        const char byte = text.front();
+        if (const auto letter = utf8::take(text)) {
+            result += utf8::encode(capital(*letter));
+        } else {
+            result += byte;
+        }
+    }
+    return result;
 }
 
 template <class Find>
@@ -79,31 +100,16 @@ std::string_view secondPiece(std::string_view text, std::string_view separator) 
     return rest.substr(0, rest.find(separator));
 }
 
-char32_t capitalOf(char32_t character) {
-    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    if (!unicode) return character;
-    return static_cast<char32_t>(towupper_l(static_cast<std::wint_t>(character), unicode));
+std::string upperCase(std::string_view text) {
+    return inCapitals(text, shortCapitalOf);
 }
 
-std::string upperCase(std::string_view text) {
-    std::string result(text);
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        if (result[i] >= 'a' && result[i] <= 'z') {
-            result[i] = static_cast<char>(result[i] - ('a' - 'A'));
-        } else if (startsTwoBytes(result[i]) && i + 1 < result.size() &&
-                   isContinuation(result[i + 1])) {
-            const char32_t capital =
-                shortCapitalOf((result[i] & 0x1FU) << 6U | (result[i + 1] & 0x3FU));
-            result[i] = static_cast<char>(0xC0U | capital >> 6U);
-            result[++i] = static_cast<char>(0x80U | (capital & 0x3FU));
-        }
-    }
-    return result;
+std::string foldCase(std::string_view text) {
+    return inCapitals(text, capitalOf);
 }
 
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lowerAscii(x) == lowerAscii(y); });
+    return std::ranges::equal(a, b, {}, ascii::lower, ascii::lower);
 }
 
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to) {
@@ -114,27 +120,10 @@ std::string replaceAllIgnoringCase(std::string_view text, std::string_view from,
                                    std::string_view to) {
     return replaceFound(text, from, to, [&](std::size_t start) {
         const auto hit =
-            std::search(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), from.begin(),
-                        from.end(), [](char x, char y) { return lowerAscii(x) == lowerAscii(y); });
-        return hit == text.end() ? std::string_view::npos
-                                 : static_cast<std::size_t>(hit - text.begin());
+            std::ranges::search(text.substr(start), from, {}, ascii::lower, ascii::lower);
+        return hit.empty() ? std::string_view::npos
+                           : static_cast<std::size_t>(hit.begin() - text.begin());
     });
-}
-
-int characterCount(std::string_view utf8) {
-    return static_cast<int>(
-        std::count_if(utf8.begin(), utf8.end(), [](char c) { return !isContinuation(c); }));
-}
-
-std::size_t bytesOfCharacters(std::string_view utf8, int count) {
-    std::size_t at = 0;
-    while (at < utf8.size() && (count > 0 || isContinuation(utf8[at]))) {
-        if (!isContinuation(utf8[at])) --count;
-        ++at;
-        while (at < utf8.size() && isContinuation(utf8[at]))
-            ++at;
-    }
-    return at;
 }
 
 std::int16_t toInt16(long long number) {

@@ -20,13 +20,13 @@ std::vector<std::string_view> splitText(std::string_view text, std::string_view 
 // when the separator does not occur.
 std::string_view secondPiece(std::string_view text, std::string_view separator);
 
-// A letter's simple upper case by the C library's own table of Unicode, which is the same in every
-// installation and whatever the user's locale is; any other character is itself.
-char32_t capitalOf(char32_t character);
-
 // Upper case of ASCII and of the letters that take two bytes (Latin, Greek, Cyrillic); a letter
 // whose capital takes another number of bytes stays, so that lengths do. Text is UTF-8.
 std::string upperCase(std::string_view text);
+
+// Every letter of all alphabets in its simple upper case, so that names which differ only in case
+// become equal.
+std::string foldCase(std::string_view text);
 
 // Equal without regard to the case of ASCII letters.
 bool equalIgnoringCase(std::string_view a, std::string_view b);
@@ -37,12 +37,6 @@ std::string replaceAll(std::string_view text, std::string_view from, std::string
 // The same, but without regard to the case of ASCII letters.
 std::string replaceAllIgnoringCase(std::string_view text, std::string_view from,
                                    std::string_view to);
-
-// Number of characters (code points) of a UTF-8 text.
-int characterCount(std::string_view utf8);
-
-// The first count characters of a UTF-8 text, as a byte length (all of it when it is shorter).
-std::size_t bytesOfCharacters(std::string_view utf8, int count);
 
 // A number narrowed to 16 bits. Raises 6 (Overflow).
 std::int16_t toInt16(long long number);

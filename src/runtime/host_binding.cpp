@@ -2,7 +2,7 @@
 
 #include "core/header_dtc.h"
 #include "platform/error_trap.h"
-#include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <string_view>
 
@@ -11,9 +11,9 @@ namespace {
 
 // What a path has more characters than another, taken from its end. Raises 5 when it is shorter.
 std::string_view tailBeyond(std::string_view path, std::string_view root) {
-    const int length = characterCount(root);
-    if (characterCount(path) < length) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    return path.substr(bytesOfCharacters(path, length));
+    const int length = utf8::length(root);
+    if (utf8::length(path) < length) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    return path.substr(utf8::offset(path, length));
 }
 
 std::string wayUp(std::string_view root, std::string_view page) {

@@ -1,5 +1,7 @@
 #include "runtime/tag_matcher.h"
 
+#include "platform/ascii.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -7,14 +9,6 @@ namespace headerdtc {
 namespace {
 
 constexpr std::uint8_t LetterBit = 0x20;
-
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-char lowerCase(char c) {
-    return isLetter(c) ? static_cast<char>(c | LetterBit) : c;
-}
 
 std::uint64_t eightBytes(const char* at) {
     std::uint64_t bytes;
@@ -33,8 +27,8 @@ TagMatcher::TagMatcher(std::vector<std::string> tags) {
     for (std::string& text : tags) {
         Tag tag;
         for (char& c : text) {
-            tag.letterBits += isLetter(c) ? static_cast<char>(LetterBit) : '\0';
-            c = lowerCase(c);
+            tag.letterBits += ascii::isLetter(c) ? static_cast<char>(LetterBit) : '\0';
+            c = ascii::lower(c);
             auto& column = column_[static_cast<std::uint8_t>(c)];
             if (column == 0) column = static_cast<std::uint8_t>(width_++);
         }

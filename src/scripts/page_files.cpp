@@ -4,6 +4,7 @@
 #include "core/handler_tools.h"
 #include "platform/message_box.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <optional>
 #include <string>
@@ -38,7 +39,7 @@ constexpr PageFiles::Browsing BrowsingTable[] = {
 // is in capitals, so the case of the file's own path does not matter. The path from an empty root
 // is the whole path.
 std::optional<std::string> siteRelativePath(std::string_view file, std::string_view root) {
-    const std::size_t length = bytesOfCharacters(file, characterCount(root));
+    const std::size_t length = utf8::offset(file, utf8::length(root));
     if (upperCase(file.substr(0, length)) != root) return std::nullopt;
     return replaceAll(file.substr(length), "\\", "/");
 }

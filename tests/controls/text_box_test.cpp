@@ -1,5 +1,5 @@
-#include "controls/utf8.h"
 #include "controls_fixture.h"
+#include "platform/utf8.h"
 
 namespace headerdtc {
 namespace {

@@ -1,6 +1,6 @@
 #include "host/files/code_page.h"
 
-#include "controls/utf8.h"
+#include "platform/utf8.h"
 
 #include <gtest/gtest.h>
 #include <random>

@@ -1,5 +1,6 @@
 #include "platform/text.h"
 
+#include "platform/utf8.h"
 #include "support/error_number.h"
 
 #include <gmock/gmock.h>
@@ -45,10 +46,10 @@ TEST(TextTest, ComparesIgnoringCaseOverTheWholeLength) {
 }
 
 TEST(TextTest, CountsCharactersNotBytes) {
-    EXPECT_EQ(characterCount("größe€😀"), 7);
-    EXPECT_EQ(bytesOfCharacters("größe", 3), 4U);
-    EXPECT_EQ(bytesOfCharacters("größe", 0), 0U);
-    EXPECT_EQ(bytesOfCharacters("größe", 99), 7U);
+    EXPECT_EQ(utf8::length("größe€😀"), 7);
+    EXPECT_EQ(utf8::offset("größe", 3), 4U);
+    EXPECT_EQ(utf8::offset("größe", 0), 0U);
+    EXPECT_EQ(utf8::offset("größe", 99), 7U);
 }
 
 TEST(TextTest, NarrowsToSixteenBitsOrOverflows) {

@@ -1,6 +1,6 @@
 #include "host/automation/key_names.h"
 
-#include "controls/utf8.h"
+#include "platform/utf8.h"
 
 namespace headerdtc {
 namespace {

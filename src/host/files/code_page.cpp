@@ -1,7 +1,7 @@
 #include "host/files/code_page.h"
 
-#include "controls/utf8.h"
-#include "host/files/utf8_scan.h"
+#include "platform/ascii.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -58,14 +58,14 @@ std::string decodeUtf8(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {
-        const auto ascii = asciiLength(bytes);
+        const auto ascii = utf8::asciiLength(bytes);
         text.append(bytes.substr(0, ascii));
         bytes.remove_prefix(ascii);
         if (bytes.empty()) break;
         // A pair of ours that is in the file already is taken as the bytes that it is, so that they
         // come back.
         const bool isCarrier = carriedByte(bytes).has_value();
-        const auto length = isCarrier ? 0 : characterLength(bytes);
+        const auto length = isCarrier ? 0 : utf8::characterLength(bytes);
         const auto taken = length > 0 ? length : isCarrier ? CarrierLength : 1;
         if (length > 0) {
             text.append(bytes.substr(0, length));
@@ -162,13 +162,6 @@ class Converter {
     iconv_t handle_;
 };
 
-std::string lowerCase(std::string name) {
-    for (auto& c : name) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + ('a' - 'A'));
-    }
-    return name;
-}
-
 }  // namespace
 
 struct CodePage::Table {
@@ -222,13 +215,13 @@ std::shared_ptr<const CodePage::Table> CodePage::Table::make(const std::string& 
     return table;
 }
 
-CodePage::CodePage(const std::string& name) : name_(lowerCase(name)) {
+CodePage::CodePage(const std::string& name) : name_(name) {
+    std::ranges::transform(name_, name_.begin(), ascii::lower);
     if (name_ == "utf8") name_ = "utf-8";
     if (name_ == "utf-8") return;
     // The C library would take more behind a '/', and its own idea of a default for "".
     const bool isName = !name_.empty() && std::all_of(name_.begin(), name_.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
-               std::string_view("-_.:").find(c) != std::string_view::npos;
+        return ascii::isWordChar(c) || std::string_view("-.:").find(c) != std::string_view::npos;
     });
     if (!isName) throw std::invalid_argument("\"" + name + "\" is not the name of a code page");
 
@@ -250,7 +243,7 @@ std::string CodePage::decode(std::string_view bytes) const {
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);
     while (!bytes.empty()) {
-        const auto ascii = asciiLength(bytes);
+        const auto ascii = utf8::asciiLength(bytes);
         text.append(bytes.substr(0, ascii));
         bytes.remove_prefix(ascii);
         if (bytes.empty()) break;
@@ -265,7 +258,7 @@ std::string CodePage::encodeByTable(std::string_view text, Lacking lacking) cons
     std::string bytes;
     bytes.reserve(text.size());
     while (!text.empty()) {
-        const auto ascii = asciiLength(text);
+        const auto ascii = utf8::asciiLength(text);
         bytes.append(text.substr(0, ascii));
         text.remove_prefix(ascii);
         if (text.empty()) break;
@@ -274,14 +267,12 @@ std::string CodePage::encodeByTable(std::string_view text, Lacking lacking) cons
             text.remove_prefix(CarrierLength);
             continue;
         }
-        const auto length = characterLength(text);
-        const char32_t character = length > 0 ? utf8::first(text) : 0xFFFD;
+        const char32_t character = utf8::take(text).value_or(utf8::Replacement);
         if (const auto byte = table_->byteOf(character)) {
             bytes += *byte;
         } else {
             lacking(bytes, character);
         }
-        text.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return bytes;
 }

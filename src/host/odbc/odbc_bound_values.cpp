@@ -1,6 +1,6 @@
 #include "host/odbc/odbc_bound_values.h"
 
-#include "host/odbc/odbc_text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <sqlext.h>
@@ -16,7 +16,7 @@ OdbcBoundValues::OdbcBoundValues(const std::vector<OdbcParameter>& values, OdbcT
             value.sqlType = SQL_INTEGER;
             value.bytes = sizeof value.number;
         } else if (form == OdbcText::Utf16) {
-            value.utf16 = utf16FromUtf8(std::get<std::string>(given));
+            value.utf16 = utf8::toUtf16Replacing(std::get<std::string>(given));
             value.type = SQL_C_WCHAR;
             value.sqlType = SQL_WVARCHAR;
             value.bytes = static_cast<SQLLEN>(value.utf16.size() * sizeof(char16_t));

@@ -1,8 +1,8 @@
 #include "host/odbc/odbc_handles.h"
 
-#include "host/odbc/odbc_text.h"
 #include "host/odbc/secrets.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -40,8 +40,8 @@ std::optional<Diagnostic> readDiagnostic(SQLSMALLINT kind, SQLHANDLE handle, Odb
         if (!SQL_SUCCEEDED(SQLGetDiagRecW(kind, handle, record, state.data(), &diagnostic.number,
                                           text.data(), Size, &length)))
             return std::nullopt;
-        diagnostic.text =
-            utf8FromUtf16(std::u16string(text.begin(), std::find(text.begin(), text.end(), 0)));
+        diagnostic.text = utf8::fromUtf16Replacing(
+            std::u16string(text.begin(), std::find(text.begin(), text.end(), 0)));
     }
     return diagnostic;
 }

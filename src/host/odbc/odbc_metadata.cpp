@@ -1,7 +1,7 @@
 #include "host/odbc/odbc_metadata.h"
 
-#include "host/odbc/odbc_text.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <charconv>
@@ -71,7 +71,7 @@ std::vector<OdbcTable> OdbcMetadata::tables(bool withViews) {
     const std::string types = withViews ? "TABLE,VIEW" : "TABLE";
     const auto statement = session_.open([&](SQLHANDLE handle, OdbcText form) {
         if (form == OdbcText::Utf16) {
-            Wide wanted(utf16FromUtf8(types));
+            Wide wanted(utf8::toUtf16Replacing(types));
             return SQLTablesW(handle, nullptr, 0, nullptr, 0, nullptr, 0, wanted.data(),
                               wanted.size());
         }
@@ -98,8 +98,9 @@ std::vector<OdbcTable> OdbcMetadata::tables(bool withViews) {
 std::vector<OdbcTableColumn> OdbcMetadata::columns(const OdbcTable& table) {
     const auto statement = session_.open([&](SQLHANDLE handle, OdbcText form) {
         if (form == OdbcText::Utf16) {
-            Wide catalogue(utf16FromUtf8(table.catalogue)), schema(utf16FromUtf8(table.schema)),
-                name(utf16FromUtf8(table.name));
+            Wide catalogue(utf8::toUtf16Replacing(table.catalogue)),
+                schema(utf8::toUtf16Replacing(table.schema)),
+                name(utf8::toUtf16Replacing(table.name));
             return SQLColumnsW(handle, catalogue.data(), catalogue.size(), schema.data(),
                                schema.size(), name.data(), name.size(), nullptr, 0);
         }
@@ -124,8 +125,9 @@ std::vector<OdbcTableColumn> OdbcMetadata::columns(const OdbcTable& table) {
 std::vector<std::string> OdbcMetadata::primaryKey(const OdbcTable& table) {
     const auto statement = session_.open([&](SQLHANDLE handle, OdbcText form) {
         if (form == OdbcText::Utf16) {
-            Wide catalogue(utf16FromUtf8(table.catalogue)), schema(utf16FromUtf8(table.schema)),
-                name(utf16FromUtf8(table.name));
+            Wide catalogue(utf8::toUtf16Replacing(table.catalogue)),
+                schema(utf8::toUtf16Replacing(table.schema)),
+                name(utf8::toUtf16Replacing(table.name));
             return SQLPrimaryKeysW(handle, catalogue.data(), catalogue.size(), schema.data(),
                                    schema.size(), name.data(), name.size());
         }

@@ -2,8 +2,8 @@
 
 #include "host/odbc/odbc_bound_values.h"
 #include "host/odbc/odbc_data_source.h"
-#include "host/odbc/odbc_text.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <clocale>
@@ -59,7 +59,7 @@ class PlainThread {
 }  // namespace
 
 std::string OdbcColumn::unfilled(std::string value) const {
-    if (fixedLength > 0 && static_cast<std::size_t>(characterCount(value)) == fixedLength)
+    if (fixedLength > 0 && static_cast<std::size_t>(utf8::length(value)) == fixedLength)
         value.erase(value.find_last_not_of(' ') + 1);
     return value;
 }
@@ -90,7 +90,7 @@ OdbcSession::OdbcSession(const std::string& connectString, const OdbcDatabase::S
 void OdbcSession::logOn(const std::string& connectString) {
     SQLRETURN result = SQL_SUCCESS;
     if (form_ == OdbcText::Utf16) {
-        std::u16string text = utf16FromUtf8(connectString);
+        std::u16string text = utf8::toUtf16Replacing(connectString);
         result = SQLDriverConnectW(logOn_.get(), nullptr, wide(text), SQL_NTS, nullptr, 0, nullptr,
                                    SQL_DRIVER_NOPROMPT);
     } else {
@@ -129,7 +129,7 @@ std::string OdbcSession::information(SQLUSMALLINT what) const {
     const auto room = static_cast<SQLSMALLINT>(text.size() * sizeof(char16_t));
     if (!SQL_SUCCEEDED(SQLGetInfoW(logOn_.get(), what, text.data(), room, &bytes))) return {};
     text.resize(std::min(text.size(), text.find(u'\0')));
-    return utf8FromUtf16(text);
+    return utf8::fromUtf16Replacing(text);
 }
 
 std::string OdbcSession::database() const {
@@ -178,7 +178,7 @@ OdbcSession::Statement OdbcSession::execute(const std::string& text,
         if (const SQLRETURN result = values.bindTo(statement); !SQL_SUCCEEDED(result))
             return result;
         if (form == OdbcText::Utf16) {
-            std::u16string words = utf16FromUtf8(text);
+            std::u16string words = utf8::toUtf16Replacing(text);
             return SQLExecDirectW(statement, wide(words), static_cast<SQLINTEGER>(words.size()));
         }
         std::string words = text;
@@ -229,7 +229,7 @@ OdbcColumn OdbcSession::column(Statement statement, SQLUSMALLINT number) const {
     if (form_ == OdbcText::Utf16) {
         std::u16string name(MaxNameLength, u'\0');
         name.resize(describe(SQLDescribeColW, wide(name)));
-        column.name = utf8FromUtf16(name);
+        column.name = utf8::fromUtf16Replacing(name);
     } else {
         column.name.resize(MaxNameLength);
         column.name.resize(describe(SQLDescribeCol, narrow(column.name)));
@@ -248,8 +248,9 @@ bool OdbcSession::fetch(Statement statement) {
 }
 
 std::string OdbcSession::value(Statement statement, int column, SQLSMALLINT fetchAs) const {
-    return fetchAs == SQL_C_WCHAR ? utf8FromUtf16(read<char16_t>(statement, column, fetchAs))
-                                  : read<char>(statement, column, fetchAs);
+    return fetchAs == SQL_C_WCHAR
+               ? utf8::fromUtf16Replacing(read<char16_t>(statement, column, fetchAs))
+               : read<char>(statement, column, fetchAs);
 }
 
 // Piece by piece: the driver says how much is left, or only that there is more.

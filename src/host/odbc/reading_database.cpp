@@ -1,6 +1,7 @@
 #include "host/odbc/reading_database.h"
 
 #include "host/odbc/odbc_connection.h"
+#include "platform/ascii.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
@@ -35,18 +36,14 @@ std::string outsideOfTexts(std::string_view statement) {
     return isDoubtful ? std::string(statement) : outside;
 }
 
-bool isUpperWordChar(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
-
 bool hasWritingWord(std::string_view upper) {
     for (auto at = upper.begin(); at != upper.end();) {
-        const auto end = std::find_if_not(at, upper.end(), isUpperWordChar);
+        const auto end = std::find_if_not(at, upper.end(), ascii::isWordChar);
         const std::string_view word(at, end);
         if (std::find(std::begin(WritingWords), std::end(WritingWords), word) !=
             std::end(WritingWords))
             return true;
-        at = std::find_if(end, upper.end(), isUpperWordChar);
+        at = std::find_if(end, upper.end(), ascii::isWordChar);
     }
     return false;
 }

@@ -1,5 +1,6 @@
 #include "host/odbc/secrets.h"
 
+#include "platform/ascii.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -10,10 +11,6 @@ namespace {
 
 constexpr std::string_view Keywords[] = {"PWD", "PASSWORD", "PASSWD", "PASSPHRASE", "SSLPASSWORD"};
 constexpr std::string_view Blanks = " \t";
-
-bool isWordChar(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-}
 
 std::size_t skipBlanks(std::string_view text, std::size_t at) {
     return std::min(text.find_first_not_of(Blanks, at), text.size());
@@ -50,8 +47,8 @@ std::size_t endOfSecret(std::string_view text, std::size_t end) {
 
 // "keyword = value" at a place where a word begins; moves past what it appends.
 bool takeKeyword(std::string_view text, std::size_t& at, std::string& masked) {
-    const auto* const wordEnd =
-        std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), isWordChar);
+    const auto* const wordEnd = std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at),
+                                                 text.end(), ascii::isWordChar);
     const auto end = static_cast<std::size_t>(wordEnd - text.begin());
     const std::string_view word = text.substr(at, end - at);
     const bool isSecret = std::any_of(std::begin(Keywords), std::end(Keywords),

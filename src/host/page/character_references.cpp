@@ -1,6 +1,7 @@
 #include "host/page/character_references.h"
 
-#include "controls/utf8.h"
+#include "platform/ascii.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -26,26 +27,20 @@ constexpr EscapedCharacter EscapedCharacters[] = {{'&', "&amp;"},  {'<', "&lt;"}
                                                   {'"', "&quot;"}, {'\r', "&#13;"}, {'\n', "&#10;"},
                                                   {'\t', "&#9;"}};
 
-std::optional<unsigned> digitOf(char c, unsigned base) {
-    unsigned digit = base;
-    if (c >= '0' && c <= '9') digit = static_cast<unsigned>(c - '0');
-    if (c >= 'a' && c <= 'f') digit = static_cast<unsigned>(c - 'a') + 10;
-    if (c >= 'A' && c <= 'F') digit = static_cast<unsigned>(c - 'A') + 10;
-    return digit < base ? std::optional(digit) : std::nullopt;
-}
-
 // "#8364" or "#x20AC".
 std::optional<std::string> numbered(std::string_view body) {
     body.remove_prefix(1);
     const bool hexadecimal = body.starts_with('x') || body.starts_with('X');
     if (hexadecimal) body.remove_prefix(1);
     if (body.empty()) return std::nullopt;
+    const int base = hexadecimal ? 16 : 10;
     constexpr char32_t Last = 0x10FFFF;
     char32_t number = 0;
     for (const char c : body) {
-        const auto digit = digitOf(c, hexadecimal ? 16 : 10);
-        if (!digit) return std::nullopt;
-        number = std::min<char32_t>(number * (hexadecimal ? 16 : 10) + *digit, Last + 1);
+        const int digit = ascii::hexDigit(c);
+        if (digit < 0 || digit >= base) return std::nullopt;
+        number =
+            std::min(number * static_cast<char32_t>(base) + static_cast<char32_t>(digit), Last + 1);
     }
     if (number > Last || (number >= 0xD800 && number <= 0xDFFF)) return std::nullopt;
     return utf8::encode(number);

@@ -1,10 +1,10 @@
 #include "host/page/markup_reader.h"
 
-#include "host/files/utf8_scan.h"
 #include "host/page/character_references.h"
 #include "host/page/property_index.h"
 #include "host/page/tag_reader.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <vector>
@@ -130,7 +130,9 @@ class PageReader {
             zeros[at % 2] += head[at] == '\0' ? 1U : 0U;
         const auto [fewer, more] = std::minmax(zeros[0], zeros[1]);
         const bool looksLikeIt = fewer == 0 && more > 1 && more * 4 >= head.size();
-        if (!looksLikeIt && !head.starts_with("\xFF\xFE") && !head.starts_with("\xFE\xFF")) return;
+        if (!looksLikeIt && !head.starts_with(utf8::LittleEndianMark) &&
+            !head.starts_with(utf8::BigEndianMark))
+            return;
         fail(0,
              "the page is in UTF-16, which no server page can be; save it in the site's code page, "
              "or as UTF-8 with a byte-order mark");
@@ -272,7 +274,7 @@ class PageReader {
     std::string textOf(std::string_view bytes) const {
         // Nearly all texts are the same in every code page.
         const bool isPlain =
-            asciiLength(bytes) == bytes.size() && bytes.find('&') == std::string_view::npos;
+            utf8::asciiLength(bytes) == bytes.size() && bytes.find('&') == std::string_view::npos;
         return isPlain ? std::string(bytes) : resolveReferences(codePage_.decode(bytes));
     }
 

@@ -1,11 +1,11 @@
 #include "host/page/page_markup.h"
 
 #include "core/stored_keys.h"
-#include "host/files/utf8_scan.h"
 #include "host/page/character_references.h"
 #include "host/page/markup_reader.h"
 #include "host/page/tag_reader.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <map>
@@ -15,14 +15,13 @@
 namespace headerdtc {
 namespace {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::string_view EndComment = "<!--METADATA TYPE=\"DesignerControl\" endspan-->";
 
 constexpr std::size_t LongestUsualParam = 100;  // bytes
 
 const CodePage& codePageOf(std::string_view bytes, const CodePage& siteCodePage) {
-    return bytes.starts_with(ByteOrderMark) ? CodePage::utf8() : siteCodePage;
+    return bytes.starts_with(utf8::ByteOrderMark) ? CodePage::utf8() : siteCodePage;
 }
 
 std::string attribute(const std::string& text, const CodePage& codePage) {
@@ -114,7 +113,7 @@ bool PageMarkup::hasMarkup(const ControlSpan& control, const ControlContent& con
 bool PageMarkup::hasRuntimeText(const ControlSpan& control, const ControlContent& content) const {
     const auto bytes = textOf(control.runtimeText);
     // ASCII is the same in every code page, so it needs no decoding.
-    if (asciiLength(bytes) == bytes.size()) return content.runtimeText == bytes;
+    if (utf8::asciiLength(bytes) == bytes.size()) return content.runtimeText == bytes;
     return content.runtimeText == runtimeTextOf(control);
 }
 
@@ -214,7 +213,7 @@ std::string PageMarkup::withNewControl(std::optional<int> line,
     }
     std::string inserted = writeControl(file_, content, codePage_).append(LineEnd);
     const auto before = std::string_view(bytes_).substr(0, place);
-    if (!before.empty() && before != ByteOrderMark && !before.ends_with('\n'))
+    if (!before.empty() && before != utf8::ByteOrderMark && !before.ends_with('\n'))
         inserted.insert(0, LineEnd);
     return std::string(bytes_).insert(place, inserted);
 }
@@ -239,7 +238,7 @@ std::size_t PageMarkup::placeBehindDirective() const {
 }
 
 std::size_t PageMarkup::placeOfLine(int line) const {
-    std::size_t place = bytes_.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
+    std::size_t place = bytes_.size() - utf8::withoutMark(bytes_).size();
     int current = 1;
     while (current < line && place < bytes_.size()) {
         const auto lineEnd = bytes_.find('\n', place);

@@ -7,6 +7,7 @@
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
 #include "platform/text_files.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <iterator>
@@ -103,7 +104,7 @@ std::string quoted(const std::string& text) {
     constexpr std::size_t LongestShown = 60;
     if (text.size() <= LongestShown) return '"' + text + '"';
     std::size_t cut = LongestShown;
-    while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0U) == 0x80U)
+    while (cut > 0 && utf8::isContinuation(text[cut]))
         --cut;
     return '"' + text.substr(0, cut) + "...\"";
 }

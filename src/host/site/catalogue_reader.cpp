@@ -1,5 +1,6 @@
 #include "host/site/catalogue.h"
 #include "host/site/json_reader.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <set>
@@ -218,9 +219,7 @@ class CatalogueReader : public JsonHandler {
 }  // namespace
 
 Catalogue Catalogue::parse(const std::string& file, std::string_view bytes) {
-    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(ByteOrderMark)) bytes.remove_prefix(ByteOrderMark.size());
-    return CatalogueReader(file, bytes).read();
+    return CatalogueReader(file, utf8::withoutMark(bytes)).read();
 }
 
 }  // namespace headerdtc

@@ -1,6 +1,6 @@
 #include "host/site/folder_listings.h"
 
-#include "host/files/fold_case.h"
+#include "platform/text.h"
 
 #include <new>
 #include <system_error>

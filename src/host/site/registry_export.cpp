@@ -1,12 +1,12 @@
 #include "host/site/registry_export.h"
 
-#include "controls/utf8.h"
 #include "host/files/file_cache.h"
-#include "host/files/fold_case.h"
 #include "host/site/file_failures.h"
 #include "host/site/text_cursor.h"
+#include "platform/ascii.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <mutex>
@@ -35,26 +35,14 @@ constexpr RootName RootNames[] = {
 
 // ---- bytes to text ------------------------------------------------------------------------------
 
-// UTF-16 to UTF-8; a lone surrogate becomes U+FFFD. `high` says which of two bytes counts more.
+// UTF-16 as it lies in a file. `high` says which of two bytes counts more; half a unit at the end
+// is passed over.
 std::string decodeUtf16(std::string_view bytes, std::size_t high) {
-    const auto unitAt = [&](std::size_t at) {
-        return static_cast<char32_t>(static_cast<unsigned char>(bytes[at + high]) << 8U |
-                                     static_cast<unsigned char>(bytes[at + 1 - high]));
-    };
-    const auto isIn = [](char32_t unit, char32_t first) {
-        return unit >= first && unit < first + 0x400;
-    };
-    std::string text;
-    text.reserve(bytes.size() / 2);
-    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
-        char32_t character = unitAt(at);
-        if (isIn(character, 0xD800) && at + 3 < bytes.size() && isIn(unitAt(at + 2), 0xDC00)) {
-            at += 2;
-            character = 0x10000 + ((character - 0xD800) << 10U) + (unitAt(at) - 0xDC00);
-        }
-        text += utf8::encode(character);
-    }
-    return text;
+    std::u16string units;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2)
+        units += static_cast<char16_t>(static_cast<unsigned char>(bytes[at + high]) << 8U |
+                                       static_cast<unsigned char>(bytes[at + 1 - high]));
+    return utf8::fromUtf16Replacing(units);
 }
 
 constexpr std::size_t LittleEndian = 1;
@@ -67,14 +55,14 @@ struct DecodedExport {
 
 DecodedExport decodeExport(std::string_view bytes, const CodePage& codePage) {
     const auto behindMark = bytes.substr(std::min<std::size_t>(2, bytes.size()));
-    if (bytes.starts_with("\xFF\xFE"))
+    if (bytes.starts_with(utf8::LittleEndianMark))
         return {decodeUtf16(behindMark, LittleEndian), bytes.size() % 2 != 0};
-    if (bytes.starts_with("\xFE\xFF"))
+    if (bytes.starts_with(utf8::BigEndianMark))
         return {decodeUtf16(behindMark, BigEndian), bytes.size() % 2 != 0};
     // Neither is written by the registry editor, but is what other programs make of an export.
-    if (bytes.starts_with("\xEF\xBB\xBF")) return {CodePage::utf8().decode(bytes.substr(3))};
-    if (bytes.starts_with(Version5)) return {CodePage::utf8().decode(bytes)};
-    return {codePage.decode(bytes)};
+    const auto text = utf8::withoutMark(bytes);
+    const bool isUtf8 = text.size() < bytes.size() || text.starts_with(Version5);
+    return {(isUtf8 ? CodePage::utf8() : codePage).decode(text)};
 }
 
 // ---- keys ---------------------------------------------------------------------------------------
@@ -256,11 +244,8 @@ class ExportReader {
         int count = 0;
         unsigned value = 0;
         for (; count < 8; ++count) {
-            const char c = at_.peek();
-            const auto digit =
-                std::string_view("0123456789abcdef")
-                    .find(c >= 'A' && c <= 'F' ? static_cast<char>(c + ('a' - 'A')) : c);
-            if (digit == std::string_view::npos) break;
+            const int digit = ascii::hexDigit(at_.peek());
+            if (digit < 0) break;
             value = value << 4U | static_cast<unsigned>(digit);
             at_.next();
         }

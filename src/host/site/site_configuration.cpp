@@ -2,9 +2,10 @@
 
 #include "host/files/descriptor.h"
 #include "host/files/file_cache.h"
-#include "host/files/utf8_scan.h"
 #include "host/odbc/secrets.h"
 #include "host/site/toml.h"
+#include "platform/ascii.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -154,13 +155,11 @@ class ConfigurationReader {
 
     void setDrive(const toml::key& key, const toml::node& value) {
         const auto name = key.str();
-        const bool isLetter = name.size() == 1 && ((name[0] >= 'A' && name[0] <= 'Z') ||
-                                                   (name[0] >= 'a' && name[0] <= 'z'));
-        if (!isLetter) {
+        if (name.size() != 1 || !ascii::isLetter(name[0])) {
             fail(key.source(), "unknown key \"" + maskSecrets(name) +
                                    "\" in [drives]; a drive is one letter from A to Z");
         }
-        const char letter = static_cast<char>(name[0] & ~0x20);
+        const char letter = ascii::upper(name[0]);
         if (!drives_.emplace(letter, path(key, value)).second) {
             fail(key.source(), std::string("drive ") + letter +
                                    " is there twice, once in upper and once in lower case; "
@@ -193,7 +192,7 @@ class ConfigurationReader {
             rest.remove_prefix(std::min(rest.find('\n'), rest.size() - 1) + 1);
         std::size_t bytes = 0;
         for (toml::source_index passed = 1; passed < column && bytes < rest.size(); ++passed)
-            bytes += std::max<std::size_t>(characterLength(rest.substr(bytes)), 1);
+            bytes += std::max<std::size_t>(utf8::characterLength(rest.substr(bytes)), 1);
         return static_cast<int>(bytes) + 1;
     }
 

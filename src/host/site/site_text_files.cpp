@@ -3,6 +3,7 @@
 #include "host/files/file_cache.h"
 #include "host/files/new_file.h"
 #include "host/site/file_failures.h"
+#include "platform/utf8.h"
 
 #include <cerrno>
 #include <map>
@@ -17,10 +18,8 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string decode(std::string_view bytes, const CodePage& codePage) {
-    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-    if (bytes.starts_with(ByteOrderMark))
-        return CodePage::utf8().decode(bytes.substr(ByteOrderMark.size()));
-    return codePage.decode(bytes);
+    const bool isMarked = bytes.starts_with(utf8::ByteOrderMark);
+    return (isMarked ? CodePage::utf8() : codePage).decode(utf8::withoutMark(bytes));
 }
 
 // The descriptions are part of texts that an author knows, so they say no more than they ever did.

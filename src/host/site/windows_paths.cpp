@@ -2,6 +2,7 @@
 
 #include "host/files/code_page.h"
 #include "host/site/folder_listings.h"
+#include "platform/ascii.h"
 #include "platform/runtime_error.h"
 
 #include <algorithm>
@@ -15,14 +16,6 @@ namespace fs = std::filesystem;
 
 bool isSeparator(char c) {
     return c == '\\' || c == '/';
-}
-
-char upperLetter(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-}
-
-bool isLetter(char c) {
-    return upperLetter(c) >= 'A' && upperLetter(c) <= 'Z';
 }
 
 // The pieces of a path, "." left out and ".." applied; it cannot lead above the first piece.
@@ -85,15 +78,15 @@ WindowsPaths::WindowsPaths(const std::map<char, fs::path>& drives)
     : listings_(std::make_shared<FolderListings>()) {
     drives_['Z'] = "/";
     for (const auto& [letter, folder] : drives)
-        drives_[upperLetter(letter)] = withoutTrailingSlash(folder);
+        drives_[ascii::upper(letter)] = withoutTrailingSlash(folder);
 }
 
 fs::path WindowsPaths::toLocal(std::string_view windowsPath) const {
     if (windowsPath.find('\0') != std::string_view::npos)
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     char letter = 'C';
-    if (windowsPath.size() >= 2 && isLetter(windowsPath[0]) && windowsPath[1] == ':') {
-        letter = upperLetter(windowsPath[0]);
+    if (windowsPath.size() >= 2 && ascii::isLetter(windowsPath[0]) && windowsPath[1] == ':') {
+        letter = ascii::upper(windowsPath[0]);
         windowsPath.remove_prefix(2);
     } else if (windowsPath.size() >= 2 && isSeparator(windowsPath[0]) &&
                isSeparator(windowsPath[1])) {

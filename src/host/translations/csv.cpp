@@ -1,6 +1,7 @@
 #include "host/translations/csv.h"
 
 #include "host/files/file_error.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,8 +11,8 @@ namespace {
 
 class Reader {
   public:
-    Reader(const std::string& file, std::string_view text) : file_(file), text_(text) {
-        if (text_.starts_with(Utf8ByteOrderMark)) at_ = Utf8ByteOrderMark.size();
+    Reader(const std::string& file, std::string_view text)
+        : file_(file), text_(utf8::withoutMark(text)) {
         if (!takeSeparatorLine()) separator_ = findSeparator();
     }
 

@@ -23,6 +23,4 @@ std::vector<CsvRecord> readCsv(const std::string& file, std::string_view text);
 // One record, its line end CR LF included. A cell is quoted where it has to be.
 std::string csvRecord(const std::vector<std::string>& cells);
 
-inline constexpr std::string_view Utf8ByteOrderMark = "\xEF\xBB\xBF";
-
 }  // namespace headerdtc

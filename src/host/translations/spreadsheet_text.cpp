@@ -1,5 +1,6 @@
 #include "host/translations/spreadsheet_text.h"
 
+#include "platform/ascii.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@
 namespace headerdtc {
 namespace {
 
-constexpr std::string_view Blanks = " \t\r\n";
 constexpr char Mark = '\'';
 
 constexpr std::string_view TruthValues[] = {"TRUE",      "FALSE", "WAHR", "FALSCH", "VRAI",  "FAUX",
@@ -23,14 +23,9 @@ constexpr std::string_view Months[] = {
 // What may stand in a number or a time: exponent, half of the day, date and zone of ISO 8601.
 constexpr std::string_view NumberWords[] = {"E", "A", "P", "AM", "PM", "T", "Z"};
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
 // Bytes beyond ASCII count as letters.
 bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return ascii::isLetter(c) || static_cast<unsigned char>(c) >= 0x80;
 }
 
 template <std::size_t Count>
@@ -53,7 +48,7 @@ bool canStandInNumber(std::string_view upper, bool isFirst) {
 
 // A number, date or time; rather too much is taken for one than too little.
 bool isLikeNumber(std::string_view upper) {
-    if (std::none_of(upper.begin(), upper.end(), isDigit)) return false;
+    if (std::ranges::none_of(upper, ascii::isDigit)) return false;
     for (auto at = upper.begin(); at != upper.end();) {
         const auto begin = std::find_if(at, upper.end(), isLetter);
         const auto end = std::find_if_not(begin, upper.end(), isLetter);
@@ -65,9 +60,8 @@ bool isLikeNumber(std::string_view upper) {
 
 bool isTaken(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(Mark), text.size()));
-    const auto first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos) return false;
-    text = text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+    text = trimSpace(text);
+    if (text.empty()) return false;
     if (std::string_view("=+-@").find(text.front()) != std::string_view::npos) return true;
     const std::string upper = upperCase(text);
     return isOneOf(TruthValues, upper) || isLikeNumber(upper);

@@ -3,7 +3,9 @@
 #include "host/files/file_error.h"
 #include "host/translations/csv.h"
 #include "host/translations/spreadsheet_text.h"
+#include "platform/ascii.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -16,7 +18,7 @@ constexpr std::string_view Key = "key", Source = "source", Comment = "comment", 
 constexpr const char* NoText = "-";
 
 bool isBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+    return trimSpace(text).empty();
 }
 
 // "1033:8c1f0a2b 1031:-"
@@ -123,9 +125,7 @@ TranslationFile::Row rowOf(const CsvRecord& record, const std::vector<Column>& c
 }  // namespace
 
 std::string localeNumber(std::string_view text) {
-    const bool isNumber = text.size() <= 9 && std::all_of(text.begin(), text.end(), [](char c) {
-                              return c >= '0' && c <= '9';
-                          });
+    const bool isNumber = text.size() <= 9 && std::ranges::all_of(text, ascii::isDigit);
     const auto first = text.find_first_not_of('0');
     return isNumber && first != std::string_view::npos ? std::string(text.substr(first)) : "";
 }
@@ -176,7 +176,7 @@ std::string exportTranslations(const TranslationTable& table, const ExportOption
     heads.insert(heads.end(), options.locales.begin(), options.locales.end());
     heads.emplace_back(Comment);
     heads.emplace_back(State);
-    std::string text(options.byteOrderMark ? Utf8ByteOrderMark : "");
+    std::string text(options.byteOrderMark ? utf8::ByteOrderMark : "");
     text += csvRecord(heads);
     for (const auto& [label, entry] : table.entries) {
         const std::string* source = entry.text(SourceLocale);

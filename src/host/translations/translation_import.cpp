@@ -6,6 +6,7 @@
 #include "host/translations/spreadsheet_text.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -159,8 +160,8 @@ class Planner {
             return "the database has several texts there";
         if (text.find('\0') != std::string::npos)
             return "it has a character 0 in it, which ends a text";
-        if (longest_ > 0 && characterCount(text) > longest_)
-            return "it has " + std::to_string(characterCount(text)) +
+        if (longest_ > 0 && utf8::length(text) > longest_)
+            return "it has " + std::to_string(utf8::length(text)) +
                    " characters; the database takes " + std::to_string(longest_);
         return {};
     }

@@ -1,5 +1,6 @@
 #include "host/translations/translation_rules.h"
 
+#include "platform/ascii.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -9,12 +10,6 @@ namespace headerdtc {
 namespace {
 
 constexpr std::string_view Space = " \t\r\n";
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(Space);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(Space) - first + 1);
-}
 
 std::vector<std::string_view> wordsOf(std::string_view text) {
     std::vector<std::string_view> words;
@@ -62,7 +57,7 @@ constexpr std::string_view EndMarks[][3] = {
 // The mark at the end of a text, as the first writes it; empty for none. Longer marks come first:
 // three full stops are another mark than one.
 std::string_view endMark(std::string_view text) {
-    text = trimmed(text);
+    text = trimSpace(text);
     for (auto marks = std::rbegin(EndMarks); marks != std::rend(EndMarks); ++marks) {
         for (const std::string_view mark : *marks) {
             if (!mark.empty() && text.ends_with(mark)) return (*marks)[0];
@@ -79,8 +74,6 @@ std::string endPunctuation(std::string_view source, std::string_view target) {
 }
 
 constexpr std::string_view Digits = "0123456789";
-constexpr std::string_view WordChars =
-    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
 
 // The length of a place "%1", "%s", "%-5.2f" or "%%" at the start of a text; 0 for "50 %" and "5%".
 std::size_t percentPlace(std::string_view text) {
@@ -93,9 +86,10 @@ std::size_t percentPlace(std::string_view text) {
 
 // The same for "{0}", "{name}" and "<NAME>".
 std::size_t bracketPlace(std::string_view text) {
-    const auto end = text.find_first_not_of(WordChars, 1);
+    const auto end = std::find_if_not(text.begin() + 1, text.end(), ascii::isWordChar);
     const char close = text[0] == '{' ? '}' : '>';
-    return end != std::string_view::npos && end > 1 && text[end] == close ? end + 1 : 0;
+    const auto length = static_cast<std::size_t>(end - text.begin()) + 1;
+    return end != text.end() && length > 2 && *end == close ? length : 0;
 }
 
 // The places that a program fills in.

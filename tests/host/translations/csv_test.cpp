@@ -24,7 +24,7 @@ TEST(Csv, WhatIsWrittenComesBack) {
     const std::string letters = "a\",;\t\r\n b\xC3\xA9";
     for (int round = 0; round < 500; ++round) {
         std::vector<std::vector<std::string>> table;
-        std::string text(round % 2 ? Utf8ByteOrderMark : "");
+        std::string text(round % 2 ? utf8::ByteOrderMark : "");
         for (unsigned i = 0; i <= random() % 5; ++i) {
             // The first cell says something: a record of one empty cell is a line with nothing in
             // it.
