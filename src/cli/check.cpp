@@ -52,7 +52,7 @@ ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
             if (inspected.failure) {
                 run.fail(page.name, *inspected.failure);
             } else if (!inspected.hasControl && page.named) {
-                printMessage(page.name, "holds no HeaderDTC control");
+                printMessage(page.name, HoldsNoControl);
             }
         });
     report->end(totals, errors);

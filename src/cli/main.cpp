@@ -21,6 +21,8 @@ constexpr const char* MainFooter = R"(Examples:
   headerdtc generate --check --diff site show what would change in them
   headerdtc check site/                  look for faults in the pages
   headerdtc where --field CUSTNO site/   which pages use a field
+  headerdtc rename --field Orders CITY TOWN site/
+                                         a field's new name in every page
   headerdtc doctor site/                 what is missing in the set-up of a site
   headerdtc generate --print page.asp    show the header text of one page
   headerdtc new page.asp                 make a page with one new control
@@ -85,8 +87,9 @@ ExitStatus run(const std::vector<std::string>& words) {
                    "the site's configuration (headerdtc.toml)")
         ->envname("HEADERDTC_CONFIG")
         ->type_name(FileType);
-    for (const auto add : {addGenerate, addCheck, addWhere, addDoctor, addNew, addShow, addEdit,
-                           addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
+    for (const auto add :
+         {addGenerate, addCheck, addWhere, addRename, addDoctor, addNew, addShow, addEdit,
+          addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
         add(app, line);
     return obey(app, line, words);
 }

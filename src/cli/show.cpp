@@ -1,4 +1,5 @@
 #include "cli/command.h"
+#include "cli/streams.h"
 #include "core/header_dtc.h"
 #include "host/automation/property_json.h"
 #include "host/page/page_document.h"
@@ -60,8 +61,7 @@ ExitStatus show(const CommonOptions& common, const ShowOptions& options) {
     const PageDocument page(options.page, site->configuration->codePage);
     const std::string shown = options.json ? jsonOf(page.markup()) : textOf(page.markup());
     std::fwrite(shown.data(), 1, shown.size(), stdout);
-    if (page.markup().controls().empty())
-        std::fprintf(stderr, "%s: holds no HeaderDTC control\n", options.page.c_str());
+    if (page.markup().controls().empty()) printMessage(options.page, HoldsNoControl);
     return Done;
 }
 

@@ -13,6 +13,9 @@ std::string readInput(const std::string& file);
 
 void printLine(std::FILE* stream, std::string_view line);
 
+// What is said of a page that was named and has nothing of ours in it.
+inline constexpr const char* HoldsNoControl = "holds no HeaderDTC control";
+
 // "PAGE: TEXT" to standard error, in one line whatever the text holds.
 void printMessage(std::string_view page, std::string_view text);
 

@@ -67,6 +67,22 @@ mv site/texts.sqlite kept
 check 3 "$headerdtc" translations check site
 mv kept site/texts.sqlite
 
+# ---- renamed with the pages, or not at all -------------------------------------------------------
+fields() { sqlite3 site/texts.sqlite 'SELECT PROVIDERNAME, FIELDNAME FROM I18NFIELDNAMES ORDER BY 2' | xargs; }
+check 1 "$headerdtc" rename --field Ships IMO HULL --translations --json site
+expect_lines rename
+expect "$out" '"names":1,"values":0'
+check 0 "$headerdtc" rename --field Ships IMO HULL --translations --apply site
+[[ $(fields) == 'Ships|BERTH Ships|FLAG Ships|HULL' ]] || fail "not that field: $(fields)"
+check 3 "$headerdtc" rename --field Ships HULL FLAG --translations --apply site
+expect "$err" 'I18NFIELDNAMES has a row of Ships zeko FLAG already'
+ln site/traffic/ships.asp twin
+check 3 "$headerdtc" rename --provider Ships Vessels --translations --apply site
+rm twin
+[[ $(fields) == 'Ships|BERTH Ships|FLAG Ships|HULL' ]] || fail "tables and pages parted: $(fields)"
+check 0 "$headerdtc" rename --field Ships HULL IMO --translations --apply site
+check 0 "$headerdtc" generate --check site
+
 # ---- catalogue ----------------------------------------------------------------------------------
 sqlite3 data.sqlite 'CREATE TABLE SHIP (IMO INTEGER PRIMARY KEY, FLAG TEXT, LENGTH REAL);
     CREATE TABLE BERTHS (BERTH TEXT, SIDE TEXT, DEPTH REAL, PRIMARY KEY (BERTH, SIDE));

@@ -69,6 +69,22 @@ NO_COLOR=1 script -qec "$on_terminal" /dev/null </dev/null >out
 grep -q $'\033\\[31m' out && fail "colours in spite of NO_COLOR"
 "$headerdtc" generate site >made.log
 
+# ---- rename -------------------------------------------------------------------------------------
+check 1 "$headerdtc" rename --field Ships BERTH QUAY site
+[[ $(grep -c '^+	<PARAM' out) == 3 ]] || fail "not a field, a criterion and a key: $out"
+cp out shown.diff
+check 1 "$headerdtc" rename --field Ships BERTH QUAY --json site
+expect_lines rename
+cp site/traffic/ships.asp before.asp
+check 0 "$headerdtc" rename --field Ships BERTH QUAY --apply site
+expect "$err" '"Ships" has no field "QUAY"'
+patch -s -p0 before.asp <shown.diff && cmp -s before.asp site/traffic/ships.asp ||
+    fail "another difference was shown than written"
+check 0 "$headerdtc" generate --check site
+check 0 "$headerdtc" rename --field Ships QUAY BERTH --apply --quiet --files-from <(echo site)
+check 0 "$headerdtc" check site
+expect_empty "$out$err"
+
 # ---- faults, in every form of output ------------------------------------------------------------
 sed -i 's/VALUE="3 - BERTH"/VALUE="3 - QUAY"/' site/traffic/ships.asp
 rm site/c/Suite/Include/Tides.asp
