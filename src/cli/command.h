@@ -93,6 +93,7 @@ void addGenerate(CLI::App& app, CommandLine& line);
 void addHelp(CLI::App& app, CommandLine& line);  // and version
 void addNew(CLI::App& app, CommandLine& line);
 void addRename(CLI::App& app, CommandLine& line);
+void addReport(CLI::App& app, CommandLine& line);
 void addShow(CLI::App& app, CommandLine& line);
 void addTranslations(CLI::App& app, CommandLine& line);
 void addWhere(CLI::App& app, CommandLine& line);

@@ -26,6 +26,7 @@ constexpr const char* MainFooter = R"(Examples:
   headerdtc doctor site/                 what is missing in the set-up of a site
   headerdtc generate --print page.asp    show the header text of one page
   headerdtc new page.asp                 make a page with one new control
+  headerdtc show --summary page.asp      what a page shows, in words
   headerdtc show --json page.asp         the stored properties, for other programs
   headerdtc automate page.asp < steps    drive the editor by name, a JSON command a line
   headerdtc automate --over site/ steps  what the steps would change in every page
@@ -88,8 +89,8 @@ ExitStatus run(const std::vector<std::string>& words) {
         ->envname("HEADERDTC_CONFIG")
         ->type_name(FileType);
     for (const auto add :
-         {addGenerate, addCheck, addWhere, addRename, addDoctor, addNew, addShow, addEdit,
-          addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
+         {addGenerate, addCheck, addWhere, addRename, addDoctor, addNew, addShow, addReport,
+          addEdit, addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
         add(app, line);
     return obey(app, line, words);
 }

@@ -69,6 +69,23 @@ NO_COLOR=1 script -qec "$on_terminal" /dev/null </dev/null >out
 grep -q $'\033\\[31m' out && fail "colours in spite of NO_COLOR"
 "$headerdtc" generate site >made.log
 
+# ---- in words -----------------------------------------------------------------------------------
+check 0 "$headerdtc" show --summary site/traffic/ships.asp
+expect "$out" 'ZEKO fields: IMO, BERTH'
+expect "$out" 'ZEKO criteria: BERTH is HighWater()'
+expect "$out" 'ZEKO translated names: IMO'
+check 0 "$headerdtc" show --summary --json site/traffic/ships.asp
+jq -e '.controls[0].summary[0] == {subject: "Data provider", text: "Ships"}' out >wrong || fail "no summary: $out"
+cp site/traffic/ships.asp site/traffic/star_.asp
+sed -i 's/VALUE="HighWater"/VALUE="\&lt;1*"/' site/traffic/star_.asp
+check 0 "$headerdtc" report site
+expect "$out" '## site/traffic/star\_.asp'
+expect "$out" '- **ZEKO criteria:** BERTH is "\<1\*"'
+expect "$out" '- **Data provider:** Berths'
+check 0 "$headerdtc" report --json site
+expect_lines report
+rm site/traffic/star_.asp
+
 # ---- rename -------------------------------------------------------------------------------------
 check 1 "$headerdtc" rename --field Ships BERTH QUAY site
 [[ $(grep -c '^+	<PARAM' out) == 3 ]] || fail "not a field, a criterion and a key: $out"
