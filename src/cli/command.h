@@ -89,6 +89,7 @@ void addCheck(CLI::App& app, CommandLine& line);
 void addCompletion(CLI::App& app, CommandLine& line);  // and what shells ask
 void addDoctor(CLI::App& app, CommandLine& line);
 void addEdit(CLI::App& app, CommandLine& line);
+void addExplain(CLI::App& app, CommandLine& line);
 void addGenerate(CLI::App& app, CommandLine& line);
 void addHelp(CLI::App& app, CommandLine& line);  // and version
 void addNew(CLI::App& app, CommandLine& line);

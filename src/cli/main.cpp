@@ -20,6 +20,7 @@ constexpr const char* MainFooter = R"(Examples:
   headerdtc generate --check site/       only list the pages that are out of date
   headerdtc generate --check --diff site show what would change in them
   headerdtc check site/                  look for faults in the pages
+  headerdtc explain unknown-field        what a rule of the check means
   headerdtc where --field CUSTNO site/   which pages use a field
   headerdtc rename --field Orders CITY TOWN site/
                                          a field's new name in every page
@@ -89,8 +90,8 @@ ExitStatus run(const std::vector<std::string>& words) {
         ->envname("HEADERDTC_CONFIG")
         ->type_name(FileType);
     for (const auto add :
-         {addGenerate, addCheck, addWhere, addRename, addDoctor, addNew, addShow, addReport,
-          addEdit, addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
+         {addGenerate, addCheck, addExplain, addWhere, addRename, addDoctor, addNew, addShow,
+          addReport, addEdit, addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
         add(app, line);
     return obey(app, line, words);
 }

@@ -132,8 +132,7 @@ struct ReportedPage {
 std::string plain(std::string_view text) {
     std::string result;
     for (const char c : visible(text)) {
-        if (std::string_view("\\`*_[]<&~|").find(c) != std::string_view::npos)
-            result += '\\';
+        if (std::string_view("\\`*_[]<&~|").find(c) != std::string_view::npos) result += '\\';
         result += c;
     }
     return result;

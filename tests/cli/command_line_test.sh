@@ -49,6 +49,7 @@ expect "$err" "did you mean '--connect'?"
 for words in '' generate check where translations automate 'help chek' 'doctor nowhere' \
     'rename site' 'rename --provider A site' \
     'rename --field A B C --apply --dry-run site' 'rename --field A B B site' 'generate --print --check site' 'generate --diff site' 'generate --files-from nowhere' \
+    'explain unknown-feeld' 'check --update-baseline site' 'check --baseline nowhere site' \
     'where site' 'where --label L1 --include x.asp site' 'check --json --sarif site' \
     'automate --over site' 'automate --apply site/traffic/ships.asp' 'completion tcsh' \
     'catalogue check DSN=Harbour;PWD=quayside'; do
@@ -157,7 +158,7 @@ synopsis_of() {  # synopsis_of COMMAND...: its lines
         }
         inside { print }' <<<"$manual"
 }
-for command in generate check where rename doctor new show report automate 'translations check' \
+for command in generate check explain where rename doctor new show report automate 'translations check' \
     'translations export' 'translations import' 'catalogue check' 'catalogue import' edit; do
     # shellcheck disable=SC2086
     check 0 "$headerdtc" help $command

@@ -26,6 +26,14 @@ expect "$out" 'Ships zeko BERTH is translated by an empty label [empty-label]'
 expect "$out" '1031: 2 translated, 1 missing, 1 faults'
 check 1 "$headerdtc" translations check --json site
 expect_lines translations-check
+check 0 "$headerdtc" translations check --baseline known.json --update-baseline site
+check 0 "$headerdtc" translations check --baseline known.json site
+expect "$out" '1031: 2 translated, 1 missing, 0 faults'
+cp site/headerdtc.toml kept.toml
+printf '[check]\nempty-label = "off"\nend-punctuation = "off"\n' >>site/headerdtc.toml
+check 1 "$headerdtc" translations check site
+[[ $out == *missing]* && $out != *empty-label* && $out == *' 0 faults' ]] || fail "not only those are off: $out"
+mv kept.toml site/headerdtc.toml
 
 check 0 "$headerdtc" translations export --bom -o texts.csv --locale 1031 --locale 1036 site
 head -c 3 texts.csv | cmp -s - <(printf '\xEF\xBB\xBF') || fail "no byte-order mark"

@@ -126,6 +126,31 @@ jq -e '.runs[0] | . as $run | .results | length > 0 and all(.[]; . as $result |
 check 0 "$headerdtc" check --rules
 expect "$out" "unknown-field"
 
+# ---- what a site lives with ---------------------------------------------------------------------
+check 0 "$headerdtc" check --baseline known.json --update-baseline site
+expect_empty "$out"
+jq -e 'map(select(.rule == "unknown-field")) == [{page: "site/traffic/ships.asp", rule: "unknown-field",
+    control: "HeaderDTC1", value: "3 - QUAY"}]' known.json >wrong || fail "not that entry: $(cat known.json)"
+sed -i '1i <!-- another line -->' site/traffic/ships.asp
+check 0 "$headerdtc" check --baseline known.json site
+(cd site && check 0 "$headerdtc" check --baseline ../known.json traffic && exit "$failures") || fail "elsewhere"
+sed -i 's/VALUE="1 - IMO"/VALUE="1 - HULL"/; s/VALUE="3 - QUAY"/VALUE="3 - BERTH"/' site/traffic/ships.asp
+check 1 "$headerdtc" check --baseline known.json site
+expect "$out" '"1 - HULL" is not offered'
+expect "$err" 'known.json: 1 finding not found any more'
+cp known.json before.json
+check 0 "$headerdtc" check --baseline known.json --update-baseline site/traffic/today
+cmp -s known.json before.json || fail "entries of other pages were taken out"
+printf '[check]\nmissing-include = "off"\nundefined-function = "warning"\nunchanged = "off"\n' >>site/headerdtc.toml
+check 1 "$headerdtc" check site
+expect "$out" 'warning: no include file and no script defines'
+[[ $out != *missing-include* && $out != *not-generated* ]] || fail "a rule that is off told something: $out"
+sed -i 's/^unchanged = .*/stael = "off"/' site/headerdtc.toml
+check 2 "$headerdtc" check site
+expect "$err" 'there is no rule "stael"; did you mean '"'stale'?"
+check 0 "$headerdtc" generate site
+sed -i '/^.check.$/,$d' site/headerdtc.toml
+
 # What is wrong with the whole site is said once, what is wrong with pages of each of them.
 for command in check 'where --field IMO'; do
     # shellcheck disable=SC2086
