@@ -23,12 +23,11 @@ void PageChanges::say(const std::string& page, const PageChange& change) {
 }
 
 void PageChanges::take(const std::string& page, const PageChange& change) {
-    ++totals().found;
     if (options_.showsDifferences)
         printDiff(page, change.before, change.after, sites_.forPage(page)->configuration->codePage);
-    if (!options_.apply) return;
     try {
-        replacer_.replace(page, change.after, change.stamp);
+        if (options_.apply) replacer_.replace(page, change.after, change.stamp);
+        ++totals().found;
     } catch (const FileError& error) {
         fail(page, error.problem());
     }
@@ -47,7 +46,9 @@ void PageChanges::fail(const std::string& page, const std::string& why) {
 
 void PageChanges::write() {
     for (const auto& outcome : replacer_.commit()) {
-        if (!outcome.problem.empty()) fail(outcome.path.string(), outcome.problem);
+        if (outcome.problem.empty()) continue;
+        --totals().found;
+        fail(outcome.path.string(), outcome.problem);
     }
 }
 

@@ -52,7 +52,7 @@ class Rename {
                 return renameInPage(page, sites_, options_.renaming);
             },
             [&](const PageRun::Page& page, const PageRenaming& renamed) { tell(page, renamed); });
-        if (isWhole) write();
+        const bool isWritten = isWhole && write() && options_.apply;
         const ExitStatus status = isWhole ? changes_.status() : Interrupted;
         const PageTotals& totals = changes_.totals();
         if (options_.json) {
@@ -60,9 +60,9 @@ class Rename {
                           {"pages", totals.pages},
                           {"changed", totals.found},
                           {"failed", totals.failed},
-                          {"written", isWhole && options_.apply},
+                          {"written", isWritten},
                           {"exitStatus", status}});
-        } else if (isWhole && !options_.run.quiet) {
+        } else if (isWhole && isWritten == options_.apply && !options_.run.quiet) {
             printLine(stderr, changes_.summary());
         }
         return status;
@@ -100,32 +100,35 @@ class Rename {
     }
 
     // The tables are changed before any page is written, and that is made to last when all pages
-    // were: whatever fails, pages and tables do not part.
-    void write() {
-        std::vector<std::unique_ptr<TranslationRenaming>> tables;
+    // were: whatever fails, pages and tables do not part. False: no page could be written.
+    bool write() {
+        std::vector<std::pair<std::string, std::unique_ptr<TranslationRenaming>>> tables;
         for (const auto& site : sitesOfPages_) {
+            if (changes_.totals().found > 0) warn(*site);
+            if (!options_.translations) continue;
             const std::string place = (site->configuration->folder / "headerdtc.toml").string();
             try {
-                if (changes_.totals().found > 0) warn(*site);
-                if (options_.translations)
-                    tables.push_back(
-                        std::make_unique<TranslationRenaming>(site->database, options_.renaming));
-                if (options_.translations && options_.apply) tables.back()->write();
+                auto table =
+                    std::make_unique<TranslationRenaming>(site->database, options_.renaming);
+                if (options_.apply) table->write();
+                tables.emplace_back(place, std::move(table));
             } catch (const std::exception& error) {
                 changes_.fail(place, std::string("no page is written, because the translations "
                                                  "cannot be renamed: ") +
                                          error.what());
-                return;
+                return false;
             }
-            if (options_.translations) tell(place, *tables.back());
         }
         changes_.write();
-        if (!options_.apply) return;
-        if (!tables.empty() && changes_.totals().failed > 0)
-            return printLine(stderr,
-                             "the translations stay as they are, because not every page was done");
-        for (const auto& each : tables)
-            each->commit();
+        const bool isKept = options_.apply && changes_.totals().failed > 0;
+        if (isKept && !tables.empty())
+            printLine(stderr, "the translations stay as they are, because not every page was done");
+        for (const auto& [place, table] : tables) {
+            if (isKept) break;
+            if (options_.apply) table->commit();
+            tell(place, *table);
+        }
+        return true;
     }
 
     // Whoever renames in the pages alone is told of what is left to do.
