@@ -42,11 +42,11 @@ class Rename {
     Rename(Sites& sites, const RenameOptions& options)
         : sites_(sites),
           options_(options),
+          lines_(begun(options.json)),
           changes_(sites, options.run, {.apply = options.apply, .showsDifferences = !options.json},
                    [this](auto& page, auto& failure) { say(page, failure); }) {}
 
     ExitStatus run() {
-        if (options_.json) lines_.begin("rename");
         const bool isWhole = changes_.over<PageRenaming>(
             [&](const std::filesystem::path& page) {
                 return renameInPage(page, sites_, options_.renaming);
@@ -69,6 +69,13 @@ class Rename {
     }
 
   private:
+    // Paths that cannot be looked into are told at once.
+    static JsonLines begun(bool json) {
+        JsonLines lines;
+        if (json) lines.begin("rename");
+        return lines;
+    }
+
     void say(const std::string& page, const PageFailure& failure) {
         if (!options_.json) return failures_.print(page, failure);
         lines_.write({{"type", "failure"}, {"page", page}, {"message", failure.text}});

@@ -92,11 +92,13 @@ check 1 "$headerdtc" rename --field Ships BERTH QUAY site
 cp out shown.diff
 check 1 "$headerdtc" rename --field Ships BERTH QUAY --json site
 expect_lines rename
+check 3 "$headerdtc" rename --field Ships BERTH QUAY --json site nowhere
+expect_lines rename
 cp site/traffic/ships.asp before.asp
 check 0 "$headerdtc" rename --field Ships BERTH QUAY --apply site
 expect "$err" '"Ships" has no field "QUAY"'
-patch -s -p0 before.asp <shown.diff && cmp -s before.asp site/traffic/ships.asp ||
-    fail "another difference was shown than written"
+patch -s -p0 before.asp <shown.diff || fail "patch refused the difference of a renaming"
+cmp -s before.asp site/traffic/ships.asp || fail "another difference was shown than written"
 check 0 "$headerdtc" generate --check site
 check 0 "$headerdtc" rename --field Ships QUAY BERTH --apply --quiet --files-from <(echo site)
 check 0 "$headerdtc" check site
