@@ -78,7 +78,11 @@ bool Baseline::has(const Entry& finding) {
 }
 
 bool Baseline::isLookedAt(const std::string& entry) const {
-    return scopes_.contains(Entry::parse(entry)[scope_].get<std::string>());
+    const std::string scope = Entry::parse(entry)[scope_];
+    if (scopes_.contains(scope)) return true;
+    // Nobody will ever look at a page that is gone.
+    std::error_code ignored;
+    return scope_ == Page && !fs::exists(fs::path(options_.file).parent_path() / scope, ignored);
 }
 
 void Baseline::end(bool quiet) {

@@ -26,9 +26,10 @@ void addBaselineOptions(CLI::App& command, BaselineOptions& options);
 class Baseline {
   public:
     using Entry = JsonLines::Json;
+    static constexpr const char* Page = "page";
 
-    // `scope` is the key of what a run looks at, "page" say: entries of what this run does not look
-    // at stay. Throws UsageError for a file that is no baseline, or is not there to be used.
+    // `scope` is the key of what a run looks at, Page or another: entries of what this run does not
+    // look at stay. Throws UsageError for a file that is no baseline, or is not there to be used.
     Baseline(const BaselineOptions& options, std::string scope);
 
     bool isUsed() const { return !options_.file.empty(); }

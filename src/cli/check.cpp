@@ -25,7 +25,7 @@ struct CheckOptions {
 
 // What tells a finding from others, wherever it stands in its page.
 Baseline::Entry entryOf(const Finding& finding, const Baseline& baseline) {
-    return {{"page", baseline.nameOf(finding.page)},
+    return {{Baseline::Page, baseline.nameOf(finding.page)},
             {"rule", finding.rule},
             {"control", finding.control},
             {"value", finding.value}};
@@ -40,7 +40,7 @@ ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
         report->failure(page, failure);
     });
     PageTotals& totals = run.totals();
-    Baseline baseline(options.baseline, "page");
+    Baseline baseline(options.baseline, Baseline::Page);
     std::size_t errors = 0;
     run.over<InspectedPage>(
         [&](const std::filesystem::path& page) { return inspectPage(page, sites, facts); },

@@ -143,6 +143,10 @@ expect "$err" 'known.json: 1 finding not found any more'
 cp known.json before.json
 check 0 "$headerdtc" check --baseline known.json --update-baseline site/traffic/today
 cmp -s known.json before.json || fail "entries of other pages were taken out"
+mv site/traffic/ships.asp kept
+check 0 "$headerdtc" check --baseline known.json --update-baseline site/traffic/today
+[[ $(jq length known.json) == 0 ]] || fail "entries of a page that is gone: $(cat known.json)"
+mv kept site/traffic/ships.asp
 printf '[check]\nmissing-include = "off"\nundefined-function = "warning"\nunchanged = "off"\n' >>site/headerdtc.toml
 check 1 "$headerdtc" check site
 expect "$out" 'warning: no include file and no script defines'
