@@ -1,10 +1,8 @@
 #include "cli/command.h"
-#include "cli/diff_output.h"
-#include "cli/page_run.h"
+#include "cli/page_changes.h"
 #include "cli/streams.h"
 #include "host/automation/automation_session.h"
 #include "host/automation/replay.h"
-#include "host/files/file_replacer.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -12,8 +10,6 @@
 
 namespace headerdtc::cli {
 namespace {
-
-using Outcome = ReplayedPage::Outcome;
 
 struct AutomateOptions {
     std::vector<std::string> words;  // a page; with `over`: pages and folders, then the script
@@ -46,96 +42,27 @@ ExitStatus automate(const CommonOptions& common, const AutomateOptions& options)
 }
 
 // Shows what a script would change, page by page, and writes it where that is wanted.
-class Replay {
-  public:
-    Replay(Sites& sites, const AutomateOptions& options)
-        : sites_(sites),
-          options_(options),
-          run_(options.run, [this](auto& page, auto& failure) { failures_.print(page, failure); }) {
-    }
-
-    ExitStatus over(const std::string& script) {
-        run_.over<ReplayedPage>(
-            [&](const std::filesystem::path& page) {
-                return replayOnPage(sites_, page, options_.control, script);
-            },
-            [&](const PageRun::Page& page, const ReplayedPage& replayed) { take(page, replayed); });
-        run_.end({});
-        if (PageRun::interrupted()) {
-            printLine(stderr, "nothing was written");
-            return Interrupted;
-        }
-        write();
-        return run_.totals().status(!options_.apply);
-    }
-
-  private:
-    void take(const PageRun::Page& page, const ReplayedPage& replayed) {
-        for (const std::string& message : replayed.messages)
-            printMessage(page.name, message);
-        const bool configured = replayed.outcome != Outcome::NotConfigured;
-        for (const std::string& failure : replayed.failures)
-            failures_.print(
-                page.name,
-                {configured ? PageFailure::Of::Page : PageFailure::Of::Configuration, failure});
-        switch (replayed.outcome) {
-            case Outcome::NoControl:
-                if (page.named) missControl(page.name);
-                break;
-            case Outcome::Unchanged:
-                break;
-            case Outcome::Changed:
-                change(page.name, replayed);
-                break;
-            case Outcome::NotConfigured:
-                run_.totals().misconfigured = true;
-                [[fallthrough]];
-            case Outcome::Failed:
-                ++run_.totals().failed;
-                break;
-        }
-    }
-
-    // Of a page that was named; of those found in folders not every one has to have it.
-    void missControl(const std::string& page) {
-        if (options_.control.empty()) return printMessage(page, "holds no HeaderDTC control");
-        fail(page, "there is no control with the ID '" + options_.control + "'");
-    }
-
-    void change(const std::string& page, const ReplayedPage& replayed) {
-        ++run_.totals().found;
-        printDiff(page, replayed.before, replayed.after,
-                  sites_.forPage(page)->configuration->codePage);
-        if (!options_.apply) return;
-        try {
-            replacer_.replace(page, replayed.after, replayed.stamp);
-        } catch (const FileError& error) {
-            fail(page, error.problem());
-        }
-    }
-
-    void write() {
-        for (const auto& outcome : replacer_.commit()) {
-            if (!outcome.problem.empty()) fail(outcome.path.string(), outcome.problem);
-        }
-        if (options_.run.quiet) return;
-        const PageTotals& totals = run_.totals();
-        printLine(stderr, counted(totals.found, "page") +
-                              (options_.apply ? " changed, " : " would be changed, ") +
-                              std::to_string(totals.failed) + " not done" +
-                              (totals.found > 0 && !options_.apply ? "; --apply writes them" : ""));
-    }
-
-    void fail(const std::string& page, const std::string& why) {
-        run_.fail(page, {PageFailure::Of::Page, why});
-    }
-
-    Sites& sites_;
-    const AutomateOptions& options_;
-    FailureLines failures_;
-    PageRun run_;
-    FileReplacer replacer_;
-};
+ExitStatus replayOver(Sites& sites, const AutomateOptions& options, const std::string& script) {
+    FailureLines failures;
+    PageChanges changes(sites, options.run, {.apply = options.apply},
+                        [&](auto& page, auto& failure) { failures.print(page, failure); });
+    const bool isWhole = changes.over<PageChange>(
+        [&](const std::filesystem::path& page) {
+            return replayOnPage(sites, page, options.control, script);
+        },
+        [&](const PageRun::Page& page, const PageChange& replayed) {
+            for (const std::string& message : replayed.messages)
+                printMessage(page.name, message);
+            // Of those found in folders not every one has to have the control.
+            if (replayed.outcome != PageChange::Outcome::NoControl || !page.named) return;
+            if (options.control.empty()) return printMessage(page.name, HoldsNoControl);
+            changes.fail(page.name, "there is no control with the ID '" + options.control + "'");
+        });
+    if (!isWhole) return Interrupted;
+    changes.write();
+    if (!options.run.quiet) printLine(stderr, changes.summary());
+    return changes.status();
+}
 
 ExitStatus replay(const CommonOptions& common, const AutomateOptions& options) {
     const std::string script = readInput(options.script);
@@ -145,7 +72,7 @@ ExitStatus replay(const CommonOptions& common, const AutomateOptions& options) {
         return WrongUsage;
     }
     Sites sites(common.only());
-    return Replay(sites, options).over(script);
+    return replayOver(sites, options, script);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include "cli/streams.h"
 #include "host/catalogue_import/catalogue_text.h"
 #include "host/catalogue_import/database_tables.h"
-#include "host/files/file_replacer.h"
 #include "host/files/whole_file.h"
 #include "host/site/site.h"
 
@@ -88,16 +87,6 @@ void tell(const Comparison& comparison, const char* command, bool json, bool wri
                      {"exitStatus", status}});
 }
 
-void writeCatalogue(const Comparison& comparison) {
-    const std::string text = catalogueText(comparison.merged.catalogue);
-    if (comparison.stamp.size >= 0)
-        return replaceWholeFile(comparison.file, text, comparison.stamp);
-    FileReplacer replacer;
-    replacer.create(comparison.file, text);
-    const std::string problem = replacer.commit().front().problem;
-    if (!problem.empty()) throw FileError(comparison.file.string(), problem);
-}
-
 ExitStatus checkCatalogue(const CommonOptions& common, const CatalogueOptions& options) {
     const Comparison comparison = compare(common, options);
     const ExitStatus status = comparison.merged.changes.empty() ? Done : CheckFoundSomething;
@@ -108,7 +97,8 @@ ExitStatus checkCatalogue(const CommonOptions& common, const CatalogueOptions& o
 ExitStatus importCatalogue(const CommonOptions& common, const CatalogueOptions& options) {
     const Comparison comparison = compare(common, options);
     const bool isWanted = !options.dryRun && !comparison.merged.changes.empty();
-    if (isWanted) writeCatalogue(comparison);
+    if (isWanted)
+        writeOutput(comparison.file, catalogueText(comparison.merged.catalogue), comparison.stamp);
     tell(comparison, "catalogue import", options.json, isWanted, Done);
     if (!options.json)
         printLine(stderr, comparison.file.string() +

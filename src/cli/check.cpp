@@ -1,12 +1,11 @@
+#include "cli/baseline.h"
 #include "cli/check_report.h"
 #include "cli/command.h"
 #include "cli/page_run.h"
 #include "cli/streams.h"
 #include "host/inspection/rules/page_inspection.h"
-#include "host/inspection/rules/rule_table.h"
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <memory>
 
 namespace headerdtc::cli {
@@ -14,6 +13,7 @@ namespace {
 
 struct CheckOptions {
     PageRunOptions run;
+    BaselineOptions baseline;
     bool listRules = false;
     bool json = false, sarif = false, annotations = false;
 
@@ -23,12 +23,12 @@ struct CheckOptions {
     }
 };
 
-ExitStatus listRules() {
-    for (const Rule& rule : inspectionRules()) {
-        std::printf("%-24s %-8s %s\n", std::string(rule.id).c_str(),
-                    std::string(nameOf(rule.severity)).c_str(), std::string(rule.summary).c_str());
-    }
-    return Done;
+// What tells a finding from others, wherever it stands in its page.
+Baseline::Entry entryOf(const Finding& finding, const Baseline& baseline) {
+    return {{Baseline::Page, baseline.nameOf(finding.page)},
+            {"rule", finding.rule},
+            {"control", finding.control},
+            {"value", finding.value}};
 }
 
 ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
@@ -40,11 +40,15 @@ ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
         report->failure(page, failure);
     });
     PageTotals& totals = run.totals();
+    Baseline baseline(options.baseline, Baseline::Page);
     std::size_t errors = 0;
     run.over<InspectedPage>(
         [&](const std::filesystem::path& page) { return inspectPage(page, sites, facts); },
         [&](const PageRun::Page& page, const InspectedPage& inspected) {
+            if (baseline.isUsed() && !inspected.failure)
+                baseline.lookAt(baseline.nameOf(page.name));
             for (const Finding& finding : inspected.findings) {
+                if (baseline.isUsed() && baseline.has(entryOf(finding, baseline))) continue;
                 ++totals.found;
                 errors += finding.severity == Severity::Error ? 1 : 0;
                 report->finding(finding);
@@ -52,9 +56,10 @@ ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
             if (inspected.failure) {
                 run.fail(page.name, *inspected.failure);
             } else if (!inspected.hasControl && page.named) {
-                printMessage(page.name, "holds no HeaderDTC control");
+                printMessage(page.name, HoldsNoControl);
             }
         });
+    if (totals.left == 0) baseline.end(options.run.quiet);
     report->end(totals, errors);
     run.end(counted(totals.pages, "page") + " looked at: " + counted(errors, "error") + ", " +
             counted(totals.found - errors, "warning") + ", " + std::to_string(totals.failed) +
@@ -75,6 +80,9 @@ Examples:
   headerdtc check site/                    all pages of a site
   headerdtc check --sarif site/ >log.sarif for a tool that gathers results
   headerdtc check --rules                  what is looked for
+  headerdtc check --baseline known.json --update-baseline site/
+  headerdtc check --baseline known.json site/
+                                           only what is new since then
 
 Exit status: 0 nothing found, 1 something found, 2 wrong usage or configuration,
 3 at least one page could not be checked, 130 interrupted.)");
@@ -85,6 +93,7 @@ Exit status: 0 nothing found, 1 something found, 2 wrong usage or configuration,
     auto* annotations = command.add_flag("--annotations", options->annotations,
                                          "lines that build servers show beside the page");
     auto* rules = command.add_flag("--rules", options->listRules, "list the rules and end");
+    addBaselineOptions(command, options->baseline);
     addRunOptions(command, options->run);
     json->excludes(sarif)->excludes(annotations);
     sarif->excludes(annotations);
@@ -92,7 +101,9 @@ Exit status: 0 nothing found, 1 something found, 2 wrong usage or configuration,
     command.callback([&line, options] {
         if (!options->listRules && options->run.paths.empty()) throw CLI::RequiredError("PATH");
         line.run = [&line, options] {
-            return options->listRules ? listRules() : check(line.common, *options);
+            if (!options->listRules) return check(line.common, *options);
+            listRules(false);
+            return Done;
         };
     });
 }

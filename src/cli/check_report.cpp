@@ -2,7 +2,6 @@
 
 #include "cli/streams.h"
 #include "cli/version.h"
-#include "host/inspection/rules/rule_table.h"
 
 #include <algorithm>
 #include <cctype>
@@ -221,6 +220,18 @@ class CheckSarif : public CheckReport {
 };
 
 }  // namespace
+
+std::string kindOf(const RuleText& rule) {
+    return rule.severity ? std::string(nameOf(*rule.severity)) : "text";
+}
+
+void listRules(bool ofTranslations) {
+    for (const RuleText& rule : allRules()) {
+        if (!rule.severity && !ofTranslations) continue;
+        std::printf("%-24s %-8s %s\n", std::string(rule.id).c_str(), kindOf(rule).c_str(),
+                    std::string(rule.summary).c_str());
+    }
+}
 
 std::unique_ptr<CheckReport> CheckReport::make(Form form) {
     switch (form) {

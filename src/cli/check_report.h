@@ -1,13 +1,18 @@
 #pragma once
 
 #include "cli/page_run.h"
-#include "host/inspection/finding.h"
+#include "host/inspection/rules/rule_settings.h"
 
 #include <cstddef>
 #include <memory>
 #include <string>
 
 namespace headerdtc::cli {
+
+// Tells the rules, a line each: those of pages, or those of translations too.
+void listRules(bool ofTranslations);
+// "error", "warning"; "text" of a rule of translations.
+std::string kindOf(const RuleText& rule);
 
 // How the findings of a check are told: one class for each form of output.
 class CheckReport {

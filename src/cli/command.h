@@ -89,9 +89,12 @@ void addCheck(CLI::App& app, CommandLine& line);
 void addCompletion(CLI::App& app, CommandLine& line);  // and what shells ask
 void addDoctor(CLI::App& app, CommandLine& line);
 void addEdit(CLI::App& app, CommandLine& line);
+void addExplain(CLI::App& app, CommandLine& line);
 void addGenerate(CLI::App& app, CommandLine& line);
 void addHelp(CLI::App& app, CommandLine& line);  // and version
 void addNew(CLI::App& app, CommandLine& line);
+void addRename(CLI::App& app, CommandLine& line);
+void addReport(CLI::App& app, CommandLine& line);
 void addShow(CLI::App& app, CommandLine& line);
 void addTranslations(CLI::App& app, CommandLine& line);
 void addWhere(CLI::App& app, CommandLine& line);

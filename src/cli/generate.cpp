@@ -63,8 +63,7 @@ class GenerateText : public GenerateReport {
                                                           : PageFailure::Of::Page;
         for (const std::string& message : done.page.messages)
             lines_.print(page.name, {of, message});
-        if (verdict == Verdict::NoControl && page.named)
-            printMessage(page.name, "holds no HeaderDTC control");
+        if (verdict == Verdict::NoControl && page.named) printMessage(page.name, HoldsNoControl);
         if (verdict != Verdict::Stale) return;
         if (!options().diff) return printLine(stdout, page.name);
         printDiff(page.name, done.page.before, done.page.after, codePageOf(page.name));
@@ -135,7 +134,7 @@ ExitStatus print(Sites& sites, const std::string& page) {
     const auto site = sites.forPage(page);
     const PageMarkup markup(page, readWholeFile(page).bytes, site->configuration->codePage);
     if (markup.controls().empty()) {
-        printMessage(page, "holds no HeaderDTC control");
+        printMessage(page, HoldsNoControl);
         return PageNotDone;
     }
     bool failed = false;

@@ -20,10 +20,14 @@ constexpr const char* MainFooter = R"(Examples:
   headerdtc generate --check site/       only list the pages that are out of date
   headerdtc generate --check --diff site show what would change in them
   headerdtc check site/                  look for faults in the pages
+  headerdtc explain unknown-field        what a rule of the check means
   headerdtc where --field CUSTNO site/   which pages use a field
+  headerdtc rename --field Orders CITY TOWN site/
+                                         a field's new name in every page
   headerdtc doctor site/                 what is missing in the set-up of a site
   headerdtc generate --print page.asp    show the header text of one page
   headerdtc new page.asp                 make a page with one new control
+  headerdtc show --summary page.asp      what a page shows, in words
   headerdtc show --json page.asp         the stored properties, for other programs
   headerdtc automate page.asp < steps    drive the editor by name, a JSON command a line
   headerdtc automate --over site/ steps  what the steps would change in every page
@@ -85,8 +89,9 @@ ExitStatus run(const std::vector<std::string>& words) {
                    "the site's configuration (headerdtc.toml)")
         ->envname("HEADERDTC_CONFIG")
         ->type_name(FileType);
-    for (const auto add : {addGenerate, addCheck, addWhere, addDoctor, addNew, addShow, addEdit,
-                           addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
+    for (const auto add :
+         {addGenerate, addCheck, addExplain, addWhere, addRename, addDoctor, addNew, addShow,
+          addReport, addEdit, addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
         add(app, line);
     return obey(app, line, words);
 }

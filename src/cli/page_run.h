@@ -84,6 +84,7 @@ class PageRun {
 
     const std::vector<std::filesystem::path>& pages() const { return site_.pages; }
     PageTotals& totals() { return totals_; }
+    const PageTotals& totals() const { return totals_; }
 
     // Works on each page, on several threads, and tells of each.
     template <class Result>

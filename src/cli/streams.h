@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/files/whole_file.h"
+
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -11,7 +13,14 @@ namespace headerdtc::cli {
 // Throws FileError.
 std::string readInput(const std::string& file);
 
+// Puts a text into a file, whole: over what is there, unless that is another than `stamp` by now.
+// Throws FileError.
+void writeOutput(const std::filesystem::path& file, std::string_view text, const FileStamp& stamp);
+
 void printLine(std::FILE* stream, std::string_view line);
+
+// What is said of a page that was named and has nothing of ours in it.
+inline constexpr const char* HoldsNoControl = "holds no HeaderDTC control";
 
 // "PAGE: TEXT" to standard error, in one line whatever the text holds.
 void printMessage(std::string_view page, std::string_view text);

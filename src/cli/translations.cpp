@@ -1,9 +1,10 @@
 // The commands on translations: check, export, import.
 
+#include "cli/baseline.h"
 #include "cli/command.h"
 #include "cli/streams.h"
-#include "host/files/file_replacer.h"
 #include "host/files/whole_file.h"
+#include "host/inspection/rules/rule_settings.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/site/site.h"
 #include "host/translations/translation_file.h"
@@ -25,6 +26,7 @@ struct TranslationOptions {
     std::string place = ".";           // page or folder of the site
     std::vector<std::string> locales;  // empty: all that the database has
     bool json = false;
+    BaselineOptions baseline;
     std::string file;  // to be read, or to be written; empty: standard output
     bool onlyGaps = false, byteOrderMark = false;
     bool dryRun = false, skipRefused = false;
@@ -46,6 +48,14 @@ TranslationTable readTable(Site& site) {
     return TranslationTable::read(*openTranslations(site.database));
 }
 
+// What tells a fault from others.
+Baseline::Entry entryOf(const TranslationFault& fault) {
+    return {{"locale", fault.locale},
+            {"rule", fault.rule},
+            {"label", fault.label},
+            {"value", fault.text}};
+}
+
 // How far one language is.
 struct Progress {
     std::size_t texts = 0, missing = 0, faults = 0;
@@ -53,7 +63,8 @@ struct Progress {
 
 std::map<std::string, Progress> progressOf(const TranslationTable& table,
                                            const std::vector<std::string>& locales,
-                                           const std::vector<TranslationFault>& faults) {
+                                           const std::vector<TranslationFault>& all,
+                                           const std::vector<TranslationFault>& told) {
     std::map<std::string, Progress> progress;
     for (const std::string& locale : locales) {
         progress[locale].texts = static_cast<std::size_t>(
@@ -61,10 +72,14 @@ std::map<std::string, Progress> progressOf(const TranslationTable& table,
                 return entry.second.text(SourceLocale) && entry.second.text(locale);
             }));
     }
-    for (const TranslationFault& fault : faults) {
-        const auto found = progress.find(fault.locale);
-        if (found == progress.end()) continue;
-        ++(fault.rule == "missing" ? found->second.missing : found->second.faults);
+    // A text is missing whether somebody lives with that or not.
+    for (const auto* faults : {&all, &told}) {
+        for (const TranslationFault& fault : *faults) {
+            const auto found = progress.find(fault.locale);
+            const bool isMissing = fault.rule == "missing";
+            if (found == progress.end() || isMissing != (faults == &all)) continue;
+            ++(isMissing ? found->second.missing : found->second.faults);
+        }
     }
     return progress;
 }
@@ -178,10 +193,22 @@ std::string readUtf8(const std::string& file) {
 
 ExitStatus checkTranslations(const CommonOptions& common, const TranslationOptions& options) {
     Sites sites(common.only());
-    const TranslationTable table = readTable(*sites.forPage(options.place));
+    const auto site = sites.forPage(options.place);
+    requireKnownRules(*site->configuration);
+    Baseline baseline(options.baseline, "locale");
+    const TranslationTable table = readTable(*site);
     const auto locales = localesOf(table, options);
-    const auto faults = findTranslationFaults(table, locales);
-    const auto progress = progressOf(table, locales, faults);
+    for (const std::string& locale : locales)
+        baseline.lookAt(locale);
+    for (const char* everywhere : {"", SourceLocale})
+        baseline.lookAt(everywhere);
+    const auto all = findTranslationFaults(table, locales);
+    auto faults = all;
+    std::erase_if(faults, [&](const TranslationFault& fault) {
+        return isOff(fault.rule, *site->configuration) || baseline.has(entryOf(fault));
+    });
+    const auto progress = progressOf(table, locales, all, faults);
+    baseline.end(false);
     const ExitStatus status = faults.empty() ? Done : CheckFoundSomething;
     if (options.json) {
         tellAsJson(faults, progress, status);
@@ -202,15 +229,7 @@ ExitStatus exportTranslations(const CommonOptions& common, const TranslationOpti
         std::fwrite(text.data(), 1, text.size(), stdout);
         return Done;
     }
-    FileReplacer replacer;
-    const FileStamp stamp = FileStamp::of(std::filesystem::path(options.file));
-    if (stamp.size < 0) {
-        replacer.create(options.file, text);
-    } else {
-        replacer.replace(options.file, text, stamp);
-    }
-    const std::string problem = replacer.commit().front().problem;
-    if (!problem.empty()) throw FileError(options.file, problem);
+    writeOutput(options.file, text, FileStamp::of(std::filesystem::path(options.file)));
     printLine(stdout, options.file);
     return Done;
 }
@@ -271,6 +290,7 @@ configuration, 3 the database cannot be read.)");
     command.add_flag("--json", options->json, "one JSON object a finding or cell");
     addLocales(command, *options,
                "only this language, by its locale (1031); may be given several times");
+    addBaselineOptions(command, options->baseline);
     command.callback(whenNamed(line, options, checkTranslations));
 }
 

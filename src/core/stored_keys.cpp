@@ -36,29 +36,36 @@ int firstNumber(const stored::Row& row) {
 // Where a part is edited.
 enum class Tab { General, Family, Translations, Link };
 
+using Named = CatalogueName::What;
+constexpr CatalogueName OwnProvider = {Named::Provider, false};
+constexpr CatalogueName OtherProvider = {Named::Provider, true};
+constexpr CatalogueName OwnEntry = {Named::Entry, false}, OtherEntry = {Named::Entry, true};
+constexpr CatalogueName OwnKey = {Named::KeyField, false}, OtherKey = {Named::KeyField, true};
+
 struct PartTraits {
     std::string_view caption;  // "@" stands for the family's prefix
     StoredPart part;
     Tab tab;
+    std::optional<CatalogueName> names = {};  // what its texts name
 };
 // In the order of StoredPart.
 constexpr PartTraits PartTable[] = {
-    {"linked data provider", StoredPart::LinkedDataProvider, Tab::Link},
-    {"data provider", StoredPart::DataProvider, Tab::General},
+    {"linked data provider", StoredPart::LinkedDataProvider, Tab::Link, OtherProvider},
+    {"data provider", StoredPart::DataProvider, Tab::General, OwnProvider},
     {"extra filters", StoredPart::ExtraFilters, Tab::General},
     {"include files", StoredPart::Includes, Tab::General},
     {"stylesheet", StoredPart::Stylesheet, Tab::General},
     {"scripts", StoredPart::Scripts, Tab::Family},
-    {"@ return fields", StoredPart::ReturnFields, Tab::Family},
-    {"@ linked fields", StoredPart::LinkedFields, Tab::Link},
-    {"@ translated names", StoredPart::TranslatedNames, Tab::Translations},
-    {"@ translated values", StoredPart::TranslatedValues, Tab::Translations},
-    {"@ criteria", StoredPart::Criteria, Tab::Family},
-    {"@ links", StoredPart::Links, Tab::Link},
-    {"@ key fields", StoredPart::KeyFields, Tab::Family},
-    {"linked provider's @ fields", StoredPart::LinkedAvailableFields, Tab::Link},
-    {"@ available fields", StoredPart::AvailableFields, Tab::Family},
-    {"linked provider's @ key fields", StoredPart::LinkedKeyFields, Tab::Link},
+    {"@ return fields", StoredPart::ReturnFields, Tab::Family, OwnEntry},
+    {"@ linked fields", StoredPart::LinkedFields, Tab::Link, OtherEntry},
+    {"@ translated names", StoredPart::TranslatedNames, Tab::Translations, OwnEntry},
+    {"@ translated values", StoredPart::TranslatedValues, Tab::Translations, OwnEntry},
+    {"@ criteria", StoredPart::Criteria, Tab::Family, OwnKey},
+    {"@ links", StoredPart::Links, Tab::Link, OwnEntry},
+    {"@ key fields", StoredPart::KeyFields, Tab::Family, OwnKey},
+    {"linked provider's @ fields", StoredPart::LinkedAvailableFields, Tab::Link, OtherEntry},
+    {"@ available fields", StoredPart::AvailableFields, Tab::Family, OwnEntry},
+    {"linked provider's @ key fields", StoredPart::LinkedKeyFields, Tab::Link, OtherKey},
 };
 
 const PartTraits& traitsOf(StoredPart part) {
@@ -96,6 +103,20 @@ std::optional<StoredName> parseStoredName(std::string_view name) {
         }
     }
     return std::nullopt;
+}
+
+std::optional<CatalogueName> StoredName::catalogueName() const {
+    using namespace stored;
+    const auto& names = traitsOf(row.part).names;
+    if (row.holds<ItemCount, SelectionCount, RowCount, CriteriaTypes>()) return std::nullopt;
+    switch (row.part) {
+        case StoredPart::Criteria:
+            return column == criteria_column::Key ? names : std::nullopt;
+        case StoredPart::Links:
+            return row.holds<LinkRows>() ? names : OtherKey;
+        default:
+            return names;
+    }
 }
 
 std::string ControlPart::caption() const {

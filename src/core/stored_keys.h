@@ -53,12 +53,29 @@ struct ControlPart {
     bool operator<(const ControlPart& other) const;
 };
 
+// What of the catalogue a stored text names.
+struct CatalogueName {
+    enum class What {
+        Provider,
+        Entry,     // a field, as the lists show it
+        KeyField,  // a field by its name alone
+    };
+    What what;
+    bool ofLinked;  // the linked provider, or a field of it
+
+    bool operator==(const CatalogueName&) const = default;
+};
+
 // A name that the control stores, taken apart.
 struct StoredName {
     const stored::Row& row;       // of the table of stored properties
     int number = -1;              // of a numbered name; of a cell its row
     int column = -1;              // of a cell
     std::string_view entry = {};  // of a name with a suffix: what stands before it
+
+    // What its text names, nothing for what the catalogue does not have. The field to which a link
+    // leads counts as a key field: that is what the editor offers.
+    std::optional<CatalogueName> catalogueName() const;
 };
 
 // Takes a name apart; nothing for one that the control never reads, whatever else the page stores.

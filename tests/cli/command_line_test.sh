@@ -47,7 +47,9 @@ expect "$err" "there is no option '--jsn' of 'check'; did you mean '--json'?"
 check 2 "$headerdtc" catalogue check --conect 'DSN=Harbour;PWD=quayside' site
 expect "$err" "did you mean '--connect'?"
 for words in '' generate check where translations automate 'help chek' 'doctor nowhere' \
-    'generate --print --check site' 'generate --diff site' 'generate --files-from nowhere' \
+    'rename site' 'rename --provider A site' \
+    'rename --field A B C --apply --dry-run site' 'rename --field A B B site' 'generate --print --check site' 'generate --diff site' 'generate --files-from nowhere' \
+    'explain unknown-feeld' 'check --update-baseline site' 'check --baseline nowhere site' \
     'where site' 'where --label L1 --include x.asp site' 'check --json --sarif site' \
     'automate --over site' 'automate --apply site/traffic/ships.asp' 'completion tcsh' \
     'catalogue check DSN=Harbour;PWD=quayside'; do
@@ -94,6 +96,8 @@ interrupted() {  # interrupted ARGUMENT...: when the second line comes; from the
 interrupted automate --over --apply --jobs 1 site steps
 expect "$(<err)" "nothing was written"
 grep -rq 'mOther = ' site/traffic && fail "an interrupted replay wrote"
+interrupted rename --provider Ships Vessels --apply --jobs 1 site
+grep -rq '"Vessels"' site/traffic && fail "an interrupted renaming wrote"
 interrupted generate --json --jobs 1 site
 [[ -z $(find site -name '.headerdtc*') ]] || fail "a stray file stayed behind"
 written=$(grep -c '"status":"written"' rest)
@@ -154,7 +158,7 @@ synopsis_of() {  # synopsis_of COMMAND...: its lines
         }
         inside { print }' <<<"$manual"
 }
-for command in generate check where doctor new show automate 'translations check' \
+for command in generate check explain where rename doctor new show report automate 'translations check' \
     'translations export' 'translations import' 'catalogue check' 'catalogue import' edit; do
     # shellcheck disable=SC2086
     check 0 "$headerdtc" help $command

@@ -26,6 +26,14 @@ expect "$out" 'Ships zeko BERTH is translated by an empty label [empty-label]'
 expect "$out" '1031: 2 translated, 1 missing, 1 faults'
 check 1 "$headerdtc" translations check --json site
 expect_lines translations-check
+check 0 "$headerdtc" translations check --baseline known.json --update-baseline site
+check 0 "$headerdtc" translations check --baseline known.json site
+expect "$out" '1031: 2 translated, 1 missing, 0 faults'
+cp site/headerdtc.toml kept.toml
+printf '[check]\nempty-label = "off"\nend-punctuation = "off"\n' >>site/headerdtc.toml
+check 1 "$headerdtc" translations check site
+[[ $out == *missing]* && $out != *empty-label* && $out == *' 0 faults' ]] || fail "not only those are off: $out"
+mv kept.toml site/headerdtc.toml
 
 check 0 "$headerdtc" translations export --bom -o texts.csv --locale 1031 --locale 1036 site
 head -c 3 texts.csv | cmp -s - <(printf '\xEF\xBB\xBF') || fail "no byte-order mark"
@@ -66,6 +74,22 @@ expect "$err" 'latin.csv: it is no UTF-8'
 mv site/texts.sqlite kept
 check 3 "$headerdtc" translations check site
 mv kept site/texts.sqlite
+
+# ---- renamed with the pages, or not at all -------------------------------------------------------
+fields() { sqlite3 site/texts.sqlite 'SELECT PROVIDERNAME, FIELDNAME FROM I18NFIELDNAMES ORDER BY 2' | xargs; }
+check 1 "$headerdtc" rename --field Ships IMO HULL --translations --json site
+expect_lines rename
+expect "$out" '"names":1,"values":0'
+check 0 "$headerdtc" rename --field Ships IMO HULL --translations --apply site
+[[ $(fields) == 'Ships|BERTH Ships|FLAG Ships|HULL' ]] || fail "not that field: $(fields)"
+check 3 "$headerdtc" rename --field Ships HULL FLAG --translations --apply site
+expect "$err" 'I18NFIELDNAMES has a row of Ships zeko FLAG already'
+ln site/traffic/ships.asp twin
+check 3 "$headerdtc" rename --provider Ships Vessels --translations --apply site
+rm twin
+[[ $(fields) == 'Ships|BERTH Ships|FLAG Ships|HULL' ]] || fail "tables and pages parted: $(fields)"
+check 0 "$headerdtc" rename --field Ships HULL IMO --translations --apply site
+check 0 "$headerdtc" generate --check site
 
 # ---- catalogue ----------------------------------------------------------------------------------
 sqlite3 data.sqlite 'CREATE TABLE SHIP (IMO INTEGER PRIMARY KEY, FLAG TEXT, LENGTH REAL);

@@ -69,6 +69,41 @@ NO_COLOR=1 script -qec "$on_terminal" /dev/null </dev/null >out
 grep -q $'\033\\[31m' out && fail "colours in spite of NO_COLOR"
 "$headerdtc" generate site >made.log
 
+# ---- in words -----------------------------------------------------------------------------------
+check 0 "$headerdtc" show --summary site/traffic/ships.asp
+expect "$out" 'ZEKO fields: IMO, BERTH'
+expect "$out" 'ZEKO criteria: BERTH is HighWater()'
+expect "$out" 'ZEKO translated names: IMO'
+check 0 "$headerdtc" show --summary --json site/traffic/ships.asp
+jq -e '.controls[0].summary[0] == {subject: "Data provider", text: "Ships"}' out >wrong || fail "no summary: $out"
+cp site/traffic/ships.asp site/traffic/star_.asp
+sed -i 's/VALUE="HighWater"/VALUE="\&lt;1*"/' site/traffic/star_.asp
+check 0 "$headerdtc" report site
+expect "$out" '## site/traffic/star\_.asp'
+expect "$out" '- **ZEKO criteria:** BERTH is "\<1\*"'
+expect "$out" '- **Data provider:** Berths'
+check 0 "$headerdtc" report --json site
+expect_lines report
+rm site/traffic/star_.asp
+
+# ---- rename -------------------------------------------------------------------------------------
+check 1 "$headerdtc" rename --field Ships BERTH QUAY site
+[[ $(grep -c '^+	<PARAM' out) == 3 ]] || fail "not a field, a criterion and a key: $out"
+cp out shown.diff
+check 1 "$headerdtc" rename --field Ships BERTH QUAY --json site
+expect_lines rename
+check 3 "$headerdtc" rename --field Ships BERTH QUAY --json site nowhere
+expect_lines rename
+cp site/traffic/ships.asp before.asp
+check 0 "$headerdtc" rename --field Ships BERTH QUAY --apply site
+expect "$err" '"Ships" has no field "QUAY"'
+patch -s -p0 before.asp <shown.diff || fail "patch refused the difference of a renaming"
+cmp -s before.asp site/traffic/ships.asp || fail "another difference was shown than written"
+check 0 "$headerdtc" generate --check site
+check 0 "$headerdtc" rename --field Ships QUAY BERTH --apply --quiet --files-from <(echo site)
+check 0 "$headerdtc" check site
+expect_empty "$out$err"
+
 # ---- faults, in every form of output ------------------------------------------------------------
 sed -i 's/VALUE="3 - BERTH"/VALUE="3 - QUAY"/' site/traffic/ships.asp
 rm site/c/Suite/Include/Tides.asp
@@ -92,6 +127,35 @@ jq -e '.runs[0] | . as $run | .results | length > 0 and all(.[]; . as $result |
     fail "a result names another rule than its index"
 check 0 "$headerdtc" check --rules
 expect "$out" "unknown-field"
+
+# ---- what a site lives with ---------------------------------------------------------------------
+check 0 "$headerdtc" check --baseline known.json --update-baseline site
+expect_empty "$out"
+jq -e 'map(select(.rule == "unknown-field")) == [{page: "site/traffic/ships.asp", rule: "unknown-field",
+    control: "HeaderDTC1", value: "3 - QUAY"}]' known.json >wrong || fail "not that entry: $(cat known.json)"
+sed -i '1i <!-- another line -->' site/traffic/ships.asp
+check 0 "$headerdtc" check --baseline known.json site
+(cd site && check 0 "$headerdtc" check --baseline ../known.json traffic && exit "$failures") || fail "elsewhere"
+sed -i 's/VALUE="1 - IMO"/VALUE="1 - HULL"/; s/VALUE="3 - QUAY"/VALUE="3 - BERTH"/' site/traffic/ships.asp
+check 1 "$headerdtc" check --baseline known.json site
+expect "$out" '"1 - HULL" is not offered'
+expect "$err" 'known.json: 1 finding not found any more'
+cp known.json before.json
+check 0 "$headerdtc" check --baseline known.json --update-baseline site/traffic/today
+cmp -s known.json before.json || fail "entries of other pages were taken out"
+mv site/traffic/ships.asp kept
+check 0 "$headerdtc" check --baseline known.json --update-baseline site/traffic/today
+[[ $(jq length known.json) == 0 ]] || fail "entries of a page that is gone: $(cat known.json)"
+mv kept site/traffic/ships.asp
+printf '[check]\nmissing-include = "off"\nundefined-function = "warning"\nunchanged = "off"\n' >>site/headerdtc.toml
+check 1 "$headerdtc" check site
+expect "$out" 'warning: no include file and no script defines'
+[[ $out != *missing-include* && $out != *not-generated* ]] || fail "a rule that is off told something: $out"
+sed -i 's/^unchanged = .*/stael = "off"/' site/headerdtc.toml
+check 2 "$headerdtc" check site
+expect "$err" 'there is no rule "stael"; did you mean '"'stale'?"
+check 0 "$headerdtc" generate site
+sed -i '/^.check.$/,$d' site/headerdtc.toml
 
 # What is wrong with the whole site is said once, what is wrong with pages of each of them.
 for command in check 'where --field IMO'; do

@@ -81,8 +81,9 @@ TEST_F(SiteConfigurationTest, FaultsNameTheirPlaceAndWhatIsKnown) {
     const std::pair<std::string, std::string> cases[] = {
         {"a = 1",
          "1:1: unknown key \"a\"; known are code_page, registry, [project], [drives], "
-         "[datasource], [translations]"},
+         "[datasource], [translations], [check]"},
         {"\n[project]\n roots = \"x\"", "3:2: unknown key \"roots\" in [project]; known are root"},
+        {"[check]\nstale = \"no\"", "2:9: \"stale\" has to be \"off\", \"warning\" or \"error\""},
         {"[translations]\nodbc.ini = \"x\"", "2:1: unknown key \"odbc\" in [translations]"},
         {"registry = 7", "1:12: \"registry\" has to be a text in quotes, not an integer"},
         {"registry = \"\"", "1:12: \"registry\" has to name a file or folder"},

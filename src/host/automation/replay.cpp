@@ -16,7 +16,7 @@
 namespace headerdtc {
 namespace {
 
-using Outcome = ReplayedPage::Outcome;
+using Outcome = PageChange::Outcome;
 
 class ReadingTextFiles : public TextFiles {
   public:
@@ -51,7 +51,7 @@ class Conversation {
     const std::string& lines() const { return lines_; }
 
     // Takes the replies apart: the first answers the opening, the others a line each.
-    void read(const std::string& replies, ReplayedPage& result) const {
+    void read(const std::string& replies, PageChange& result) const {
         std::istringstream stream(replies);
         std::size_t index = 0;
         for (std::string text; std::getline(stream, text); ++index) {
@@ -73,7 +73,7 @@ class Conversation {
 };
 
 void replay(Sites& sites, const std::filesystem::path& page, const std::string& controlId,
-            const std::string& script, ReplayedPage& result) {
+            const std::string& script, PageChange& result) {
     const auto site = sites.forPage(page);
     PageDocument document(page, site->configuration->codePage);
     const auto& controls = document.markup().controls();
@@ -126,9 +126,9 @@ bool scriptSaves(const std::string& script) {
     });
 }
 
-ReplayedPage replayOnPage(Sites& sites, const std::filesystem::path& page,
+PageChange replayOnPage(Sites& sites, const std::filesystem::path& page,
                           const std::string& control, const std::string& script) {
-    ReplayedPage result;
+    PageChange result;
     if (const auto failure =
             failureOf(page, [&] { replay(sites, page, control, script, result); })) {
         const bool ofConfiguration = failure->of == PageFailure::Of::Configuration;

@@ -12,14 +12,6 @@ namespace {
 
 using Verdict = GeneratedPage::Verdict;
 
-std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt) {
-    const bool isLoss = doubt.kind == SaveDoubt::Kind::Loss;
-    return (isLoss ? "left as it was, because something would be lost: " : "left as it was: ") +
-           doubt.reason + " (" + control.id + ", line " + std::to_string(control.line) + "); " +
-           (isLoss ? "--force writes the new text and keeps what is stored"
-                   : "mend that first; 'headerdtc doctor' looks at the whole set-up");
-}
-
 void generate(const std::filesystem::path& page, std::optional<std::string> bytes, Sites& sites,
               LossGuard guard, GeneratedPage& result) {
     const auto site = sites.forPage(page);
@@ -59,6 +51,14 @@ void generate(const std::filesystem::path& page, std::optional<std::string> byte
 }
 
 }  // namespace
+
+std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt) {
+    const bool isLoss = doubt.kind == SaveDoubt::Kind::Loss;
+    return (isLoss ? "left as it was, because something would be lost: " : "left as it was: ") +
+           doubt.reason + " (" + control.id + ", line " + std::to_string(control.line) + "); " +
+           (isLoss ? "--force writes the new text and keeps what is stored"
+                   : "mend that first; 'headerdtc doctor' looks at the whole set-up");
+}
 
 std::optional<std::string> referencesTold(const ControlSpan& control,
                                           const std::string& runtimeText,

@@ -42,6 +42,9 @@ struct GeneratedPage {
 std::optional<std::string> referencesTold(const ControlSpan& control,
                                           const std::string& runtimeText, const CodePage& codePage);
 
+// Why a page is left as it was for a doubt about one of its controls, and what to do.
+std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt);
+
 // Opens a page's controls and makes the page anew from them; writes nothing. Never throws for the
 // page's sake. Thread-safe.
 GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard);

@@ -37,6 +37,7 @@ struct Finding {
     std::string page;
     int line = 0;         // from 1
     std::string control;  // ID
+    std::string value;    // the stored text that it is about; empty: the whole control
     Remark remark;
 };
 

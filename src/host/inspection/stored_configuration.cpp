@@ -69,6 +69,7 @@ class ConfigurationReader {
 
     StoredConfiguration read() {
         result_.dataProvider = item(*stored::RowOf("DataProvider"), 0);
+        result_.hasExtraFilters = isTrue(stored::RowOf("EnableExtraFilters")->key);
         for (const Family family : BothFamilies)
             readFamily(family);
         readScripts();
@@ -103,6 +104,15 @@ class ConfigurationReader {
             result_.faults.push_back(
                 {std::string(name), std::string(found->second), "which is no 16-bit number"});
             return fallback;
+        }
+    }
+    bool isTrue(std::string_view name) {
+        const auto found = values_.find(name);
+        if (found == values_.end()) return false;
+        try {
+            return toBoolean(std::string(found->second));
+        } catch (const RuntimeError&) {
+            return false;
         }
     }
     // No list is longer than what its page stores: a count beyond that is a slip, whose empty

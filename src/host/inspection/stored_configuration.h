@@ -89,6 +89,7 @@ struct StoredConfiguration {
     OfFamily eai, zeko;
     std::vector<StoredItem> includes;
     std::vector<Script> scripts;
+    bool hasExtraFilters = false;
     std::vector<Fault> faults;
 
     const OfFamily& of(Family family) const { return family == Family::EAI ? eai : zeko; }

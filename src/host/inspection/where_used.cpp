@@ -1,5 +1,6 @@
 #include "host/inspection/where_used.h"
 
+#include "core/stored_keys.h"
 #include "host/files/whole_file.h"
 #include "host/inspection/property_line.h"
 #include "host/inspection/provider_fields.h"
@@ -11,34 +12,18 @@
 namespace headerdtc {
 namespace {
 
-bool isFieldOfProvider(StoredRole role) {
-    switch (role) {
-        case StoredRole::ReturnField:
-        case StoredRole::KeyField:
-        case StoredRole::CriterionKey:
-        case StoredRole::TranslatedName:
-        case StoredRole::TranslatedValue:
-        case StoredRole::LinkFrom:
-            return true;
-        default:
-            return false;
-    }
-}
-
-bool isFieldOfLinkedProvider(StoredRole role) {
-    return role == StoredRole::LinkedField || role == StoredRole::LinkTo;
-}
-
-bool isField(const WhereQuery& query, const StoredConfiguration& configuration, StoredRole role,
+bool isField(const WhereQuery& query, const StoredConfiguration& configuration,
              std::optional<Family> family, const StoredItem& item) {
-    const bool own = isFieldOfProvider(role);
-    if (!own && !isFieldOfLinkedProvider(role)) return false;
-    const auto& provider =
-        own ? configuration.dataProvider.text : configuration.linkedDataProvider.text;
-    if (!query.ofProvider.empty() && !equalIgnoringCase(provider, query.ofProvider)) return false;
-    if (equalIgnoringCase(trimBlanks(item.text), trimBlanks(query.value))) return true;
-    const auto name = fieldNameIn(item.text, *family);
-    return name && equalIgnoringCase(trimBlanks(*name), query.value);
+    if (!family) return false;
+    const auto field = fieldNameIn(item.text, *family);
+    if (!equalIgnoringCase(trimBlanks(item.text), trimBlanks(query.value)) &&
+        !(field && equalIgnoringCase(trimBlanks(*field), query.value)))
+        return false;
+    const auto named = parseStoredName(item.property)->catalogueName();
+    if (!named) return false;
+    const StoredItem& provider =
+        named->ofLinked ? configuration.linkedDataProvider : configuration.dataProvider;
+    return query.ofProvider.empty() || equalIgnoringCase(provider.text, query.ofProvider);
 }
 
 // Both slashes part folders; one at the front says nothing.
@@ -116,7 +101,7 @@ void WhereUsed::lookInto(const std::filesystem::path& page, PageUses& result) {
                             role == StoredRole::LinkedDataProvider) &&
                            equalIgnoringCase(item.text, query_.value);
                 case WhereQuery::Kind::Field:
-                    return isField(query_, configuration, role, family, item);
+                    return isField(query_, configuration, family, item);
                 case WhereQuery::Kind::Include:
                     return role == StoredRole::Include && isFile(query_.value, item);
                 case WhereQuery::Kind::Stylesheet:

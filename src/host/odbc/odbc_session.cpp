@@ -206,6 +206,13 @@ SQLLEN OdbcSession::rowCount(Statement statement) const {
     return count;
 }
 
+SQLLEN OdbcSession::change(const std::string& text, const std::vector<OdbcParameter>& parameters) {
+    const auto statement = execute(text, parameters);
+    const SQLLEN count = rowCount(statement);
+    free(statement);
+    return count;
+}
+
 std::vector<OdbcColumn> OdbcSession::columns(Statement statement) const {
     SQLSMALLINT count = 0;
     checkOdbc(SQLNumResultCols(statement->get(), &count), *statement, form_);

@@ -53,6 +53,8 @@ class OdbcSession {
     // the form that the driver takes.
     Statement open(const std::function<SQLRETURN(SQLHANDLE, OdbcText)>& call);
     SQLLEN rowCount(Statement statement) const;
+    // Executes a statement that gives no rows; returns how many it changed.
+    SQLLEN change(const std::string& text, const std::vector<OdbcParameter>& parameters);
     std::vector<OdbcColumn> columns(Statement statement) const;
     // Goes to the next row; tells whether there is one.
     bool fetch(Statement statement);

@@ -163,7 +163,8 @@ struct OpenControl::Parts {
                     site->configuration->drives),
           pageSite(*site->configuration, page),
           control(
-              {failures, faces.fileDialog, site->registry, site->dataSources,
+              {failures, faces.fileDialog, site->registry,
+               faces.dataSources ? *faces.dataSources : site->dataSources,
                faces.database ? *faces.database : site->database, textFiles, clock, faces.changes},
               faces.modalLoop, pageSite),
           span(span) {}

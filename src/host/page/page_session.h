@@ -28,6 +28,7 @@ struct HostFaces {
     // In the place of the site's own, where they are given.
     Database* database = nullptr;
     TextFiles* textFiles = nullptr;
+    DataSourceFactory* dataSources = nullptr;
 };
 
 // Why a page should be left as it is.

@@ -82,15 +82,18 @@ class ConfigurationReader {
         void (ConfigurationReader::*set)(const toml::key&, const toml::node&);
     };
     static constexpr std::string_view Drives = "drives";
+    static constexpr std::string_view Check = "check";
     static const std::array<Key, 7> Keys;
 
     void readEntry(const toml::key& key, const toml::node& value) {
-        if (key.str() == Drives || isSection(key.str())) {
+        if (key.str() == Drives || key.str() == Check || isSection(key.str())) {
             const auto* section = value.as_table();
             if (!section) failType(key, value, "a table");
             for (const auto& [name, inside] : *section) {
                 if (key.str() == Drives) {
                     setDrive(name, inside);
+                } else if (key.str() == Check) {
+                    setRule(name, inside);
                 } else {
                     set(key.str(), name, inside);
                 }
@@ -113,7 +116,8 @@ class ConfigurationReader {
             if (known.name == key.str()) return (this->*known.set)(key, value);
             names.append(names.empty() ? "" : ", ").append(known.name);
         }
-        if (section.empty()) names += ", [project], [drives], [datasource], [translations]";
+        if (section.empty())
+            names += ", [project], [drives], [datasource], [translations], [check]";
         fail(key.source(), "unknown key \"" + maskSecrets(key.str()) + "\"" +
                                (section.empty() ? "" : " in [" + std::string(section) + "]") +
                                "; known are " + names);
@@ -165,6 +169,23 @@ class ConfigurationReader {
                                    " is there twice, once in upper and once in lower case; "
                                    "remove one of them");
         }
+    }
+
+    void setRule(const toml::key& key, const toml::node& value) {
+        constexpr std::array<std::pair<std::string_view, RuleSetting::Level>, 3> Levels = {
+            {{"off", RuleSetting::Level::Off},
+             {"warning", RuleSetting::Level::Warning},
+             {"error", RuleSetting::Level::Error}}};
+        const std::string level = text(key, value);
+        const auto known = std::find_if(Levels.begin(), Levels.end(),
+                                        [&](const auto& each) { return each.first == level; });
+        if (known == Levels.end())
+            fail(value.source(),
+                 "\"" + std::string(key.str()) + "\" has to be \"off\", \"warning\" or \"error\"");
+        const auto& where = key.source().begin;
+        const auto line = static_cast<int>(where.line);
+        result_.rules[std::string(key.str())] = {known->second, line,
+                                                 columnInBytes(line, where.column)};
     }
 
     void addDrives() {

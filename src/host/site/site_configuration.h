@@ -5,11 +5,19 @@
 #include "host/site/windows_paths.h"
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
 namespace headerdtc {
+
+// What a site makes of a rule of its checks.
+struct RuleSetting {
+    enum class Level { Off, Warning, Error };
+    Level level = Level::Off;
+    int line = 0, column = 0;  // where the configuration has it
+};
 
 // A site's headerdtc.toml. All paths are absolute.
 struct SiteConfiguration {
@@ -23,6 +31,8 @@ struct SiteConfiguration {
     std::string connectString;
     std::string labelConnectString;
     std::filesystem::path odbcIni;  // empty: whatever ODBC finds by itself
+    // By the rule's name, which the checks know and this does not.
+    std::map<std::string, RuleSetting> rules;
 };
 
 // Reads one. Throws ConfigurationError with file, line and column for a malformed file, an unknown

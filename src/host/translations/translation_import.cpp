@@ -192,20 +192,12 @@ constexpr const char* FillText =
 constexpr const char* AddText =
     "INSERT INTO I18NTEXT (LABEL, TEXT, LOCALEID, DATECHANGED, STATUS) VALUES (?, ?, ?, ?, 0)";
 
-SQLLEN execute(OdbcSession& session, const char* statement,
-               const std::vector<OdbcParameter>& values) {
-    const auto executed = session.execute(statement, values);
-    const SQLLEN count = session.rowCount(executed);
-    session.free(executed);
-    return count;
-}
-
 void apply(OdbcSession& session, const ImportStep& step, const std::string& today) {
     const std::int32_t locale = numberOf(step.locale);
     const SQLLEN count = step.action == Action::Add
-                             ? execute(session, AddText, {step.label, step.after, locale, today})
-                             : execute(session, step.before.empty() ? FillText : ChangeText,
-                                       {step.after, today, step.label, locale, step.before});
+                             ? session.change(AddText, {step.label, step.after, locale, today})
+                             : session.change(step.before.empty() ? FillText : ChangeText,
+                                              {step.after, today, step.label, locale, step.before});
     if (count != 1)
         throw RuntimeError(ErrorNumber::DeviceIoError, "it was changed in the database meanwhile");
 }

@@ -140,13 +140,42 @@ std::string lineEnds(std::string_view source, std::string_view target) {
 }
 
 constexpr TranslationRule Rules[] = {
-    {"unchanged", "a text of several words is the same as its source", unchanged},
-    {"blanks", "a text begins or ends with a blank, and its source does not", blanksAtTheEnds},
-    {"end-punctuation", "a text ends with another mark than its source", endPunctuation},
+    {"unchanged", "a text of several words is the same as its source",
+     "One word is often the same in two languages, several hardly ever: the source was "
+     "copied and not translated.",
+     unchanged},
+    {"blanks", "a text begins or ends with a blank, and its source does not",
+     "A blank at an end is there to part the text from what the page puts beside it. "
+     "Give the translation the same.",
+     blanksAtTheEnds},
+    {"end-punctuation", "a text ends with another mark than its source",
+     "Of two texts one is a sentence, a question or a caption with a colon, the other is "
+     "not. Marks of other scripts count as theirs.",
+     endPunctuation},
     {"place-marks", "the places to be filled in (%1, {0}) are not those of the source",
+     "A program fills these places in. A missing or misspelt one shows the mark, or "
+     "fails.",
      placesToFill},
-    {"doubled-word", "a word stands twice in a row", doubledWords},
-    {"line-ends", "a text has more or fewer lines than its source", lineEnds},
+    {"doubled-word", "a word stands twice in a row",
+     "A slip of the hand, unless the source has one too.", doubledWords},
+    {"line-ends", "a text has more or fewer lines than its source",
+     "Where a text stands on several lines, the page has room for as many.", lineEnds},
+    {"unknown-label", "a field is translated by a label that has no text at all",
+     "The field is translated by a label that I18NTEXT does not have, so that no text is "
+     "found. Choose another label, or give it a text in the page editor.",
+     nullptr},
+    {"empty-label", "a field is translated by an empty label",
+     "The row names no label, so that no text is found. Choose one in the page editor.", nullptr},
+    {"missing-source", "a label has texts, but none to translate from (1033)",
+     "Texts are translated from locale 1033. Write that text in the page editor.", nullptr},
+    {"repeated-text", "a label has several texts in one language",
+     "Only one of the texts is ever shown, and which one is up to the database. Take the "
+     "others out of I18NTEXT.",
+     nullptr},
+    {"missing", "a label has no text in a language",
+     "The page shows the field's own name in that language. 'headerdtc translations "
+     "export --gaps' writes what a translator has to fill in.",
+     nullptr},
 };
 
 class FaultFinder {
@@ -184,7 +213,7 @@ class FaultFinder {
             }
             if (!source) continue;
             for (const TranslationRule& rule : Rules) {
-                const std::string fault = rule.check(*source, *target);
+                const std::string fault = rule.check ? rule.check(*source, *target) : "";
                 if (!fault.empty()) tell(rule.id, locale, "\"" + *target + "\" " + fault);
             }
         }

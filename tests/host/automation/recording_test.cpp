@@ -32,7 +32,7 @@ namespace {
 
 using namespace ::testing;
 using testing::TempSite;
-using Outcome = ReplayedPage::Outcome;
+using Outcome = PageChange::Outcome;
 
 // The notice that a stored property's change comes with; empty where it needs none: a count goes
 // with its list, and looking a name up may add it to a dictionary.
@@ -332,7 +332,7 @@ void doAnythingAndReplay(Sites& sites, const std::filesystem::path& page, unsign
     const std::string script = person.recording.script();
     dtc.surface.finishEditing();
     const std::string saved = person.saved();
-    const ReplayedPage replayed = replayOnPage(sites, page, "", script);
+    const PageChange replayed = replayOnPage(sites, page, "", script);
     ASSERT_THAT(replayed.failures, IsEmpty()) << script;
     EXPECT_EQ(saved, replayed.outcome == Outcome::Changed ? replayed.after : replayed.before)
         << script;

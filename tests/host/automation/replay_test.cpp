@@ -10,7 +10,7 @@ namespace {
 
 using namespace ::testing;
 using testing::TempSite;
-using Outcome = ReplayedPage::Outcome;
+using Outcome = PageChange::Outcome;
 
 const std::string AddsAField = R"({"do":"tab","index":2}
 
@@ -23,7 +23,7 @@ class ReplayTest : public ::testing::Test {
   protected:
     ReplayTest() { site.write("page.asp", TempSite::page(TempSite::ordersParams())); }
 
-    ReplayedPage replay(const std::string& script, const std::string& control = "") {
+    PageChange replay(const std::string& script, const std::string& control = "") {
         return replayOnPage(sites, site / "page.asp", control, script);
     }
 
@@ -33,7 +33,7 @@ class ReplayTest : public ::testing::Test {
 
 TEST_F(ReplayTest, KeepsWhatTheScriptSavesAndWritesNothing) {
     const std::string before = site.read("page.asp");
-    const ReplayedPage replayed = replay(AddsAField);
+    const PageChange replayed = replay(AddsAField);
     EXPECT_EQ(replayed.outcome, Outcome::Changed);
     EXPECT_THAT(replayed.failures, IsEmpty());
     EXPECT_EQ(replayed.before, before);
@@ -49,10 +49,9 @@ TEST_F(ReplayTest, KeepsWhatTheScriptSavesAndWritesNothing) {
 }
 
 TEST_F(ReplayTest, ARefusedLineFailsThePageAndIsNamed) {
-    const ReplayedPage replayed =
-        replay("\n{\"do\":\"tab\",\"index\":2}\n" +
-               std::string("{\"do\":\"click\",\"control\":\"Nowhere\"}\n") +
-               "no command\n{\"do\":\"save\"}\n");
+    const PageChange replayed = replay("\n{\"do\":\"tab\",\"index\":2}\n" +
+                                       std::string("{\"do\":\"click\",\"control\":\"Nowhere\"}\n") +
+                                       "no command\n{\"do\":\"save\"}\n");
     EXPECT_EQ(replayed.outcome, Outcome::Failed);
     EXPECT_THAT(replayed.failures, ElementsAre(HasSubstr("line 3: there is no control 'Nowhere'"),
                                                HasSubstr("line 4: ")));
@@ -63,7 +62,7 @@ TEST_F(ReplayTest, ARefusedLineFailsThePageAndIsNamed) {
 TEST_F(ReplayTest, NothingButThePageIsEverWritten) {
     // "Save" on the General tab writes a text file for a look.
     std::filesystem::create_directories(site / "c/temp");
-    const ReplayedPage replayed =
+    const PageChange replayed =
         replay("{\"do\":\"click\",\"control\":\"SaveCommand\"}\n{\"do\":\"save\"}\n");
     EXPECT_EQ(replayed.outcome, Outcome::Failed);
     EXPECT_THAT(replayed.failures, Contains("the script would write another file"));
@@ -72,7 +71,7 @@ TEST_F(ReplayTest, NothingButThePageIsEverWritten) {
 
 TEST_F(ReplayTest, APageThatWouldLoseSomethingIsNotSaved) {
     site.write("page.asp", TempSite::page(TempSite::param("DataProvider", "Gone")));
-    const ReplayedPage replayed = replay("{\"do\":\"save\"}\n");
+    const PageChange replayed = replay("{\"do\":\"save\"}\n");
     EXPECT_EQ(replayed.outcome, Outcome::Failed);
     EXPECT_THAT(replayed.failures, ElementsAre(HasSubstr("line 1: ")));
     site.write("page.asp", "no control");

@@ -11,7 +11,7 @@ using namespace ::testing;
 std::vector<std::string> broken(const char* source, const char* target) {
     std::vector<std::string> rules;
     for (const TranslationRule& rule : translationRules()) {
-        if (!rule.check(source, target).empty()) rules.emplace_back(rule.id);
+        if (rule.check && !rule.check(source, target).empty()) rules.emplace_back(rule.id);
     }
     return rules;
 }

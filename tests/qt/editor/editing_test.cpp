@@ -301,6 +301,7 @@ TEST_F(Editing, TheStatusLineSaysHowThePageIsWritten) {
     };
     EXPECT_TRUE(says("utf-8 with byte-order mark   CR LF   1 control   text out of date"))
         << status->text().toStdString();
+    EXPECT_TRUE(status->toolTip().contains("ZEKO fields: ORDNO"));
     command(Command::Save);
     EXPECT_TRUE(says("text up to date"));
     EXPECT_FALSE(editor.isModified());

@@ -3,7 +3,7 @@
 #include "host/generation/page_generation.h"
 #include "host/inspection/page_view.h"
 #include "host/inspection/property_line.h"
-#include "host/inspection/rules/rule_table.h"
+#include "host/inspection/rules/rule_settings.h"
 
 #include <algorithm>
 
@@ -28,8 +28,15 @@ bool isTold(const ControlView& control, const std::vector<Remark>& remarks, bool
     return false;
 }
 
+std::string storedText(const ControlView& control, const std::string& property) {
+    const auto& properties = control.span().properties;
+    const auto found = std::find_if(properties.begin(), properties.end(),
+                                    [&](const auto& each) { return each.first == property; });
+    return found == properties.end() ? std::string() : found->second;
+}
+
 void inspectControl(const ControlView& control, const std::string& page,
-                    std::vector<Finding>& findings) {
+                    const SiteConfiguration& site, std::vector<Finding>& findings) {
     Remarks all;
     bool isFailureTold = false;
     for (const Rule& rule : inspectionRules()) {
@@ -37,13 +44,16 @@ void inspectControl(const ControlView& control, const std::string& page,
         Remarks remarks;
         rule.check(control, remarks);
         if (rule.finds == Rule::Finds::CauseOfFailure && !remarks.empty()) isFailureTold = true;
+        const auto severity = severityOf(rule, site);
         for (Remark& remark : remarks) {
             all.push_back(remark);
+            // Somebody lives with it, and with what comes of it.
+            if (!severity) continue;
             const int line = remark.line > 0 ? remark.line
                                              : lineOfProperty(control.page.markup(), control.span(),
                                                               remark.property);
-            findings.push_back(
-                {rule.id, rule.severity, page, line, control.span().id, std::move(remark)});
+            findings.push_back({rule.id, *severity, page, line, control.span().id,
+                                storedText(control, remark.property), std::move(remark)});
         }
     }
 }
@@ -60,9 +70,10 @@ void inspect(const std::filesystem::path& page, const GeneratedPage& generated, 
     }
     const auto site = sites.forPage(page);
     const PageMarkup markup(page.string(), generated.before, site->configuration->codePage);
+    requireKnownRules(*site->configuration);
     const PageView view(markup, page, cache.of(site), generated);
     for (std::size_t i = 0; i < markup.controls().size(); ++i)
-        inspectControl({view, i}, page.string(), result.findings);
+        inspectControl({view, i}, page.string(), *site->configuration, result.findings);
     std::stable_sort(result.findings.begin(), result.findings.end(),
                      [](const Finding& a, const Finding& b) { return a.line < b.line; });
 }

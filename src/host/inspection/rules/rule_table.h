@@ -10,7 +10,8 @@ namespace headerdtc {
 // A rule that pages are checked against.
 struct Rule {
     std::string_view id;
-    std::string_view summary;  // one line, what it finds
+    std::string_view summary;      // one line, what it finds
+    std::string_view explanation;  // why that is a fault, and what to do
     void (*check)(const ControlView&, Remarks&);
     Severity severity;
     // A page may be left alone for what other rules have found already.

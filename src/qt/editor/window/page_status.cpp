@@ -1,5 +1,6 @@
 #include "qt/editor/window/page_status.h"
 
+#include "host/inspection/configuration_text.h"
 #include "qt/editor/base/words.h"
 #include "qt/editor/workspace/page_editor.h"
 
@@ -33,11 +34,22 @@ QString freshnessName(PageEditor::Freshness freshness) {
     return {};
 }
 
+QString inWordsOf(const PageContent& content) {
+    QStringList lines;
+    for (const ControlSpan& control : content.controls()) {
+        lines += "<b>" + QString::fromStdString(control.id).toHtmlEscaped() + "</b>";
+        for (const auto& [subject, text] : inWords(readStoredConfiguration(control.properties)))
+            lines += QString::fromStdString(subject + ": " + text).toHtmlEscaped();
+    }
+    return lines.join(QStringLiteral("<br>"));
+}
+
 }  // namespace
 
 void PageStatus::follow(const PageEditor* editor) {
     if (!editor) {
         clear();
+        setToolTip({});
         return;
     }
     const EditedPage& page = editor->page();
@@ -49,6 +61,7 @@ void PageStatus::follow(const PageEditor* editor) {
     if (controls > 0) words += freshnessName(editor->freshness());
     if (!page.hasFile()) words += tr("not saved yet");
     words.removeAll(QString());
+    setToolTip(inWordsOf(content));
     setText(words.join(QStringLiteral("   ")));
 }
 

@@ -7,7 +7,7 @@ namespace headerdtc::qt {
 class PageEditor;
 
 // The status line's facts about the current page: code page and byte-order mark, line ends, number
-// of controls, and whether its text is up to date.
+// of controls, and whether its text is up to date. The tool tip has its configuration in words.
 class PageStatus : public QLabel {
     Q_OBJECT
 
