@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/control_instance.h"
+#include "host/page/control_instance.h"
 #include "support/fake_surroundings.h"
 
 namespace headerdtc::fuzz {

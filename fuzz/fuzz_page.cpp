@@ -3,7 +3,7 @@
 
 #include "fuzz/fuzz_tools.h"
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 using namespace headerdtc;
 

@@ -10,7 +10,6 @@
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/source/source_view.h"
-#include "qt/editor/start/about_dialog.h"
 #include "qt/editor/start/guide_window.h"
 #include "qt/editor/window/main_window.h"
 #include "qt/editor/window/message_model.h"
@@ -289,7 +288,6 @@ int main(int argc, char** argv) {
                        QString::fromStdString(home.path().string()));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("headerdtc-pictures"));
-    QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));
     QApplication::setApplicationVersion(QStringLiteral("0.1.0"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QCommandLineParser parser;

@@ -10,7 +10,9 @@ enum class Family : int { EAI = 1, ZEKO = 2 };
 
 inline constexpr Family BothFamilies[] = {Family::ZEKO, Family::EAI};
 
-// The pages of the tab strip that belong to no family.
+// The pages of the tab strip, by their captions, and those that belong to no family.
+inline constexpr std::string_view TabPages[] = {"General", "EAI",      "ZEKO",
+                                                "I18N",    "EAI Link", "ZEKO Link"};
 inline constexpr int GeneralTabPage = 0;
 inline constexpr int I18NTabPage = 3;
 

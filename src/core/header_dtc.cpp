@@ -31,7 +31,7 @@ HeaderDTC::HeaderDTC(const Surroundings& outside, ModalLoop& modalLoop)
     : surroundings(outside),
       desktop(modalLoop),
       surface(desktop, "UserControl", Form::Kind::Surface),
-      SSTab1(surface, "SSTab1", {"General", "EAI", "ZEKO", "I18N", "EAI Link", "ZEKO Link"}),
+      SSTab1(surface, "SSTab1", {std::begin(TabPages), std::end(TabPages)}),
       DataProvidersCombo(surface, "DataProvidersCombo", ComboBox::Style::DropDownList),
       SaveCommand(surface, "SaveCommand", "Save"),
       IncludeASPText(surface, "IncludeASPText"),

@@ -46,11 +46,6 @@ int countIn(const std::string& text) {
     }
 }
 
-template <class Content>
-bool holds(const Row& row) {
-    return std::holds_alternative<Content>(row.content);
-}
-
 // The grids have a header and at least one row, whatever a page says.
 constexpr int FewestRows = 2;
 
@@ -68,7 +63,7 @@ class StoredState {
             const auto parsed = parseStoredName(name);
             if (!parsed) continue;
             const bool isValue = parsed->column == criteria_column::Value;
-            if (isValue || holds<stored::Selection>(parsed->row))
+            if (isValue || parsed->row.holds<stored::Selection>())
                 entries_.emplace(parsed->row.key, text);
         }
     }
@@ -87,13 +82,6 @@ class StoredState {
     std::set<std::pair<std::string_view, std::string>> entries_;
 };
 
-std::optional<Family> familyIn(std::string_view key) {
-    for (const Family family : BothFamilies) {
-        if (key.find(traitsOf(family).prefix) != std::string_view::npos) return family;
-    }
-    return std::nullopt;
-}
-
 bool isUsed(const StoredState& page, Family family, const std::string& value) {
     return !value.empty() && page.has(familyName(family, "Criteria"), value);
 }
@@ -104,16 +92,16 @@ std::optional<What> whatIsLost(const StoredName& name, const std::string& text,
                                const std::string* rewritten, const StoredState& before,
                                const StoredState& after) {
     const Row& row = name.row;
-    if (holds<stored::SelectionCount>(row) || holds<stored::ScriptCount>(row)) return std::nullopt;
-    if (holds<stored::RowCount>(row) || holds<stored::ItemCount>(row)) {
-        const int fewest = holds<stored::RowCount>(row) ? FewestRows : 0;
+    if (row.holds<stored::SelectionCount, stored::ScriptCount>()) return std::nullopt;
+    if (row.holds<stored::RowCount, stored::ItemCount>()) {
+        const int fewest = row.holds<stored::RowCount>() ? FewestRows : 0;
         const int rows = std::max(rewritten ? countIn(*rewritten) : 0, fewest);
         return countIn(text) > rows ? std::optional(What::Row) : std::nullopt;
     }
-    if (holds<stored::Selection>(row))
+    if (row.holds<stored::Selection>())
         return text.empty() || after.has(row.key, text) ? std::nullopt
                                                         : std::optional(What::MarkedItem);
-    const bool isEntryName = holds<stored::Scripts>(row) || holds<stored::CriteriaTypes>(row);
+    const bool isEntryName = row.holds<stored::Scripts, stored::CriteriaTypes>();
     if (isEntryName) return std::nullopt;
     const PropertyValue fallback = stored::readingDefault(row);
     if (meanTheSame(text, rewritten ? PropertyValue(*rewritten) : fallback, row.type))
@@ -121,7 +109,7 @@ std::optional<What> whatIsLost(const StoredName& name, const std::string& text,
     if (row.name != stored::Name::Suffixed)
         return row.name == stored::Name::Alone ? What::Value : What::Item;
     if (row.type == StoredType::String) return What::Script;
-    const auto family = familyIn(row.key);
+    const auto family = row.family();
     const bool matters = family && isUsed(before, *family, std::string(name.entry));
     return matters ? std::optional(What::Kind) : std::nullopt;
 }
@@ -166,7 +154,7 @@ std::vector<StoredLoss> findLosses(const StoredTexts& stored, const StoredTexts&
         const bool isEntry = lost == What::Kind || lost == What::Script;
         losses.push_back({*lost, name, isEntry ? std::string(parsed->entry) : text, text,
                           rewritten ? std::optional(*rewritten) : std::nullopt,
-                          familyIn(parsed->row.key)});
+                          parsed->row.family()});
     }
     return losses;
 }

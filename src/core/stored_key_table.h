@@ -108,6 +108,19 @@ struct Row {
     StoredType type;
     Default fallback;
     Content content;
+    StoredPart part;
+
+    // Of a row that each family has; the names of all of those have the family's prefix.
+    constexpr std::optional<Family> family() const {
+        for (const FamilyTraits& traits : FamilyTable) {
+            if (key.find(traits.prefix) != std::string_view::npos) return traits.family;
+        }
+        return std::nullopt;
+    }
+    template <class... Kinds>
+    constexpr bool holds() const {
+        return (std::holds_alternative<Kinds>(content) || ...);
+    }
 };
 
 namespace table_words {
@@ -126,61 +139,61 @@ inline constexpr Default ZeroText = std::string_view("0");
 
 // clang-format off
 inline constexpr Row Table[] = {
-    /*  1 */ {"EnableExtraFilters",            Alone,    Boolean, False,    ExtraFilters{}},
-    /*  2 */ {"ZEKOReturnFields",              Numbered, String,  Empty,    Items{{ZEKO, &F::SelectedFieldsList}}},
-    /*  3 */ {"EAIReturnFields",               Numbered, String,  Empty,    Items{{EAI, &F::SelectedFieldsList}}},
-    /*  4 */ {"ZEKOCriteria",                  Cell,     String,  Empty,    Cells{{ZEKO, &F::CriteriaGrid}}},
-    /*  5 */ {"EAICriteria",                   Cell,     String,  Empty,    Cells{{EAI, &F::CriteriaGrid}}},
-    /*  6 */ {"ZEKOCriteriaCount",             Alone,    Integer, Zero,     RowCount{{ZEKO, &F::CriteriaGrid}}},
-    /*  7 */ {"EAICriteriaCount",              Alone,    Integer, Zero,     RowCount{{EAI, &F::CriteriaGrid}}},
-    /*  8 */ {"ZEKOReturnFieldCount",          Alone,    Integer, Zero,     ItemCount{{ZEKO, &F::SelectedFieldsList}}},
-    /*  9 */ {"EAIReturnFieldCount",           Alone,    Integer, Zero,     ItemCount{{EAI, &F::SelectedFieldsList}}},
-    /* 10 */ {"DataProvider",                  Alone,    String,  Empty,    Provider{}},
-    /* 11 */ {"ZEKOAvailableFieldsCount",      Alone,    Integer, Zero,     ItemCount{{ZEKO, &F::FieldsList}}},
-    /* 12 */ {"EAIAvailableFieldsCount",       Alone,    Integer, Zero,     ItemCount{{EAI, &F::FieldsList}}},
-    /* 13 */ {"ZEKOAvailableFields",           Numbered, String,  Empty,    Items{{ZEKO, &F::FieldsList}}},
-    /* 14 */ {"EAIAvailableFields",            Numbered, String,  Empty,    Items{{EAI, &F::FieldsList}}},
-    /* 15 */ {"ZEKOKeyFieldsCount",            Alone,    Integer, Zero,     ItemCount{{ZEKO, &F::KeyFieldsCombo}}},
-    /* 16 */ {"EAIKeyFieldsCount",             Alone,    Integer, Zero,     ItemCount{{EAI, &F::KeyFieldsCombo}}},
-    /* 17 */ {"ZEKOKeyFieldnames",             Numbered, String,  Empty,    Items{{ZEKO, &F::KeyFieldsCombo}}},
-    /* 18 */ {"EAIKeyFieldnames",              Numbered, String,  Empty,    Items{{EAI, &F::KeyFieldsCombo}}},
-    /* 19 */ {"NrOfUserDefinedScripts",        Alone,    Integer, Zero,     ScriptCount{}},
-    /* 20 */ {"NrOfExtraIncludes",             Alone,    Integer, Zero,     ItemCount{&HeaderDTC::IncludeASPList}},
-    /* 21 */ {"UserDefinedScript",             Numbered, String,  Empty,    Scripts{}},
-    /* 22 */ {"UserDefinedScript",             Suffixed, String,  Empty,    WithRowAbove{}},
-    /* 23 */ {"ZEKOCriteriaType",              Numbered, String,  Empty,    CriteriaTypes{ZEKO}},
-    /* 24 */ {"ZEKOCriteriaType",              Suffixed, Integer, Zero,     WithRowAbove{}},
-    /* 25 */ {"EAICriteriaType",               Numbered, String,  Empty,    CriteriaTypes{EAI}},
-    /*  " */ {"EAICriteriaType",               Suffixed, Integer, Zero,     WithRowAbove{}},
-    /* 26 */ {"ExtraIncludes",                 Numbered, String,  Empty,    Items{&HeaderDTC::IncludeASPList}},
-    /* 27 */ {"XSLFilename",                   Alone,    String,  Empty,    Stylesheet{}},
-    /* 28 */ {"NrOfZEKOI18NFieldnames",        Alone,    Integer, ZeroText, SelectionCount{{ZEKO, &F::I18NFieldnamesList}}},
-    /* 29 */ {"NrOfEAII18NFieldnames",         Alone,    Integer, ZeroText, SelectionCount{{EAI, &F::I18NFieldnamesList}}},
-    /* 30 */ {"ZEKOI18NFieldnames",            Numbered, String,  Empty,    Selection{{ZEKO, &F::I18NFieldnamesList}}},
-    /* 31 */ {"EAII18NFieldnames",             Numbered, String,  Empty,    Selection{{EAI, &F::I18NFieldnamesList}}},
-    /* 32 */ {"NrOfZEKOI18NFieldValues",       Alone,    Integer, ZeroText, SelectionCount{{ZEKO, &F::I18NFieldValuesList}}},
-    /* 33 */ {"NrOfEAII18NFieldValues",        Alone,    Integer, ZeroText, SelectionCount{{EAI, &F::I18NFieldValuesList}}},
-    /* 34 */ {"ZEKOI18NFieldValues",           Numbered, String,  Empty,    Selection{{ZEKO, &F::I18NFieldValuesList}}},
-    /* 35 */ {"EAII18NFieldValues",            Numbered, String,  Empty,    Selection{{EAI, &F::I18NFieldValuesList}}},
-    /* 36 */ {"LinkedDataProvider",            Alone,    String,  Empty,    LinkedProvider{}},
-    /* 37 */ {"NrOfZEKOAvailableFieldsLinked", Alone,    Integer, ZeroText, ItemCount{{ZEKO, &F::LinkedFieldsList}}},
-    /* 38 */ {"NrOfEAIAvailableFieldsLinked",  Alone,    Integer, ZeroText, ItemCount{{EAI, &F::LinkedFieldsList}}},
-    /* 39 */ {"ZEKOAvailableFieldsLinked",     Numbered, String,  Empty,    Items{{ZEKO, &F::LinkedFieldsList}}},
-    /* 40 */ {"EAIAvailableFieldsLinked",      Numbered, String,  Empty,    Items{{EAI, &F::LinkedFieldsList}}},
-    /* 41 */ {"NrOfSelectedZEKOLinkedFields",  Alone,    Integer, ZeroText, ItemCount{{ZEKO, &F::SelectedLinkedFieldsList}}},
-    /* 42 */ {"NrOfSelectedEAILinkedFields",   Alone,    Integer, ZeroText, ItemCount{{EAI, &F::SelectedLinkedFieldsList}}},
-    /* 43 */ {"EAISelectedLinkedFields",       Numbered, String,  Empty,    Items{{EAI, &F::SelectedLinkedFieldsList}}},
-    /* 44 */ {"ZEKOSelectedLinkedFields",      Numbered, String,  Empty,    Items{{ZEKO, &F::SelectedLinkedFieldsList}}},
-    /* 45 */ {"NrOfZEKOToLinkKeyFields",       Alone,    Integer, ZeroText, ItemCount{{ZEKO, &F::ToLinkFieldsCombo}}},
-    /* 46 */ {"NrOfEAIToLinkKeyFields",        Alone,    Integer, ZeroText, ItemCount{{EAI, &F::ToLinkFieldsCombo}}},
-    /* 47 */ {"ZEKOToLinkKeyFields",           Numbered, String,  Empty,    Items{{ZEKO, &F::ToLinkFieldsCombo}}},
-    /* 48 */ {"EAIToLinkKeyFields",            Numbered, String,  Empty,    Items{{EAI, &F::ToLinkFieldsCombo}}},
-    /* 49 */ {"NrOfLinkedZEKOFields",          Alone,    Integer, Two,      RowCount{{ZEKO, &F::LinksGrid}}},
-    /* 50 */ {"ZEKOLinkFromFields",            Numbered, String,  Empty,    LinkRows{{ZEKO, &F::LinksGrid}}},
-    /* 51 */ {"ZEKOLinkToFields",              Numbered, String,  Empty,    WithRowAbove{}},
-    /* 52 */ {"NrOfLinkedEAIFields",           Alone,    Integer, Two,      RowCount{{EAI, &F::LinksGrid}}},
-    /* 53 */ {"EAILinkFromFields",             Numbered, String,  Empty,    LinkRows{{EAI, &F::LinksGrid}}},
-    /* 54 */ {"EAILinkToFields",               Numbered, String,  Empty,    WithRowAbove{}},
+    /*  1 */ {"EnableExtraFilters",            Alone,    Boolean, False,    ExtraFilters{},                                  StoredPart::ExtraFilters},
+    /*  2 */ {"ZEKOReturnFields",              Numbered, String,  Empty,    Items{{ZEKO, &F::SelectedFieldsList}},           StoredPart::ReturnFields},
+    /*  3 */ {"EAIReturnFields",               Numbered, String,  Empty,    Items{{EAI, &F::SelectedFieldsList}},            StoredPart::ReturnFields},
+    /*  4 */ {"ZEKOCriteria",                  Cell,     String,  Empty,    Cells{{ZEKO, &F::CriteriaGrid}},                 StoredPart::Criteria},
+    /*  5 */ {"EAICriteria",                   Cell,     String,  Empty,    Cells{{EAI, &F::CriteriaGrid}},                  StoredPart::Criteria},
+    /*  6 */ {"ZEKOCriteriaCount",             Alone,    Integer, Zero,     RowCount{{ZEKO, &F::CriteriaGrid}},              StoredPart::Criteria},
+    /*  7 */ {"EAICriteriaCount",              Alone,    Integer, Zero,     RowCount{{EAI, &F::CriteriaGrid}},               StoredPart::Criteria},
+    /*  8 */ {"ZEKOReturnFieldCount",          Alone,    Integer, Zero,     ItemCount{{ZEKO, &F::SelectedFieldsList}},       StoredPart::ReturnFields},
+    /*  9 */ {"EAIReturnFieldCount",           Alone,    Integer, Zero,     ItemCount{{EAI, &F::SelectedFieldsList}},        StoredPart::ReturnFields},
+    /* 10 */ {"DataProvider",                  Alone,    String,  Empty,    Provider{},                                      StoredPart::DataProvider},
+    /* 11 */ {"ZEKOAvailableFieldsCount",      Alone,    Integer, Zero,     ItemCount{{ZEKO, &F::FieldsList}},               StoredPart::AvailableFields},
+    /* 12 */ {"EAIAvailableFieldsCount",       Alone,    Integer, Zero,     ItemCount{{EAI, &F::FieldsList}},                StoredPart::AvailableFields},
+    /* 13 */ {"ZEKOAvailableFields",           Numbered, String,  Empty,    Items{{ZEKO, &F::FieldsList}},                   StoredPart::AvailableFields},
+    /* 14 */ {"EAIAvailableFields",            Numbered, String,  Empty,    Items{{EAI, &F::FieldsList}},                    StoredPart::AvailableFields},
+    /* 15 */ {"ZEKOKeyFieldsCount",            Alone,    Integer, Zero,     ItemCount{{ZEKO, &F::KeyFieldsCombo}},           StoredPart::KeyFields},
+    /* 16 */ {"EAIKeyFieldsCount",             Alone,    Integer, Zero,     ItemCount{{EAI, &F::KeyFieldsCombo}},            StoredPart::KeyFields},
+    /* 17 */ {"ZEKOKeyFieldnames",             Numbered, String,  Empty,    Items{{ZEKO, &F::KeyFieldsCombo}},               StoredPart::KeyFields},
+    /* 18 */ {"EAIKeyFieldnames",              Numbered, String,  Empty,    Items{{EAI, &F::KeyFieldsCombo}},                StoredPart::KeyFields},
+    /* 19 */ {"NrOfUserDefinedScripts",        Alone,    Integer, Zero,     ScriptCount{},                                   StoredPart::Scripts},
+    /* 20 */ {"NrOfExtraIncludes",             Alone,    Integer, Zero,     ItemCount{&HeaderDTC::IncludeASPList},           StoredPart::Includes},
+    /* 21 */ {"UserDefinedScript",             Numbered, String,  Empty,    Scripts{},                                       StoredPart::Scripts},
+    /* 22 */ {"UserDefinedScript",             Suffixed, String,  Empty,    WithRowAbove{},                                  StoredPart::Scripts},
+    /* 23 */ {"ZEKOCriteriaType",              Numbered, String,  Empty,    CriteriaTypes{ZEKO},                             StoredPart::Criteria},
+    /* 24 */ {"ZEKOCriteriaType",              Suffixed, Integer, Zero,     WithRowAbove{},                                  StoredPart::Criteria},
+    /* 25 */ {"EAICriteriaType",               Numbered, String,  Empty,    CriteriaTypes{EAI},                              StoredPart::Criteria},
+    /*  " */ {"EAICriteriaType",               Suffixed, Integer, Zero,     WithRowAbove{},                                  StoredPart::Criteria},
+    /* 26 */ {"ExtraIncludes",                 Numbered, String,  Empty,    Items{&HeaderDTC::IncludeASPList},               StoredPart::Includes},
+    /* 27 */ {"XSLFilename",                   Alone,    String,  Empty,    Stylesheet{},                                    StoredPart::Stylesheet},
+    /* 28 */ {"NrOfZEKOI18NFieldnames",        Alone,    Integer, ZeroText, SelectionCount{{ZEKO, &F::I18NFieldnamesList}},  StoredPart::TranslatedNames},
+    /* 29 */ {"NrOfEAII18NFieldnames",         Alone,    Integer, ZeroText, SelectionCount{{EAI, &F::I18NFieldnamesList}},   StoredPart::TranslatedNames},
+    /* 30 */ {"ZEKOI18NFieldnames",            Numbered, String,  Empty,    Selection{{ZEKO, &F::I18NFieldnamesList}},       StoredPart::TranslatedNames},
+    /* 31 */ {"EAII18NFieldnames",             Numbered, String,  Empty,    Selection{{EAI, &F::I18NFieldnamesList}},        StoredPart::TranslatedNames},
+    /* 32 */ {"NrOfZEKOI18NFieldValues",       Alone,    Integer, ZeroText, SelectionCount{{ZEKO, &F::I18NFieldValuesList}}, StoredPart::TranslatedValues},
+    /* 33 */ {"NrOfEAII18NFieldValues",        Alone,    Integer, ZeroText, SelectionCount{{EAI, &F::I18NFieldValuesList}},  StoredPart::TranslatedValues},
+    /* 34 */ {"ZEKOI18NFieldValues",           Numbered, String,  Empty,    Selection{{ZEKO, &F::I18NFieldValuesList}},      StoredPart::TranslatedValues},
+    /* 35 */ {"EAII18NFieldValues",            Numbered, String,  Empty,    Selection{{EAI, &F::I18NFieldValuesList}},       StoredPart::TranslatedValues},
+    /* 36 */ {"LinkedDataProvider",            Alone,    String,  Empty,    LinkedProvider{},                                StoredPart::LinkedDataProvider},
+    /* 37 */ {"NrOfZEKOAvailableFieldsLinked", Alone,    Integer, ZeroText, ItemCount{{ZEKO, &F::LinkedFieldsList}},         StoredPart::LinkedAvailableFields},
+    /* 38 */ {"NrOfEAIAvailableFieldsLinked",  Alone,    Integer, ZeroText, ItemCount{{EAI, &F::LinkedFieldsList}},          StoredPart::LinkedAvailableFields},
+    /* 39 */ {"ZEKOAvailableFieldsLinked",     Numbered, String,  Empty,    Items{{ZEKO, &F::LinkedFieldsList}},             StoredPart::LinkedAvailableFields},
+    /* 40 */ {"EAIAvailableFieldsLinked",      Numbered, String,  Empty,    Items{{EAI, &F::LinkedFieldsList}},              StoredPart::LinkedAvailableFields},
+    /* 41 */ {"NrOfSelectedZEKOLinkedFields",  Alone,    Integer, ZeroText, ItemCount{{ZEKO, &F::SelectedLinkedFieldsList}}, StoredPart::LinkedFields},
+    /* 42 */ {"NrOfSelectedEAILinkedFields",   Alone,    Integer, ZeroText, ItemCount{{EAI, &F::SelectedLinkedFieldsList}},  StoredPart::LinkedFields},
+    /* 43 */ {"EAISelectedLinkedFields",       Numbered, String,  Empty,    Items{{EAI, &F::SelectedLinkedFieldsList}},      StoredPart::LinkedFields},
+    /* 44 */ {"ZEKOSelectedLinkedFields",      Numbered, String,  Empty,    Items{{ZEKO, &F::SelectedLinkedFieldsList}},     StoredPart::LinkedFields},
+    /* 45 */ {"NrOfZEKOToLinkKeyFields",       Alone,    Integer, ZeroText, ItemCount{{ZEKO, &F::ToLinkFieldsCombo}},        StoredPart::LinkedKeyFields},
+    /* 46 */ {"NrOfEAIToLinkKeyFields",        Alone,    Integer, ZeroText, ItemCount{{EAI, &F::ToLinkFieldsCombo}},         StoredPart::LinkedKeyFields},
+    /* 47 */ {"ZEKOToLinkKeyFields",           Numbered, String,  Empty,    Items{{ZEKO, &F::ToLinkFieldsCombo}},            StoredPart::LinkedKeyFields},
+    /* 48 */ {"EAIToLinkKeyFields",            Numbered, String,  Empty,    Items{{EAI, &F::ToLinkFieldsCombo}},             StoredPart::LinkedKeyFields},
+    /* 49 */ {"NrOfLinkedZEKOFields",          Alone,    Integer, Two,      RowCount{{ZEKO, &F::LinksGrid}},                 StoredPart::Links},
+    /* 50 */ {"ZEKOLinkFromFields",            Numbered, String,  Empty,    LinkRows{{ZEKO, &F::LinksGrid}},                 StoredPart::Links},
+    /* 51 */ {"ZEKOLinkToFields",              Numbered, String,  Empty,    WithRowAbove{},                                  StoredPart::Links},
+    /* 52 */ {"NrOfLinkedEAIFields",           Alone,    Integer, Two,      RowCount{{EAI, &F::LinksGrid}},                  StoredPart::Links},
+    /* 53 */ {"EAILinkFromFields",             Numbered, String,  Empty,    LinkRows{{EAI, &F::LinksGrid}},                  StoredPart::Links},
+    /* 54 */ {"EAILinkToFields",               Numbered, String,  Empty,    WithRowAbove{},                                  StoredPart::Links},
 };
 // clang-format on
 }  // namespace table_words
@@ -190,6 +203,17 @@ using table_words::Table;
 // The linked data provider's default in reading. It was meant to be empty; but a page without a
 // linked provider has always been read like this, and pages written since carry the name.
 inline constexpr std::string_view LinkedProviderNotStored = "ZEKOLinkedDataProvidersCombo";
+
+// The row of a part that holds one of these kinds, for a family that has its own.
+template <class... Kinds>
+constexpr const Row& rowOf(StoredPart part, std::optional<Family> family = std::nullopt) {
+    const Row* found = nullptr;
+    for (const Row& row : Table) {
+        if (!found && row.part == part && row.family() == family && row.holds<Kinds...>())
+            found = &row;
+    }
+    return *found;
+}
 
 // A default as the host's bag takes it.
 inline PropertyValue asPropertyValue(const Default& fallback) {

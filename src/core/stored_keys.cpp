@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <utility>
 
 namespace headerdtc {
 namespace {
@@ -32,9 +33,39 @@ std::optional<Numbered> takeNumber(std::string_view text) {
 }
 
 int firstNumber(const stored::Row& row) {
-    const bool isOfList = std::holds_alternative<stored::Items>(row.content) ||
-                          std::holds_alternative<stored::Selection>(row.content);
-    return isOfList ? 0 : 1;
+    return row.holds<stored::Items, stored::Selection>() ? 0 : 1;
+}
+
+// Where a part is edited.
+enum class Tab { General, Family, Translations, Link };
+
+struct PartTraits {
+    std::string_view caption;  // "@" stands for the family's prefix
+    StoredPart part;
+    Tab tab;
+};
+// In the order of StoredPart.
+constexpr PartTraits PartTable[] = {
+    {"linked data provider", StoredPart::LinkedDataProvider, Tab::Link},
+    {"data provider", StoredPart::DataProvider, Tab::General},
+    {"extra filters", StoredPart::ExtraFilters, Tab::General},
+    {"include files", StoredPart::Includes, Tab::General},
+    {"stylesheet", StoredPart::Stylesheet, Tab::General},
+    {"scripts", StoredPart::Scripts, Tab::Family},
+    {"@ return fields", StoredPart::ReturnFields, Tab::Family},
+    {"@ linked fields", StoredPart::LinkedFields, Tab::Link},
+    {"@ translated names", StoredPart::TranslatedNames, Tab::Translations},
+    {"@ translated values", StoredPart::TranslatedValues, Tab::Translations},
+    {"@ criteria", StoredPart::Criteria, Tab::Family},
+    {"@ links", StoredPart::Links, Tab::Link},
+    {"@ key fields", StoredPart::KeyFields, Tab::Family},
+    {"linked provider's @ fields", StoredPart::LinkedAvailableFields, Tab::Link},
+    {"@ available fields", StoredPart::AvailableFields, Tab::Family},
+    {"linked provider's @ key fields", StoredPart::LinkedKeyFields, Tab::Link},
+};
+
+const PartTraits& traitsOf(StoredPart part) {
+    return PartTable[static_cast<std::size_t>(part)];
 }
 
 bool isColumn(int column) {
@@ -68,6 +99,40 @@ std::optional<StoredName> parseStoredName(std::string_view name) {
         }
     }
     return std::nullopt;
+}
+
+std::string ControlPart::caption() const {
+    std::string text(traitsOf(part).caption);
+    if (const auto place = text.find('@'); place != std::string::npos)
+        text.replace(place, 1, headerdtc::traitsOf(*family).prefix);
+    return text;
+}
+
+// What both families share is shown where the second of them is.
+int ControlPart::tabPage() const {
+    const FamilyTraits& own = headerdtc::traitsOf(family.value_or(Family::ZEKO));
+    switch (traitsOf(part).tab) {
+        case Tab::Family:
+            return own.tabPage;
+        case Tab::Translations:
+            return I18NTabPage;
+        case Tab::Link:
+            return own.linkTabPage;
+        case Tab::General:
+            break;
+    }
+    return GeneralTabPage;
+}
+
+bool ControlPart::operator<(const ControlPart& other) const {
+    return std::pair(part, family == Family::EAI) <
+           std::pair(other.part, other.family == Family::EAI);
+}
+
+std::optional<ControlPart> partOf(std::string_view name) {
+    const auto parsed = parseStoredName(name);
+    if (!parsed) return std::nullopt;
+    return ControlPart{parsed->row.part, parsed->row.family()};
 }
 
 std::optional<StoredType> storedTypeOf(std::string_view name) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "core/family.h"
+
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace headerdtc {
@@ -11,6 +14,44 @@ enum class StoredType { Boolean, Integer, String };
 namespace stored {
 struct Row;
 }
+
+// What an author configures, in the order in which it is told; what only follows from a choice
+// comes last.
+enum class StoredPart {
+    LinkedDataProvider,
+    DataProvider,
+    ExtraFilters,
+    Includes,
+    Stylesheet,
+    Scripts,
+    ReturnFields,
+    LinkedFields,
+    TranslatedNames,
+    TranslatedValues,
+    Criteria,
+    Links,
+    // These follow.
+    KeyFields,
+    LinkedAvailableFields,
+    AvailableFields,
+    LinkedKeyFields,
+};
+
+// A part of one control: of a family, where each has its own.
+struct ControlPart {
+    StoredPart part;
+    std::optional<Family> family;
+
+    // "ZEKO return fields"
+    std::string caption() const;
+    // The page of the tab strip where it is edited, from 0.
+    int tabPage() const;
+    bool followsFromAChoice() const { return part >= StoredPart::KeyFields; }
+
+    bool operator==(const ControlPart&) const = default;
+    // In the order in which parts are told.
+    bool operator<(const ControlPart& other) const;
+};
 
 // A name that the control stores, taken apart.
 struct StoredName {
@@ -26,6 +67,9 @@ struct StoredName {
 // before it ("nZEKOCriteriaType" is an Integer, "ZEKOCriteriaType1" a String). Names compare
 // exactly.
 std::optional<StoredName> parseStoredName(std::string_view name);
+
+// What a stored property belongs to, nothing for a name that the control never reads.
+std::optional<ControlPart> partOf(std::string_view name);
 
 // The type of a stored property, nothing for a name that the control never reads.
 std::optional<StoredType> storedTypeOf(std::string_view name);

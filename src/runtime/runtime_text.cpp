@@ -39,6 +39,12 @@ std::string scriptBlock(const ScriptDictionary& scripts) {
     return block;
 }
 
+template <std::size_t Index>
+constexpr RuntimeTextStep variableStep() {
+    return {ScriptVariables[Index].placeholder,
+            [](Request&) { return std::string(ScriptVariables[Index].name); }};
+}
+
 constexpr RuntimeTextStep Steps[] = {
     // The page
     {"<PATH_TO_ROOT>", [](Request& r) { return r.pathToRoot = GetRelativePathRoot(r.control); }},
@@ -83,12 +89,12 @@ constexpr RuntimeTextStep Steps[] = {
     {"<SPECIFY_EAI_LINKED_FIELDVALUES>",
      [](Request& r) { return GetLinkedFieldsRuntimeText(r.control, LinkedEAI); }},
     // The script variables, once all fragments that name them are in place
-    {"<RETURN_FIELDS_VARNAME>", [](Request&) { return std::string("mReturnFields"); }},
-    {"<LINKED_RETURN_FIELDS_VARNAME>", [](Request&) { return std::string("mReturnLinkedFields"); }},
-    {"<LINKED_FIELDS_VARNAME>", [](Request&) { return std::string("mLinkedFields"); }},
+    variableStep<0>(),
+    variableStep<1>(),
+    variableStep<2>(),
     {"<LINKED_DATAPROVIDER>", [](Request& r) { return r.control.linkedDataProvider; }},
-    {"<LINKED_DATAPROVIDER_VARNAME>", [](Request&) { return std::string("lLinkedDataProvider"); }},
-    {"<DATAPROVIDER_VARNAME>", [](Request&) { return std::string("mDataProvider"); }},
+    variableStep<3>(),
+    variableStep<4>(),
     {"<ENABLE_EXTRA_FILTERS>",
      [](Request& r) {
          return std::string(

@@ -11,6 +11,18 @@ class HeaderDTC;
 // The template file, below the install directory.
 inline constexpr std::string_view TemplateFile = "Orvane\\include\\DTC_TEMPLATE.ASP";
 
+// The variables of the generated script, each with the placeholder that the template has for it.
+struct ScriptVariable {
+    std::string_view placeholder, name;
+};
+inline constexpr ScriptVariable ScriptVariables[] = {
+    {"<RETURN_FIELDS_VARNAME>", "mReturnFields"},
+    {"<LINKED_RETURN_FIELDS_VARNAME>", "mReturnLinkedFields"},
+    {"<LINKED_FIELDS_VARNAME>", "mLinkedFields"},
+    {"<LINKED_DATAPROVIDER_VARNAME>", "lLinkedDataProvider"},
+    {"<DATAPROVIDER_VARNAME>", "mDataProvider"},
+};
+
 // One request for runtime text: the control, and what one step leaves for a later one.
 struct RuntimeTextRequest {
     HeaderDTC& control;

@@ -2,9 +2,7 @@
 #include "i18n/add_label_dialog.h"
 #include "i18n/specify_i18n_fieldname_dialog.h"
 #include "i18n/translation_store.h"
-#include "qt/surface/qt_file_dialog.h"
-#include "qt/surface/qt_message_box.h"
-#include "qt/surface/qt_modal_loop.h"
+#include "qt/surface/qt_faces.h"
 #include "qt/surface_fixture.h"
 #include "scripts/specify_criterium_dialog.h"
 
@@ -20,8 +18,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::Contains;
-using ::testing::Not;
+using namespace ::testing;
 
 class DialogsTest : public ::testing::Test, protected Person {
   protected:

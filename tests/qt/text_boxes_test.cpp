@@ -1,4 +1,4 @@
-#include "qt/surface/document_text.h"
+#include "qt/surface/edited_text.h"
 #include "qt/surface_fixture.h"
 
 #include <QComboBox>

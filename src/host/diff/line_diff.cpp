@@ -9,16 +9,6 @@ namespace {
 using Kind = DiffLine::Kind;
 using Lines = std::vector<std::string_view>;
 
-Lines linesOf(std::string_view text) {
-    Lines lines;
-    while (!text.empty()) {
-        const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
-        lines.push_back(text.substr(0, length));
-        text.remove_prefix(length);
-    }
-    return lines;
-}
-
 std::size_t commonStart(const Lines& before, const Lines& after) {
     const auto end = std::mismatch(before.begin(), before.end(), after.begin(), after.end()).first;
     return static_cast<std::size_t>(end - before.begin());
@@ -32,43 +22,27 @@ std::size_t commonEnd(const Lines& before, const Lines& after, std::size_t start
     return count;
 }
 
-// Where lines follow each other that are only in one of the texts, those removed come first.
-void removedFirst(std::vector<DiffLine>& script) {
-    const auto isContext = [](const DiffLine& line) { return line.kind == Kind::Context; };
-    for (auto begin = script.begin(); begin != script.end();) {
-        begin = std::find_if_not(begin, script.end(), isContext);
-        const auto end = std::find_if(begin, script.end(), isContext);
-        std::stable_partition(begin, end,
-                              [](const DiffLine& line) { return line.kind == Kind::Removed; });
-        begin = end;
+// Adds lines of both texts behind what the runs have.
+void append(std::vector<DiffRun>& runs, bool same, std::size_t oldLines, std::size_t newLines) {
+    if (oldLines + newLines == 0) return;
+    if (runs.empty() || runs.back().same != same) {
+        const DiffRun last = runs.empty() ? DiffRun{} : runs.back();
+        runs.push_back({same, last.oldEnd, last.oldEnd, last.newEnd, last.newEnd});
     }
+    runs.back().oldEnd += oldLines;
+    runs.back().newEnd += newLines;
 }
 
-// Both texts as one sequence of lines. What they share at both ends, which is nearly all of a page,
-// is not searched for differences.
+// Both texts as one sequence of lines; of those that differ the removed ones come first.
 std::vector<DiffLine> editScript(const Lines& before, const Lines& after) {
-    const std::size_t start = commonStart(before, after);
-    const std::size_t end = commonEnd(before, after, start);
-    const auto context = [](std::string_view text) { return DiffLine{Kind::Context, text}; };
-
     std::vector<DiffLine> script;
-    std::transform(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(start),
-                   std::back_inserter(script), context);
-    const auto middle = [&](const Lines& lines) {
-        return Lines(lines.begin() + static_cast<std::ptrdiff_t>(start),
-                     lines.end() - static_cast<std::ptrdiff_t>(end));
-    };
-    dtl::Diff<std::string_view, Lines> difference(middle(before), middle(after));
-    difference.compose();
-    for (const auto& [text, place] : difference.getSes().getSequence()) {
-        const Kind kind = place.type == dtl::SES_DELETE ? Kind::Removed
-                          : place.type == dtl::SES_ADD  ? Kind::Added
-                                                        : Kind::Context;
-        script.push_back({kind, text});
+    for (const DiffRun& run : diffRuns(before, after)) {
+        const Kind kind = run.same ? Kind::Context : Kind::Removed;
+        for (std::size_t i = run.oldBegin; i < run.oldEnd; ++i)
+            script.push_back({kind, before[i]});
+        for (std::size_t i = run.newBegin; i < run.newEnd && !run.same; ++i)
+            script.push_back({Kind::Added, after[i]});
     }
-    std::transform(before.end() - static_cast<std::ptrdiff_t>(end), before.end(),
-                   std::back_inserter(script), context);
-    removedFirst(script);
     return script;
 }
 
@@ -126,10 +100,45 @@ class HunkMaker {
 
 }  // namespace
 
+Lines linesOf(std::string_view text, LineForm form) {
+    const bool isWhole = form == LineForm::Whole;
+    Lines lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of(isWhole ? "\n" : "\r\n"), text.size());
+        const std::size_t next =
+            std::min(text.size(), end + (text.compare(end, 2, "\r\n") == 0 ? 2 : 1));
+        lines.push_back(text.substr(0, isWhole ? next : end));
+        text.remove_prefix(next);
+    }
+    return lines;
+}
+
+// What the texts share at both ends, which is nearly all of a page, is not searched for
+// differences.
+std::vector<DiffRun> diffRuns(const Lines& oldLines, const Lines& newLines) {
+    const std::size_t start = commonStart(oldLines, newLines);
+    const std::size_t end = commonEnd(oldLines, newLines, start);
+    const auto middle = [&](const Lines& lines) {
+        return Lines(lines.begin() + static_cast<std::ptrdiff_t>(start),
+                     lines.end() - static_cast<std::ptrdiff_t>(end));
+    };
+    std::vector<DiffRun> runs;
+    append(runs, true, start, start);
+    dtl::Diff<std::string_view, Lines> difference(middle(oldLines), middle(newLines));
+    difference.compose();
+    for (const auto& [text, place] : difference.getSes().getSequence()) {
+        const bool same = place.type == dtl::SES_COMMON;
+        append(runs, same, place.type != dtl::SES_ADD, place.type != dtl::SES_DELETE);
+    }
+    append(runs, true, end, end);
+    return runs;
+}
+
 std::vector<DiffHunk> diffLines(std::string_view before, std::string_view after,
                                 std::size_t context) {
     if (before == after) return {};
-    const std::vector<DiffLine> script = editScript(linesOf(before), linesOf(after));
+    const std::vector<DiffLine> script =
+        editScript(linesOf(before, LineForm::Whole), linesOf(after, LineForm::Whole));
     return HunkMaker(script, context).make();
 }
 

@@ -7,6 +7,27 @@
 
 namespace headerdtc {
 
+// What counts as a line.
+enum class LineForm {
+    Whole,  // ends at LF, its end and every other byte belong to it: lines as patch has them
+    Shown,  // ends at LF, CR LF or CR and goes without its end: lines as an editor counts them
+};
+// A text's lines; behind its last line end there is none. The text outlives them.
+std::vector<std::string_view> linesOf(std::string_view text, LineForm form);
+
+// A run of lines in which two texts are alike or differ. Lines count from 0; a run that is not the
+// same has lines of the old text, of the new one or of both.
+struct DiffRun {
+    bool same = false;
+    std::size_t oldBegin = 0, oldEnd = 0;
+    std::size_t newBegin = 0, newEnd = 0;
+};
+
+// How an old text became a new one, in as few changes as possible. The runs cover both texts; of
+// two that follow each other exactly one is the same.
+std::vector<DiffRun> diffRuns(const std::vector<std::string_view>& oldLines,
+                              const std::vector<std::string_view>& newLines);
+
 // A line of a difference; the text is a view of one of the two texts, with the line end that it
 // has there ("" behind the last line of a text that does not end in one).
 struct DiffLine {
@@ -25,9 +46,8 @@ struct DiffHunk {
 
 inline constexpr std::size_t DiffContext = 3;
 
-// What has to change in `before` for it to become `after`, line by line: as little as possible.
-// Lines end at LF; every other byte belongs to its line. Both texts outlive the hunks. No hunks:
-// the texts are the same.
+// What has to change in `before` for it to become `after`, by whole lines. Both texts outlive the
+// hunks. No hunks: the texts are the same.
 std::vector<DiffHunk> diffLines(std::string_view before, std::string_view after,
                                 std::size_t context = DiffContext);
 

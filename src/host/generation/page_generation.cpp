@@ -1,10 +1,10 @@
 #include "host/generation/page_generation.h"
 
+#include "host/generation/page_failure.h"
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 #include <iterator>
-#include <new>
 #include <utility>
 
 namespace headerdtc {
@@ -20,17 +20,15 @@ std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt) {
                    : "mend that first; 'headerdtc doctor' looks at the whole set-up");
 }
 
-std::string withPlace(const FileError& error) {
-    if (error.line() == 0) return error.problem();
-    return "line " + std::to_string(error.line()) + ": " + error.problem();
-}
-
-void generate(const std::filesystem::path& page, Sites& sites, LossGuard guard,
-              GeneratedPage& result) {
+void generate(const std::filesystem::path& page, std::optional<std::string> bytes, Sites& sites,
+              LossGuard guard, GeneratedPage& result) {
     const auto site = sites.forPage(page);
-    WholeFile file = readWholeFile(page);
-    result.stamp = file.stamp;
-    PageMarkup markup(page.string(), std::move(file.bytes), site->configuration->codePage);
+    if (!bytes) {
+        WholeFile file = readWholeFile(page);
+        result.stamp = file.stamp;
+        bytes = std::move(file.bytes);
+    }
+    PageMarkup markup(page.string(), *std::move(bytes), site->configuration->codePage);
     if (markup.controls().empty()) return;
 
     std::vector<ControlContent> contents;
@@ -73,24 +71,29 @@ std::optional<std::string> referencesTold(const ControlSpan& control,
            "page UTF-8 by a byte-order mark";
 }
 
-GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
+namespace {
+
+GeneratedPage generateGuarded(const std::filesystem::path& page, std::optional<std::string> bytes,
+                              Sites& sites, LossGuard guard) {
     GeneratedPage result;
-    try {
-        generate(page, sites, guard, result);
-    } catch (const ConfigurationError& error) {
-        result.verdict = Verdict::NotConfigured;
-        result.messages.emplace_back(error.what());
-    } catch (const FileError& error) {
-        result.verdict = Verdict::NotReadable;
-        result.messages.push_back(error.file() == page.string() ? withPlace(error) : error.what());
-    } catch (const std::bad_alloc&) {
-        result.verdict = Verdict::NotReadable;
-        result.messages.emplace_back("there is not enough memory for this page");
-    } catch (const std::exception& error) {
-        result.verdict = Verdict::NotReadable;
-        result.messages.emplace_back(error.what());
+    if (const auto failure =
+            failureOf(page, [&] { generate(page, std::move(bytes), sites, guard, result); })) {
+        const bool ofConfiguration = failure->of == PageFailure::Of::Configuration;
+        result.verdict = ofConfiguration ? Verdict::NotConfigured : Verdict::NotReadable;
+        result.messages.push_back(failure->text);
     }
     return result;
+}
+
+}  // namespace
+
+GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard) {
+    return generateGuarded(page, std::nullopt, sites, guard);
+}
+
+GeneratedPage generatePage(const std::filesystem::path& page, std::string bytes, Sites& sites,
+                           LossGuard guard) {
+    return generateGuarded(page, std::move(bytes), sites, guard);
 }
 
 }  // namespace headerdtc

@@ -46,4 +46,8 @@ std::optional<std::string> referencesTold(const ControlSpan& control,
 // page's sake. Thread-safe.
 GeneratedPage generatePage(const std::filesystem::path& page, Sites& sites, LossGuard guard);
 
+// The same for bytes that are not written yet: of a page that is being edited.
+GeneratedPage generatePage(const std::filesystem::path& page, std::string bytes, Sites& sites,
+                           LossGuard guard);
+
 }  // namespace headerdtc

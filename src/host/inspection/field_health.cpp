@@ -59,7 +59,7 @@ std::optional<VanishedField> vanishedField(StoredRole role, Family family, const
     if (!isKey && role != StoredRole::LinkTo) {
         const auto name = fieldNameIn(item.text, family);
         if (name) field.now = offered.entryOfName(*name);
-        if (name && !field.now) field.like = offered.entryLike(*name);
+        if (!field.now) field.like = offered.entryLike(item.text, family);
     }
     describe(field, text);
     return field;

@@ -15,7 +15,7 @@ bool PageView::definesFunction(std::string_view name) const {
     if (isBuiltInFunction(name)) return true;
     if (!functions_) functions_ = gatherFunctions();
     const std::string key = functionKey(name);
-    return functions_->contains(key) || facts_->functionsOfTemplate().contains(key);
+    return functions_->contains(key) || facts_->siteTemplate().functions.contains(key);
 }
 
 // What was generated before is left out: it may define what nothing stored defines any more.
@@ -29,15 +29,14 @@ SiteFacts::Functions PageView::gatherFunctions() const {
     }
     own += codePage.decode(markup_.textOf({begin, markup_.bytes().size()}));
 
-    SiteFacts::Functions all;
-    facts_->addFunctions(own, std::filesystem::absolute(file_), all);
+    SiteFacts::Functions all = facts_->functionsOf(own, std::filesystem::absolute(file_));
     for (const StoredConfiguration& configuration : configurations_) {
         for (const auto& script : configuration.scripts)
-            all.merge(ScriptText::read(script.text).functions);
+            all.merge(ScriptText::read(script.text, ScriptText::Form::Script).functions);
         for (const StoredItem& include : configuration.includes) {
             const auto file = facts_->find(include.text);
             if (!file) continue;
-            const auto& functions = facts_->functionsOf(*file);
+            const auto& functions = facts_->contentsOf(*file).functions;
             all.insert(functions.begin(), functions.end());
         }
     }

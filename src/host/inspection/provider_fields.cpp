@@ -37,8 +37,20 @@ std::optional<std::string> ProviderFields::entryOfName(std::string_view name) co
     return found == names_.end() ? std::nullopt : std::optional(found->second);
 }
 
-std::string ProviderFields::entryLike(std::string_view name) const {
-    NearestName nearest(name);
+std::string ProviderFields::entryLike(std::string_view entry, Family family) const {
+    const auto name = fieldNameIn(entry, family);
+    if (!name) return {};
+    if (family == Family::ZEKO) {
+        const std::string_view separator = traitsOf(family).separator;
+        const auto numberOf = [&](std::string_view text) {
+            return trimBlanks(text.substr(0, text.find(separator)));
+        };
+        for (const std::string_view offered : namesInOrder_) {
+            const std::string& candidate = names_.at(offered);
+            if (numberOf(candidate) == numberOf(entry)) return candidate;
+        }
+    }
+    NearestName nearest(*name);
     for (const std::string_view offered : namesInOrder_)
         nearest.offer(offered);
     return entryOfName(nearest.found()).value_or("");

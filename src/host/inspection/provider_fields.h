@@ -27,9 +27,9 @@ class ProviderFields {
     bool hasKeyField(std::string_view name) const { return keyFields_.contains(name); }
     // The entry under which a field of that name stands now, of all that have it the first.
     std::optional<std::string> entryOfName(std::string_view name) const;
-    // The entry of the field whose name is nearest to one that is not offered; empty when none is
-    // near.
-    std::string entryLike(std::string_view name) const;
+    // The entry that is meant by one that is not offered: the one of its number, as a renamed field
+    // keeps that, else the one whose name is nearest; empty when none is near.
+    std::string entryLike(std::string_view entry, Family family) const;
 
   private:
     std::unordered_set<std::string> fields_;                   // entries without padding

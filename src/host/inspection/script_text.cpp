@@ -3,14 +3,43 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <functional>
+#include <span>
 
 namespace headerdtc {
 namespace {
 
-constexpr std::string_view BuiltIn[] = {"DATE", "TIME", "NOW", "TIMER", "RND", "GETLOCALE"};
+// clang-format off
+constexpr std::string_view BuiltIn[] = {
+    "ABS", "ARRAY", "ASC", "ASCB", "ASCW", "ATN", "CBOOL", "CBYTE", "CCUR", "CDATE", "CDBL", "CHR",
+    "CHRB", "CHRW", "CINT", "CLNG", "COS", "CREATEOBJECT", "CSNG", "CSTR", "DATE", "DATEADD",
+    "DATEDIFF", "DATEPART", "DATESERIAL", "DATEVALUE", "DAY", "ESCAPE", "EVAL", "EXP", "FILTER",
+    "FIX", "FORMATCURRENCY", "FORMATDATETIME", "FORMATNUMBER", "FORMATPERCENT", "GETLOCALE",
+    "GETOBJECT", "GETREF", "HEX", "HOUR", "INPUTBOX", "INSTR", "INSTRB", "INSTRREV", "INT",
+    "ISARRAY", "ISDATE", "ISEMPTY", "ISNULL", "ISNUMERIC", "ISOBJECT", "JOIN", "LBOUND", "LCASE",
+    "LEFT", "LEFTB", "LEN", "LENB", "LOADPICTURE", "LOG", "LTRIM", "MID", "MIDB", "MINUTE", "MONTH",
+    "MONTHNAME", "MSGBOX", "NOW", "OCT", "REPLACE", "RGB", "RIGHT", "RIGHTB", "RND", "ROUND",
+    "RTRIM", "SCRIPTENGINE", "SCRIPTENGINEBUILDVERSION", "SCRIPTENGINEMAJORVERSION",
+    "SCRIPTENGINEMINORVERSION", "SECOND", "SETLOCALE", "SGN", "SIN", "SPACE", "SPLIT", "SQR",
+    "STRCOMP", "STRING", "STRREVERSE", "TAN", "TIME", "TIMER", "TIMESERIAL", "TIMEVALUE", "TRIM",
+    "TYPENAME", "UBOUND", "UCASE", "UNESCAPE", "VARTYPE", "WEEKDAY", "WEEKDAYNAME", "YEAR"};
 
-// Words that may stand before "Function" where one is defined.
-constexpr std::string_view Modifiers[] = {"PUBLIC", "PRIVATE", "DEFAULT"};
+constexpr std::string_view Reserved[] = {
+    "AND", "AS", "BOOLEAN", "BYREF", "BYTE", "BYVAL", "CALL", "CASE", "CLASS", "CONST", "CURRENCY",
+    "DEBUG", "DIM", "DO", "DOUBLE", "EACH", "ELSE", "ELSEIF", "EMPTY", "END", "ENDIF", "ENUM",
+    "EQV", "EVENT", "EXIT", "FALSE", "FOR", "FUNCTION", "GET", "GOTO", "IF", "IMP", "IMPLEMENTS",
+    "IN", "INTEGER", "IS", "LET", "LIKE", "LONG", "LOOP", "LSET", "ME", "MOD", "NEW", "NEXT", "NOT",
+    "NOTHING", "NULL", "ON", "OPTION", "OPTIONAL", "OR", "PARAMARRAY", "PRESERVE", "PRIVATE",
+    "PUBLIC", "RAISEEVENT", "REDIM", "REM", "RESUME", "RSET", "SELECT", "SET", "SHARED", "SINGLE",
+    "STATIC", "STOP", "SUB", "THEN", "TO", "TRUE", "TYPE", "TYPEOF", "UNTIL", "VARIANT", "WEND",
+    "WHILE", "WITH", "XOR"};
+// clang-format on
+
+constexpr std::size_t LongestName = 255;
+
+bool isAmong(std::span<const std::string_view> words, std::string_view name) {
+    return std::binary_search(words.begin(), words.end(), functionKey(name));
+}
 
 bool isWordChar(char c) {
     const auto byte = static_cast<unsigned char>(c);
@@ -32,34 +61,132 @@ std::string_view takeWord(std::string_view& text) {
     return word;
 }
 
-// The text behind a comment's begin removed; an apostrophe inside a string begins none.
-std::string_view withoutComment(std::string_view line) {
-    bool quoted = false;
+// Calls with the place of each character that stands neither in a text nor in a comment; at the
+// comment's begin it stops.
+template <class Use>
+std::size_t forEachCodeChar(std::string_view line, Use&& use) {
+    bool isQuoted = false;
     for (std::size_t i = 0; i < line.size(); ++i) {
-        if (line[i] == '"') quoted = !quoted;
-        if (line[i] == '\'' && !quoted) return line.substr(0, i);
+        if (line[i] == '"') isQuoted = !isQuoted;
+        if (isQuoted || line[i] == '"') continue;
+        if (line[i] == '\'') return i;
+        use(i);
     }
-    return line;
+    return line.size();
 }
 
-// Reads the lines of a text one by one.
+// A line's pieces between the characters that part them outside of texts and brackets, its comment
+// left out.
+std::vector<std::string_view> piecesOf(std::string_view line, char separator) {
+    std::vector<std::string_view> pieces;
+    std::size_t begin = 0;
+    int depth = 0;
+    const std::size_t end = forEachCodeChar(line, [&](std::size_t i) {
+        depth += (line[i] == '(') - (line[i] == ')');
+        if (line[i] != separator || depth > 0) return;
+        pieces.push_back(line.substr(begin, i - begin));
+        begin = i + 1;
+    });
+    pieces.push_back(line.substr(begin, end - begin));
+    return pieces;
+}
+
+bool isContinued(std::string_view line) {
+    std::size_t end = forEachCodeChar(line, [](std::size_t) {});
+    if (end < line.size()) return false;  // its end is a comment
+    line = trimSpace(line);
+    if (equalIgnoringCase(line.substr(0, 4), "rem ")) return false;
+    return line == "_" || line.ends_with(" _") || line.ends_with("\t_");
+}
+
+// Calls with each statement of a script and the number of lines that it takes. Statements on one
+// line count as that line's.
+void forEachStatement(std::string_view script,
+                      const std::function<void(std::string_view, int)>& use) {
+    std::string line;
+    int lines = 0;
+    const auto give = [&] {
+        for (std::string_view statement : piecesOf(line, ':')) {
+            statement = trimSpace(statement);
+            std::string_view rest = statement;
+            if (equalIgnoringCase(takeWord(rest), "rem")) break;
+            if (!statement.empty()) use(statement, lines);
+        }
+        line.clear();
+        lines = 0;
+    };
+    for (const std::string_view next : splitText(script, "\n")) {
+        ++lines;
+        line += trimSpace(next);
+        if (!isContinued(next)) {
+            give();
+        } else {
+            line.back() = ' ';  // in the place of the mark
+        }
+    }
+    give();
+}
+
+std::size_t findIgnoringCase(std::string_view text, std::string_view what, std::size_t from) {
+    const auto found =
+        std::search(text.begin() + static_cast<std::ptrdiff_t>(std::min(from, text.size())),
+                    text.end(), what.begin(), what.end(), [](char a, char b) {
+                        return equalIgnoringCase({&a, 1}, {&b, 1});
+                    });
+    return found == text.end() ? std::string_view::npos
+                               : static_cast<std::size_t>(found - text.begin());
+}
+
+// Takes a page apart: calls with its script, piece by piece, and with what is around it. Gives
+// whether the last piece of script is left open.
+bool takeApart(std::string_view page, const std::function<void(std::string_view)>& script,
+               const std::function<void(std::string_view)>& around) {
+    constexpr std::string_view Tag = "<script", EndTag = "</script";
+    std::size_t tag = findIgnoringCase(page, Tag, 0);
+    for (std::size_t at = 0;;) {
+        const std::size_t mark = page.find("<%", at);
+        if (tag != std::string_view::npos && tag < at) tag = findIgnoringCase(page, Tag, at);
+        if (tag < mark) {
+            const std::size_t body = std::min(page.find('>', tag), page.size() - 1) + 1;
+            const std::size_t end = std::min(findIgnoringCase(page, EndTag, body), page.size());
+            around(page.substr(at, tag - at));
+            const auto attributes = page.substr(tag, body - tag);
+            const bool isServers = findIgnoringCase(attributes, "runat", 0) < attributes.size();
+            (isServers ? script : around)(page.substr(body, end - body));
+            at = end;
+        } else if (mark != std::string_view::npos) {
+            around(page.substr(at, mark - at));
+            const std::size_t end = page.find("%>", mark + 2);
+            script(page.substr(mark + 2, std::min(end, page.size()) - mark - 2));
+            if (end == std::string_view::npos) return true;
+            at = end + 2;
+        } else {
+            around(page.substr(at));
+            return false;
+        }
+    }
+}
+
 class Reader {
   public:
-    ScriptText read(std::string_view text) {
-        for (const std::string_view line : splitText(text, "\n")) {
-            readIncludes(line);
-            readStatements(line);
+    ScriptText read(std::string_view text, ScriptText::Form form) {
+        const auto script = [&](std::string_view piece) { readScript(piece); };
+        if (form == ScriptText::Form::Script) {
+            script(text);
+        } else {
+            result_.isOpen =
+                takeApart(text, script, [&](std::string_view piece) { readIncludes(piece); });
         }
         return std::move(result_);
     }
 
   private:
     // <!--#INCLUDE FILE="..." -->
-    void readIncludes(std::string_view line) {
+    void readIncludes(std::string_view text) {
         constexpr std::string_view Directive = "#include";
-        for (auto at = line.find('#'); at != std::string_view::npos; at = line.find('#', at + 1)) {
-            if (!equalIgnoringCase(line.substr(at, Directive.size()), Directive)) continue;
-            std::string_view rest = line.substr(at + Directive.size());
+        for (auto at = text.find('#'); at != std::string_view::npos; at = text.find('#', at + 1)) {
+            if (!equalIgnoringCase(text.substr(at, Directive.size()), Directive)) continue;
+            std::string_view rest = text.substr(at + Directive.size());
             const std::string_view kind = takeWord(rest);
             rest = withoutSpaceBefore(rest);
             if (!rest.starts_with('=')) continue;
@@ -72,27 +199,50 @@ class Reader {
         }
     }
 
-    // A definition stands at the start of a statement: of a line, behind a colon, or behind the
-    // mark that begins a script block.
-    void readStatements(std::string_view line) {
-        std::string_view rest = withoutComment(line);
-        for (;;) {
-            readStatement(rest);
-            const auto next = rest.find_first_of(":%>");
-            if (next == std::string_view::npos) return;
-            rest.remove_prefix(next + 1);
-        }
+    void readScript(std::string_view script) {
+        forEachStatement(script,
+                         [&](std::string_view statement, int) { readStatement(statement); });
     }
 
     void readStatement(std::string_view statement) {
-        std::string word = upperCase(takeWord(statement));
-        if (word == "CLASS") inClass_ = true;
-        if (word == "END" && equalIgnoringCase(takeWord(statement), "class")) inClass_ = false;
-        while (std::find(std::begin(Modifiers), std::end(Modifiers), word) != std::end(Modifiers))
-            word = upperCase(takeWord(statement));
-        if (word != "FUNCTION" || inClass_) return;
-        const std::string_view name = takeWord(statement);
-        if (!name.empty()) result_.functions.insert(functionKey(name));
+        std::string_view rest = statement;
+        std::string word = upperCase(takeWord(rest));
+        if (word == "END") {
+            const std::string what = upperCase(takeWord(rest));
+            if (what == "CLASS") inClass_ = false;
+            if (what == "FUNCTION" || what == "SUB") result_.openProcedure.clear();
+            return;
+        }
+        const bool isTop = !inClass_ && result_.openProcedure.empty();
+        bool isShared = false;
+        while (word == "PUBLIC" || word == "PRIVATE" || word == "DEFAULT") {
+            isShared = true;
+            statement = rest;
+            word = upperCase(takeWord(rest));
+        }
+        if (word == "FUNCTION" || word == "SUB" || word == "CLASS") {
+            const std::string_view name = takeWord(rest);
+            if (name.empty()) return;
+            if (isTop) result_.declared.emplace_back(name);
+            if (isTop && word == "FUNCTION") result_.functions.insert(functionKey(name));
+            if (word == "CLASS") {
+                inClass_ = true;
+            } else if (!inClass_ && rest.find('{') == std::string_view::npos) {
+                result_.openProcedure = name;  // the other language ends it by a bracket
+            }
+        } else if (isTop && (word == "CONST" || word == "DIM")) {
+            declareAll(rest);
+        } else if (isTop && isShared) {
+            declareAll(statement);
+        }
+    }
+
+    // The names of "A, B(3), C = 1".
+    void declareAll(std::string_view names) {
+        for (std::string_view piece : piecesOf(names, ',')) {
+            const std::string_view name = takeWord(piece);
+            if (!name.empty()) result_.declared.emplace_back(name);
+        }
     }
 
     ScriptText result_;
@@ -101,8 +251,33 @@ class Reader {
 
 }  // namespace
 
-ScriptText ScriptText::read(std::string_view text) {
-    return Reader().read(text);
+ScriptText ScriptText::read(std::string_view text, Form form) {
+    return Reader().read(text, form);
+}
+
+std::unordered_set<std::string> namesUsedIn(std::string_view page) {
+    std::unordered_set<std::string> names;
+    const auto gather = [&](std::string_view statement, int) {
+        std::size_t next = 0;  // where a word may begin
+        forEachCodeChar(statement, [&](std::size_t i) {
+            if (i < next || !isWordChar(statement[i])) return;
+            std::string_view rest = statement.substr(i);
+            const std::string_view word = takeWord(rest);
+            next = i + word.size();
+            if (i == 0 || statement[i - 1] != '.') names.insert(functionKey(word));
+        });
+    };
+    takeApart(
+        page, [&](std::string_view script) { forEachStatement(script, gather); },
+        [](std::string_view) {});
+    return names;
+}
+
+int longestStatement(std::string_view script) {
+    int longest = 0;
+    forEachStatement(script,
+                     [&](std::string_view, int lines) { longest = std::max(longest, lines); });
+    return longest;
 }
 
 std::string functionKey(std::string_view name) {
@@ -110,13 +285,17 @@ std::string functionKey(std::string_view name) {
 }
 
 bool isFunctionName(std::string_view name) {
-    return !name.empty() && !(name.front() >= '0' && name.front() <= '9') && name.front() != '_' &&
+    return !name.empty() && name.size() <= LongestName &&
+           !(name.front() >= '0' && name.front() <= '9') && name.front() != '_' &&
            std::all_of(name.begin(), name.end(), isWordChar);
 }
 
+bool isReservedWord(std::string_view name) {
+    return isAmong(Reserved, name);
+}
+
 bool isBuiltInFunction(std::string_view name) {
-    return std::find(std::begin(BuiltIn), std::end(BuiltIn), functionKey(name)) !=
-           std::end(BuiltIn);
+    return isAmong(BuiltIn, name);
 }
 
 }  // namespace headerdtc

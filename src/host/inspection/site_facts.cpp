@@ -1,6 +1,7 @@
 #include "host/inspection/site_facts.h"
 
 #include "host/files/whole_file.h"
+#include "host/inspection/finding.h"
 #include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
@@ -91,8 +92,13 @@ std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
 std::optional<fs::path> SiteFacts::findIncluded(const ScriptText::Include& include,
                                                 const fs::path& includer) const {
     if (include.isVirtual) return find(include.path);
-    return findAnyCase(includer.parent_path() / replaceAll(include.path, "\\", "/"),
-                       *site_->configuration);
+    const fs::path path = includer.parent_path() / replaceAll(include.path, "\\", "/");
+    const SiteConfiguration& site = *site_->configuration;
+    if (auto file = findAnyCase(path, site)) return file;
+    // Published, the pages lie among the files of the installed site.
+    const fs::path plain = path.lexically_normal();
+    if (!isBelow(plain, site.projectRoot)) return std::nullopt;
+    return find(plain.lexically_relative(site.projectRoot).string());
 }
 
 const ScriptText& SiteFacts::scriptOf(const fs::path& file) {
@@ -101,59 +107,86 @@ const ScriptText& SiteFacts::scriptOf(const fs::path& file) {
     ScriptText script;
     try {
         const std::string bytes = readWholeFile(file).bytes;
-        script = ScriptText::read(site_->configuration->codePage.decode(bytes));
+        script =
+            ScriptText::read(site_->configuration->codePage.decode(bytes), ScriptText::Form::Page);
     } catch (const FileError&) {
         // It defines nothing; that it cannot be read is for another rule to say.
     }
     return scripts_.emplace(file, std::move(script)).first->second;
 }
 
-void SiteFacts::collect(const ScriptText& script, const fs::path& file, Functions& all,
-                        std::unordered_set<std::string>& seen) {
-    all.insert(script.functions.begin(), script.functions.end());
+// `open` are the files that include one another down to this one, by their real paths: links make
+// many names for one file, and in a loop of folders names without end.
+void SiteFacts::collect(const ScriptText& script, const fs::path& file, Contents& all,
+                        std::vector<fs::path>& open, std::set<fs::path>& seen) {
+    all.functions.insert(script.functions.begin(), script.functions.end());
+    if (all.declaration.empty() && !script.declared.empty())
+        all.declaration = script.declared.front();
+    if (script.isOpen) all.faults.push_back({file, "has a <% without a %>"});
     for (const auto& include : script.includes) {
         const auto included = findIncluded(include, file);
-        if (!included) continue;
-        // Links make many names for one file, and in a loop of folders names without end.
+        if (!included) {
+            all.faults.push_back(
+                {file, "includes " + inQuotes(include.path) + ", which is not there"});
+            continue;
+        }
         std::error_code failure;
         const fs::path real = fs::canonical(*included, failure);
-        if (!failure && seen.insert(real.string()).second)
-            collect(scriptOf(*included), *included, all, seen);
+        if (failure) continue;
+        if (std::find(open.begin(), open.end(), real) != open.end()) {
+            all.faults.push_back({file, "includes " + inQuotes(include.path) +
+                                            ", by which it includes itself without end"});
+        } else if (seen.insert(real).second) {
+            open.push_back(real);
+            collect(scriptOf(*included), *included, all, open, seen);
+            open.pop_back();
+        }
     }
 }
 
-const SiteFacts::Functions& SiteFacts::functionsOf(const fs::path& file) {
+const SiteFacts::Contents& SiteFacts::contentsOf(const fs::path& file) {
     const std::lock_guard lock(mutex_);
-    const auto found = functions_.find(file);
-    if (found != functions_.end()) return found->second;
-    Functions all;
-    std::unordered_set<std::string> seen{file.string()};
-    collect(scriptOf(file), file, all, seen);
-    return functions_.emplace(file, std::move(all)).first->second;
+    const auto found = contents_.find(file);
+    if (found != contents_.end()) return found->second;
+    Contents all;
+    std::error_code failure;
+    std::vector<fs::path> open{fs::canonical(file, failure)};
+    std::set<fs::path> seen{open.front()};
+    collect(scriptOf(file), file, all, open, seen);
+    return contents_.emplace(file, std::move(all)).first->second;
 }
 
-void SiteFacts::addFunctions(std::string_view text, const fs::path& file, Functions& all) {
-    const ScriptText script = ScriptText::read(text);
+SiteFacts::Functions SiteFacts::functionsOf(std::string_view page, const fs::path& file) {
+    const ScriptText script = ScriptText::read(page, ScriptText::Form::Page);
     const std::lock_guard lock(mutex_);
-    std::unordered_set<std::string> seen{file.string()};
-    collect(script, file, all, seen);
+    Contents all;
+    std::vector<fs::path> open{file};
+    std::set<fs::path> seen{file};
+    collect(script, file, all, open, seen);
+    return std::move(all.functions);
 }
 
-const SiteFacts::Functions& SiteFacts::functionsOfTemplate() {
+const SiteFacts::Template& SiteFacts::siteTemplate() {
     const std::lock_guard lock(mutex_);
-    if (templateFunctions_) return *templateFunctions_;
-    templateFunctions_.emplace();
+    if (template_) return *template_;
+    template_.emplace();
+    for (const ScriptVariable& variable : ScriptVariables)
+        template_->names.insert(functionKey(variable.name));
     try {
-        const std::string path = installDir_ + std::string(TemplateFile);
-        const ScriptText script = ScriptText::read(site_->textFiles.readText(path));
-        std::unordered_set<std::string> seen;
+        const std::string text = site_->textFiles.readText(installDir_ + std::string(TemplateFile));
+        Contents all;
+        std::vector<fs::path> open;
+        std::set<fs::path> seen;
         // Its includes are those of the pages that it becomes a part of: only those from the root
         // of the site are the same for all of them.
-        collect(script, site_->configuration->projectRoot / "page", *templateFunctions_, seen);
+        collect(ScriptText::read(text, ScriptText::Form::Page),
+                site_->configuration->projectRoot / "page", all, open, seen);
+        template_->functions = std::move(all.functions);
+        template_->names.merge(namesUsedIn(text));
     } catch (const RuntimeError&) {
         // A template that cannot be read fails every page, which says so.
     }
-    return *templateFunctions_;
+    return *template_;
 }
 
 std::shared_ptr<SiteFacts> SiteFactsCache::of(const std::shared_ptr<Site>& site) {

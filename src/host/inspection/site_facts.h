@@ -9,10 +9,12 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 namespace headerdtc {
 
@@ -39,18 +41,33 @@ class SiteFacts {
     std::optional<std::filesystem::path> find(std::string_view sitePath) const;
 
     using Functions = std::unordered_set<std::string>;  // keys of their names
-    // The functions that a file defines, those of the files that it includes among them.
-    const Functions& functionsOf(const std::filesystem::path& file);
-    // The same for a text that stands in for a file.
-    void addFunctions(std::string_view text, const std::filesystem::path& file, Functions& all);
-    // The functions that the template brings into every page.
-    const Functions& functionsOfTemplate();
+    // What a file brings along, the files that it includes among it.
+    struct Contents {
+        Functions functions;
+        std::string declaration;  // a name that is declared at the top level; empty: there is none
+        // What ends a page that includes it, "has a <% without a %>", and in which file.
+        struct Fault {
+            std::filesystem::path file;
+            std::string text;
+        };
+        std::vector<Fault> faults;
+    };
+    const Contents& contentsOf(const std::filesystem::path& file);
+    // The functions of a text that stands in for a file.
+    Functions functionsOf(std::string_view page, const std::filesystem::path& file);
+
+    // What the template brings into every page: functions, and the names that it uses itself.
+    struct Template {
+        Functions functions;
+        Functions names;
+    };
+    const Template& siteTemplate();
 
   private:
     std::optional<std::filesystem::path> findIncluded(const ScriptText::Include& include,
                                                       const std::filesystem::path& includer) const;
-    void collect(const ScriptText& script, const std::filesystem::path& file, Functions& all,
-                 std::unordered_set<std::string>& seen);
+    void collect(const ScriptText& script, const std::filesystem::path& file, Contents& all,
+                 std::vector<std::filesystem::path>& open, std::set<std::filesystem::path>& seen);
     const ScriptText& scriptOf(const std::filesystem::path& file);
 
     std::shared_ptr<Site> site_;
@@ -60,8 +77,8 @@ class SiteFacts {
 
     std::mutex mutex_;
     std::map<std::filesystem::path, ScriptText> scripts_;
-    std::map<std::filesystem::path, Functions> functions_;
-    std::optional<Functions> templateFunctions_;
+    std::map<std::filesystem::path, Contents> contents_;
+    std::optional<Template> template_;
 };
 
 // The facts of any number of sites. Thread-safe.

@@ -5,6 +5,7 @@
 #include "core/stored_key_table.h"
 #include "core/stored_values.h"
 #include "platform/runtime_error.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <string_view>
@@ -43,32 +44,20 @@ const RoleNames& namesOf(StoredRole role) {
                          [&](const RoleNames& names) { return names.role == role; });
 }
 
-// The lists of a family: how the names of their counts and items are put together, "@" standing for
-// the family's prefix, and where they go.
-struct ListRow {
-    std::string_view count, items;
+// The lists of a family and where they go.
+struct ListPart {
+    StoredPart part;
     Items list;
     StoredRole role;
 };
-constexpr ListRow ReturnFields = {"@ReturnFieldCount", "@ReturnFields", &OfFamily::returnFields,
-                                  StoredRole::ReturnField};
-constexpr ListRow KeyFields = {"@KeyFieldsCount", "@KeyFieldnames", &OfFamily::keyFields,
-                               StoredRole::KeyField};
-constexpr ListRow LaterLists[] = {
-    {"NrOf@I18NFieldnames", "@I18NFieldnames", &OfFamily::translatedNames,
-     StoredRole::TranslatedName},
-    {"NrOf@I18NFieldValues", "@I18NFieldValues", &OfFamily::translatedValues,
-     StoredRole::TranslatedValue},
-    {"NrOfSelected@LinkedFields", "@SelectedLinkedFields", &OfFamily::linkedFields,
-     StoredRole::LinkedField},
+constexpr ListPart ReturnFields = {StoredPart::ReturnFields, &OfFamily::returnFields,
+                                   StoredRole::ReturnField};
+constexpr ListPart KeyFields = {StoredPart::KeyFields, &OfFamily::keyFields, StoredRole::KeyField};
+constexpr ListPart LaterLists[] = {
+    {StoredPart::TranslatedNames, &OfFamily::translatedNames, StoredRole::TranslatedName},
+    {StoredPart::TranslatedValues, &OfFamily::translatedValues, StoredRole::TranslatedValue},
+    {StoredPart::LinkedFields, &OfFamily::linkedFields, StoredRole::LinkedField},
 };
-
-std::string named(std::string_view pattern, Family family) {
-    const auto place = pattern.find('@');
-    std::string name(pattern.substr(0, place));
-    name += traitsOf(family).prefix;
-    return name.append(pattern.substr(place + 1));
-}
 
 class ConfigurationReader {
   public:
@@ -79,15 +68,16 @@ class ConfigurationReader {
     }
 
     StoredConfiguration read() {
-        result_.dataProvider = item("DataProvider", 0);
+        result_.dataProvider = item(*stored::RowOf("DataProvider"), 0);
         for (const Family family : BothFamilies)
             readFamily(family);
         readScripts();
-        const int includes = count("NrOfExtraIncludes");
+        const int includes = count(stored::rowOf<stored::ItemCount>(StoredPart::Includes));
+        const auto& include = stored::rowOf<stored::Items>(StoredPart::Includes);
         for (int i = 0; i < includes; ++i)
-            result_.includes.push_back(item(keys_.numbered("ExtraIncludes", i), i + 1));
-        result_.stylesheet = item("XSLFilename", 0);
-        result_.linkedDataProvider = item("LinkedDataProvider", 0);
+            result_.includes.push_back(item(keys_.numbered(include.key, i), i + 1));
+        result_.stylesheet = item(*stored::RowOf("XSLFilename"), 0);
+        result_.linkedDataProvider = item(*stored::RowOf("LinkedDataProvider"), 0);
         return std::move(result_);
     }
 
@@ -102,6 +92,8 @@ class ConfigurationReader {
         return {std::string(text(name)), row, std::string(name)};
     }
 
+    StoredItem item(const stored::Row& row, int number) const { return item(row.key, number); }
+
     int number(std::string_view name, int fallback) {
         const auto found = values_.find(name);
         if (found == values_.end()) return fallback;
@@ -115,8 +107,8 @@ class ConfigurationReader {
     }
     // No list is longer than what its page stores: a count beyond that is a slip, whose empty
     // items say nothing.
-    int count(std::string_view name, int fallback = 0) {
-        return std::min(number(name, fallback), static_cast<int>(values_.size()) + 2);
+    int count(const stored::Row& row, int fallback = 0) {
+        return std::min(number(row.key, fallback), static_cast<int>(values_.size()) + 2);
     }
 
     // ---- the parts -------------------------------------------------------------------------
@@ -125,31 +117,34 @@ class ConfigurationReader {
         readList(ReturnFields, family);
         readCriteria(family, own);
         readList(KeyFields, family);
-        for (const ListRow& list : LaterLists)
+        for (const ListPart& list : LaterLists)
             readList(list, family);
-        const std::string linkRows = named("NrOfLinked@Fields", family);
+        const auto& linkRows = stored::rowOf<stored::RowCount>(StoredPart::Links, family);
         const int rows = count(linkRows, 2);
         if (rows < 1)
-            result_.faults.push_back(
-                {linkRows, std::string(text(linkRows)), "while the header alone is one row"});
-        const std::string from = named("@LinkFromFields", family);
-        const std::string to = named("@LinkToFields", family);
+            result_.faults.push_back({std::string(linkRows.key), std::string(text(linkRows.key)),
+                                      "while the header alone is one row"});
+        const auto& from = stored::rowOf<stored::LinkRows>(StoredPart::Links, family);
+        const auto& to = stored::rowOf<stored::WithRowAbove>(StoredPart::Links, family);
         for (int row = 1; row < rows; ++row)
-            own.links.push_back(
-                {row, item(keys_.numbered(from, row), row), item(keys_.numbered(to, row), row)});
+            own.links.push_back({row, item(keys_.numbered(from.key, row), row),
+                                 item(keys_.numbered(to.key, row), row)});
     }
 
-    void readList(const ListRow& list, Family family) {
-        const int items = count(named(list.count, family));
-        const std::string prefix = named(list.items, family);
+    void readList(const ListPart& list, Family family) {
+        using namespace stored;
+        const int items = count(rowOf<ItemCount, SelectionCount>(list.part, family));
+        const Row& row = rowOf<stored::Items, Selection>(list.part, family);
         for (int i = 0; i < items; ++i)
-            (result_.of(family).*list.list).push_back(item(keys_.numbered(prefix, i), i + 1));
+            (result_.of(family).*list.list).push_back(item(keys_.numbered(row.key, i), i + 1));
     }
 
     void readCriteria(Family family, OfFamily& own) {
-        const int rows = count(named("@CriteriaCount", family));
-        const std::string cells = named("@Criteria", family);
-        const std::string types = named("@CriteriaType", family);
+        const int rows = count(stored::rowOf<stored::RowCount>(StoredPart::Criteria, family));
+        const std::string_view cells =
+            stored::rowOf<stored::Cells>(StoredPart::Criteria, family).key;
+        const std::string_view types =
+            stored::rowOf<stored::CriteriaTypes>(StoredPart::Criteria, family).key;
         for (int row = 1; row < rows; ++row) {
             const auto cell = [&](int column) { return item(keys_.cell(cells, row, column), row); };
             own.criteria.push_back({row, cell(criteria_column::Key),
@@ -172,10 +167,11 @@ class ConfigurationReader {
     }
 
     void readScripts() {
-        const int scripts = count("NrOfUserDefinedScripts");
+        const int scripts = count(stored::rowOf<stored::ScriptCount>(StoredPart::Scripts));
+        const std::string_view key = stored::rowOf<stored::Scripts>(StoredPart::Scripts).key;
         for (int k = 1; k <= scripts; ++k) {
-            StoredItem name = item(keys_.numbered("UserDefinedScript", k), k);
-            std::string script(text(keys_.suffixed(name.text, "UserDefinedScript")));
+            StoredItem name = item(keys_.numbered(key, k), k);
+            std::string script(text(keys_.suffixed(name.text, key)));
             result_.scripts.push_back({std::move(name), std::move(script)});
         }
     }
@@ -193,6 +189,10 @@ std::string_view nameOf(StoredRole role) {
 
 std::string_view keyOf(StoredRole role) {
     return namesOf(role).key;
+}
+
+bool StoredConfiguration::Criterion::isWritten() const {
+    return !trimBlanks(key.text).empty() && !operation.text.empty() && !value.text.empty();
 }
 
 int StoredConfiguration::OfFamily::typeOf(std::string_view value) const {
@@ -219,7 +219,7 @@ void forEachItem(
     tell(StoredRole::DataProvider, std::nullopt, configuration.dataProvider);
     for (const Family family : BothFamilies) {
         const OfFamily& own = configuration.of(family);
-        const auto tellAll = [&](const ListRow& list) {
+        const auto tellAll = [&](const ListPart& list) {
             for (const StoredItem& item : own.*list.list)
                 tell(list.role, family, item);
         };
@@ -230,7 +230,7 @@ void forEachItem(
             tell(StoredRole::CriterionValue, family, criterion.value);
         }
         tellAll(KeyFields);
-        for (const ListRow& list : LaterLists)
+        for (const ListPart& list : LaterLists)
             tellAll(list);
         for (const auto& link : own.links) {
             tell(StoredRole::LinkFrom, family, link.from);

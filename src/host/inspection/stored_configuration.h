@@ -50,6 +50,8 @@ struct StoredConfiguration {
     struct Criterion {
         int row = 0;
         StoredItem key, operation, value;
+        // Whether it comes into the script: what lacks a piece is left out.
+        bool isWritten() const;
     };
     struct Link {
         int row = 0;

@@ -2,8 +2,8 @@
 
 #include "core/header_dtc.h"
 #include "host/files/file_replacer.h"
+#include "host/page/quiet_host.h"
 #include "host/page/text_property_bag.h"
-#include "host/quiet_host.h"
 #include "platform/clock.h"
 #include "platform/data_source.h"
 #include "platform/database.h"

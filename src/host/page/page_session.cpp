@@ -1,9 +1,9 @@
 #include "host/page/page_session.h"
 
 #include "core/stored_keys.h"
-#include "host/control_instance.h"
+#include "host/page/control_instance.h"
+#include "host/page/quiet_host.h"
 #include "host/page/text_property_bag.h"
-#include "host/quiet_host.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
 #include "platform/text_files.h"

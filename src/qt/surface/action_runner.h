@@ -6,9 +6,8 @@
 
 namespace headerdtc::qt {
 
-// Runs what the person at one form does to its models. No failure may pass through Qt's event
-// loop, so this is where they end: what a person cannot do is left undone, and what a handler lets
-// out goes to onFailure.
+// Runs what a person does at one form on its models. No exception may pass through Qt's event loop,
+// so they end here: refused actions are dropped, and what a handler throws goes to onFailure.
 class ActionRunner {
   public:
     void run(const std::function<void()>& action);

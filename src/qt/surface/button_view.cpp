@@ -1,6 +1,5 @@
 #include "qt/surface/button_view.h"
 
-#include "qt/surface/key_translation.h"
 #include "qt/surface/mnemonics.h"
 #include "qt/surface/text.h"
 

@@ -3,20 +3,86 @@
 #include "controls/control.h"
 #include "qt/surface/action_runner.h"
 #include "qt/surface/focus_keeper.h"
-#include "qt/surface/key_translation.h"
+#include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QWidget>
-#include <algorithm>
 
 namespace headerdtc::qt {
 namespace {
 
-// "/\" and "..." say nothing when read aloud.
-bool canBeReadAloud(const QString& caption) {
-    return std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); });
+QString withoutColon(QString label) {
+    if (label.endsWith(':')) label.chop(1);
+    return label;
 }
+
+std::optional<Key::Kind> kindOf(int qtKey) {
+    switch (qtKey) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return Key::Kind::Enter;
+        case Qt::Key_Escape:
+            return Key::Kind::Escape;
+        case Qt::Key_Up:
+            return Key::Kind::Up;
+        case Qt::Key_Down:
+            return Key::Kind::Down;
+        case Qt::Key_Left:
+            return Key::Kind::Left;
+        case Qt::Key_Right:
+            return Key::Kind::Right;
+        case Qt::Key_Delete:
+            return Key::Kind::Delete;
+        case Qt::Key_Backspace:
+            return Key::Kind::Backspace;
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+            return Key::Kind::Tab;
+        default:
+            return std::nullopt;
+    }
+}
+
+// Lies over the widget that it outlines and lets the mouse through.
+class FocusOutline : public QWidget {
+  public:
+    explicit FocusOutline(QWidget& outlined) : QWidget(&outlined) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setVisible(outlined.hasFocus());
+        outlined.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::FocusIn:
+                resize(parentWidget()->size());
+                raise();
+                show();
+                break;
+            case QEvent::FocusOut:
+                hide();
+                break;
+            case QEvent::Resize:
+                resize(parentWidget()->size());
+                break;
+            default:
+                break;
+        }
+        return QWidget::eventFilter(watched, event);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr int Width = 2;
+        QPainter painter(this);
+        QPen pen(palette().color(QPalette::Highlight), Width);
+        pen.setJoinStyle(Qt::MiterJoin);
+        painter.setPen(pen);
+        painter.drawRect(rect().adjusted(Width / 2, Width / 2, -Width / 2, -Width / 2));
+    }
+};
 
 }  // namespace
 
@@ -30,8 +96,8 @@ ControlView::ControlView(Control& control, QWidget& widget, FormFace face)
 
 void ControlView::begin() {
     showAppearance();
-    show();
     describe();
+    show();
 }
 
 void ControlView::act(const std::function<void()>& action) {
@@ -49,17 +115,17 @@ void ControlView::showEnabled(bool enabled) {
     widget_.setEnabled(enabled);
 }
 
-void ControlView::describe() {
-    const QString name = toQt(control_.name());
-    const QString label = toQt(control_.label());
-    const QString own = caption();
-    widget_.setAccessibleName(canBeReadAloud(own)                 ? own
-                              : own.isEmpty() && !label.isEmpty() ? label
-                                                                  : name);
-    widget_.setAccessibleDescription(toQt(control_.toolTip()));
+void ControlView::describe(const QString& count) {
+    QString name = spokenName(control_.name());
+    if (name.isEmpty()) name = caption();
+    if (name.isEmpty()) name = withoutColon(toQt(control_.label()));
+    const QString toolTip = toQt(control_.toolTip());
+    // Qt has a combo box called by its text.
+    widget_.setAccessibleDescription(toolTip.isEmpty() ? name : toolTip);
+    widget_.setAccessibleName(count.isEmpty() ? name : name + QStringLiteral(", ") + count);
 }
 
-// A key that an in-place editor has no use for comes by the grid that it lies in.
+// Only with the focus: keys that an in-place editor does not use are passed on to its grid.
 bool ControlView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &widget_ && event->type() == QEvent::KeyPress && widget_.hasFocus())
         return keyPressed(static_cast<QKeyEvent&>(*event));
@@ -71,6 +137,29 @@ bool ControlView::keyPressed(const QKeyEvent& event) {
     if (!key || !isDialogKey(*key)) return false;
     act([&] { control_.press(*key); });
     return true;
+}
+
+std::optional<Key> keyOf(const QKeyEvent& event) {
+    constexpr auto Commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    if (event.modifiers() & Commands) return std::nullopt;
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    if (const auto kind = kindOf(event.key())) return Key{*kind, 0, shift};
+    const auto characters = event.text().toUcs4();
+    if (characters.size() != 1 || !QChar::isPrint(characters.front())) return std::nullopt;
+    return Key{Key::Kind::Character, static_cast<char32_t>(characters.front()), shift};
+}
+
+bool isDialogKey(const Key& key) {
+    return key.kind == Key::Kind::Enter || key.kind == Key::Kind::Escape;
+}
+
+bool isArrowKey(const Key& key) {
+    return key.kind == Key::Kind::Up || key.kind == Key::Kind::Down ||
+           key.kind == Key::Kind::Left || key.kind == Key::Kind::Right;
+}
+
+void outlineFocus(QWidget& widget) {
+    new FocusOutline(widget);
 }
 
 }  // namespace headerdtc::qt

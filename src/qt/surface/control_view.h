@@ -1,11 +1,13 @@
 #pragma once
 
 #include "controls/event.h"
+#include "controls/keys.h"
 
 #include <QChar>
 #include <QObject>
 #include <QString>
 #include <functional>
+#include <optional>
 
 class QKeyEvent;
 class QWidget;
@@ -53,8 +55,8 @@ class ControlView : public QObject {
     // A key pressed with the widget's focus; tells whether the widget is to be kept from it. Here:
     // Enter and Escape, which are the model's.
     virtual bool keyPressed(const QKeyEvent& event);
-    // Puts the names by which assistive technology knows the control.
-    void describe();
+    // Puts the words by which assistive technology knows the control, and how much is in it.
+    void describe(const QString& count = {});
 
     FormFace face_;
     Subscriptions subscriptions_;
@@ -65,5 +67,17 @@ class ControlView : public QObject {
     Control& control_;
     QWidget& widget_;
 };
+
+// The key as the models know it; nothing for keys that they do not know (Home, function keys) and
+// for those held with Ctrl, Alt or Meta, which are commands to the window.
+std::optional<Key> keyOf(const QKeyEvent& event);
+
+// Enter and Escape, which dialogs have buttons for.
+bool isDialogKey(const Key& key);
+bool isArrowKey(const Key& key);
+
+// Frames a list or grid in the highlight colour while it has the focus. Some styles show the focus
+// by the current item alone, which an empty list does not have and a grid shows always.
+void outlineFocus(QWidget& widget);
 
 }  // namespace headerdtc::qt

@@ -3,7 +3,7 @@
 #include "controls/control.h"
 #include "controls/form.h"
 #include "qt/surface/action_runner.h"
-#include "qt/surface/key_translation.h"
+#include "qt/surface/control_view.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -85,8 +85,8 @@ bool FocusKeeper::pressOnForm(const QKeyEvent& event) {
     return true;
 }
 
-// Goes on from the control that was left without the focus when it could not keep it, instead of
-// beginning at the top again.
+// When a control could not keep the focus, Tab goes on from that control instead of starting at the
+// top again.
 void FocusKeeper::tabFrom(QWidget& start, bool forward) {
     QWidget* next = &start;
     do {

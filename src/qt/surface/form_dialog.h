@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <exception>
 #include <memory>
+#include <string>
 
 namespace headerdtc {
 class Form;
@@ -11,6 +12,10 @@ class Form;
 namespace headerdtc::qt {
 
 class FormBinder;
+
+// Fills an empty dialog window with the widgets of the dialog form of that name. Raises
+// std::logic_error for a form that is not there.
+void setUpDialogForm(const std::string& name, QDialog& dialog);
 
 // The window of a dialog form, for one showing: the form decides when it closes.
 class FormDialog : public QDialog {
@@ -25,7 +30,7 @@ class FormDialog : public QDialog {
     // lets out is thrown on.
     void run();
 
-    // The window's own ways of being closed are the person's wish; the form may not follow it.
+    // Closing the window is only a request: the form decides.
     void reject() override;
 
   protected:

@@ -57,9 +57,22 @@ void InPlaceEditors::place() {
 
 void InPlaceEditors::place(Editor& editor) {
     if (!editor.shown) return;
-    // The row of the cell was taken out under the editor: it stays with the current one.
+    // The row of the editor's cell was removed: the editor stays with the current cell.
     if (!editor.cell.isValid()) editor.cell = cells_.currentCell();
     if (editor.cell.isValid()) editor.widget.setGeometry(table_.visualRect(editor.cell));
+}
+
+Control& InPlaceEditors::controlOf(const QWidget& widget) const {
+    const auto found = std::find_if(editors_.begin(), editors_.end(),
+                                    [&](const auto& editor) { return &editor->widget == &widget; });
+    return (*found)->control;
+}
+
+QWidget* InPlaceEditors::over(const QModelIndex& cell) const {
+    for (const auto& editor : editors_) {
+        if (editor->shown && editor->cell == cell) return &editor->widget;
+    }
+    return nullptr;
 }
 
 int InPlaceEditors::widthNeeded(int column) const {

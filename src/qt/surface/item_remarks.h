@@ -14,7 +14,7 @@ struct ItemRemarks {
     std::function<QString(const QModelIndex&)> of;  // empty: nothing is to be said
     QIcon icon;
 
-    // The item's data of a role that remarks have a say in; otherwise what is given.
+    // What a remark supplies for a role; `otherwise` where it supplies nothing.
     QVariant data(const QModelIndex& index, int role, const QVariant& otherwise) const {
         const bool speaks = role == Qt::ToolTipRole || role == Qt::StatusTipRole ||
                             role == Qt::AccessibleTextRole ||

@@ -46,7 +46,7 @@ bool SelectionList::viewportEvent(QEvent* event) {
 void SelectionList::changed() {
     if (showing_ > 0) return;
     changed_ = true;
-    // Neither key nor mouse: assistive technology selects on its own account.
+    // Neither key nor mouse: assistive technology has selected.
     if (!acting_) endAction();
 }
 

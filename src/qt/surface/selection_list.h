@@ -12,7 +12,7 @@ class SelectionList : public QListView {
   public:
     explicit SelectionList(QWidget* parent = nullptr);
 
-    // What is said in the place of items while there are none: why there are none.
+    // Shown while there are no items: why there are none.
     void setEmptyText(const QString& text);
     const QString& emptyText() const { return emptyText_; }
 

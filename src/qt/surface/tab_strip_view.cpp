@@ -1,8 +1,8 @@
 #include "qt/surface/tab_strip_view.h"
 
 #include "qt/surface/focus_keeper.h"
-#include "qt/surface/key_translation.h"
 #include "qt/surface/mnemonics.h"
+#include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
 
 #include <QMouseEvent>
@@ -17,7 +17,7 @@ TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
     const auto& captions = model_.captions();
     for (std::size_t page = 0; page < captions.size(); ++page)
         tabs_.setTabText(static_cast<int>(page), toQt(captions[page]));
-    tabs_.tabBar()->setAccessibleName(toQt(model_.name()));
+    tabs_.tabBar()->setAccessibleName(spokenName(model_.name()));
     tabs_.tabBar()->installEventFilter(this);
     // Ways to turn a page that Qt knows and the filter does not.
     connect(&tabs_, &QTabWidget::currentChanged, this, [this](int page) {
@@ -26,15 +26,13 @@ TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
     subscriptions_ += model_.tabChanged.subscribe([this] { show(); });
 }
 
-QString TabStripView::takeMnemonics(Mnemonics mnemonics) {
-    QString letters;
-    const auto& captions = model_.captions();
-    for (std::size_t page = 0; page < captions.size(); ++page) {
-        const QString caption = toQt(captions[page]);
-        const QChar letter = mnemonics.take(caption);
-        tabs_.setTabText(static_cast<int>(page), withMnemonic(caption, letter));
-        letters += letter;
-    }
+QString TabStripView::takeMnemonics(const QString& taken) {
+    QStringList captions;
+    for (const std::string& caption : model_.captions())
+        captions += toQt(caption);
+    QString letters = mnemonicsOf(captions, taken);
+    for (int page = 0; page < captions.size(); ++page)
+        tabs_.setTabText(page, withMnemonic(captions.at(page), letters.at(page)));
     return letters;
 }
 
@@ -53,7 +51,7 @@ void TabStripView::clickTab(int page) {
 // The model turns the page, after the control on it has lost the focus: Qt must not do so first.
 bool TabStripView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == tabs_.tabBar() && tabBarEvent(*event)) return true;
-    // Keys that no control of a page has used come by here on their way to the window.
+    // Keys that no control of a page has used are passed on to here.
     if (watched == &tabs_ && event->type() == QEvent::KeyPress)
         return turnPage(static_cast<QKeyEvent&>(*event));
     return ControlView::eventFilter(watched, event);
@@ -79,7 +77,7 @@ bool TabStripView::tabBarEvent(const QEvent& event) {
         }
         case QEvent::KeyPress:
             return keyPressed(static_cast<const QKeyEvent&>(event));
-        // Turning the wheel over the tabs is no click.
+        // The mouse wheel must not turn pages.
         case QEvent::Wheel:
             return true;
         default:

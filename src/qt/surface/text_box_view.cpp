@@ -1,8 +1,6 @@
 #include "qt/surface/text_box_view.h"
 
-#include "qt/surface/document_text.h"
-#include "qt/surface/key_translation.h"
-#include "qt/surface/line_selection.h"
+#include "qt/surface/edited_text.h"
 #include "qt/surface/text.h"
 
 #include <QLineEdit>
@@ -46,7 +44,7 @@ void TextBoxView::showGround() {
     if (!isEditable()) {
         const QPalette& around = widget().parentWidget()->palette();
         palette.setBrush(QPalette::Base, around.brush(QPalette::Window));
-        // What cannot be changed is still there to be read.
+        // Text that cannot be changed still has to be readable.
         palette.setBrush(QPalette::Disabled, QPalette::Text,
                          around.brush(QPalette::Active, QPalette::WindowText));
     }

@@ -11,7 +11,8 @@ class QPlainTextEdit;
 
 namespace headerdtc::qt {
 
-// A text box: the widget edits, the model is asked about each key before and told the outcome.
+// A text box: the model is asked about each key first; the widget then edits and reports the
+// result.
 class TextBoxView : public ControlView {
   public:
     TextBoxView(TextBox& model, QWidget& widget, FormFace face);
@@ -19,7 +20,7 @@ class TextBoxView : public ControlView {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
-    // Whether a person could edit the text. What is only to be read lies on the window's ground.
+    // Whether a person could edit the text; read-only text has the window's background.
     bool isEditable() const { return model_.Enabled() && !model_.Locked(); }
     void showGround();
     bool keyPressed(const QKeyEvent& event) override;

@@ -8,18 +8,12 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::SizeIs;
+using namespace ::testing;
 using testing::TempFolder;
 
 // The text that the hunks make of `before`, taken at the lines that they name.
 std::string applied(std::string_view before, const std::vector<DiffHunk>& hunks) {
-    std::vector<std::string_view> lines;
-    for (std::string_view rest = before; !rest.empty();) {
-        const auto length = std::min(rest.find('\n'), rest.size() - 1) + 1;
-        lines.push_back(rest.substr(0, length));
-        rest.remove_prefix(length);
-    }
+    const auto lines = linesOf(before, LineForm::Whole);
     std::string after;
     std::size_t next = 1, written = 0;
     for (const DiffHunk& hunk : hunks) {
@@ -62,6 +56,24 @@ TEST(LineDiff, HunksTurnAnyTextIntoAnyOther) {
     // Two long texts that have nearly nothing in common.
     const std::string before = text(3000, 100000), after = text(3000, 100000);
     EXPECT_EQ(applied(before, diffLines(before, after)), after);
+}
+
+TEST(LineDiff, RunsTakeTurnsAndSayWhichLinesAreTheSame) {
+    const auto shown = [](std::string_view before, std::string_view after) {
+        const auto old = linesOf(before, LineForm::Shown), now = linesOf(after, LineForm::Shown);
+        std::string text;
+        for (const DiffRun& run : diffRuns(old, now)) {
+            for (std::size_t i = run.oldBegin; i < run.oldEnd; ++i)
+                text.append(run.same ? "=" : "-").append(old[i]);
+            for (std::size_t i = run.newBegin; i < run.newEnd && !run.same; ++i)
+                text.append("+").append(now[i]);
+        }
+        return text;
+    };
+    EXPECT_EQ(shown("a\rb\n\n", "a\r\nb\r\n\nc"), "=a=b=+c");
+    EXPECT_EQ(shown("a\nb\nc\nd", "a\nx\nb\nd"), "=a+x=b-c=d");
+    EXPECT_EQ(shown("1\n2\n3\n4", "2\n4\n5"), "-1=2-3=4+5");
+    EXPECT_EQ(shown("", "a\nb"), "+a+b");
 }
 
 TEST(LineDiff, ChangesAreJoinedOnlyWhereTheirSurroundingsMeet) {

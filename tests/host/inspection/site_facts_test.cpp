@@ -8,8 +8,7 @@ namespace headerdtc {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::Contains;
-using ::testing::Not;
+using namespace ::testing;
 using testing::TempSite;
 
 class SiteFactsTest : public ::testing::Test {
@@ -17,9 +16,7 @@ class SiteFactsTest : public ::testing::Test {
     SiteFacts::Functions functionsOf(const std::string& page) {
         site.write("pages/page.asp", page);
         SiteFacts facts(sites.forPage(site / "pages/page.asp"));
-        SiteFacts::Functions found;
-        facts.addFunctions(page, site / "pages/page.asp", found);
-        return found;
+        return facts.functionsOf(page, site / "pages/page.asp");
     }
     static std::string include(const std::string& kind, const std::string& path) {
         return "<!--#include " + kind + "=\"" + path + "\"-->\n";
@@ -34,12 +31,16 @@ TEST_F(SiteFactsTest, APageIncludesFilesOfItsSiteAndNoOthers) {
     outside.write("secret.inc", "<% Function Secret() %>");
     site.write("inc/shared.inc", "<% Function Shared() %>");
     site.write("c/Suite/suite.inc", "<% Function Suite() %>");
+    site.write("c/Suite/published.inc", "<% Function Published() %>");
     const std::string secret = (outside / "secret.inc").string();
     const std::string up = "../../../../../../..";
-    const auto found = functionsOf(include("file", "..\\INC\\Shared.inc") +
-                                   include("virtual", "\\suite.inc") + include("file", secret) +
-                                   include("file", up + secret) + include("virtual", up + secret) +
-                                   include("virtual", secret) + include("virtual", "Z:" + secret));
+    const auto found =
+        functionsOf(include("file", "..\\INC\\Shared.inc") + include("virtual", "\\suite.inc") +
+                    include("file", secret) + include("file", up + secret) +
+                    include("virtual", up + secret) + include("virtual", secret) +
+                    include("virtual", "Z:" + secret) + include("file", "../published.inc"));
+    // Published, the pages lie below the install directory.
+    EXPECT_THAT(found, Contains("PUBLISHED"));
     EXPECT_THAT(found, Contains("SHARED"));
     EXPECT_THAT(found, Contains("SUITE"));
     EXPECT_THAT(found, Not(Contains("SECRET")));

@@ -3,16 +3,15 @@
 #include "core/header_dtc.h"
 #include "host/inspection/harbour_site.h"
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 #include <gmock/gmock.h>
 
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
+using namespace ::testing;
 using testing::HarbourSite;
-using ::testing::IsEmpty;
 
 std::vector<std::string> textsOf(const std::vector<StoredItem>& items) {
     std::vector<std::string> texts;

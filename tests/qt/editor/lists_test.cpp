@@ -1,8 +1,8 @@
 // Long lists: finding, counting, moving in one stroke.
 
 #include "host/page/page_session.h"
-#include "host/quiet_host.h"
-#include "qt/editor/lists/list_matches.h"
+#include "host/page/quiet_host.h"
+#include "qt/editor/lists/list_finder.h"
 #include "qt/editor/window_fixture.h"
 #include "qt/event_recorder.h"
 #include "qt/surface/selection_list.h"
@@ -13,9 +13,7 @@
 namespace headerdtc::qt {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 class Lists : public WindowTest {
   protected:

@@ -129,6 +129,8 @@ TEST(StepName, NamesWhatTheAuthorChoseAndNotWhatFollowedFromIt) {
               describeChange({{"EAIReturnFields0", "A.B"}, {"NrOfEAII18NFieldnames", "1"}},
                              {{"NrOfEAII18NFieldnames", "0"}}));
     EXPECT_EQ("ZEKO links", describeChange({}, {{"NrOfLinkedZEKOFields", "3"}}));
+    // An author's name for a script may be like a property's.
+    EXPECT_EQ("scripts", describeChange({}, {{"GetDataProviderUserDefinedScript", "x"}}));
 }
 
 class UndoHistoryTest : public ::testing::Test {

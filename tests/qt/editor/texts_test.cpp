@@ -1,8 +1,7 @@
-// Differences between texts, places in messages, the text of the site's configuration.
+// Aligned texts, places in messages, the text of the site's configuration.
 
 #include "qt/editor/base/message.h"
 #include "qt/editor/page/aligned_texts.h"
-#include "qt/editor/preview/text_diff.h"
 #include "qt/editor/settings/configuration_text.h"
 
 #include <gtest/gtest.h>
@@ -11,75 +10,6 @@
 
 namespace headerdtc::qt {
 namespace {
-
-using Lines = std::vector<std::string_view>;
-
-// The changed lines of a difference: "-old" and "+new".
-std::string changedLines(std::string_view before, std::string_view after) {
-    const Lines oldLines = linesOf(before);
-    const Lines newLines = linesOf(after);
-    std::string text;
-    for (const DiffRun& run : diffLines(oldLines, newLines)) {
-        if (run.same) continue;
-        for (std::size_t i = run.oldBegin; i < run.oldEnd; ++i)
-            text += '-' + std::string(oldLines[i]);
-        for (std::size_t i = run.newBegin; i < run.newEnd; ++i)
-            text += '+' + std::string(newLines[i]);
-    }
-    return text;
-}
-
-TEST(TextDiff, FindsTheFewestChanges) {
-    EXPECT_EQ("", changedLines("a\nb\n", "a\r\nb"));
-    EXPECT_EQ("-b", changedLines("a\nb\nc\n", "a\nc\n"));
-    EXPECT_EQ("+x-c", changedLines("a\nb\nc\nd", "a\nx\nb\nd"));
-    EXPECT_EQ("-a+b", changedLines("a", "b"));
-    EXPECT_EQ("+a+b", changedLines("", "a\nb\n"));
-    EXPECT_EQ("-1-3", changedLines("1\n2\n3\n4\n5", "2\n4\n5"));
-}
-
-TEST(TextDiff, RunsCoverBothTextsAndSameRunsAreTheSame) {
-    std::mt19937 random(7);
-    for (int round = 0; round < 300; ++round) {
-        const auto text = [&] {
-            std::string made;
-            for (auto i = random() % 12; i > 0; --i)
-                made += std::string(1, static_cast<char>('a' + random() % 4)) + '\n';
-            return made;
-        };
-        const std::string before = text();
-        const std::string after = text();
-        const Lines oldLines = linesOf(before);
-        const Lines newLines = linesOf(after);
-        std::size_t oldLine = 0;
-        std::size_t newLine = 0;
-        for (const DiffRun& run : diffLines(oldLines, newLines)) {
-            ASSERT_EQ(oldLine, run.oldBegin);
-            ASSERT_EQ(newLine, run.newBegin);
-            oldLine = run.oldEnd;
-            newLine = run.newEnd;
-            if (!run.same) continue;
-            ASSERT_EQ(run.oldEnd - run.oldBegin, run.newEnd - run.newBegin);
-            for (std::size_t i = 0; i < run.oldEnd - run.oldBegin; ++i)
-                ASSERT_EQ(oldLines[run.oldBegin + i], newLines[run.newBegin + i]);
-        }
-        EXPECT_EQ(oldLines.size(), oldLine);
-        EXPECT_EQ(newLines.size(), newLine);
-    }
-}
-
-TEST(TextDiff, TextsWithNothingInCommonAreOneDifference) {
-    std::string before;
-    std::string after;
-    for (int i = 0; i < 5000; ++i) {
-        before += "old" + std::to_string(i) + '\n';
-        after += "new" + std::to_string(i) + '\n';
-    }
-    const auto runs = diffLines(linesOf("same\n" + before), linesOf("same\n" + after));
-    ASSERT_EQ(2U, runs.size());
-    EXPECT_TRUE(runs[0].same);
-    EXPECT_EQ(5001U, runs[1].oldEnd);
-}
 
 TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {
     const auto rows = alignTexts("a\nb\nc\n", "a\nmine\nc\n", "a\nb\ntheirs\nc\n");

@@ -2,6 +2,7 @@
 #include "host/inspection/rules/rules.h"
 
 #include <algorithm>
+#include <map>
 
 namespace headerdtc::rules {
 namespace {
@@ -10,12 +11,6 @@ using Criterion = StoredConfiguration::Criterion;
 
 std::string nameOfCriterion(const Criterion& criterion) {
     return "criterion " + std::to_string(criterion.row);
-}
-
-// Only complete criteria are written.
-bool isWritten(const Criterion& criterion) {
-    return !trimBlanks(criterion.key.text).empty() && !criterion.operation.text.empty() &&
-           !criterion.value.text.empty();
 }
 
 bool isOperator(std::string_view text) {
@@ -50,7 +45,8 @@ void requireScript(const ControlView& control, const StoredItem& value, Family f
         remarks.push_back(about(value, family,
                                 "the local script " + inQuotes(value.text) + " is not stored",
                                 "open the criterion's script dialog and write it"));
-    } else if (!ScriptText::read(script->text).functions.contains(functionKey(value.text))) {
+    } else if (!ScriptText::read(script->text, ScriptText::Form::Script)
+                    .functions.contains(functionKey(value.text))) {
         remarks.push_back(about(
             value, family,
             "the local script " + inQuotes(value.text) + " does not define a function of that name",
@@ -66,6 +62,19 @@ void requireFunction(const ControlView& control, const StoredItem& value, Family
         "add the file that defines it to the include files"));
 }
 
+// Why no function can have that name; empty when one can. A script's function may not be called as
+// one of the engine's that the template calls; a function from elsewhere may be that one.
+std::string faultInName(const ControlView& control, const std::string& name, bool isOwn) {
+    if (!isFunctionName(name)) return "cannot be the name of a function";
+    if (isReservedWord(name)) return "is a word of the script language and cannot name a function";
+    const auto& site = control.page.facts().siteTemplate();
+    const std::string key = functionKey(name);
+    const bool isKnown = isBuiltInFunction(name) || site.functions.contains(key);
+    if (site.names.contains(key) && (isOwn || !isKnown))
+        return "is a name that the generated script uses itself";
+    return {};
+}
+
 }  // namespace
 
 void criteriaAreComplete(const ControlView& control, Remarks& remarks) {
@@ -74,7 +83,7 @@ void criteriaAreComplete(const ControlView& control, Remarks& remarks) {
             const bool key = !trimBlanks(criterion.key.text).empty();
             const bool operation = !criterion.operation.text.empty();
             const bool value = !criterion.value.text.empty();
-            if (isWritten(criterion) || (!key && !operation && !value)) continue;
+            if (criterion.isWritten() || (!key && !operation && !value)) continue;
             const char* missing = !key ? "key field" : !operation ? "operator" : "value";
             // What is missing is not stored: the finding stands where the rest of the row is.
             remarks.push_back(about(
@@ -88,7 +97,7 @@ void criteriaAreComplete(const ControlView& control, Remarks& remarks) {
 void operatorsAreKnown(const ControlView& control, Remarks& remarks) {
     for (const Family family : BothFamilies) {
         for (const Criterion& criterion : control.configuration().of(family).criteria) {
-            if (!isWritten(criterion) || isOperator(criterion.operation.text)) continue;
+            if (!criterion.isWritten() || isOperator(criterion.operation.text)) continue;
             remarks.push_back(about(criterion.operation, family,
                                     "the operator " + inQuotes(criterion.operation.text) + " of " +
                                         nameOfCriterion(criterion) +
@@ -115,13 +124,13 @@ void valuesHaveOneType(const ControlView& control, Remarks& remarks) {
     // The families keep their kinds apart, but a script is kept for both under one name.
     const auto usedAs = [&](Family family, const std::string& value) -> std::optional<int> {
         for (const Criterion& criterion : configuration.of(family).criteria) {
-            if (isWritten(criterion) && criterion.value.text == value)
+            if (criterion.isWritten() && criterion.value.text == value)
                 return configuration.of(family).typeOf(value);
         }
         return std::nullopt;
     };
     for (const Criterion& criterion : configuration.eai.criteria) {
-        if (!isWritten(criterion)) continue;
+        if (!criterion.isWritten()) continue;
         const std::string& value = criterion.value.text;
         const int type = configuration.eai.typeOf(value);
         const auto other = usedAs(Family::ZEKO, value);
@@ -161,17 +170,59 @@ void functionsAreDefined(const ControlView& control, Remarks& remarks) {
         for (const Criterion& criterion : own.criteria) {
             const StoredItem& value = criterion.value;
             const int type = own.typeOf(value.text);
-            if (!isWritten(criterion) || type == CONSTANT) continue;
+            if (!criterion.isWritten() || type == CONSTANT) continue;
             if (type == USERSCRIPT) {
                 requireScript(control, value, family, remarks);
-            } else if (isFunctionName(value.text)) {
+            } else if (isFunctionName(value.text) && !isReservedWord(value.text)) {
                 requireFunction(control, value, family, remarks);
-            } else if (value.text.find('.') == std::string::npos) {
-                // A method of an object cannot be looked up; anything else is no name at all.
-                remarks.push_back(about(value, family,
-                                        inQuotes(value.text) + " cannot be the name of a function",
-                                        "make it a constant in the script dialog, or write the "
-                                        "name alone, without brackets"));
+            }
+        }
+    }
+}
+
+// A method of an object cannot be looked up, and is none of the page's names.
+void namesAreAllowed(const ControlView& control, Remarks& remarks) {
+    const StoredConfiguration& configuration = control.configuration();
+    const auto require = [&](const StoredItem& name, std::optional<Family> family, bool isOwn) {
+        if (!isOwn && name.text.find('.') != std::string::npos) return;
+        const std::string fault = faultInName(control, name.text, isOwn);
+        if (fault.empty()) return;
+        remarks.push_back(about(name, family, inQuotes(name.text) + " " + fault,
+                                isOwn ? "give the script another name in its dialog"
+                                      : "make it a constant in the script dialog, or write the "
+                                        "name of a function alone, without brackets"));
+    };
+    for (const auto& script : configuration.scripts)
+        require(script.name, std::nullopt, true);
+    for (const Family family : BothFamilies) {
+        const auto& own = configuration.of(family);
+        for (const Criterion& criterion : own.criteria) {
+            const int type = own.typeOf(criterion.value.text);
+            if (criterion.isWritten() && type != CONSTANT && type != USERSCRIPT)
+                require(criterion.value, family, false);
+        }
+    }
+}
+
+// All controls of a page share one script.
+void namesAreDefinedOnce(const ControlView& control, Remarks& remarks) {
+    const auto& configurations = control.page.configurations();
+    std::map<std::string, std::string> defined;  // where, by key
+    for (std::size_t i = 0; i <= control.index; ++i) {
+        for (const auto& script : configurations[i].scripts) {
+            const auto text = ScriptText::read(script.text, ScriptText::Form::Script);
+            for (const std::string& name : text.declared) {
+                const std::string place =
+                    "the local script " + inQuotes(script.name.text) +
+                    (i < control.index ? " of " + control.page.markup().controls()[i].id : "");
+                const auto [other, isNew] = defined.emplace(functionKey(name), place);
+                if (isNew || i < control.index) continue;
+                remarks.push_back(about(script.name, std::nullopt,
+                                        "the local script " + inQuotes(script.name.text) +
+                                            " defines " + inQuotes(name) + ", as " +
+                                            (other->second == place ? "it did" : other->second) +
+                                            " does before it",
+                                        "give one of them another name in the script dialog"));
             }
         }
     }

@@ -2,6 +2,7 @@
 #include "host/inspection/rules/rules.h"
 
 #include <algorithm>
+#include <map>
 
 namespace headerdtc::rules {
 namespace {
@@ -70,8 +71,9 @@ void keyFieldsAreOffered(const ControlView& control, Remarks& remarks) {
         };
         for (const StoredItem& key : own.keyFields)
             require(key, StoredRole::KeyField);
-        for (const auto& criterion : own.criteria)
-            require(criterion.key, StoredRole::CriterionKey);
+        for (const auto& criterion : own.criteria) {
+            if (criterion.isWritten()) require(criterion.key, StoredRole::CriterionKey);
+        }
     }
 }
 
@@ -99,6 +101,41 @@ void fieldsHaveTheirSeparator(const ControlView& control, Remarks& remarks) {
             require(field, StoredRole::TranslatedValue);
         for (const auto& link : own.links)
             require(link.from, StoredRole::LinkFrom);
+    }
+}
+
+// The script puts them into dictionaries, which take no key twice: a number of ZEKO's, a name of
+// EAI's, the name of the field that is linked.
+void fieldsAreThereOnce(const ControlView& control, Remarks& remarks) {
+    for (const Family family : BothFamilies) {
+        const auto& own = control.configuration().of(family);
+        std::map<std::string_view, int> rows;
+        const auto require = [&](const StoredItem& field, std::string_view key, StoredRole role) {
+            const auto [first, isNew] = rows.emplace(key, field.row);
+            if (key.empty() || isNew) return;
+            remarks.push_back(about(field, family,
+                                    std::string(nameOf(role)) + " " + inQuotes(field.text) +
+                                        " is there twice (row " + std::to_string(first->second) +
+                                        "), at which the page fails",
+                                    "take one of them out"));
+        };
+        const auto requireAll = [&](const std::vector<StoredItem>& fields, StoredRole role) {
+            rows.clear();
+            for (const StoredItem& field : fields) {
+                const std::string_view entry = field.text;
+                require(field,
+                        family == Family::EAI
+                            ? entry
+                            : trimBlanks(entry.substr(0, entry.find(traitsOf(family).separator))),
+                        role);
+            }
+        };
+        requireAll(own.returnFields, StoredRole::ReturnField);
+        requireAll(own.linkedFields, StoredRole::LinkedField);
+        rows.clear();
+        for (const auto& link : own.links)
+            require(link.from, fieldNameIn(link.from.text, family).value_or(""),
+                    StoredRole::LinkFrom);
     }
 }
 

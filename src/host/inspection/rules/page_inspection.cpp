@@ -12,12 +12,33 @@ namespace {
 
 using Verdict = GeneratedPage::Verdict;
 
+// Whether a remark on what would be lost, or on a failure, has been made by another rule already:
+// one cause is told once.
+bool isTold(const ControlView& control, const std::vector<Remark>& remarks, bool isFailureTold) {
+    for (const auto& doubt : control.page.generated().doubts) {
+        if (doubt.control != control.index) continue;
+        if (doubt.doubt.kind == SaveDoubt::Kind::Failure) return isFailureTold;
+        return std::any_of(
+            doubt.doubt.losses.begin(), doubt.doubt.losses.end(), [&](const StoredLoss& loss) {
+                return std::any_of(remarks.begin(), remarks.end(), [&](const Remark& remark) {
+                    return remark.property == loss.name;
+                });
+            });
+    }
+    return false;
+}
+
 void inspectControl(const ControlView& control, const std::string& page,
                     std::vector<Finding>& findings) {
+    Remarks all;
+    bool isFailureTold = false;
     for (const Rule& rule : inspectionRules()) {
+        if (rule.finds == Rule::Finds::Consequence && isTold(control, all, isFailureTold)) continue;
         Remarks remarks;
         rule.check(control, remarks);
+        if (rule.finds == Rule::Finds::CauseOfFailure && !remarks.empty()) isFailureTold = true;
         for (Remark& remark : remarks) {
+            all.push_back(remark);
             const int line = remark.line > 0 ? remark.line
                                              : lineOfProperty(control.page.markup(), control.span(),
                                                               remark.property);
@@ -27,9 +48,8 @@ void inspectControl(const ControlView& control, const std::string& page,
     }
 }
 
-void inspect(const std::filesystem::path& page, Sites& sites, SiteFactsCache& cache,
-             InspectedPage& result) {
-    const GeneratedPage generated = generatePage(page, sites, LossGuard::RefuseLosses);
+void inspect(const std::filesystem::path& page, const GeneratedPage& generated, Sites& sites,
+             SiteFactsCache& cache, InspectedPage& result) {
     result.hasControl = generated.verdict != Verdict::NoControl;
     if (!result.hasControl) return;
     if (generated.verdict == Verdict::NotConfigured || generated.verdict == Verdict::NotReadable) {
@@ -47,13 +67,24 @@ void inspect(const std::filesystem::path& page, Sites& sites, SiteFactsCache& ca
                      [](const Finding& a, const Finding& b) { return a.line < b.line; });
 }
 
+InspectedPage inspected(const std::filesystem::path& page, const GeneratedPage& generated,
+                        Sites& sites, SiteFactsCache& facts) {
+    InspectedPage result;
+    const auto failure = failureOf(page, [&] { inspect(page, generated, sites, facts, result); });
+    if (failure) result.failure = failure;
+    return result;
+}
+
 }  // namespace
 
 InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts) {
-    InspectedPage result;
-    const auto failure = failureOf(page, [&] { inspect(page, sites, facts, result); });
-    if (failure) result.failure = failure;
-    return result;
+    return inspected(page, generatePage(page, sites, LossGuard::RefuseLosses), sites, facts);
+}
+
+InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
+                          SiteFactsCache& facts) {
+    return inspected(page, generatePage(page, std::move(bytes), sites, LossGuard::RefuseLosses),
+                     sites, facts);
 }
 
 }  // namespace headerdtc

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/generation/page_failure.h"
 #include "host/inspection/finding.h"
-#include "host/inspection/page_failure.h"
 #include "host/inspection/site_facts.h"
 #include "host/site/site.h"
 
@@ -20,5 +20,9 @@ struct InspectedPage {
 
 // Checks a page against every rule; writes nothing. Never throws for the page's sake. Thread-safe.
 InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts);
+
+// The same for a page as it is being edited: what `check` would say once these bytes are written.
+InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
+                          SiteFactsCache& facts);
 
 }  // namespace headerdtc

@@ -10,9 +10,12 @@ namespace headerdtc {
 // A rule that pages are checked against.
 struct Rule {
     std::string_view id;
-    Severity severity;
     std::string_view summary;  // one line, what it finds
     void (*check)(const ControlView&, Remarks&);
+    Severity severity;
+    // A page may be left alone for what other rules have found already.
+    enum class Finds { Fault, CauseOfFailure, Consequence };
+    Finds finds = Finds::Fault;
 };
 
 // All of them, in the order in which they are applied.

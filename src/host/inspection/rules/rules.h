@@ -8,7 +8,7 @@
 #include <vector>
 
 // The rules that a page is checked against, one function each. All of them look at one control and
-// add what they have to say; src/host/inspection/rule_table.cpp names them.
+// add what they have to say; rule_table.cpp names them.
 namespace headerdtc::rules {
 
 // providers.cpp
@@ -19,6 +19,7 @@ void linkedProviderIsKnown(const ControlView& control, Remarks& remarks);
 void fieldsAreOffered(const ControlView& control, Remarks& remarks);
 void keyFieldsAreOffered(const ControlView& control, Remarks& remarks);
 void fieldsHaveTheirSeparator(const ControlView& control, Remarks& remarks);
+void fieldsAreThereOnce(const ControlView& control, Remarks& remarks);
 
 // links.cpp
 void linkedFieldsAreOffered(const ControlView& control, Remarks& remarks);
@@ -30,14 +31,21 @@ void operatorsAreKnown(const ControlView& control, Remarks& remarks);
 void valuesHaveOneType(const ControlView& control, Remarks& remarks);
 void valueTypesAreRead(const ControlView& control, Remarks& remarks);
 void functionsAreDefined(const ControlView& control, Remarks& remarks);
+void namesAreAllowed(const ControlView& control, Remarks& remarks);
+void namesAreDefinedOnce(const ControlView& control, Remarks& remarks);
 
 // files.cpp
 void includesAreThere(const ControlView& control, Remarks& remarks);
+void includesComeOnce(const ControlView& control, Remarks& remarks);
+void includesAreWhole(const ControlView& control, Remarks& remarks);
 void stylesheetIsThere(const ControlView& control, Remarks& remarks);
 
 // script.cpp
 void valuesFitTheCodePage(const ControlView& control, Remarks& remarks);
 void valuesFitTheScript(const ControlView& control, Remarks& remarks);
+void valuesAreNoPlaceholders(const ControlView& control, Remarks& remarks);
+void valuesHaveNoNul(const ControlView& control, Remarks& remarks);
+void scriptsAreWhole(const ControlView& control, Remarks& remarks);
 void statementsFitTheEngine(const ControlView& control, Remarks& remarks);
 
 // page.cpp

@@ -1,5 +1,6 @@
 #include "core/family_controls.h"
 #include "host/inspection/rules/rules.h"
+#include "runtime/runtime_text.h"
 
 #include <algorithm>
 
@@ -36,18 +37,34 @@ std::string faultInDirective(std::string_view text) {
     return {};
 }
 
-int longestContinuation(std::string_view script) {
-    int longest = 0, now = 0;
-    for (std::string_view line : splitText(script, "\n")) {
-        if (line.ends_with('\r')) line.remove_suffix(1);
-        now = line == "_" || line.ends_with(" _") || line.ends_with("\t_") ? now + 1 : 0;
-        longest = std::max(longest, now);
-    }
-    return longest;
+// What lacks a piece is left out, whatever the rest of it is.
+bool isLeftOut(const StoredConfiguration& configuration, StoredRole role,
+               std::optional<Family> family, const StoredItem& item) {
+    if (role != StoredRole::CriterionKey && role != StoredRole::CriterionOperator &&
+        role != StoredRole::CriterionValue)
+        return false;
+    const auto& criteria = configuration.of(*family).criteria;
+    const auto criterion =
+        std::find_if(criteria.begin(), criteria.end(),
+                     [&](const auto& candidate) { return candidate.row == item.row; });
+    return criterion != criteria.end() && !criterion->isWritten();
+}
+
+// Calls with every text that comes into the script.
+template <class Use>
+void forEachWritten(const StoredConfiguration& configuration, Use&& use) {
+    forEachItem(configuration,
+                [&](StoredRole role, std::optional<Family> family, const StoredItem& item) {
+                    if (!isLeftOut(configuration, role, family, item)) use(role, family, item);
+                });
+}
+
+std::string placeOf(StoredRole role, const StoredItem& item) {
+    return std::string(nameOf(role)) + (item.row > 0 ? " " + std::to_string(item.row) : "");
 }
 
 std::string tooLong(int lines) {
-    return " makes a statement of " + std::to_string(lines + 1) + " lines; a script engine takes " +
+    return " makes a statement of " + std::to_string(lines) + " lines; a script engine takes " +
            std::to_string(MostContinuedLines + 1);
 }
 
@@ -64,16 +81,66 @@ void valuesFitTheScript(const ControlView& control, Remarks& remarks) {
         const std::string fault =
             role == StoredRole::Include ? faultInDirective(item.text) : faultInString(item.text);
         if (fault.empty()) return;
-        const std::string place =
-            std::string(nameOf(role)) + (item.row > 0 ? " " + std::to_string(item.row) : "");
         remarks.push_back(about(item, family,
-                                place + ", " + inQuotes(item.text) + ", " + fault +
+                                placeOf(role, item) + ", " + inQuotes(item.text) + ", " + fault +
                                     " and would break the generated script",
                                 role == StoredRole::CriterionValue
                                     ? "write every quotation mark twice, and no line end"
                                     : "choose it anew, or rename it where it comes from"));
     };
-    forEachItem(configuration, look);
+    forEachWritten(configuration, look);
+}
+
+void valuesAreNoPlaceholders(const ControlView& control, Remarks& remarks) {
+    forEachWritten(control.configuration(), [&](StoredRole role, std::optional<Family> family,
+                                                const StoredItem& item) {
+        for (const RuntimeTextStep& step : runtimeTextSteps()) {
+            if (item.text.find(step.placeholder) == std::string::npos) continue;
+            remarks.push_back(about(item, family,
+                                    placeOf(role, item) + " has " + std::string(step.placeholder) +
+                                        ", a placeholder of the template, in whose place the "
+                                        "script may get another text",
+                                    "write it otherwise"));
+            return;
+        }
+    });
+}
+
+void valuesHaveNoNul(const ControlView& control, Remarks& remarks) {
+    const StoredConfiguration& configuration = control.configuration();
+    const auto require = [&](std::string_view text, const StoredItem& item,
+                             std::optional<Family> family, const std::string& what) {
+        if (text.find('\0') == std::string_view::npos) return;
+        remarks.push_back(about(item, family,
+                                what + " has a NUL character, which no script may have",
+                                "write it anew, or take the character out of the page"));
+    };
+    forEachWritten(configuration,
+                   [&](StoredRole role, std::optional<Family> family, const StoredItem& item) {
+                       require(item.text, item, family, placeOf(role, item));
+                   });
+    for (const auto& script : configuration.scripts)
+        require(script.text, script.name, std::nullopt,
+                "the local script " + inQuotes(script.name.text));
+}
+
+void scriptsAreWhole(const ControlView& control, Remarks& remarks) {
+    for (const auto& script : control.configuration().scripts) {
+        const std::string what = "the local script " + inQuotes(script.name.text);
+        if (script.text.find("%>") != std::string::npos)
+            remarks.push_back(about(script.name, std::nullopt,
+                                    what + " has a %>, which ends the server script, in texts and "
+                                           "comments too",
+                                    "write it in two pieces: \"%\" & \">\""));
+        const std::string open =
+            ScriptText::read(script.text, ScriptText::Form::Script).openProcedure;
+        if (!open.empty())
+            remarks.push_back(
+                about(script.name, std::nullopt,
+                      what + " does not end " + inQuotes(open) +
+                          ": its End Function or End Sub is missing",
+                      "open it in the script dialog and press OK, or write the line"));
+    }
 }
 
 // In the control's own markup such a character is a reference that reads as the character; in the
@@ -90,7 +157,7 @@ void valuesFitTheCodePage(const ControlView& control, Remarks& remarks) {
                                     " lacks; the script gets numeric references in their place",
                                 "write it otherwise, or make the page UTF-8 by a byte-order mark"));
     };
-    forEachItem(
+    forEachWritten(
         configuration, [&](StoredRole role, std::optional<Family> family, const StoredItem& item) {
             require(item.text, item, family, std::string(nameOf(role)) + " " + inQuotes(item.text));
         });
@@ -104,9 +171,9 @@ void statementsFitTheEngine(const ControlView& control, Remarks& remarks) {
     for (const Family family : BothFamilies) {
         const auto& own = configuration.of(family);
         const auto require = [&](const std::vector<StoredItem>& fields, const char* what) {
-            // The call's first line is continued too.
-            const int lines = static_cast<int>(fields.size()) + 1;
-            if (fields.empty() || lines <= MostContinuedLines) return;
+            // The call's first line and its last stand around them.
+            const int lines = static_cast<int>(fields.size()) + 2;
+            if (fields.empty() || lines <= MostContinuedLines + 1) return;
             remarks.push_back(about(fields.back(), family,
                                     "translating the " + std::string(what) + " of " +
                                         std::to_string(fields.size()) + " fields" + tooLong(lines),
@@ -116,8 +183,8 @@ void statementsFitTheEngine(const ControlView& control, Remarks& remarks) {
         require(own.translatedValues, "values");
     }
     for (const auto& script : configuration.scripts) {
-        const int lines = longestContinuation(script.text);
-        if (lines <= MostContinuedLines) continue;
+        const int lines = longestStatement(script.text);
+        if (lines <= MostContinuedLines + 1) continue;
         remarks.push_back(about(script.name, std::nullopt,
                                 "the local script " + inQuotes(script.name.text) + tooLong(lines),
                                 "break the statement into several"));

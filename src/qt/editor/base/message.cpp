@@ -1,6 +1,7 @@
 #include "qt/editor/base/message.h"
 
-#include "qt/editor/base/step_name.h"
+#include "core/stored_keys.h"
+#include "qt/surface/text.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
@@ -10,13 +11,10 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr const char* TabNames[] = {"General", "EAI", "ZEKO", "I18N", "EAI Link", "ZEKO Link"};
-
 int tabNamed(const QString& name) {
-    for (int tab = 0; tab < static_cast<int>(std::size(TabNames)); ++tab) {
-        if (name == QLatin1String(TabNames[tab])) return tab;
-    }
-    return -1;
+    const auto* const found =
+        std::find(std::begin(TabPages), std::end(TabPages), name.toStdString());
+    return found == std::end(TabPages) ? -1 : static_cast<int>(found - std::begin(TabPages));
 }
 
 std::string valueOf(const StoredProperties& properties, const std::string& name) {
@@ -78,7 +76,7 @@ Message messageOf(const std::string& text, const std::filesystem::path& page,
 Message messageOf(const SaveDoubt& doubt, const std::filesystem::path& page,
                   const ControlSpan& stored) {
     Message message = messageOf(doubt.reason, page, stored);
-    if (!doubt.losses.empty()) message.place.tab = tabOfProperty(doubt.losses.front().name);
+    if (!doubt.losses.empty()) message.place.tab = partOf(doubt.losses.front().name)->tabPage();
     return message;
 }
 
@@ -86,8 +84,7 @@ QString describe(const Place& place) {
     QStringList words;
     if (!place.control.empty()) words += QString::fromStdString(place.control);
     if (place.tab >= 0)
-        words +=
-            QCoreApplication::translate("Place", "%1 tab").arg(QLatin1String(TabNames[place.tab]));
+        words += QCoreApplication::translate("Place", "%1 tab").arg(toQt(TabPages[place.tab]));
     if (place.row >= 0) words += QCoreApplication::translate("Place", "row %1").arg(place.row);
     if (place.tab < 0 && place.line > 0)
         words += QCoreApplication::translate("Place", "line %1").arg(place.line);

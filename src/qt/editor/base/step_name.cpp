@@ -1,74 +1,16 @@
 #include "qt/editor/base/step_name.h"
 
-#include "core/family_controls.h"
 #include "core/stored_keys.h"
 
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
 namespace headerdtc::qt {
 namespace {
-
-constexpr int General = 0;
-constexpr int Eai = 1;
-constexpr int Zeko = 2;
-constexpr int Translations = 3;
-constexpr int EaiLink = 4;
-constexpr int ZekoLink = 5;
-
-struct Known {
-    std::string_view word;  // in the property's name
-    const char* caption;
-    int tab;
-    bool follows = false;  // from what an author chooses
-};
-
-// What an author chooses comes first, what follows from it last. The first row whose word occurs in
-// the name holds, so a word stands above those that it contains.
-constexpr Known Table[] = {
-    {"LinkedDataProvider", "linked data provider", ZekoLink},
-    {"DataProvider", "data provider", General},
-    {"EnableExtraFilters", "extra filters", General},
-    {"ExtraIncludes", "include files", General},
-    {"XSLFilename", "stylesheet", General},
-    {"UserDefinedScript", "scripts", Zeko},
-    {"ZEKOReturnField", "ZEKO return fields", Zeko},
-    {"EAIReturnField", "EAI return fields", Eai},
-    {"ZEKOSelectedLinkedFields", "ZEKO linked fields", ZekoLink},
-    {"SelectedZEKOLinkedFields", "ZEKO linked fields", ZekoLink},
-    {"EAISelectedLinkedFields", "EAI linked fields", EaiLink},
-    {"SelectedEAILinkedFields", "EAI linked fields", EaiLink},
-    {"ZEKOI18NFieldnames", "ZEKO translated names", Translations},
-    {"EAII18NFieldnames", "EAI translated names", Translations},
-    {"ZEKOI18NFieldValues", "ZEKO translated values", Translations},
-    {"EAII18NFieldValues", "EAI translated values", Translations},
-    {"ZEKOCriteria", "ZEKO criteria", Zeko},
-    {"EAICriteria", "EAI criteria", Eai},
-    {"ZEKOLinkFromFields", "ZEKO links", ZekoLink},
-    {"ZEKOLinkToFields", "ZEKO links", ZekoLink},
-    {"LinkedZEKOFields", "ZEKO links", ZekoLink},
-    {"EAILinkFromFields", "EAI links", EaiLink},
-    {"EAILinkToFields", "EAI links", EaiLink},
-    {"LinkedEAIFields", "EAI links", EaiLink},
-    {"ZEKOKeyField", "ZEKO key fields", Zeko, true},
-    {"EAIKeyField", "EAI key fields", Eai, true},
-    {"ZEKOAvailableFieldsLinked", "linked provider's ZEKO fields", ZekoLink, true},
-    {"EAIAvailableFieldsLinked", "linked provider's EAI fields", EaiLink, true},
-    {"ZEKOAvailableFields", "ZEKO available fields", Zeko, true},
-    {"EAIAvailableFields", "EAI available fields", Eai, true},
-    {"ZEKOToLinkKeyFields", "linked provider's ZEKO key fields", ZekoLink, true},
-    {"EAIToLinkKeyFields", "linked provider's EAI key fields", EaiLink, true},
-};
-
-const Known* find(std::string_view name) {
-    for (const Known& known : Table) {
-        if (name.find(known.word) != std::string_view::npos) return &known;
-    }
-    return nullptr;
-}
 
 std::vector<std::string_view> differing(const StoredProperties& before,
                                         const StoredProperties& after) {
@@ -86,65 +28,53 @@ std::vector<std::string_view> differing(const StoredProperties& before,
 
 }  // namespace
 
-QString propertyCaption(std::string_view storedName) {
-    const Known* known = find(storedName);
-    return known ? QString::fromLatin1(known->caption)
-                 : QString::fromUtf8(storedName.data(), static_cast<qsizetype>(storedName.size()));
-}
-
 QString describeChange(const StoredProperties& before, const StoredProperties& after) {
-    const Known* first = nullptr;
+    std::optional<ControlPart> first;
     for (const std::string_view name : differing(before, after)) {
-        const Known* known = find(name);
-        if (known && (!first || known < first)) first = known;
+        const auto part = partOf(name);
+        if (part && (!first || *part < *first)) first = part;
     }
-    return first ? QString::fromLatin1(first->caption) : QStringLiteral("configuration");
+    return first ? QString::fromStdString(first->caption()) : QStringLiteral("configuration");
 }
 
 std::vector<ChangedPart> changedParts(const StoredProperties& before,
                                       const StoredProperties& after) {
     struct Texts {
         std::multiset<std::string_view> before, after;
+        bool isChanged = false;
     };
-    std::map<const Known*, Texts> texts;  // in the order of the table
+    std::map<ControlPart, Texts> texts;
     const auto gather = [&](const StoredProperties& properties, auto member) {
         for (const auto& [name, text] : properties) {
-            const Known* known = find(name);
+            const auto part = partOf(name);
             const bool isText = storedTypeOf(name) == StoredType::String && !isScriptButton(name);
-            if (known && isText) (texts[known].*member).insert(text);
+            if (part && isText) (texts[*part].*member).insert(text);
         }
     };
     gather(before, &Texts::before);
     gather(after, &Texts::after);
-    std::map<const Known*, bool> changed;
     for (const std::string_view name : differing(before, after)) {
-        const Known* known = find(name);
-        if (known && !isScriptButton(name)) changed[known] = true;
+        const auto part = partOf(name);
+        if (part && !isScriptButton(name)) texts[*part].isChanged = true;
     }
-    std::vector<ChangedPart> parts;
-    for (const bool follows : {false, true}) {
-        for (const auto& [known, _] : changed) {
-            if (known->follows != follows) continue;
-            ChangedPart part;
-            part.caption = QString::fromLatin1(known->caption);
-            const auto list = [](const auto& from, const auto& without, QStringList& to) {
-                std::vector<std::string_view> left;
-                std::set_difference(from.begin(), from.end(), without.begin(), without.end(),
-                                    std::back_inserter(left));
-                for (const std::string_view text : left) {
-                    if (!text.empty())
-                        to += QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
-                                  .trimmed();
-                }
-            };
-            list(texts[known].after, texts[known].before, part.added);
-            list(texts[known].before, texts[known].after, part.removed);
-            const bool isToldAlready = std::any_of(
-                parts.begin(), parts.end(),
-                [&](const ChangedPart& other) { return other.caption == part.caption; });
-            if (!isToldAlready) parts.push_back(std::move(part));
+    const auto missing = [](const auto& from, const auto& without) {
+        std::vector<std::string_view> left;
+        std::set_difference(from.begin(), from.end(), without.begin(), without.end(),
+                            std::back_inserter(left));
+        QStringList shown;
+        for (const std::string_view text : left) {
+            if (!text.empty())
+                shown +=
+                    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).trimmed();
         }
-        if (!parts.empty()) break;
+        return shown;
+    };
+    std::vector<ChangedPart> parts;
+    for (const auto& [part, of] : texts) {
+        // What follows is told where nothing else has changed.
+        if (!of.isChanged || (part.followsFromAChoice() && !parts.empty())) continue;
+        parts.push_back({QString::fromStdString(part.caption()), missing(of.after, of.before),
+                         missing(of.before, of.after)});
     }
     return parts;
 }
@@ -166,11 +96,6 @@ QString changedNames(const StoredProperties& before, const StoredProperties& aft
         joined += ' ';
     }
     return QString::fromStdString(joined);
-}
-
-int tabOfProperty(std::string_view storedName) {
-    const Known* known = find(storedName);
-    return known ? known->tab : General;
 }
 
 }  // namespace headerdtc::qt

@@ -9,10 +9,6 @@
 
 namespace headerdtc::qt {
 
-// How a person calls what a stored property belongs to: "ZEKO criteria" for ZEKOCriteria2_1. The
-// name itself for one that the control never stores.
-QString propertyCaption(std::string_view storedName);
-
 // What of a control became another, by the first stored property that differs in what an author
 // chooses; lists that only follow from a choice (the available fields of a provider) come last.
 QString describeChange(const StoredProperties& before, const StoredProperties& after);
@@ -34,8 +30,5 @@ bool isSameConfiguration(const StoredProperties& left, const StoredProperties& r
 // The stored properties that differ, for telling whether two changes are of one kind: their names,
 // joined.
 QString changedNames(const StoredProperties& before, const StoredProperties& after);
-
-// The page of the control's tab strip on which a stored property is edited.
-int tabOfProperty(std::string_view storedName);
 
 }  // namespace headerdtc::qt

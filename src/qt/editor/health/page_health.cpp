@@ -2,7 +2,7 @@
 
 #include "core/header_dtc.h"
 #include "host/inspection/field_replacement.h"
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 #include "qt/editor/health/replace_dialog.h"
 #include "qt/editor/health/surface_marks.h"
 #include "qt/editor/page/control_pane.h"

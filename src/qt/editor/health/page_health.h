@@ -17,8 +17,8 @@ class ControlPane;
 class EditedPage;
 class SurfaceMarks;
 
-// Keeps watch over the fields of a page's controls: which of them the catalogue offers no more.
-// They stay, are marked, and can be replaced.
+// Watches for fields of a page's controls that the catalogue no longer offers. They stay in the
+// page, are marked, and can be replaced.
 class PageHealth : public QObject {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ class PageHealth : public QObject {
     bool hasVanished() const { return !vanished_.empty(); }
     const std::vector<VanishedField>& vanished() const { return vanished_; }
 
-    // Catalogue or page may be others.
+    // To be called when the catalogue or the page may have changed.
     void judgeSoon() { soon_.start(); }
 
     // Asks for the field that stands in the place of one, or of any of those that have vanished,

@@ -3,13 +3,12 @@
 #include "qt/editor/health/field_offers.h"
 
 #include <QDialog>
+#include <memory>
 #include <vector>
 
-class QComboBox;
-class QLineEdit;
-class QListWidget;
-class QPushButton;
-class QLabel;
+namespace Ui {
+class ReplaceDialog;
+}
 
 namespace headerdtc::qt {
 
@@ -23,6 +22,7 @@ class ReplaceDialog : public QDialog {
     ReplaceDialog(const std::vector<VanishedField>& vanished, std::size_t first,
                   const FieldOffers& offers, const StoredConfiguration& configuration,
                   QWidget* parent = nullptr);
+    ~ReplaceDialog() override;
 
     const VanishedField& vanished() const;
     // Empty while none is chosen.
@@ -35,11 +35,7 @@ class ReplaceDialog : public QDialog {
     const std::vector<VanishedField>& vanished_;
     const FieldOffers& offers_;
     const StoredConfiguration& configuration_;
-    QComboBox* which_;
-    QLabel* reason_;
-    QLineEdit* filter_;
-    QListWidget* choices_;
-    QPushButton* replace_;
+    std::unique_ptr<Ui::ReplaceDialog> ui_;
 };
 
 }  // namespace headerdtc::qt

@@ -1,7 +1,6 @@
 #include "qt/editor/lists/list_finder.h"
 
 #include "qt/editor/base/icons.h"
-#include "qt/editor/lists/list_matches.h"
 #include "qt/surface/selection_list.h"
 #include "qt/surface/text.h"
 
@@ -12,8 +11,54 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
+#include <utility>
 
 namespace headerdtc::qt {
+namespace {
+
+// What an entry is read as: "  7 - CITY", "ORDERS.CITY", or one text.
+QStringList partsOf(const QString& entry) {
+    for (const auto& separator : {QStringLiteral(" - "), QStringLiteral(".")}) {
+        const qsizetype at = entry.indexOf(separator);
+        if (at > 0) return {entry.left(at), entry.mid(at + separator.size())};
+    }
+    return {entry};
+}
+
+// Less is better; -1: not at all.
+int rankOf(const QString& entry, const QString& sought) {
+    if (!entry.contains(sought, Qt::CaseInsensitive)) return -1;
+    int best = 2;
+    for (const QString& part : partsOf(entry)) {
+        if (part.compare(sought, Qt::CaseInsensitive) == 0) return 0;
+        if (part.startsWith(sought, Qt::CaseInsensitive)) best = 1;
+    }
+    return entry.startsWith(sought, Qt::CaseInsensitive) ? std::min(best, 1) : best;
+}
+
+}  // namespace
+
+std::vector<int> findInList(const ListBox& list, const std::string& sought) {
+    const QString text = toQt(sought).trimmed();
+    if (text.isEmpty()) return {};
+    if (text.startsWith(QLatin1Char('#'))) {
+        bool isNumber = false;
+        const int position = text.mid(1).toInt(&isNumber);
+        if (isNumber && position >= 1 && position <= list.ListCount()) return {position - 1};
+    }
+    std::vector<std::pair<int, int>> found;  // rank, item
+    for (int i = 0; i < list.ListCount(); ++i) {
+        const int rank = rankOf(toQt(list.List(i)).trimmed(), text);
+        if (rank >= 0) found.emplace_back(rank, i);
+    }
+    std::sort(found.begin(), found.end());
+    std::vector<int> items;
+    items.reserve(found.size());
+    for (const auto& [rank, item] : found)
+        items.push_back(item);
+    return items;
+}
 
 // A frame around the item that was found, where finding it marks nothing.
 class ListFinder::Frame : public QWidget {
@@ -95,7 +140,7 @@ void ListFinder::show(int match) {
     const bool isMarked =
         list_.ListIndex() == item && list_.SelCount() == 1 && list_.Selected(item);
     if (ways_.marksAtOnce && !isMarked) ways_.act([&] { list_.select({item}, item); });
-    // Not where the finder lies.
+    // Centred, since the finder covers the lower edge.
     view_.scrollTo(index, QAbstractItemView::PositionAtCenter);
     frame_->setVisible(!ways_.marksAtOnce);
     if (!ways_.marksAtOnce) frame_->setGeometry(view_.visualRect(index));
@@ -164,7 +209,7 @@ bool ListFinder::eventFilter(QObject* watched, QEvent* event) {
         QMetaObject::invokeMethod(
             this,
             [this] {
-                // An action of its own sends the focus round and back.
+                // An action of the finder may move the focus away and back.
                 if (!edit_->hasFocus()) close(false);
             },
             Qt::QueuedConnection);

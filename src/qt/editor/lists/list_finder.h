@@ -4,6 +4,7 @@
 
 #include <QFrame>
 #include <functional>
+#include <string>
 #include <vector>
 
 class QLabel;
@@ -13,28 +14,34 @@ namespace headerdtc::qt {
 
 class SelectionList;
 
-// Finds items of a list: a line that opens over the list's lower edge when somebody types in the
-// list. The best match is marked at once, by what a person does, and Up and Down go on to the
-// others; the list keeps all its items.
+// The items of a list in which something is found, the best first: those whose number or name is
+// just that, then those that begin with it, then those that hold it anywhere; equally good ones in
+// the order of the list. Case does not matter. "#12" is the twelfth item, whatever it says; an
+// empty text finds nothing.
+std::vector<int> findInList(const ListBox& list, const std::string& sought);
+
+// Finds items of a list: an input line that opens over the list's lower edge when somebody types in
+// the list. The best match is selected at once, as if the person had clicked it; Up and Down go to
+// the others. The list keeps all its items.
 //
-// Where marking means something by itself (a translated field) nothing is marked while searching:
-// the match is shown, and Enter marks it beside what is marked.
+// Where selecting an item changes the configuration (a translated field), nothing is selected while
+// searching: the match is framed, and Enter adds it to the selection.
 class ListFinder : public QFrame {
     Q_OBJECT
 
   public:
     struct Ways {
-        // Does something to the control in the person's name.
+        // Runs an action on the control as if the person had done it.
         std::function<void(const std::function<void()>&)> act;
         bool marksAtOnce = true;
-        // What Enter does to the marked items; nothing: it goes back to the list.
+        // What Enter does with the marked items; if empty, Enter goes back to the list.
         std::function<void()> use;
     };
 
     // The list and its view outlive the finder, which is a child of the view.
     ListFinder(ListBox& list, SelectionList& view, Ways ways);
 
-    // Opens with a text, which whatever was sought before gives way to.
+    // Opens with a text, in place of what was sought before.
     void open(const QString& text);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,7 +1,8 @@
 #include "qt/editor/lists/list_tools.h"
 
+#include "controls/event.h"
 #include "core/header_dtc.h"
-#include "qt/editor/lists/item_count.h"
+#include "qt/editor/base/words.h"
 #include "qt/editor/lists/list_finder.h"
 #include "qt/surface/control_surface.h"
 #include "qt/surface/selection_list.h"
@@ -12,11 +13,80 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QTimer>
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 
 namespace headerdtc::qt {
 namespace {
+
+// ---- moving fields ------------------------------------------------------------------------------
+
+std::vector<int> itemsToMove(const ListBox& list) {
+    std::vector<int> items;
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (list.Selected(i)) items.push_back(i);
+    }
+    if (items.empty() && list.ListIndex() >= 0) items.push_back(list.ListIndex());
+    return items;
+}
+
+bool isUpwards(FieldMove move) {
+    return move == FieldMove::Up || move == FieldMove::ToTop;
+}
+
+struct Way {
+    int from, to;
+};
+
+// In an order in which no moved item passes another.
+std::vector<Way> waysOf(const ListBox& list, FieldMove move) {
+    std::vector<int> items = itemsToMove(list);
+    if (!isUpwards(move)) std::reverse(items.begin(), items.end());
+    std::vector<Way> ways;
+    const int last = list.ListCount() - 1;
+    for (const int item : items) {
+        const auto gone = static_cast<int>(ways.size());
+        const int end = isUpwards(move) ? gone : last - gone;
+        const bool toEnd = move == FieldMove::ToTop || move == FieldMove::ToBottom;
+        const int beside = isUpwards(move) ? std::max(item - 1, end) : std::min(item + 1, end);
+        ways.push_back({item, toEnd ? end : beside});
+    }
+    return ways;
+}
+
+// How often the buttons would be pressed.
+long pressesFor(const ListBox& list, FieldMove move) {
+    long presses = 0;
+    for (const Way& way : waysOf(list, move))
+        presses += std::abs(way.to - way.from);
+    return presses;
+}
+
+// Moves the marked items of a list, or the one with the focus where none is marked, by what a
+// person does: each is marked alone and the button pressed as often as needed. Afterwards the same
+// items are marked again, in the same order. Throws what the operations throw.
+void moveItems(ListBox& list, Button& up, Button& down, FieldMove move) {
+    const std::vector<Way> ways = waysOf(list, move);
+    if (pressesFor(list, move) == 0) return;
+    Button& button = isUpwards(move) ? up : down;
+    const int focused = list.ListIndex();
+    int focus = ways.front().to;
+    std::vector<int> moved;
+    for (const Way& way : ways) {
+        moved.push_back(way.to);
+        if (way.from == focused) focus = way.to;
+        if (way.from == way.to) continue;
+        list.select({way.from}, way.from);
+        for (int i = std::abs(way.to - way.from); i > 0; --i)
+            button.press();
+    }
+    std::sort(moved.begin(), moved.end());
+    list.select(moved, focus);
+}
+
+// ---- keys ---------------------------------------------------------------------------------------
 
 struct MoveKey {
     int key;
@@ -42,7 +112,7 @@ bool isFindKey(const QKeyEvent& event) {
     return event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_F;
 }
 
-// A character that begins what is sought; the blank is the list's.
+// Whether a key starts a search; a blank is a key of the list itself.
 bool beginsText(const QKeyEvent& event) {
     const auto others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     const QString text = event.text();
@@ -60,6 +130,38 @@ QLayout* layoutAround(QLayout* layout, const QWidget* widget) {
     return nullptr;
 }
 
+// How many items a list has and how many of them are marked: "12 of 214".
+class ItemCount : public QLabel {
+  public:
+    // The list outlives the label.
+    ItemCount(ListBox& list, QWidget* parent) : QLabel(parent), list_(list) {
+        setObjectName(toQt(list.name()) + QStringLiteral("Count"));
+        setForegroundRole(QPalette::PlaceholderText);
+        soon_.setSingleShot(true);
+        connect(&soon_, &QTimer::timeout, this, [this] { follow(); });
+        // Delayed, since lists are filled item by item.
+        subscriptions_ +=
+            list.itemsChanged.subscribe([this](const ItemsChange&) { soon_.start(); });
+        subscriptions_ += list.selectionChanged.subscribe([this] { soon_.start(); });
+        follow();
+    }
+
+  private:
+    void follow() {
+        const int all = list_.ListCount();
+        const int marked = list_.SelCount();
+        setText(marked > 0 ? ListTools::tr("%1 of %2").arg(marked).arg(all) : QString::number(all));
+        const QString words =
+            ListTools::tr("%1, %2 marked").arg(counted(all, "item", "items")).arg(marked);
+        setToolTip(words);
+        setAccessibleName(words);
+    }
+
+    ListBox& list_;
+    QTimer soon_;
+    Subscriptions subscriptions_;
+};
+
 }  // namespace
 
 ListTools::ListTools(HeaderDTC& dtc, ControlSurface& surface)
@@ -72,7 +174,7 @@ ListTools::ListTools(HeaderDTC& dtc, ControlSurface& surface)
         equip(family.LinkedFieldsList, &family.AddLinkedField, nullptr, nullptr, true);
         equip(family.SelectedLinkedFieldsList, nullptr, &family.MoveUpLinkedField,
               &family.MoveDownLinkedField, true);
-        // Marking a field there is translating it.
+        // Selecting a field there means translating it.
         equip(family.I18NFieldnamesList, nullptr, nullptr, nullptr, false);
         equip(family.I18NFieldValuesList, nullptr, nullptr, nullptr, false);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "qt/editor/lists/field_mover.h"
+#include "controls/button.h"
+#include "controls/list_box.h"
 
 #include <QObject>
 #include <vector>
@@ -17,8 +18,10 @@ class ControlSurface;
 class ListFinder;
 class SelectionList;
 
-// What makes the long lists of a control's surface quick to use: finding, counts, moving in one
-// stroke. All of it is done by what a person does, with the events of that.
+enum class FieldMove { Up, Down, ToTop, ToBottom };
+
+// Makes the long lists of a control's surface quick to use: finding, counts, moving fields with one
+// key. Everything goes through the operations that a person has, and raises the same events.
 //
 //     letters, digits, Ctrl+F     find
 //     Alt+Up, Alt+Down            move the marked fields

@@ -1,6 +1,6 @@
 #include "qt/editor/page/aligned_texts.h"
 
-#include "qt/editor/preview/text_diff.h"
+#include "host/diff/line_diff.h"
 
 #include <algorithm>
 #include <functional>
@@ -19,7 +19,7 @@ struct Changed {
 
     Changed(const std::vector<std::string_view>& base, const std::vector<std::string_view>& text)
         : lines(text), added(base.size() + 1), removed(base.size()) {
-        for (const DiffRun& run : diffLines(base, lines)) {
+        for (const DiffRun& run : diffRuns(base, lines)) {
             if (run.same) continue;
             added[run.oldBegin] = {run.newBegin, run.newEnd};
             for (std::size_t i = run.oldBegin; i < run.oldEnd; ++i)
@@ -39,7 +39,8 @@ bool AlignedRow::differs() const {
 
 std::vector<AlignedRow> alignTexts(std::string_view base, std::string_view mine,
                                    std::string_view theirs) {
-    return alignLines(linesOf(base), linesOf(mine), linesOf(theirs));
+    return alignLines(linesOf(base, LineForm::Shown), linesOf(mine, LineForm::Shown),
+                      linesOf(theirs, LineForm::Shown));
 }
 
 std::vector<AlignedRow> alignLines(const std::vector<std::string_view>& base,

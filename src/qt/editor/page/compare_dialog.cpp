@@ -2,37 +2,17 @@
 
 #include "qt/editor/base/icons.h"
 #include "qt/editor/base/words.h"
+#include "ui_compare_dialog.h"
 
-#include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFontDatabase>
-#include <QGridLayout>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QVBoxLayout>
 #include <algorithm>
 
 namespace headerdtc::qt {
 namespace {
 
 enum Side { Base, Mine, Theirs, PaneCount };
-
-constexpr const char* PaneNames[PaneCount] = {
-    QT_TRANSLATE_NOOP("headerdtc::qt::CompareDialog", "As it was read"),
-    QT_TRANSLATE_NOOP("headerdtc::qt::CompareDialog", "Mine, in the editor"),
-    QT_TRANSLATE_NOOP("headerdtc::qt::CompareDialog", "Theirs, on disk")};
-
-QLabel* heading(const char* name) {
-    auto* label = new QLabel(CompareDialog::tr(name));
-    QFont bold = label->font();
-    bold.setBold(true);
-    label->setFont(bold);
-    return label;
-}
 
 // The span of a control, empty where the page has none of that ID.
 std::string spanOf(const PageContent& content, const std::string& id) {
@@ -46,140 +26,79 @@ std::string spanOf(const PageContent& content, const std::string& id) {
 
 CompareDialog::CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
                              const PageContent& theirs, QWidget* parent)
-    : QDialog(parent), states_{&base, &mine, &theirs}, merged_(mergePages(base, mine, theirs)) {
-    setObjectName(QStringLiteral("CompareDialog"));
+    : QDialog(parent),
+      states_{&base, &mine, &theirs},
+      merged_(mergePages(base, mine, theirs)),
+      ui_(std::make_unique<Ui::CompareDialog>()) {
+    ui_->setupUi(this);
+    setIcons(*this);
+    panes_ = {ui_->ComparePane0, ui_->ComparePane1, ui_->ComparePane2};
+    counts_ = {ui_->DifferenceCount0, ui_->DifferenceCount1, ui_->DifferenceCount2};
     setWindowTitle(tr("Compare %1").arg(title));
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(
-        new QLabel(tr("Somebody else has saved this page since it was read into the editor.")));
-    layout->addLayout(changes());
-    if (!merged_.bytes) {
-        auto* obstacle = new QLabel(tr("Both cannot be taken together: %1.").arg(merged_.obstacle));
-        obstacle->setTextFormat(Qt::PlainText);
-        obstacle->setWordWrap(true);
-        layout->addWidget(obstacle);
-    }
-    QWidget* lines = makeLines();
-    layout->addWidget(lines, 1);
-    layout->addSpacing(layout->spacing());
-    layout->addLayout(makeAnswers(*lines));
-    lines->hide();
+    // A gap above the answers, even while the lines are hidden.
+    QVBoxLayout& layout = *ui_->dialogLayout;
+    layout.insertSpacing(layout.indexOf(ui_->answerLayout), layout.spacing());
+    showChanges();
+    setUpLines();
+
+    addAnswer(*ui_->KeepMineButton, Answer::KeepMine);
+    addAnswer(*ui_->TakeTheirsButton, Answer::TakeTheirs);
+    addAnswer(*ui_->TakeBothButton, Answer::TakeBoth);
+    if (base.aroundControls() == mine.aroundControls())
+        ui_->TakeBothButton->setText(tr("T&heirs, with my control"));
+    ui_->TakeBothButton->setEnabled(merged_.bytes.has_value());
+    // Enter, pressed without a look, does what Escape does: this button is the form's default.
+    ui_->AnswerButtons->addButton(ui_->LaterButton, QDialogButtonBox::RejectRole);
+    connect(ui_->LaterButton, &QPushButton::clicked, this, &QDialog::reject);
+    ui_->LaterButton->setFocus();
     resize(760, sizeHint().height());
-    showPart(parts_->currentIndex());
+    showPart(ui_->ComparePart->currentIndex());
 }
+
+CompareDialog::~CompareDialog() = default;
 
 // What each of the two has done, side by side.
-QLayout* CompareDialog::changes() const {
-    auto* columns = new QGridLayout;
-    columns->setHorizontalSpacing(24);
-    for (const int side : {Mine, Theirs}) {
-        auto* parts = new QLabel(bulleted(changesInWords(*states_[Base], *states_[side])));
-        parts->setObjectName(QStringLiteral("Changes%1").arg(side));
-        parts->setTextFormat(Qt::PlainText);
-        parts->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        parts->setWordWrap(true);
-        columns->addWidget(heading(PaneNames[side]), 0, side);
-        columns->addWidget(parts, 1, side, Qt::AlignTop);
-        columns->setColumnStretch(side, 1);
-    }
-    return columns;
+void CompareDialog::showChanges() {
+    const auto words = [this](Side side) {
+        return bulleted(changesInWords(*states_[Base], *states_[side]));
+    };
+    ui_->Changes1->setText(words(Mine));
+    ui_->Changes2->setText(words(Theirs));
+    ui_->ObstacleLabel->setVisible(!merged_.bytes);
+    if (!merged_.bytes)
+        ui_->ObstacleLabel->setText(tr("Both cannot be taken together: %1.").arg(merged_.obstacle));
 }
 
-QLayout* CompareDialog::makeAnswers(QWidget& lines) {
-    auto* buttons = new QDialogButtonBox(this);
-    const auto answer = [&](const QString& text, const QString& tip, Answer answer) {
-        auto* button = buttons->addButton(text, QDialogButtonBox::AcceptRole);
-        button->setToolTip(tip);
-        connect(button, &QPushButton::clicked, this, [this, answer] {
-            answer_ = answer;
-            accept();
-        });
-        return button;
-    };
-    answer(tr("&Keep mine"), tr("The next save replaces what is on disk"), Answer::KeepMine);
-    answer(tr("&Take theirs"), tr("The page becomes what is on disk; undo brings yours back"),
-           Answer::TakeTheirs);
-    const bool onlyControls = states_[Base]->aroundControls() == states_[Mine]->aroundControls();
-    answer(onlyControls ? tr("T&heirs, with my control") : tr("T&heirs, with my changes"),
-           tr("The page becomes what is on disk, with what you have changed; undo brings yours "
-              "back"),
-           Answer::TakeBoth)
-        ->setEnabled(merged_.bytes.has_value());
-    auto* later = buttons->addButton(tr("Decide &later"), QDialogButtonBox::RejectRole);
-    connect(later, &QPushButton::clicked, this, &QDialog::reject);
-    // Enter, pressed without a look, does what Escape does.
-    later->setDefault(true);
-    later->setFocus();
+void CompareDialog::addAnswer(QPushButton& button, Answer answer) {
+    ui_->AnswerButtons->addButton(&button, QDialogButtonBox::AcceptRole);
+    connect(&button, &QPushButton::clicked, this, [this, answer] {
+        answer_ = answer;
+        accept();
+    });
+}
 
-    auto* show = new QPushButton(tr("&Show lines"));
-    show->setCheckable(true);
-    show->setAutoDefault(false);
-    connect(show, &QPushButton::toggled, this, [this, &lines](bool shown) {
+void CompareDialog::setUpLines() {
+    for (QPlainTextEdit* pane : panes_) {
+        pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+        pane->setTabStopDistance(4 * pane->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
+    }
+    scrollTogether();
+    addParts();
+    connect(ui_->ComparePart, &QComboBox::currentIndexChanged, this, &CompareDialog::showPart);
+    connect(ui_->PreviousDifference, &QPushButton::clicked, this, [this] { goToDifference(-1); });
+    connect(ui_->NextDifference, &QPushButton::clicked, this, [this] { goToDifference(1); });
+    ui_->CompareLines->hide();
+    connect(ui_->ShowLines, &QPushButton::toggled, this, [this](bool shown) {
         const QPoint centre = geometry().center();
-        lines.setVisible(shown);
+        ui_->CompareLines->setVisible(shown);
         resize(shown ? QSize(1100, 700) : QSize(760, sizeHint().height()));
         move(centre - rect().center());
     });
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(show);
-    bottom->addStretch();
-    bottom->addWidget(buttons);
-    return bottom;
-}
-
-QWidget* CompareDialog::makeLines() {
-    auto* panes = new QGridLayout;
-    panes->setHorizontalSpacing(4);
-    for (std::size_t i = 0; i < PaneCount; ++i) {
-        const auto column = static_cast<int>(i);
-        panes_[i] = new QPlainTextEdit;
-        panes_[i]->setObjectName(QStringLiteral("ComparePane%1").arg(i));
-        panes_[i]->setAccessibleName(tr(PaneNames[i]));
-        panes_[i]->setReadOnly(true);
-        panes_[i]->setTextInteractionFlags(Qt::TextSelectableByMouse |
-                                           Qt::TextSelectableByKeyboard);
-        panes_[i]->setLineWrapMode(QPlainTextEdit::NoWrap);
-        panes_[i]->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-        panes_[i]->setTabStopDistance(4 *
-                                      panes_[i]->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
-        counts_[i] = new QLabel;
-        panes->addWidget(heading(PaneNames[i]), 0, column);
-        panes->addWidget(panes_[i], 1, column);
-        panes->addWidget(counts_[i], 2, column);
-        panes->setColumnStretch(column, 1);
-    }
-    scrollTogether();
-    parts_ = new QComboBox;
-    parts_->setObjectName(QStringLiteral("ComparePart"));
-    parts_->setAccessibleName(tr("Part of the page"));
-    addParts();
-    connect(parts_, &QComboBox::currentIndexChanged, this, &CompareDialog::showPart);
-    auto* caption = new QLabel(tr("L&ines of:"));
-    caption->setBuddy(parts_);
-    auto* top = new QHBoxLayout;
-    top->addWidget(caption);
-    top->addWidget(parts_);
-    top->addStretch();
-    for (const int direction : {-1, 1}) {
-        auto* button = direction < 0
-                           ? new QPushButton(editorIcon("go-up"), tr("&Previous difference"))
-                           : new QPushButton(editorIcon("go-down"), tr("&Next difference"));
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this,
-                [this, direction] { goToDifference(direction); });
-        top->addWidget(button);
-    }
-    auto* lines = new QWidget;
-    auto* layout = new QVBoxLayout(lines);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(top);
-    layout->addLayout(panes, 1);
-    return lines;
 }
 
 // The whole page comes first; a control is shown at once when nothing differs around it.
 void CompareDialog::addParts() {
-    parts_->addItem(tr("The whole page"));
+    ui_->ComparePart->addItem(tr("The whole page"));
     std::vector<std::string> ids;
     for (const PageContent* state : states_) {
         for (const ControlSpan& span : state->controls()) {
@@ -191,17 +110,17 @@ void CompareDialog::addParts() {
         const std::string base = spanOf(*states_[0], id);
         const bool differs = base != spanOf(*states_[1], id) || base != spanOf(*states_[2], id);
         const QString name = QString::fromStdString(id);
-        parts_->addItem(differs ? name : tr("%1 (no difference)").arg(name), name);
-        if (differs && differing == 0) differing = parts_->count() - 1;
+        ui_->ComparePart->addItem(differs ? name : tr("%1 (no difference)").arg(name), name);
+        if (differs && differing == 0) differing = ui_->ComparePart->count() - 1;
     }
     const std::string around = states_[0]->aroundControls();
     const bool onlyControls =
         around == states_[1]->aroundControls() && around == states_[2]->aroundControls();
-    if (onlyControls) parts_->setCurrentIndex(differing);
+    if (onlyControls) ui_->ComparePart->setCurrentIndex(differing);
 }
 
 void CompareDialog::showPart(int part) {
-    const std::string id = parts_->itemData(part).toString().toStdString();
+    const std::string id = ui_->ComparePart->itemData(part).toString().toStdString();
     std::array<std::string, PaneCount> texts;
     for (std::size_t i = 0; i < PaneCount; ++i) {
         const PageContent& state = *states_[i];

@@ -5,18 +5,23 @@
 
 #include <QDialog>
 #include <array>
+#include <memory>
 #include <vector>
 
-class QComboBox;
 class QLabel;
 class QPlainTextEdit;
+class QPushButton;
+
+namespace Ui {
+class CompareDialog;
+}
 
 namespace headerdtc::qt {
 
-// A page that two have changed: what each of them did, in words, and on demand the lines of its
-// three states: as it was read, as it stands in the editor, and as somebody else has written it; of
-// the whole page, or of one control's span where nothing else differs. The answer is whose is kept,
-// or both where they do not touch; the dialog changes nothing.
+// Compares a page that was changed both here and on disk: what each side did, in words, and on
+// demand the lines of all three versions (as it was read, in the editor, on disk), of the whole
+// page or of one control. The author chooses which version is kept, or both where they do not
+// conflict; the dialog itself changes nothing.
 class CompareDialog : public QDialog {
     Q_OBJECT
 
@@ -25,15 +30,16 @@ class CompareDialog : public QDialog {
 
     CompareDialog(const QString& title, const PageContent& base, const PageContent& mine,
                   const PageContent& theirs, QWidget* parent = nullptr);
+    ~CompareDialog() override;
 
     Answer answer() const { return answer_; }
-    // What TakeBoth is the answer for.
+    // What the answer TakeBoth takes.
     const MergedPage& merged() const { return merged_; }
 
   private:
-    QLayout* changes() const;
-    QWidget* makeLines();
-    QLayout* makeAnswers(QWidget& lines);
+    void showChanges();
+    void addAnswer(QPushButton& button, Answer answer);
+    void setUpLines();
     void addParts();
     void showPart(int part);
     void fill(const std::vector<AlignedRow>& rows);
@@ -42,9 +48,9 @@ class CompareDialog : public QDialog {
 
     std::array<const PageContent*, 3> states_;  // outlive the dialog
     MergedPage merged_;
-    QComboBox* parts_;
-    std::array<QPlainTextEdit*, 3> panes_{};
-    std::array<QLabel*, 3> counts_{};
+    std::unique_ptr<Ui::CompareDialog> ui_;
+    std::array<QPlainTextEdit*, 3> panes_;
+    std::array<QLabel*, 3> counts_;
     std::vector<int> differences_;  // the rows at which differences begin
     int shown_ = -1;
     Answer answer_ = Answer::Later;

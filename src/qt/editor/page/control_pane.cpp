@@ -1,19 +1,15 @@
 #include "qt/editor/page/control_pane.h"
 
 #include "core/header_dtc.h"
+#include "platform/runtime_error.h"
+#include "qt/editor/base/words.h"
 #include "qt/editor/lists/list_tools.h"
 #include "qt/surface/control_surface.h"
+#include "ui_control_pane.h"
 
 #include <QApplication>
-#include <QComboBox>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
 #include <QScopedValueRollback>
-#include <QScrollArea>
 #include <QScrollBar>
-#include <QStackedWidget>
-#include <QVBoxLayout>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -39,58 +35,33 @@ bool isAction(QEvent::Type type) {
     }
 }
 
+// Asks for files on the drives of the site that the page is in at the moment.
+QtFileDialog fileDialogOf(const EditedPage& page, QWidget* window) {
+    const auto drives = [&page]() -> const WindowsPaths& {
+        return page.site()->configuration->drives;
+    };
+    return {[drives](const std::string& windowsPath) -> QString {
+                try {
+                    return toName(drives().toLocal(windowsPath));
+                } catch (const RuntimeError&) {
+                    return {};  // A drive that the site lacks: the dialog begins anywhere.
+                }
+            },
+            [drives](const QString& localPath) { return drives().toWindows(toPath(localPath)); },
+            window};
+}
+
 }  // namespace
 
 ControlPane::ControlPane(EditedPage& page, QWidget* parent)
-    : QWidget(parent), page_(page), faces_(this, [this]() -> const WindowsPaths& {
-          return page_.site()->configuration->drives;
-      }) {
-    setObjectName(QStringLiteral("ControlPane"));
-    selector_ = new QComboBox;
-    selector_->setObjectName(QStringLiteral("ControlSelector"));
-    selector_->setAccessibleName(tr("Control of the page"));
-    auto* caption = new QLabel(tr("&Control:"));
-    caption->setBuddy(selector_);
-    bar_ = new QWidget;
-    auto* barLayout = new QHBoxLayout(bar_);
-    barLayout->setContentsMargins(6, 4, 6, 0);
-    barLayout->addWidget(caption);
-    barLayout->addWidget(selector_, 1);
-    connect(selector_, &QComboBox::activated, this,
+    : QWidget(parent),
+      ui_(std::make_unique<Ui::ControlPane>()),
+      page_(page),
+      faces_{QtMessageBox(this), fileDialogOf(page, this), QtModalLoop(this)} {
+    ui_->setupUi(this);
+    connect(ui_->ControlSelector, &QComboBox::activated, this,
             [this](int index) { select(static_cast<std::size_t>(index)); });
-
-    area_ = new QScrollArea;
-    area_->setFrameShape(QFrame::NoFrame);
-    area_->setWidgetResizable(true);
-    area_->setFocusPolicy(Qt::NoFocus);  // no stop for Tab of its own
-
-    reason_ = new QLabel;
-    reason_->setWordWrap(true);
-    reason_->setAlignment(Qt::AlignCenter);
-    reason_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    insert_ = new QPushButton(tr("&Insert control"));
-    insert_->setObjectName(QStringLiteral("InsertControlButton"));
-    insert_->setToolTip(
-        tr("Insert a new control before the line of the caret, or at the head of the "
-           "page where you have chosen none"));
-    connect(insert_, &QPushButton::clicked, this, &ControlPane::insertRequested);
-    nothing_ = new QWidget;
-    nothing_->setMinimumWidth(280);
-    auto* nothingLayout = new QVBoxLayout(nothing_);
-    nothingLayout->setContentsMargins(24, 24, 24, 24);
-    nothingLayout->addStretch();
-    nothingLayout->addWidget(reason_);
-    nothingLayout->addWidget(insert_, 0, Qt::AlignCenter);
-    nothingLayout->addStretch();
-
-    stack_ = new QStackedWidget;
-    stack_->addWidget(area_);
-    stack_->addWidget(nothing_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(bar_);
-    layout->addWidget(stack_);
+    connect(ui_->InsertControlButton, &QPushButton::clicked, this, &ControlPane::insertRequested);
 
     idle_.setSingleShot(true);
     connect(&idle_, &QTimer::timeout, this, [this] {
@@ -129,7 +100,7 @@ void ControlPane::followPage() {
         Shown& shown = shown_[i];
         if (!shown.live || shown.live->properties() == controls[i].properties) continue;
         if (taking_) {
-            // The page writes down what the control has, perhaps in other words.
+            // The page stores what the control has, perhaps written in another way.
             shown.live->wasStoredAs(controls[i].properties);
         } else if (current_ == i) {
             make(i, shown.live->dtc().SSTab1.Tab());
@@ -179,17 +150,18 @@ void ControlPane::rebuildAll() {
 }
 
 void ControlPane::fillSelector() {
-    selector_->clear();
+    ui_->ControlSelector->clear();
     for (const ControlSpan& span : page_.content()->controls())
-        selector_->addItem(tr("%1 (line %2)").arg(QString::fromStdString(span.id)).arg(span.line));
-    if (current_) selector_->setCurrentIndex(static_cast<int>(*current_));
-    bar_->setVisible(ids_.size() > 1);
+        ui_->ControlSelector->addItem(
+            tr("%1 (line %2)").arg(QString::fromStdString(span.id)).arg(span.line));
+    if (current_) ui_->ControlSelector->setCurrentIndex(static_cast<int>(*current_));
+    ui_->ControlBar->setVisible(ids_.size() > 1);
     const auto& problem = page_.content()->problem();
-    reason_->setText(problem ? tr("The controls of this page cannot be read:\n%1")
-                                   .arg(QString::fromStdString(problem->what()))
-                             : tr("This page has no control."));
-    insert_->setVisible(!problem);
-    if (ids_.empty()) stack_->setCurrentWidget(nothing_);
+    ui_->NoControlReason->setText(problem ? tr("The controls of this page cannot be read:\n%1")
+                                                .arg(QString::fromStdString(problem->what()))
+                                          : tr("This page has no control."));
+    ui_->InsertControlButton->setVisible(!problem);
+    if (ids_.empty()) ui_->ControlStack->setCurrentWidget(ui_->NoControl);
 }
 
 void ControlPane::select(std::size_t control) {
@@ -221,53 +193,62 @@ void ControlPane::renewFaulty() {
 }
 
 void ControlPane::focusControl() {
-    if (surface()) surface()->setFocus();
+    if (surface()) {
+        surface()->enter();
+    } else {
+        ui_->InsertControlButton->setFocus();
+    }
+}
+
+void ControlPane::focusProvider() {
+    if (live()) surface()->act([this] { live()->dtc().DataProvidersCombo.focus(); });
 }
 
 void ControlPane::show(std::size_t control) {
     current_ = control;
-    selector_->setCurrentIndex(static_cast<int>(control));
+    ui_->ControlSelector->setCurrentIndex(static_cast<int>(control));
     if (shown_[control].live) {
-        if (QWidget* before = area_->takeWidget()) before->hide();
-        area_->setWidget(shown_[control].surface);
+        if (QWidget* before = ui_->ControlArea->takeWidget()) before->hide();
+        ui_->ControlArea->setWidget(shown_[control].surface);
         shown_[control].surface->show();
     } else {
         make(control, 0);
     }
-    stack_->setCurrentWidget(area_);
+    ui_->ControlStack->setCurrentWidget(ui_->ControlArea);
 }
 
-// A control made anew from the page, with the tab and the place in it where the author was.
+// Makes a control from the page again and restores the tab and the scroll position.
 void ControlPane::make(std::size_t control, int tab) {
     Shown& shown = shown_[control];
     const ControlSpan& span = page_.content()->controls()[control];
     const bool hadFocus = shown.surface && QApplication::focusWidget() &&
                           shown.surface->isAncestorOf(QApplication::focusWidget());
-    const int scrolled = area_->verticalScrollBar()->value();
+    const int scrolled = ui_->ControlArea->verticalScrollBar()->value();
     const auto make = [&] {
-        return std::make_unique<LiveControl>(page_.site(), page_.file(), span, faces_.faces());
+        return std::make_unique<LiveControl>(page_.site(), page_.file(), span, faces_);
     };
     auto made = make();
     if (!made->showTab(tab)) made = make();
     if (shown.live) made->goOnFrom(*shown.live);
     drop(shown);
     shown.live = std::move(made);
-    // The control's own notice: as soon as it has done all that belongs to the change.
+    // Once the control has finished everything that belongs to the change.
     connect(shown.live.get(), &LiveControl::propertyChangeNoticed, this,
             [this] { idle_.start(0); });
 
     shown.surface = new ControlSurface(shown.live->dtc());
     new ListTools(shown.live->dtc(), *shown.surface);
-    if (QWidget* before = area_->takeWidget()) before->hide();
-    area_->setWidget(shown.surface);
-    stack_->setCurrentWidget(area_);
-    area_->verticalScrollBar()->setValue(scrolled);
-    if (hadFocus) shown.surface->setFocus();
+    if (QWidget* before = ui_->ControlArea->takeWidget()) before->hide();
+    ui_->ControlArea->setWidget(shown.surface);
+    ui_->ControlStack->setCurrentWidget(ui_->ControlArea);
+    ui_->ControlArea->verticalScrollBar()->setValue(scrolled);
+    if (hadFocus) shown.surface->enter();
     Q_EMIT surfaceMade();
 }
 
 void ControlPane::drop(Shown& shown) {
-    if (shown.surface && area_->widget() == shown.surface) area_->takeWidget();
+    if (shown.surface && ui_->ControlArea->widget() == shown.surface)
+        ui_->ControlArea->takeWidget();
     delete std::exchange(shown.surface, nullptr);
     shown.live.reset();
 }
@@ -283,7 +264,7 @@ bool ControlPane::belongsToControl(const QObject* object) const {
 }
 
 bool ControlPane::eventFilter(QObject* watched, QEvent* event) {
-    // A row of actions does not put the first one off.
+    // Further actions do not delay the taking of the first one.
     if (isAction(event->type()) && belongsToControl(watched) && !idle_.isActive())
         idle_.start(IdleMilliseconds);
     return QWidget::eventFilter(watched, event);
@@ -315,14 +296,14 @@ void ControlPane::goTo(const Place& place) {
     try {
         surface()->setFocus();
         if (place.tab >= 0) dtc.SSTab1.clickTab(place.tab);
-        // The marker's column: a click on another opens its editor, which writes when it is left.
+        // A click on any other column would open an editor, which writes when it is left.
         for (const Family family : BothFamilies) {
             Grid& grid = dtc.family(family).CriteriaGrid;
             if (grid.tabPage() == place.tab && place.row > 0 && place.row < grid.Rows())
                 grid.clickCell(place.row, criteria_column::Marker);
         }
     } catch (const std::runtime_error&) {
-        // The control has shown by itself why it cannot.
+        // The control has already told the author why.
     }
     idle_.start(IdleMilliseconds);
 }

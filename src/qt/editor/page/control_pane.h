@@ -1,7 +1,6 @@
 #pragma once
 
 #include "qt/editor/base/message.h"
-#include "qt/editor/page/control_faces.h"
 #include "qt/editor/page/edited_page.h"
 #include "qt/editor/page/live_control.h"
 
@@ -10,19 +9,17 @@
 #include <memory>
 #include <vector>
 
-class QComboBox;
-class QLabel;
-class QPushButton;
-class QScrollArea;
-class QStackedWidget;
+namespace Ui {
+class ControlPane;
+}
 
 namespace headerdtc::qt {
 
 class ControlSurface;
 
-// The controls of a page, one of them shown: the control's own surface, and above it the choice of
-// the control where a page has several. It brings what the author does into the page, and the page
-// into the controls when it became another by undo, reload or the source.
+// Shows one of a page's controls on its surface, below a list to choose from where the page has
+// several. What the author changes at a control goes into the page; when the page changes
+// otherwise, by undo, reload or its source, the controls follow.
 class ControlPane : public QWidget {
     Q_OBJECT
 
@@ -37,19 +34,21 @@ class ControlPane : public QWidget {
 
     void select(std::size_t control);
     void focusControl();
+    // Where a new control begins.
+    void focusProvider();
     // The control that is shown, loaded anew from the page as it is.
     void loadAnew();
-    // Controls that were loaded with a fault are made anew: what they lacked may be there now.
-    // While one of them has a dialog open that waits.
+    // Loads controls again that were loaded with a fault: what was missing may be there now. Waits
+    // while one of them has a dialog open.
     void renewFaulty();
     // Shows the control, tab and row of a place.
     void goTo(const Place& place);
 
-    // What the author has changed goes into the page now, what is still being typed too.
+    // Puts the author's changes into the page now, including what is still being typed.
     void finishEditing();
-    // The same, but what is being typed is left alone.
+    // The same without what is being typed.
     void takeChanges();
-    // A dialog of a control is open; the page is not to be changed from elsewhere.
+    // A dialog of a control is open: nothing else may change the page.
     bool isBusy() const;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -75,6 +74,7 @@ class ControlPane : public QWidget {
     void fillSelector();
     bool belongsToControl(const QObject* object) const;
 
+    std::unique_ptr<Ui::ControlPane> ui_;
     EditedPage& page_;
     ControlFaces faces_;
     std::vector<Shown> shown_;  // one for each control of the page, made when it is first shown
@@ -83,14 +83,6 @@ class ControlPane : public QWidget {
     bool taking_ = false;        // a change of the author is on its way into the page
     bool renewalWaits_ = false;  // until a dialog is closed
     QTimer idle_;
-
-    QWidget* bar_;
-    QComboBox* selector_;
-    QStackedWidget* stack_;
-    QScrollArea* area_;
-    QWidget* nothing_;
-    QLabel* reason_;
-    QPushButton* insert_;
 };
 
 }  // namespace headerdtc::qt

@@ -135,7 +135,7 @@ void EditedPage::save(Guard guard) {
     } else if (bytes != saved_->bytes()) {
         replaceFile(bytes);
     } else {
-        // The file holds exactly this; only an undone step may stand in between.
+        // The file already holds these bytes; only an undone step may have come in between.
         history_.replaceCurrent(saved_);
         Q_EMIT contentChanged();
         Q_EMIT stateChanged();

@@ -18,7 +18,7 @@ class ChangedByOther : public FileError {
     using FileError::FileError;
 };
 
-// A page that is being edited: its content, how it came to it, and its file. Whatever changes it,
+// A page that is being edited: its content, its history and its file. Every change, whether from
 // the source view, a control, undo or a reload, goes through here and can be undone.
 class EditedPage : public QObject {
     Q_OBJECT
@@ -58,7 +58,7 @@ class EditedPage : public QObject {
     void sealStep() { history_.seal(); }
 
     // ---- the file ----------------------------------------------------------------------------
-    // Generates the controls and writes the page where its bytes are others. Throws SaveRefused
+    // Generates the controls and writes the page if its bytes have changed. Throws SaveRefused
     // with the reasons, ChangedByOther, and FileError.
     void save(Guard guard);
     // The same into another file, which the page then has; one that is there is replaced.
@@ -78,15 +78,15 @@ class EditedPage : public QObject {
     // The file is gone; the next save makes it anew.
     void keepWithoutFile();
 
-    // The site's configuration may be another. Throws ConfigurationError.
+    // Reads the site's configuration again. Throws ConfigurationError.
     void refreshSite(Sites& sites);
 
   Q_SIGNALS:
-    // The content is another.
+    // The content has changed.
     void contentChanged();
-    // What is read of the page besides its content: modified, saved, steps.
+    // Something besides the content has changed: isModified(), saved() or history().
     void stateChanged();
-    // The page's file or its site is another: controls have to be made anew.
+    // The page has moved to another file or site: its controls have to be made again.
     void placeChanged();
     // The page was read again.
     void readAgain();

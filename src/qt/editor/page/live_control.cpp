@@ -11,7 +11,7 @@
 namespace headerdtc::qt {
 namespace {
 
-// Stored properties with what became another from one state of their control to the next.
+// Stored properties with the changes from one state of their control to the next applied.
 StoredProperties withChanges(const StoredProperties& stored, const StoredProperties& before,
                              const StoredProperties& after) {
     const std::map<std::string, std::string> old(before.begin(), before.end());
@@ -40,15 +40,15 @@ StoredProperties withChanges(const StoredProperties& stored, const StoredPropert
 }  // namespace
 
 LiveControl::LiveControl(std::shared_ptr<Site> site, const std::filesystem::path& page,
-                         const ControlSpan& span, const Faces& faces)
-    : messages_(faces.messages), fileDialog_(faces.fileDialog), properties_(span.properties) {
+                         const ControlSpan& span, ControlFaces& faces)
+    : faces_(faces), properties_(span.properties) {
     control_ = std::make_unique<OpenControl>(std::move(site), page, span,
                                              HostFaces{*this, *this, *this, faces.modalLoop});
     written_ = control_->propertiesToStore();
-    collecting_ = false;
+    quiet_ = false;
     if (!loadingDoubt()) return;
-    // Without its provider a control empties the lists of the tab that is entered. That is nothing
-    // that the author has done.
+    // Without its provider a control empties the lists of the tab that is entered, which is no
+    // change of the author's.
     subscriptions_ += dtc().SSTab1.tabChanged.subscribe([this] { take(snapshot()); });
     subscriptions_ += dtc().SSTab1.Click.subscribe([this](int) {
         if (dtc().DataProvidersCombo.Text().empty()) written_ = snapshot();
@@ -62,12 +62,8 @@ bool LiveControl::isBusy() {
 }
 
 StoredProperties LiveControl::snapshot() {
-    const std::vector<std::string> before = collected_;
-    collecting_ = true;
-    StoredProperties now = control_->propertiesToStore();
-    collecting_ = false;
-    collected_ = before;
-    return now;
+    const QScopedValueRollback quiet(quiet_, true);
+    return control_->propertiesToStore();
 }
 
 void LiveControl::take(StoredProperties now) {
@@ -93,13 +89,12 @@ void LiveControl::wasStoredAs(const StoredProperties& properties) {
 
 bool LiveControl::showTab(int page) {
     if (dtc().SSTab1.Tab() == page) return true;
-    collecting_ = true;
+    const QScopedValueRollback quiet(quiet_, true);
     try {
         dtc().SSTab1.clickTab(page);
     } catch (const std::runtime_error&) {
-        // It stays where it is, and the author meets the failure with the next click.
+        // It stays on its tab; the author sees the failure with the next click.
     }
-    collecting_ = false;
     return isSameConfiguration(snapshot(), written_);
 }
 
@@ -109,32 +104,26 @@ void LiveControl::goOnFrom(LiveControl& before) {
 }
 
 void LiveControl::show(const std::string& text) {
-    if (collecting_) {
-        collected_.push_back(text);
-    } else {
-        const QScopedValueRollback asking(asking_, true);
-        messages_.show(text);
-    }
+    if (quiet_) return;
+    const QScopedValueRollback asking(asking_, true);
+    faces_.messages.show(text);
 }
 
 void LiveControl::showError(const std::string& text) {
-    if (collecting_) {
-        collected_.push_back(text);
-    } else {
-        const QScopedValueRollback asking(asking_, true);
-        messages_.showError(text);
-    }
+    if (quiet_) return;
+    const QScopedValueRollback asking(asking_, true);
+    faces_.messages.showError(text);
 }
 
 std::string LiveControl::open(const FileDialogRequest& request) {
     const QScopedValueRollback asking(asking_, true);
-    std::string file = fileDialog_.open(request);
+    std::string file = faces_.fileDialog.open(request);
     Q_EMIT fileChosen(file);
     return file;
 }
 
 void LiveControl::propertyChanged(std::string_view property) {
-    if (collecting_) return;
+    if (quiet_) return;
     Q_EMIT propertyChangeNoticed(
         QString::fromUtf8(property.data(), static_cast<qsizetype>(property.size())));
 }

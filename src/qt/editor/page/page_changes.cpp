@@ -17,7 +17,7 @@ struct Tr {
     Q_DECLARE_TR_FUNCTIONS(PageChanges)
 };
 
-// ": + 2 - CUSTNO, - 1 - ORDNO": what came and what went, as far as it is short.
+// ": + 2 - CUSTNO, - 1 - ORDNO": what was added and removed, if that is short.
 QString detailsOf(const QStringList& added, const QStringList& removed) {
     constexpr qsizetype MostItems = 4;
     QStringList words;
@@ -74,8 +74,8 @@ void addChangesOf(const ControlSpan& before, const ControlSpan& now, QStringList
 
 // ---- merging ------------------------------------------------------------------------------------
 
-// A page as what is merged: the lines around its controls with their ends, and each control as one
-// more, by a name that no text is (`names` holds them).
+// A page as it is merged: the lines around its controls with their line ends, and each control as
+// one more line, under a name that no line of text can have (`names` holds them).
 std::vector<std::string_view> piecesOf(const PageContent& page, std::deque<std::string>& names) {
     const std::string_view bytes = page.bytes();
     std::vector<std::string_view> pieces;
@@ -215,7 +215,7 @@ QStringList changesInWords(const PageContent& before, const PageContent& now) {
         if (!now.indexOf(span.id)) changes += Tr::tr("control %1 is taken out").arg(toQt(span.id));
     }
     addChangesAround(before, now, changes);
-    // Generated text follows from all this, unless it is all there is.
+    // Generated text follows from the rest; it is named only when nothing else has changed.
     if (changes.isEmpty() && before.bytes() != now.bytes())
         changes += Tr::tr("generated text, or how the same is written");
     return changes;

@@ -9,15 +9,14 @@
 
 namespace headerdtc::qt {
 
-// What of a page became another, part by part, as its author calls the parts: "ZEKO return fields
-// of HeaderDTC1: + 2 - CUSTNO".
+// What has changed in a page, part by part, in the author's words: "ZEKO return fields of
+// HeaderDTC1: + 2 - CUSTNO".
 QStringList changesInWords(const PageContent& before, const PageContent& now);
 
-// Such parts one below the other, as many as fit into a question.
+// Such parts as a list, as many as fit into a message box.
 QString bulleted(QStringList parts);
 
-// One page of two that were made of the same one: as the second of them, with the changes of the
-// first.
+// Two versions of a page merged into one: the second with the changes of the first.
 struct MergedPage {
     std::optional<std::string> bytes;
     QString obstacle;  // why there is none: something that both have changed

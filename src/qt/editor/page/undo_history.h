@@ -11,15 +11,14 @@ namespace headerdtc::qt {
 // One thing that the author did to a page.
 struct Step {
     QString name;  // "ZEKO return fields", as "Undo" is followed by it
-    // Steps of one kind that follow each other are one step, as the letters of a word are; empty:
-    // never.
+    // Consecutive steps of one kind are joined, as the letters of a word are; empty: never.
     QString kind = {};
     // The control that was changed; empty for the source around the controls.
     std::string control = {};
 };
 
-// The states that a page went through, and the steps between them. States are whole pages, not
-// differences: whatever becomes of a page, a step back always leads to exactly what was there.
+// The states of a page and the steps between them. States are whole pages, not differences, so that
+// a step back always leads to exactly what was there.
 class UndoHistory {
   public:
     explicit UndoHistory(PageContentPtr start) { states_.push_back(std::move(start)); }
@@ -29,7 +28,7 @@ class UndoHistory {
     void push(PageContentPtr next, Step step);
     // The next step is not joined with the last one.
     void seal() { open_ = false; }
-    // The page became another without a step: it was saved, and its runtime text is new.
+    // The page has changed without a step: a save has renewed its runtime text.
     void replaceCurrent(PageContentPtr content);
 
     // The steps that can be undone and redone; nullptr for none.

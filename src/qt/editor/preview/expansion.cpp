@@ -1,6 +1,6 @@
 #include "qt/editor/preview/expansion.h"
 
-#include "host/quiet_host.h"
+#include "host/page/quiet_host.h"
 
 #include <utility>
 

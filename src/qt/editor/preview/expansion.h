@@ -17,7 +17,7 @@ struct Expansion {
     std::vector<std::string> messages;
     // Why a page with this content should not be saved.
     std::optional<SaveDoubt> doubt;
-    // Loading or generating reported an error: the text is none.
+    // Loading or generating reported an error: there is no usable text.
     bool failed() const { return doubt && doubt->kind == SaveDoubt::Kind::Failure; }
 };
 

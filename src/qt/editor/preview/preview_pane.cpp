@@ -67,8 +67,8 @@ void PreviewPane::showPreview(const std::shared_ptr<const Preview>& preview) {
         showNothing(toQt(preview->problem));
         return;
     }
-    const auto savedLines = linesOf(preview->savedText);
-    const auto newLines = linesOf(preview->expansion.content.runtimeText);
+    const auto savedLines = linesOf(preview->savedText, LineForm::Shown);
+    const auto newLines = linesOf(preview->expansion.content.runtimeText, LineForm::Shown);
     marks_.clear();
     QString all;
     std::size_t added = 0;

@@ -14,8 +14,8 @@ namespace headerdtc::qt {
 
 class AspHighlighter;
 
-// The text that would be generated now, with what it would change in the file: added lines, and
-// between them the lines that would go.
+// The text that would be generated now, compared with the file: added lines, and between them the
+// lines that would be removed.
 class PreviewPane : public QWidget {
     Q_OBJECT
 

@@ -15,7 +15,8 @@ std::shared_ptr<const Preview> make(const PreviewWorker::Request& request) {
     try {
         preview->expansion = expand(request.site, request.page, request.stored);
         preview->changes =
-            diffLines(linesOf(preview->savedText), linesOf(preview->expansion.content.runtimeText));
+            diffRuns(linesOf(preview->savedText, LineForm::Shown),
+                     linesOf(preview->expansion.content.runtimeText, LineForm::Shown));
     } catch (const std::exception& failure) {
         preview->problem = failure.what();
     }

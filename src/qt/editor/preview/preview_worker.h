@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/diff/line_diff.h"
 #include "qt/editor/preview/expansion.h"
-#include "qt/editor/preview/text_diff.h"
 
 #include <QObject>
 #include <map>
@@ -20,8 +20,8 @@ struct Preview {
     std::vector<DiffRun> changes;
 };
 
-// Makes previews aside, so that nobody waits for them while typing. Of requests for one control
-// that come faster than they are done only the latest is.
+// Makes previews on another thread, so that typing never waits for them. When requests for one
+// control come faster than they can be answered, only the latest is.
 class PreviewWorker : public QObject {
     Q_OBJECT
 

@@ -1,26 +1,19 @@
 #include "qt/editor/settings/settings_dialog.h"
 
 #include "host/files/file_replacer.h"
+#include "host/odbc/odbc_database.h"
 #include "host/site/site_configuration.h"
+#include "platform/runtime_error.h"
 #include "qt/editor/base/icons.h"
 #include "qt/editor/base/words.h"
+#include "ui_settings_dialog.h"
 
-#include <QComboBox>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
-#include <QFormLayout>
-#include <QGroupBox>
-#include <QHBoxLayout>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QTableWidget>
+#include <QPointer>
 #include <QTemporaryDir>
-#include <QToolButton>
-#include <QVBoxLayout>
+#include <QThreadPool>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -37,164 +30,115 @@ WholeFile readOrNothing(const std::filesystem::path& file) {
     return readWholeFile(file);
 }
 
+struct ConnectionResult {
+    bool connected;
+    QString text;
+};
+
+// Whether the connect string leads to a translation database.
+ConnectionResult tryToConnect(const OdbcDatabase::Settings& settings) {
+    constexpr int Unspecified = -1;
+    OdbcDatabase database(settings);
+    bool connected = false;
+    try {
+        const auto connection = database.createConnection();
+        connection->Open(settings.connectString, {}, {}, Unspecified);
+        connected = true;
+        const auto rows =
+            connection->Execute("SELECT COUNT(*) AS TEXTS FROM I18NTEXT", nullptr, Unspecified);
+        const QString count = QString::fromStdString(rows->Item("TEXTS").Value());
+        connection->Close();
+        return {true, SettingsDialog::tr("Connected; the table I18NTEXT has %1 rows.").arg(count)};
+    } catch (const RuntimeError& error) {
+        const QString text = QString::fromStdString(error.description()) +
+                             QStringLiteral(" (%1)").arg(error.number());
+        return {
+            false,
+            connected
+                ? SettingsDialog::tr("Connected, but this is no translation database: %1").arg(text)
+                : text};
+    }
+}
+
 }  // namespace
 
 SettingsDialog::SettingsDialog(std::filesystem::path file, QWidget* parent)
-    : QDialog(parent), file_(std::move(file)), old_(readOrNothing(file_)), text_(old_.bytes) {
-    setObjectName(QStringLiteral("SettingsDialog"));
-    setWindowTitle(tr("Site settings"));
-    auto* head = new QLabel(
+    : QDialog(parent),
+      file_(std::move(file)),
+      old_(readOrNothing(file_)),
+      text_(old_.bytes),
+      ui_(std::make_unique<Ui::SettingsDialog>()) {
+    ui_->setupUi(this);
+    setIcons(*this);
+    ui_->FileLabel->setText(
         old_.stamp.size < 0
             ? tr("This site has no configuration yet. Saving makes %1.").arg(toName(file_))
             : toName(file_));
-    head->setWordWrap(true);
-    head->setTextInteractionFlags(Qt::TextSelectableByMouse);
-
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
-    connect(buttons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(head);
-    layout->addWidget(siteBox());
-    layout->addWidget(drivesBox());
-    layout->addWidget(translationsBox());
-    layout->addWidget(buttons);
-    connect(&connection_, &ConnectionTest::finished, this,
-            [this](bool connected, const QString& text) {
-                test_->setEnabled(true);
-                testResult_->setText(text);
-                testResult_->setProperty("connected", connected);
-            });
+    fillFields();
+    connectDrives();
+    connectChoice(*ui_->ChooseProject, *ui_->ProjectRoot, true);
+    connectChoice(*ui_->ChooseRegistry, *ui_->RegistryFile, false);
+    connectChoice(*ui_->ChooseCatalogue, *ui_->CatalogueFile, false);
+    connectChoice(*ui_->ChooseOdbcIni, *ui_->OdbcIni, false);
+    connect(ui_->TestConnectionButton, &QPushButton::clicked, this,
+            &SettingsDialog::testConnection);
+    connect(ui_->AnswerButtons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
+    connect(ui_->AnswerButtons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     resize(640, sizeHint().height());
 }
 
+SettingsDialog::~SettingsDialog() = default;
+
 // ---- the form -----------------------------------------------------------------------------------
 
-QWidget* SettingsDialog::siteBox() {
-    auto* box = new QGroupBox(tr("Site"));
-    auto* form = new QFormLayout(box);
-    codePage_ = new QComboBox;
-    codePage_->setObjectName(QStringLiteral("CodePageCombo"));
-    codePage_->setEditable(true);
+void SettingsDialog::fillFields() {
     for (const char* name : CommonCodePages)
-        codePage_->addItem(QLatin1String(name));
-    codePage_->setCurrentText(
+        ui_->CodePageCombo->addItem(QLatin1String(name));
+    ui_->CodePageCombo->setCurrentText(
         QString::fromStdString(text_.get("", "code_page").value_or(CommonCodePages[0])));
-    codePage_->setToolTip(tr("Of every page that has no UTF-8 byte-order mark"));
-    form->addRow(tr("Code &page:"), codePage_);
-    addPathField(*form, tr("&Project folder:"), "project", "root", QStringLiteral("."), true)
-        ->setToolTip(tr("The root folder of the web project"));
-    addPathField(*form, tr("&Registry export:"), "", "registry", QStringLiteral("velmora.reg"),
-                 false)
-        ->setToolTip(tr("Says where the suite is installed"));
-    addPathField(*form, tr("&Catalogue:"), "datasource", "catalogue",
-                 QStringLiteral("catalogue.json"), false)
-        ->setToolTip(tr("The data providers and their fields"));
-    return box;
+    const QString dsn = QStringLiteral("DSN=Orvane;UID=WWWappsOrvane;PWD=");
+    fields_ = {{"project", "root", ui_->ProjectRoot, QStringLiteral(".")},
+               {"", "registry", ui_->RegistryFile, QStringLiteral("velmora.reg")},
+               {"datasource", "catalogue", ui_->CatalogueFile, QStringLiteral("catalogue.json")},
+               {Translations, "connect_string", ui_->ConnectString, dsn},
+               {Translations, "label_connect_string", ui_->LabelConnectString, dsn},
+               {Translations, "odbc_ini", ui_->OdbcIni, {}}};
+    for (const Field& field : fields_) {
+        field.edit->setObjectName(QString::fromStdString(field.section + '.' + field.key));
+        const auto value = text_.get(field.section, field.key);
+        field.edit->setText(value ? QString::fromStdString(*value) : field.fallback);
+        field.edit->setCursorPosition(0);
+    }
 }
 
-QWidget* SettingsDialog::drivesBox() {
-    auto* box = new QGroupBox(tr("Drives of the suite's Windows paths"));
-    drives_ = new QTableWidget(0, 2);
-    drives_->setObjectName(QStringLiteral("DrivesTable"));
-    drives_->setAccessibleName(box->title());
-    drives_->setHorizontalHeaderLabels({tr("Drive"), tr("Folder on this machine")});
-    drives_->horizontalHeader()->setStretchLastSection(true);
-    drives_->verticalHeader()->hide();
-    drives_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    drives_->setMinimumHeight(90);
-    drives_->setMaximumHeight(130);
-    drives_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    fillDrives();
-    auto* add = new QPushButton(tr("&Add"));
-    auto* remove = new QPushButton(tr("Re&move"));
-    auto* choose = new QPushButton(tr("&Folder..."));
-    connect(add, &QPushButton::clicked, this, [this] {
+void SettingsDialog::connectDrives() {
+    QTableWidget& drives = *ui_->DrivesTable;
+    drives.verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    for (const auto& [letter, folder] : text_.entries(Drives))
+        addDrive(QString::fromStdString(letter), QString::fromStdString(folder));
+    connect(ui_->AddDrive, &QPushButton::clicked, this, [this, &drives] {
         addDrive({}, {});
-        drives_->setCurrentCell(drives_->rowCount() - 1, 0);
-        drives_->editItem(drives_->currentItem());
+        drives.setCurrentCell(drives.rowCount() - 1, 0);
+        drives.editItem(drives.currentItem());
     });
-    connect(remove, &QPushButton::clicked, this,
-            [this] { drives_->removeRow(drives_->currentRow()); });
-    connect(choose, &QPushButton::clicked, this, [this] {
-        if (drives_->currentRow() < 0) return;
+    connect(ui_->RemoveDrive, &QPushButton::clicked, this,
+            [&drives] { drives.removeRow(drives.currentRow()); });
+    connect(ui_->ChooseDriveFolder, &QPushButton::clicked, this, [this, &drives] {
+        if (drives.currentRow() < 0) return;
         const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder of the drive"),
                                                                  toName(file_.parent_path()));
-        if (!folder.isEmpty()) drives_->item(drives_->currentRow(), 1)->setText(relative(folder));
+        if (!folder.isEmpty()) drives.item(drives.currentRow(), 1)->setText(relative(folder));
     });
-    auto* buttons = new QVBoxLayout;
-    buttons->addWidget(add);
-    buttons->addWidget(remove);
-    buttons->addWidget(choose);
-    buttons->addStretch();
-    auto* layout = new QHBoxLayout(box);
-    layout->addWidget(drives_, 1);
-    layout->addLayout(buttons);
-    return box;
 }
 
-QWidget* SettingsDialog::translationsBox() {
-    auto* box = new QGroupBox(tr("Translation database"));
-    auto* form = new QFormLayout(box);
-    const QString fallback = QStringLiteral("DSN=Orvane;UID=WWWappsOrvane;PWD=");
-    addField(*form, tr("C&onnect string:"), Translations, "connect_string", fallback);
-    addField(*form, tr("For new &labels:"), Translations, "label_connect_string", fallback);
-    addPathField(*form, tr("O&DBC data sources:"), Translations, "odbc_ini", {}, false)
-        ->setPlaceholderText(tr("those of the user and the machine"));
-    test_ = new QPushButton(tr("&Test connection"));
-    test_->setObjectName(QStringLiteral("TestConnectionButton"));
-    connect(test_, &QPushButton::clicked, this, &SettingsDialog::testConnection);
-    testResult_ = new QLabel;
-    testResult_->setObjectName(QStringLiteral("TestConnectionResult"));
-    testResult_->setWordWrap(true);
-    testResult_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* row = new QHBoxLayout;
-    row->addWidget(test_);
-    row->addWidget(testResult_, 1);
-    form->addRow(row);
-    return box;
-}
-
-QLineEdit* SettingsDialog::addField(QFormLayout& form, const QString& label, const char* section,
-                                    const char* key, const QString& fallback) {
-    auto* edit = new QLineEdit;
-    edit->setObjectName(QLatin1String(section) + QLatin1Char('.') + QLatin1String(key));
-    const auto value = text_.get(section, key);
-    edit->setText(value ? QString::fromStdString(*value) : fallback);
-    edit->setCursorPosition(0);
-    fields_.push_back({section, key, edit, fallback});
-    form.addRow(label, edit);
-    return edit;
-}
-
-QLineEdit* SettingsDialog::addPathField(QFormLayout& form, const QString& label,
-                                        const char* section, const char* key,
-                                        const QString& fallback, bool folder) {
-    QLineEdit* edit = addField(form, label, section, key, fallback);
-    auto* button = new QToolButton;
-    button->setIcon(editorIcon("folder-open"));
-    button->setToolTip(folder ? tr("Choose a folder") : tr("Choose a file"));
-    button->setAccessibleName(button->toolTip());
-    connect(button, &QToolButton::clicked, this, [this, edit, folder] { browse(*edit, folder); });
-    auto* row = new QHBoxLayout;
-    auto* caption = form.labelForField(edit);
-    // What the row is made of stays; the items that hold it in the layout are ours now.
-    const QFormLayout::TakeRowResult taken = form.takeRow(edit);
-    delete taken.labelItem;
-    delete taken.fieldItem;
-    row->addWidget(edit);
-    row->addWidget(button);
-    form.addRow(caption, row);
-    return edit;
-}
-
-void SettingsDialog::browse(QLineEdit& edit, bool folder) {
-    const QString begin = QDir(toName(file_.parent_path())).absoluteFilePath(edit.text());
-    const QString chosen =
-        folder ? QFileDialog::getExistingDirectory(this, tr("Choose a folder"), begin)
-               : QFileDialog::getOpenFileName(this, tr("Choose a file"), begin);
-    if (!chosen.isEmpty()) edit.setText(relative(chosen));
+void SettingsDialog::connectChoice(QToolButton& button, QLineEdit& edit, bool folder) {
+    connect(&button, &QToolButton::clicked, this, [this, &edit, folder] {
+        const QString begin = QDir(toName(file_.parent_path())).absoluteFilePath(edit.text());
+        const QString chosen =
+            folder ? QFileDialog::getExistingDirectory(this, tr("Choose a folder"), begin)
+                   : QFileDialog::getOpenFileName(this, tr("Choose a file"), begin);
+        if (!chosen.isEmpty()) edit.setText(relative(chosen));
+    });
 }
 
 // Below the site's folder as the file writes it, elsewhere in full.
@@ -203,16 +147,11 @@ QString SettingsDialog::relative(const QString& path) const {
     return name.startsWith(QLatin1String("..")) ? path : name;
 }
 
-void SettingsDialog::fillDrives() {
-    for (const auto& [letter, folder] : text_.entries(Drives))
-        addDrive(QString::fromStdString(letter), QString::fromStdString(folder));
-}
-
 void SettingsDialog::addDrive(const QString& letter, const QString& folder) {
-    const int row = drives_->rowCount();
-    drives_->insertRow(row);
-    drives_->setItem(row, 0, new QTableWidgetItem(letter));
-    drives_->setItem(row, 1, new QTableWidgetItem(folder));
+    const int row = ui_->DrivesTable->rowCount();
+    ui_->DrivesTable->insertRow(row);
+    ui_->DrivesTable->setItem(row, 0, new QTableWidgetItem(letter));
+    ui_->DrivesTable->setItem(row, 1, new QTableWidgetItem(folder));
 }
 
 // ---- what it does -------------------------------------------------------------------------------
@@ -231,16 +170,25 @@ void SettingsDialog::testConnection() {
     settings.siteFolder = file_.parent_path();
     const std::string odbcIni = valueOf(Translations, "odbc_ini");
     if (!odbcIni.empty()) settings.odbcIni = settings.siteFolder / odbcIni;
-    test_->setEnabled(false);
-    testResult_->setText(tr("Connecting..."));
-    connection_.start(settings, settings.connectString);
+    ui_->TestConnectionButton->setEnabled(false);
+    ui_->TestConnectionResult->setText(tr("Connecting..."));
+    // A server that does not answer keeps only the test waiting.
+    QThreadPool::globalInstance()->start([settings, self = QPointer<SettingsDialog>(this)] {
+        const ConnectionResult result = tryToConnect(settings);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), [result, self] {
+            if (!self) return;
+            self->ui_->TestConnectionButton->setEnabled(true);
+            self->ui_->TestConnectionResult->setText(result.text);
+            self->ui_->TestConnectionResult->setProperty("connected", result.connected);
+        });
+    });
 }
 
 std::string SettingsDialog::changed() const {
     ConfigurationText text = text_;
     const auto put = [&](const std::string& section, const std::string& key, const QString& value,
                          const QString& fallback) {
-        // What is as it would be anyway needs no line.
+        // A default value needs no line of its own.
         if (text.get(section, key) ? false : value == fallback) return;
         if (value.isEmpty()) {
             text.remove(section, key);
@@ -248,15 +196,15 @@ std::string SettingsDialog::changed() const {
             text.set(section, key, value.toStdString());
         }
     };
-    put({}, "code_page", codePage_->currentText(), QLatin1String(CommonCodePages[0]));
+    put({}, "code_page", ui_->CodePageCombo->currentText(), QLatin1String(CommonCodePages[0]));
     for (const Field& field : fields_)
         put(field.section, field.key, field.edit->text(), field.fallback);
 
     std::map<std::string, std::string> wanted;
-    for (int row = 0; row < drives_->rowCount(); ++row) {
-        const QString letter = drives_->item(row, 0)->text().trimmed();
+    for (int row = 0; row < ui_->DrivesTable->rowCount(); ++row) {
+        const QString letter = ui_->DrivesTable->item(row, 0)->text().trimmed();
         if (!letter.isEmpty())
-            wanted[letter.toStdString()] = drives_->item(row, 1)->text().toStdString();
+            wanted[letter.toStdString()] = ui_->DrivesTable->item(row, 1)->text().toStdString();
     }
     for (const auto& [letter, folder] : text.entries(Drives)) {
         if (!wanted.contains(letter)) text.remove(Drives, letter);
@@ -278,7 +226,8 @@ QString SettingsDialog::problemOf(const std::string& bytes) const {
         // at.
         const std::string connectString = valueOf(Translations, "connect_string");
         if ((!connectString.empty() && read.connectString != connectString) ||
-            read.codePage.name() != CodePage(codePage_->currentText().toStdString()).name())
+            read.codePage.name() !=
+                CodePage(ui_->CodePageCombo->currentText().toStdString()).name())
             return tr(
                 "The file is written in a form that this window does not know; please change "
                 "it in a text editor.");

@@ -2,19 +2,19 @@
 
 #include "host/files/whole_file.h"
 #include "qt/editor/settings/configuration_text.h"
-#include "qt/editor/settings/connection_test.h"
 
 #include <QDialog>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <vector>
 
-class QComboBox;
-class QFormLayout;
-class QLabel;
 class QLineEdit;
-class QPushButton;
-class QTableWidget;
+class QToolButton;
+
+namespace Ui {
+class SettingsDialog;
+}
 
 namespace headerdtc::qt {
 
@@ -26,6 +26,7 @@ class SettingsDialog : public QDialog {
   public:
     // Throws FileError when the file is there and cannot be read. One that is not there is made.
     explicit SettingsDialog(std::filesystem::path file, QWidget* parent = nullptr);
+    ~SettingsDialog() override;
 
   public Q_SLOTS:
     void accept() override;
@@ -37,16 +38,10 @@ class SettingsDialog : public QDialog {
         QString fallback;  // what holds without the key
     };
 
-    QWidget* siteBox();
-    QWidget* drivesBox();
-    QWidget* translationsBox();
-    QLineEdit* addField(QFormLayout& form, const QString& label, const char* section,
-                        const char* key, const QString& fallback);
-    QLineEdit* addPathField(QFormLayout& form, const QString& label, const char* section,
-                            const char* key, const QString& fallback, bool folder);
-    void browse(QLineEdit& edit, bool folder);
+    void fillFields();
+    void connectDrives();
+    void connectChoice(QToolButton& button, QLineEdit& edit, bool folder);
     QString relative(const QString& path) const;
-    void fillDrives();
     void addDrive(const QString& letter, const QString& folder);
     void testConnection();
     std::string changed() const;
@@ -58,11 +53,7 @@ class SettingsDialog : public QDialog {
     WholeFile old_;
     ConfigurationText text_;
     std::vector<Field> fields_;
-    QComboBox* codePage_;
-    QTableWidget* drives_;
-    QPushButton* test_;
-    QLabel* testResult_;
-    ConnectionTest connection_;
+    std::unique_ptr<Ui::SettingsDialog> ui_;
 };
 
 }  // namespace headerdtc::qt

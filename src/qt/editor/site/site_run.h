@@ -18,8 +18,7 @@ struct PageResult {
     std::vector<std::string> messages;
 };
 
-// Checks or generates pages of a site beside the windows, which stay alive meanwhile. One run at a
-// time.
+// Checks or generates pages of a site on another thread. One run at a time.
 class SiteRun : public QObject {
     Q_OBJECT
 
@@ -35,7 +34,7 @@ class SiteRun : public QObject {
     void start(std::vector<std::filesystem::path> pages, Mode mode);
     bool isRunning() const { return running_; }
     Mode mode() const { return mode_; }
-    // Ends after the pages in work; what was done stays done.
+    // Ends after the pages that are being worked on; finished ones stay as they are.
     void cancel();
 
   Q_SIGNALS:

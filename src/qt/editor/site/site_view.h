@@ -6,14 +6,11 @@
 
 #include <QSortFilterProxyModel>
 #include <QWidget>
-#include <optional>
+#include <memory>
 
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QProgressBar;
-class QPushButton;
-class QTreeView;
+namespace Ui {
+class SiteView;
+}
 
 namespace headerdtc::qt {
 
@@ -40,6 +37,7 @@ class SiteView : public QWidget {
 
   public:
     explicit SiteView(Sites& sites, QWidget* parent = nullptr);
+    ~SiteView() override;
 
     // Shows the pages below a folder and checks them.
     void openFolder(const std::filesystem::path& folder);
@@ -59,12 +57,13 @@ class SiteView : public QWidget {
     // generateAll().
     void generateRequested();
     void folderRequested();
-    // What was said of a page in the last run, in place of what was said before.
+    // The messages of a page in the last run, in place of those it had before.
     void pageMessages(const std::filesystem::path& page,
                       const std::vector<headerdtc::qt::Message>& messages);
     void runFinished();
 
   private:
+    void connectRun();
     void start(SiteRun::Mode mode);
     void recheckWaiting();
     void takeResults(const std::vector<PageResult>& results);
@@ -72,21 +71,12 @@ class SiteView : public QWidget {
     void finish(bool cancelled);
 
     std::filesystem::path folder_;
+    std::unique_ptr<Ui::SiteView> ui_;
     SiteModel* model_;
     SiteFilter* filter_;
     SiteRun* run_;
     std::vector<std::filesystem::path> waiting_;  // to be checked again after the run
     int written_ = 0;
-
-    QLabel* title_;
-    QLineEdit* search_;
-    QComboBox* show_;
-    QTreeView* tree_;
-    QPushButton* check_;
-    QPushButton* generate_;
-    QPushButton* stop_;
-    QProgressBar* progress_;
-    QLabel* summary_;
 };
 
 }  // namespace headerdtc::qt

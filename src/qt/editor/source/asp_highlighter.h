@@ -23,7 +23,7 @@ class AspHighlighter : public QSyntaxHighlighter {
     void highlightBlock(const QString& text) override;
 
   private:
-    // What a line begins in; kept as the number of the block before.
+    // The state in which a line begins; stored as the state of the block before.
     enum State : int {
         Html,
         InTag,
@@ -42,7 +42,7 @@ class AspHighlighter : public QSyntaxHighlighter {
     void paint(int begin, int end, Colour colour);
 
     std::array<QTextCharFormat, ColourCount> formats_;
-    // Where a script block leads back to, kept in the state above the script's own.
+    // The state to return to after a script block, stored in the bits above the script's own state.
     static constexpr int Outer = 16;
 };
 

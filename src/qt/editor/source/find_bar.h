@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
-class QCheckBox;
-class QLabel;
-class QLineEdit;
+namespace Ui {
+class FindBar;
+}
 
 namespace headerdtc::qt {
 
@@ -16,6 +17,7 @@ class FindBar : public QWidget {
 
   public:
     explicit FindBar(SourceView& view, QWidget* parent = nullptr);
+    ~FindBar() override;
     void open();
 
   protected:
@@ -25,10 +27,8 @@ class FindBar : public QWidget {
     void find(bool backwards, bool fromSelectionStart);
     void close();
 
+    std::unique_ptr<Ui::FindBar> ui_;
     SourceView& view_;
-    QLineEdit* text_;
-    QCheckBox* matchCase_;
-    QLabel* result_;
 };
 
 }  // namespace headerdtc::qt

@@ -5,9 +5,9 @@
 namespace headerdtc::qt {
 namespace {
 
-constexpr std::string_view Utf8LineMark = "\xEF\xBB\xBF";
+constexpr std::string_view LineUtf8Mark = "\xEF\xBB\xBF";
 
-// What a text document would take for the end of a paragraph, a frame or an object of its own.
+// Characters that QTextDocument uses for ends of paragraphs, frames and embedded objects.
 bool isStructure(QChar c) {
     switch (c.unicode()) {
         case 0x0000:
@@ -39,7 +39,7 @@ SourceLines::SourceLines(PageContentPtr page) : page_(std::move(page)) {
     const std::string_view bytes = page_->bytes();
     // A byte-order mark says how the page is read; nobody writes before it.
     std::size_t begin =
-        bytes.starts_with(Utf8LineMark) && page_->codePage().isUtf8() ? Utf8Mark.size() : 0;
+        bytes.starts_with(LineUtf8Mark) && page_->codePage().isUtf8() ? LineUtf8Mark.size() : 0;
     for (;;) {
         const auto end = std::min(bytes.find_first_of("\r\n", begin), bytes.size());
         const std::size_t next =
@@ -142,7 +142,7 @@ std::optional<SourceLines::Edit> SourceLines::editOf(int position, int removed,
     while (sameAtEnd < shorter - same &&
            old[old.size() - 1 - sameAtEnd] == inserted[inserted.size() - 1 - sameAtEnd])
         ++sameAtEnd;
-    // Half of a character may be alike; the character is another.
+    // Two characters may share one half of a surrogate pair and still differ.
     if (splitsCharacter(inserted, same) || splitsCharacter(text_, position + same)) --same;
     if (splitsCharacter(inserted, inserted.size() - sameAtEnd) ||
         splitsCharacter(text_, position + old.size() - sameAtEnd))

@@ -40,7 +40,7 @@ class SourceLines {
         ByteRange range;
         std::string bytes;
     };
-    // What became of the page when `removed` units at a position were replaced by a text. Nothing
+    // The edit of the page that replaces `removed` units at a position by a text. Nothing
     // when the text is the same after all, or when the change cannot be told from the bytes (it
     // begins inside a character).
     std::optional<Edit> editOf(int position, int removed, const QString& inserted) const;

@@ -2,7 +2,6 @@
 
 #include "qt/editor/base/words.h"
 #include "qt/editor/source/asp_highlighter.h"
-#include "qt/editor/source/folding_layout.h"
 #include "qt/editor/source/source_gutter.h"
 
 #include <QContextMenuEvent>
@@ -17,6 +16,16 @@
 
 namespace headerdtc::qt {
 namespace {
+
+// Lays out only the lines that show: a folded control may have thousands of others.
+class FoldingLayout : public QPlainTextDocumentLayout {
+  public:
+    using QPlainTextDocumentLayout::QPlainTextDocumentLayout;
+
+    QRectF blockBoundingRect(const QTextBlock& block) const override {
+        return block.isVisible() ? QPlainTextDocumentLayout::blockBoundingRect(block) : QRectF();
+    }
+};
 
 constexpr const char* MarkupBegin = "<!--METADATA";
 constexpr int SpanTint = 28;  // of 255: how strongly a control's span is coloured
@@ -42,7 +51,7 @@ SourceView::SourceView(QWidget* parent) : QPlainTextEdit(parent) {
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setTabStopDistance(4 * fontMetrics().horizontalAdvance(QLatin1Char(' ')));
-    // The page's own history takes every change back, the source's and the controls' alike.
+    // Undo is the page's, for changes of the source and of the controls alike.
     document()->setUndoRedoEnabled(false);
     highlighter_ = new AspHighlighter(document());
     gutter_ = new SourceGutter(*this);
@@ -58,6 +67,7 @@ SourceView::SourceView(QWidget* parent) : QPlainTextEdit(parent) {
     connect(this, &QPlainTextEdit::cursorPositionChanged, gutter_, qOverload<>(&QWidget::update));
     connect(this, &QPlainTextEdit::cursorPositionChanged, this,
             [this] { caretIsPlaced_ = caretIsPlaced_ || !showing_; });
+    setStatusTip(tr("F6 goes to the control; Tab goes on, once something is written it indents"));
     placeGutter();
 }
 
@@ -67,8 +77,8 @@ SourceView::~SourceView() = default;
 
 void SourceView::showPage(const PageContentPtr& page) {
     lines_ = std::make_unique<SourceLines>(page);
-    // During the author's own change the document is not to be touched; what it does not show
-    // yet, a character written as a reference, say, is put in afterwards.
+    // The document must not change while it is signalling a change. What it does not show yet, such
+    // as a character that is stored as a reference, is put in afterwards.
     if (!outOfStep_) synchronize();
 }
 
@@ -112,6 +122,7 @@ void SourceView::documentChanged(int position, int removed, int added) {
     const QString inserted = rawText(*document(), position, position + added);
     if (QStringView(lines_->text()).mid(position, removed) == inserted) return;
 
+    setTabChangesFocus(false);
     outOfStep_ = true;
     QMetaObject::invokeMethod(this, &SourceView::synchronize, Qt::QueuedConnection);
     const auto edit = lines_->editOf(position, removed, inserted);
@@ -124,8 +135,18 @@ void SourceView::documentChanged(int position, int removed, int added) {
                          : edit->bytes.empty() ? QStringLiteral("erase")
                                                : QStringLiteral("write");
     Q_EMIT edited(edit->range, edit->bytes, kind);
-    // The next letter may come before the view has been brought in step.
+    // The next letter may be typed before the view shows the new page.
     if (rawText(*document(), 0, length) == lines_->text()) outOfStep_ = false;
+}
+
+void SourceView::focusInEvent(QFocusEvent* event) {
+    const Qt::FocusReason reason = event->reason();
+    // Another window or a menu was in front for a while.
+    const bool isBack = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                        reason == Qt::MenuBarFocusReason;
+    if (!isBack)
+        setTabChangesFocus(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
+    QPlainTextEdit::focusInEvent(event);
 }
 
 QMimeData* SourceView::createMimeDataFromSelection() const {
@@ -245,8 +266,8 @@ void SourceView::resizeEvent(QResizeEvent* event) {
     if (gutter_) placeGutter();
 }
 
-// Adds up the heights of what shows; the document's own way to a line's place goes by every line
-// that a fold hides, for each line anew.
+// Adds up the heights of the visible lines: asking the document for the position of each line would
+// visit all hidden lines every time.
 void SourceView::forShownLines(
     const QRect& area, const std::function<void(const QTextBlock&, const QRectF&)>& visit) const {
     double top = contentOffset().y();
@@ -264,7 +285,7 @@ void SourceView::forShownLines(
     }
 }
 
-// Below the text. Marks of the document would cost every change of a long span too much.
+// Paints below the text: marks in the document would make every change of a long span slow.
 void SourceView::tintSpans(const QRect& area) {
     QPainter painter(viewport());
     forShownLines(area, [&](const QTextBlock& block, const QRectF& place) {
@@ -276,8 +297,7 @@ void SourceView::tintSpans(const QRect& area) {
     });
 }
 
-// Over the first line of a folded span: whose it is, and how many lines it has. The line's own end
-// says less.
+// Paints over the end of a folded span's first line: whose span it is, and how many lines it has.
 void SourceView::paintEvent(QPaintEvent* event) {
     tintSpans(event->rect());
     QPlainTextEdit::paintEvent(event);

@@ -14,9 +14,9 @@ namespace headerdtc::qt {
 class AspHighlighter;
 class SourceGutter;
 
-// A page's source. Text around the controls can be written like any other; each change is told as
-// an exchange of bytes, and the view then shows whatever page it is given. The spans of controls
-// are marked and folded; they are the controls' own, and what is written into them is taken back.
+// A page's source. Text around the controls can be edited; each change is signalled as a
+// replacement of bytes, and the view then shows the page that it is given. The spans of controls
+// are marked and can be folded; they belong to the controls, and edits inside them are taken back.
 class SourceView : public QPlainTextEdit {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ class SourceView : public QPlainTextEdit {
     void showPage(const PageContentPtr& page);
     const SourceLines* lines() const { return lines_.get(); }
 
-    // The line of the caret, from 1; nothing as long as nobody has put it anywhere.
+    // The line of the caret, from 1; nothing until the author has placed the caret.
     std::optional<int> chosenLine() const;
     // Puts the caret on a line and unfolds what hides it.
     void goToLine(int line);
@@ -39,10 +39,13 @@ class SourceView : public QPlainTextEdit {
     // The author replaced bytes of the page. `kind` is the same for letters typed one after the
     // other.
     void edited(headerdtc::ByteRange range, const std::string& bytes, const QString& kind);
-    // The author wrote where only a control writes.
+    // The author edited text that belongs to a control.
     void editRefused();
 
   protected:
+    // Whoever goes through the window by Tab goes on by it, and writes a tab only after a click or
+    // a letter.
+    void focusInEvent(QFocusEvent* event) override;
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -80,7 +83,7 @@ class SourceView : public QPlainTextEdit {
     std::set<std::string> folded_;
     std::set<std::string> known_;  // controls whose folding has been decided
     bool showing_ = false;         // the view itself writes into the document
-    bool caretIsPlaced_ = false;   // by a person, or by what leads one to a line
+    bool caretIsPlaced_ = false;   // by a person, or by going to a line
     bool outOfStep_ = false;       // the document differs from the page until it is written anew
 };
 

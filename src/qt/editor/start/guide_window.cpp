@@ -2,11 +2,14 @@
 
 #include "qt/editor/base/icons.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
@@ -91,7 +94,7 @@ void GuideWindow::follow(const QUrl& link) {
     goTo(link.fragment());
 }
 
-// Lines between the cells and air around their texts, which Markdown says nothing of.
+// Borders and padding for table cells, which Markdown does not define.
 void GuideWindow::drawTables() {
     constexpr int Padding = 4;
     for (QTextFrame* frame : text_->document()->rootFrame()->childFrames()) {
@@ -116,7 +119,7 @@ void GuideWindow::fitPictures() {
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             const QTextImageFormat format = part.fragment().charFormat().toImageFormat();
             if (!format.isValid()) continue;
-            // Of a palette's few colours none could be mixed.
+            // An indexed image cannot be scaled smoothly.
             QImage picture = QImage(QLatin1String(Folder) + format.name())
                                  .convertToFormat(QImage::Format_ARGB32_Premultiplied);
             if (picture.width() > room) {
@@ -151,6 +154,27 @@ void GuideWindow::find() {
     if (text_->find(search_->text())) return;
     text_->moveCursor(QTextCursor::Start);
     text_->find(search_->text());
+}
+
+// ---- about --------------------------------------------------------------------------------------
+
+void showAbout(QWidget* window) {
+    QMessageBox box(window);
+    box.setObjectName(QStringLiteral("AboutBox"));
+    box.setWindowTitle(QMessageBox::tr("About HeaderDTC"));
+    box.setIconPixmap(applicationIcon().pixmap(QSize(64, 64), box.devicePixelRatioF()));
+    box.setText(
+        QStringLiteral("<b>HeaderDTC page editor %1</b>").arg(QApplication::applicationVersion()));
+    box.setInformativeText(
+        QMessageBox::tr(
+            "Keeps the data headers of dashboard pages: what a page shows is said once, "
+            "in the page, and the server script that fetches it is written from that.\n"
+            "\nUses Qt %1.")
+            .arg(QLatin1String(qVersion())));
+    auto* aboutQt = box.addButton(QMessageBox::tr("About &Qt"), QMessageBox::HelpRole);
+    box.addButton(QMessageBox::Close);
+    box.exec();
+    if (box.clickedButton() == aboutQt) QApplication::aboutQt();
 }
 
 }  // namespace headerdtc::qt

@@ -33,4 +33,7 @@ class GuideWindow : public QMainWindow {
     QLineEdit* search_;
 };
 
+// What this program is and what it stands on.
+void showAbout(QWidget* window);
+
 }  // namespace headerdtc::qt

@@ -2,45 +2,15 @@
 
 #include "qt/editor/base/icons.h"
 #include "qt/editor/start/recent_files.h"
+#include "qt/surface/control_view.h"
+#include "ui_start_page.h"
 
-#include <QCommandLinkButton>
 #include <QDir>
 #include <QFileInfo>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QVBoxLayout>
 
 namespace headerdtc::qt {
 namespace {
-
-struct Beginning {
-    const char* icon;
-    const char* text;
-    const char* description;
-    void (StartPage::*signal)();
-};
-
-constexpr Beginning Beginnings[] = {
-    {"system-run", QT_TRANSLATE_NOOP("StartPage", "Try the &demo site"),
-     QT_TRANSLATE_NOOP("StartPage",
-                       "Copies a small site to a folder of yours and opens a page that uses "
-                       "everything a control can do."),
-     &StartPage::demoRequested},
-    {"folder-open", QT_TRANSLATE_NOOP("StartPage", "Open a &site folder"),
-     QT_TRANSLATE_NOOP("StartPage", "Shows the pages of a web project and which are out of date."),
-     &StartPage::siteRequested},
-    {"document-open", QT_TRANSLATE_NOOP("StartPage", "&Open a page"),
-     QT_TRANSLATE_NOOP("StartPage", "Opens an ASP page; files can also be dropped here."),
-     &StartPage::openRequested},
-    {"document-new", QT_TRANSLATE_NOOP("StartPage", "&New page"),
-     QT_TRANSLATE_NOOP("StartPage", "Begins a page with one new control."),
-     &StartPage::newRequested},
-    {"help-contents", QT_TRANSLATE_NOOP("StartPage", "&Read the guide"),
-     QT_TRANSLATE_NOOP("StartPage", "Setting up a site, and the editor tab by tab."),
-     &StartPage::guideRequested},
-};
 
 // A page's path with the home folder as people write it.
 QString shortened(const QString& path) {
@@ -50,96 +20,46 @@ QString shortened(const QString& path) {
 
 }  // namespace
 
-StartPage::StartPage(RecentFiles& recent, QWidget* parent) : QWidget(parent), recent_(recent) {
-    setObjectName(QStringLiteral("StartPage"));
-    auto* icon = new QLabel;
-    icon->setPixmap(applicationIcon().pixmap(QSize(56, 56), devicePixelRatioF()));
-    auto* title = new QLabel(tr("HeaderDTC page editor"));
-    QFont large = title->font();
+StartPage::StartPage(RecentFiles& recent, QWidget* parent)
+    : QWidget(parent), recent_(recent), ui_(std::make_unique<Ui::StartPage>()) {
+    ui_->setupUi(this);
+    setIcons(*this);
+    ui_->ProgramIcon->setPixmap(applicationIcon().pixmap(QSize(56, 56), devicePixelRatioF()));
+    QFont large = ui_->ProgramTitle->font();
     large.setPointSizeF(large.pointSizeF() * 1.8);
-    title->setFont(large);
-    auto* subtitle =
-        new QLabel(tr("Configure the data header of a dashboard page; the editor "
-                      "writes the server script that belongs to it."));
-    subtitle->setWordWrap(true);
-    auto* titles = new QVBoxLayout;
-    titles->setSpacing(2);
-    titles->addWidget(title);
-    titles->addWidget(subtitle);
-    auto* head = new QHBoxLayout;
-    head->setSpacing(14);
-    head->addWidget(icon, 0, Qt::AlignTop);
-    head->addLayout(titles, 1);
-
-    auto* choices = new QVBoxLayout;
-    choices->setSpacing(2);
-    for (const Beginning& beginning : Beginnings) {
-        auto* button = new QCommandLinkButton(tr(beginning.text), tr(beginning.description));
-        button->setIcon(editorIcon(beginning.icon));
-        button->setAccessibleName(tr(beginning.text).remove(QLatin1Char('&')));
-        button->setAccessibleDescription(tr(beginning.description));
-        connect(button, &QCommandLinkButton::clicked, this, beginning.signal);
-        choices->addWidget(button);
+    ui_->ProgramTitle->setFont(large);
+    for (auto* button : findChildren<QCommandLinkButton*>()) {
+        button->setAutoDefault(true);  // Enter presses it
+        outlineFocus(*button);
+        button->setAccessibleName(button->text().remove(QLatin1Char('&')));
+        button->setAccessibleDescription(button->description());
     }
-    choices->addStretch();
-
-    auto* recentTitle = new QLabel(tr("Recent pages"));
-    QFont bold = recentTitle->font();
-    bold.setBold(true);
-    recentTitle->setFont(bold);
-    recentBox_ = new QWidget;
-    recentList_ = new QVBoxLayout;
-    recentList_->setSpacing(1);
-    auto* recentLayout = new QVBoxLayout(recentBox_);
-    recentLayout->setContentsMargins(0, 8, 0, 0);
-    recentLayout->addWidget(recentTitle);
-    recentLayout->addLayout(recentList_);
-    recentLayout->addStretch();
-
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(28);
-    columns->addLayout(choices, 3);
-    columns->addWidget(recentBox_, 2);
-    auto* content = new QWidget;
-    content->setMaximumWidth(900);
-    auto* contentLayout = new QVBoxLayout(content);
-    contentLayout->setContentsMargins(28, 28, 28, 28);
-    contentLayout->setSpacing(22);
-    contentLayout->addLayout(head);
-    contentLayout->addLayout(columns, 1);
-
-    auto* centred = new QWidget;
-    auto* centredLayout = new QHBoxLayout(centred);
-    centredLayout->setContentsMargins(0, 0, 0, 0);
-    centredLayout->addStretch(1);
-    centredLayout->addWidget(content, 100);
-    centredLayout->addStretch(1);
-    auto* area = new QScrollArea;
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setFocusPolicy(Qt::NoFocus);  // no stop for Tab of its own
-    area->setWidget(centred);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(area);
-
+    connect(ui_->TryDemo, &QPushButton::clicked, this, &StartPage::demoRequested);
+    connect(ui_->OpenSite, &QPushButton::clicked, this, &StartPage::siteRequested);
+    connect(ui_->OpenPage, &QPushButton::clicked, this, &StartPage::openRequested);
+    connect(ui_->NewPage, &QPushButton::clicked, this, &StartPage::newRequested);
+    connect(ui_->ReadGuide, &QPushButton::clicked, this, &StartPage::guideRequested);
     connect(&recent_, &RecentFiles::changed, this, &StartPage::showRecent);
     showRecent();
 }
 
+StartPage::~StartPage() = default;
+
 void StartPage::showRecent() {
-    while (QLayoutItem* item = recentList_->takeAt(0)) {
+    while (QLayoutItem* item = ui_->recentLayout->takeAt(0)) {
         delete item->widget();
         delete item;
     }
     const QStringList files = recent_.files();
-    recentBox_->setVisible(!files.isEmpty());
+    ui_->RecentBox->setVisible(!files.isEmpty());
     for (const QString& file : files) {
         const QFileInfo info(file);
         QString name = info.fileName();
         auto* button = new QPushButton(name.replace(QLatin1Char('&'), QLatin1String("&&")));
         button->setIcon(editorIcon("text-html"));
         button->setFlat(true);
+        button->setAutoDefault(true);
+        outlineFocus(*button);
         button->setToolTip(shortened(file));
         button->setAccessibleDescription(file);
         button->setCursor(Qt::PointingHandCursor);
@@ -148,8 +68,8 @@ void StartPage::showRecent() {
         auto* folder = new QLabel(shortened(info.path()));
         folder->setForegroundRole(QPalette::PlaceholderText);
         folder->setContentsMargins(26, 0, 0, 4);
-        recentList_->addWidget(button);
-        recentList_->addWidget(folder);
+        ui_->recentLayout->addWidget(button);
+        ui_->recentLayout->addWidget(folder);
     }
 }
 

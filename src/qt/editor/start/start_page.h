@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
-class QLabel;
-class QVBoxLayout;
+namespace Ui {
+class StartPage;
+}
 
 namespace headerdtc::qt {
 
@@ -15,6 +17,7 @@ class StartPage : public QWidget {
 
   public:
     explicit StartPage(RecentFiles& recent, QWidget* parent = nullptr);
+    ~StartPage() override;
 
   Q_SIGNALS:
     void demoRequested();
@@ -28,8 +31,7 @@ class StartPage : public QWidget {
     void showRecent();
 
     RecentFiles& recent_;
-    QWidget* recentBox_;
-    QVBoxLayout* recentList_;
+    std::unique_ptr<Ui::StartPage> ui_;
 };
 
 }  // namespace headerdtc::qt

@@ -1,6 +1,13 @@
 #include "qt/editor/window/commands.h"
 
 #include "qt/editor/base/icons.h"
+#include "qt/editor/health/page_health.h"
+#include "qt/editor/page/control_pane.h"
+#include "qt/editor/preview/preview_pane.h"
+#include "qt/editor/source/source_view.h"
+#include "qt/editor/workspace/page_editor.h"
+#include "qt/editor/workspace/page_saver.h"
+#include "qt/editor/workspace/page_tabs.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -8,6 +15,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <optional>
+#include <utility>
 
 namespace headerdtc::qt {
 namespace {
@@ -75,17 +84,17 @@ constexpr Info Table[] = {
 // clang-format on
 #undef TEXT
 
-bool isComplete() {
+constexpr bool isComplete() {
     for (std::size_t i = 0; i < std::size(Table); ++i) {
         if (static_cast<std::size_t>(Table[i].command) != i) return false;
     }
     return std::size(Table) == static_cast<std::size_t>(Command::Count);
 }
+static_assert(isComplete(), "one row for each command, in their order");
 
 }  // namespace
 
 Commands::Commands(QMainWindow& window) : QObject(&window) {
-    Q_ASSERT(isComplete());
     std::array<QMenu*, std::size(MenuTitles)> menus{};
     for (std::size_t i = 0; i < menus.size(); ++i)
         menus[i] = window.menuBar()->addMenu(tr(MenuTitles[i]));
@@ -117,7 +126,7 @@ Commands::Commands(QMainWindow& window) : QObject(&window) {
         }
         actions_[static_cast<std::size_t>(info.command)] = action;
     }
-    // The other usual key of each.
+    // Redo has two usual keys.
     (*this)[Command::Redo]->setShortcuts(
         {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
     (*this)[Command::ShowSource]->setChecked(true);
@@ -151,6 +160,54 @@ void Commands::follow(const State& state) {
     QAction* redo = (*this)[Command::Redo];
     redo->setEnabled(!state.redo.isEmpty());
     redo->setText(state.redo.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(state.redo));
+}
+
+// ---- on the page in front -----------------------------------------------------------------------
+
+void onPage(const Commands& commands, Command command, PageTabs& tabs,
+            std::function<void(PageEditor&)> act) {
+    QObject::connect(commands[command], &QAction::triggered, &tabs, [&tabs, act = std::move(act)] {
+        PageEditor* editor = tabs.current();
+        if (editor && !editor->isBusy()) act(*editor);
+    });
+}
+
+void showParts(const Commands& commands, PageEditor& editor) {
+    editor.showParts(commands[Command::ShowSource]->isChecked(),
+                     commands[Command::ShowPreview]->isChecked());
+}
+
+void connectPageCommands(const Commands& commands, PageTabs& tabs, PageSaver& saver) {
+    const auto on = [&](Command command, std::function<void(PageEditor&)> act) {
+        onPage(commands, command, tabs, std::move(act));
+    };
+    on(Command::Save, [&saver](PageEditor& editor) { saver.save(editor); });
+    on(Command::SaveAs, [&saver](PageEditor& editor) { saver.saveAs(editor); });
+    on(Command::Close, [&tabs](PageEditor& editor) { tabs.close(&editor); });
+    on(Command::Undo, [](PageEditor& editor) { editor.undo(); });
+    on(Command::Redo, [](PageEditor& editor) { editor.redo(); });
+    on(Command::Find, [](PageEditor& editor) { editor.find(); });
+    on(Command::InsertControl, [](PageEditor& editor) { editor.insertControl(); });
+    on(Command::RemoveControl, [](PageEditor& editor) { editor.removeControl(); });
+    on(Command::ReplaceField,
+       [](PageEditor& editor) { editor.health().chooseReplacement(std::nullopt); });
+    on(Command::ToggleFold, [](PageEditor& editor) { editor.toggleFold(); });
+    on(Command::NextChange, [](PageEditor& editor) { editor.preview().goToNextChange(); });
+    on(Command::PreviousChange, [](PageEditor& editor) { editor.preview().goToPreviousChange(); });
+    on(Command::FocusControl, [](PageEditor& editor) { editor.controls().focusControl(); });
+    on(Command::FocusSource, [](PageEditor& editor) { editor.source().setFocus(); });
+    const auto turn = [&tabs](int by) {
+        tabs.setCurrentIndex((tabs.currentIndex() + by + tabs.count()) % tabs.count());
+    };
+    on(Command::NextPage, [turn](PageEditor&) { turn(1); });
+    on(Command::PreviousPage, [turn](PageEditor&) { turn(-1); });
+
+    const auto showPartsOfAll = [&commands, &tabs] {
+        for (PageEditor* editor : tabs.editors())
+            showParts(commands, *editor);
+    };
+    for (const Command command : {Command::ShowSource, Command::ShowPreview})
+        QObject::connect(commands[command], &QAction::triggered, &tabs, showPartsOfAll);
 }
 
 }  // namespace headerdtc::qt

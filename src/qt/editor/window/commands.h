@@ -3,6 +3,7 @@
 #include <QKeySequence>
 #include <QObject>
 #include <array>
+#include <functional>
 
 class QAction;
 class QMainWindow;
@@ -10,6 +11,10 @@ class QMenu;
 class QToolBar;
 
 namespace headerdtc::qt {
+
+class PageEditor;
+class PageSaver;
+class PageTabs;
 
 // Everything that the main window can be told to do.
 enum class Command {
@@ -59,13 +64,13 @@ class Commands : public QObject {
     QAction* operator[](Command command) const {
         return actions_[static_cast<std::size_t>(command)];
     }
-    // Where the window puts what it has beside its commands.
+    // For the window to add entries that are no commands.
     QMenu* recentMenu() const { return recent_; }
     QMenu* viewMenu() const { return view_; }
 
     // Which commands make sense now.
     struct State {
-        bool page = false, control = false, controlless = false, modified = false, site = false;
+        bool page = false, control = false, site = false;
         QString undo, redo;  // the steps' names; empty: none
     };
     void follow(const State& state);
@@ -75,5 +80,16 @@ class Commands : public QObject {
     QMenu* recent_ = nullptr;
     QMenu* view_ = nullptr;
 };
+
+// Runs `act` on the current page whenever the command is given, unless there is no page or it is
+// busy.
+void onPage(const Commands& commands, Command command, PageTabs& tabs,
+            std::function<void(PageEditor&)> act);
+
+// Connects the commands that need nothing but the open pages.
+void connectPageCommands(const Commands& commands, PageTabs& tabs, PageSaver& saver);
+
+// Shows and hides the source and the generated text as the commands of these names are checked.
+void showParts(const Commands& commands, PageEditor& editor);
 
 }  // namespace headerdtc::qt

@@ -7,12 +7,10 @@
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/settings/settings_dialog.h"
 #include "qt/editor/site/site_view.h"
-#include "qt/editor/start/about_dialog.h"
 #include "qt/editor/start/guide_window.h"
 #include "qt/editor/start/start_page.h"
 #include "qt/editor/window/messages_panel.h"
 #include "qt/editor/window/opener.h"
-#include "qt/editor/window/page_commands.h"
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/workspace/notice_bar.h"
 #include "qt/editor/workspace/page_editor.h"
@@ -93,7 +91,7 @@ MainWindow::MainWindow(const Options& options)
 }
 
 MainWindow::~MainWindow() {
-    // Pages tell of their going, which nobody here is to hear any more.
+    // The pages emit signals while they are deleted, when this window is already going.
     tabs_->disconnect(this);
     recorder_.disconnect(this);
 }
@@ -142,7 +140,7 @@ void MainWindow::connectParts() {
         showParts(*commands_, *editor);
         connect(editor, &PageEditor::messagesChanged, this,
                 [this, editor](const QString& source, const std::vector<Message>& messages) {
-                    // The open page knows better than the last run over the site.
+                    // What the open page reports replaces what the last run over the site found.
                     messages_.setMessages(toName(editor->page().file()), {});
                     messages_.setMessages(source, messages);
                 });
@@ -220,7 +218,7 @@ void MainWindow::offerRecovery() {
     if (dialog.answer() == RecoveryDialog::Answer::Later) return;
     for (const RecoveryCopy& copy : dialog.chosen()) {
         if (dialog.answer() == RecoveryDialog::Answer::Recover) {
-            // The page is kept anew, under this editor, before the old copy goes.
+            // This editor keeps a copy of its own before the old one is deleted.
             PageEditor* editor = tabs_->recover(copy);
             if (!editor || !recovery_.keepSafely(editor)) continue;
         }
@@ -343,7 +341,7 @@ void MainWindow::activate(const Message& message) {
     if (PageEditor* editor = tabs_->open(message.page)) editor->goTo(message.place);
 }
 
-// Without page or site there is nothing in them to look at.
+// Without a page or a site the docks would be empty.
 void MainWindow::layDocks(bool atStart) {
     if (atStart == std::exchange(atStart_, atStart)) return;
     if (!atStart) {

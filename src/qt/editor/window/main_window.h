@@ -25,7 +25,7 @@ class PageStatus;
 class PageTabs;
 class SiteView;
 
-// The window of the page editor. It only puts the parts together: what each does is its own affair.
+// The window of the page editor: creates the parts and connects them.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -89,7 +89,7 @@ class MainWindow : public QMainWindow {
     QDockWidget* siteDock_;
     QDockWidget* messagesDock_;
     QDockWidget* recordingDock_;
-    // How the docks lie beside pages, while the start page has the window to itself.
+    // The layout of the docks beside pages, kept while the start page hides them.
     QByteArray docksBesidePages_;
     bool atStart_ = false;
     PageStatus* status_;

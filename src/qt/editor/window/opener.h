@@ -16,7 +16,7 @@ class Opener : public QObject {
     Q_OBJECT
 
   public:
-    // All of them outlive it; dialogs stand before the window.
+    // All of them outlive it; dialogs open over the window.
     Opener(PageTabs& tabs, SiteView& site, const RecentFiles& recent, QWidget& window);
 
     void openPage(const std::filesystem::path& file);

@@ -6,8 +6,8 @@ namespace headerdtc::qt {
 
 class PageEditor;
 
-// In a word, how the current page is written: its code page and byte-order mark, line ends,
-// controls, and whether its text is what would be generated.
+// The status line's facts about the current page: code page and byte-order mark, line ends, number
+// of controls, and whether its text is up to date.
 class PageStatus : public QLabel {
     Q_OBJECT
 

@@ -8,8 +8,8 @@
 
 namespace headerdtc::qt {
 
-// Notices that files may have become others: at once where the system tells, and whenever the
-// program gets the focus again. Whether one really has is for its owner to look at.
+// Notices when files may have changed: at once where the system reports it, and whenever the
+// program gets the focus again. Whether one really has changed is for its owner to check.
 class FileWatcher : public QObject {
     Q_OBJECT
 

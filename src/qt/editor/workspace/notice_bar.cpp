@@ -81,7 +81,7 @@ void NoticeBar::show(const QString& key, Message::Severity severity, const QStri
 void NoticeBar::remove(const QString& key) {
     const auto found = notices_.find(key);
     if (found == notices_.end()) return;
-    // The notice's own button may be what takes it away.
+    // Deleted later: the click of its own button may be what removes it.
     found->second->hide();
     found->second->deleteLater();
     notices_.erase(found);

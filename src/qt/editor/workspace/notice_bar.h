@@ -12,8 +12,8 @@ class QVBoxLayout;
 
 namespace headerdtc::qt {
 
-// Things that the author should know, above the work instead of over it: one line each, with what
-// can be done about it.
+// Notices for the author, shown above the page rather than as message boxes: one line each, with
+// buttons for what can be done.
 class NoticeBar : public QWidget {
     Q_OBJECT
 

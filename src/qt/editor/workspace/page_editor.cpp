@@ -25,7 +25,7 @@ namespace {
 constexpr int PreviewDelay = 60;
 constexpr int SealDelay = 1000;  // a pause this long ends a step of typing
 
-// Pages change their names; their messages keep the one that they came under.
+// Numbers the editors: a page can be renamed, but its messages have to keep their source name.
 int editorsMade = 0;
 
 QWidget* titled(const QString& title, QWidget* content) {
@@ -117,7 +117,7 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
 }
 
 PageEditor::~PageEditor() {
-    // The page tells of nothing any more while its views go.
+    // The page must not signal to views that are being deleted.
     page_->disconnect();
     delete controls_;
 }
@@ -149,8 +149,8 @@ void PageEditor::tellMarkupProblem() {
     Q_EMIT messagesChanged(sourceName("markup"), messages);
 }
 
-// Why a save would be refused, as the previews of the page as it is have found it: when the cause
-// goes, so does this.
+// Shows why a save would be refused, according to the current previews; the notice goes with its
+// cause.
 void PageEditor::showRefusal() {
     const QString key = QStringLiteral("refusal");
     QString text;
@@ -167,7 +167,7 @@ void PageEditor::showRefusal() {
                              .arg(missing.isEmpty() ? reason : missing);
         if (failed) break;
     }
-    // What the author has hidden comes again when there is something else to say.
+    // A notice that the author has closed comes back only with another text.
     if (text == std::exchange(refusal_, text)) return;
     if (text.isEmpty()) {
         notices_->remove(key);
@@ -224,6 +224,12 @@ void PageEditor::insertControl() {
             key, Message::Severity::Warning,
             tr("No control can be inserted here: %1").arg(QString::fromStdString(error.problem())));
     }
+}
+
+// A page without a control begins with its text.
+void PageEditor::takeFocus() {
+    if (!controls_->current() && source_->isVisibleTo(this)) return source_->setFocus();
+    controls_->focusControl();
 }
 
 void PageEditor::removeControl() {
@@ -285,7 +291,7 @@ void PageEditor::requestPreviews() {
         worker_.request({page_->site(), page_->file(), span,
                          saved ? page_->saved()->runtimeTextOf(*saved) : std::string()});
     }
-    // Controls that are gone complain no more.
+    // Forget controls that are no longer in the page.
     std::erase_if(previewed_, [&](const auto& entry) { return !ids.contains(entry.first); });
     std::erase_if(previews_, [&](const auto& entry) {
         if (ids.contains(entry.first)) return false;
@@ -306,7 +312,7 @@ void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     std::vector<Message> messages;
     for (const std::string& text : preview->expansion.messages)
         messages.push_back(messageOf(text, page_->file(), span));
-    // A doubt that only repeats a failure says nothing new.
+    // A doubt beside a failure would only repeat it.
     const bool failed = std::any_of(messages.begin(), messages.end(), [](const Message& message) {
         return message.severity == Message::Severity::Error;
     });

@@ -47,14 +47,16 @@ class PageEditor : public QWidget {
     void redo();
     void insertControl();
     void removeControl();
+    // Moves the focus to where the page is edited first.
+    void takeFocus();
     void goTo(const Place& place);
     void find();
     // Folds or unfolds the shown control in the source.
     void toggleFold();
-    // The current content goes into the page, what is being typed too; called before the page is
-    // saved, closed or left.
+    // Puts the author's changes into the page, including what is being typed; called before the
+    // page is saved, closed or left.
     void finishEditing();
-    // The template or the catalogue may be others: previews are made again, and controls that
+    // The template or the catalogue may have changed: makes the previews again, and controls that
     // lacked something.
     void lookAgain();
     void showParts(bool source, bool preview);
@@ -66,11 +68,11 @@ class PageEditor : public QWidget {
     QString messageSources() const { return messageSources_; }
 
   Q_SIGNALS:
-    // Title, modified mark, undo and redo are others.
+    // Title, modified mark, undo or redo have changed.
     void stateChanged();
     // The author wants to look at the settings of the page's site.
     void settingsRequested();
-    // What a part of the page would complain about, replacing what it complained about before.
+    // The messages of one part of the page, in place of those it had before.
     void messagesChanged(const QString& source,
                          const std::vector<headerdtc::qt::Message>& messages);
 

@@ -30,7 +30,7 @@ bool askToSaveAnyway(QWidget& window, const QString& title, const QString& reaso
     return box.clickedButton() == anyway;
 }
 
-// There is nothing to save anyway: what would be written is no script.
+// Offers no "Save anyway": without generated text there is nothing worth saving.
 void tellFailure(QWidget& window, PageEditor& editor, const QString& reason) {
     const QString missing = missingFiles(*editor.page().site());
     QMessageBox box(
@@ -70,8 +70,8 @@ bool PageSaver::guarded(PageEditor& editor, Save save) {
             tellFailure(window_, editor, QString::fromStdString(refused.what()));
         return false;
     } catch (const ChangedByOther&) {
-        // Between the last look and the writing. Whose content is kept is asked, and all begins
-        // again: the other may write once more.
+        // Somebody wrote between the last check and this write. Ask again whose content is kept,
+        // and start over, since it may happen once more.
         return resolveChangeOnDisk(editor) && this->save(editor);
     } catch (const std::exception& error) {
         QMessageBox::critical(&window_, tr("Not saved"),

@@ -38,20 +38,20 @@ class PageTabs : public QTabWidget {
     // Closes after asking about changes. Each tells whether it is closed now.
     bool close(PageEditor* editor);
     bool closeAll();
-    // Looks whether files have become others: pages without changes follow, others are told of it;
-    // those of the sites concern every page.
+    // Checks whether files have changed: pages without changes are read again, others show a
+    // notice; a changed file of a site concerns every page.
     void checkDisk();
-    // The files whose change is of interest: pages, and what the sites make them with.
+    // The files to watch: pages, and the sites' configurations, catalogues and templates.
     std::set<std::filesystem::path> filesToWatch();
-    // The sites' configurations may be others.
+    // Reads the sites' configurations again.
     void refreshSites();
 
   Q_SIGNALS:
     void opened(headerdtc::qt::PageEditor* editor);
     void closed(headerdtc::qt::PageEditor* editor);
-    // Title, modified mark, undo or redo of a page are others, or another page is current.
+    // Title, modified mark, undo or redo of a page have changed, or another page is current.
     void stateChanged();
-    // A file of a site is another.
+    // A file of a site has changed.
     void siteFileChanged();
 
   private:

@@ -33,7 +33,7 @@ class Recorder : public QObject {
     QString subject() const { return subject_; }
 
   Q_SIGNALS:
-    // The script is another, or recording has begun or ended.
+    // The script has changed, or recording has begun or ended.
     void changed();
     // Recording has ended by itself, and why.
     void ended(const QString& reason);

@@ -2,80 +2,48 @@
 
 #include "qt/editor/base/words.h"
 #include "qt/editor/workspace/recorder.h"
+#include "ui_recording_panel.h"
 
 #include <QAction>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QFontDatabase>
 #include <QGuiApplication>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QSaveFile>
 #include <QScrollBar>
-#include <QToolButton>
-#include <QVBoxLayout>
 #include <stdexcept>
 
 namespace headerdtc::qt {
 
 RecordingPanel::RecordingPanel(Recorder& recorder, QAction& record, QWidget* parent)
-    : QWidget(parent), recorder_(recorder) {
-    auto* button = new QToolButton;
-    button->setDefaultAction(&record);
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    state_ = new QLabel;
-    state_->setObjectName(QStringLiteral("RecordingState"));
-    copy_ = new QPushButton(tr("&Copy"));
-    copy_->setToolTip(tr("Copy the script"));
-    save_ = new QPushButton(tr("Save &script..."));
-    save_->setToolTip(tr("For headerdtc automate --over PATH... SCRIPT"));
-    connect(copy_, &QPushButton::clicked, this,
+    : QWidget(parent), recorder_(recorder), ui_(std::make_unique<Ui::RecordingPanel>()) {
+    ui_->setupUi(this);
+    ui_->RecordButton->setDefaultAction(&record);
+    ui_->RecordingLines->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    connect(ui_->CopyScript, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(recorder_.script()); });
-    connect(save_, &QPushButton::clicked, this, &RecordingPanel::chooseFile);
-
-    lines_ = new QPlainTextEdit;
-    lines_->setObjectName(QStringLiteral("RecordingLines"));
-    lines_->setAccessibleName(tr("Recorded lines"));
-    lines_->setReadOnly(true);
-    lines_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
-    lines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    lines_->setPlaceholderText(
-        tr("What you do at the control while it is recorded stands here, a line each.\n"
-           "\"headerdtc automate --over PATH... SCRIPT\" shows what the script would change in "
-           "other pages; --apply writes it."));
-
-    auto* bar = new QHBoxLayout;
-    bar->setContentsMargins(6, 2, 6, 2);
-    bar->addWidget(button);
-    bar->addWidget(state_, 1);
-    bar->addWidget(copy_);
-    bar->addWidget(save_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addLayout(bar);
-    layout->addWidget(lines_);
+    connect(ui_->SaveScript, &QPushButton::clicked, this, &RecordingPanel::chooseFile);
     connect(&recorder_, &Recorder::changed, this, &RecordingPanel::follow);
     follow();
 }
 
+RecordingPanel::~RecordingPanel() = default;
+
 void RecordingPanel::follow() {
     const QString count = counted(recorder_.lineCount(), "line", "lines");
-    state_->setText(recorder_.isRecording() ? tr("Recording %1: %2").arg(recorder_.subject(), count)
-                    : recorder_.script().isEmpty()
-                        ? tr("Nothing is recorded.")
-                        : tr("Recorded at %1: %2").arg(recorder_.subject(), count));
-    if (lines_->toPlainText() != recorder_.script()) {
-        lines_->setPlainText(recorder_.script());
-        lines_->verticalScrollBar()->setValue(lines_->verticalScrollBar()->maximum());
+    const QString script = recorder_.script();
+    ui_->RecordingState->setText(
+        recorder_.isRecording() ? tr("Recording %1: %2").arg(recorder_.subject(), count)
+        : script.isEmpty()      ? tr("Nothing is recorded.")
+                                : tr("Recorded at %1: %2").arg(recorder_.subject(), count));
+    QPlainTextEdit& lines = *ui_->RecordingLines;
+    if (lines.toPlainText() != script) {
+        lines.setPlainText(script);
+        lines.verticalScrollBar()->setValue(lines.verticalScrollBar()->maximum());
     }
-    const bool any = !recorder_.script().isEmpty();
-    copy_->setEnabled(any);
-    save_->setEnabled(any);
+    ui_->CopyScript->setEnabled(!script.isEmpty());
+    ui_->SaveScript->setEnabled(!script.isEmpty());
 }
 
 void RecordingPanel::save(const QString& file) const {

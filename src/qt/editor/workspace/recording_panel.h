@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 
 class QAction;
-class QLabel;
-class QPlainTextEdit;
-class QPushButton;
+
+namespace Ui {
+class RecordingPanel;
+}
 
 namespace headerdtc::qt {
 
@@ -18,6 +20,7 @@ class RecordingPanel : public QWidget {
   public:
     // `record` starts and stops the recorder.
     RecordingPanel(Recorder& recorder, QAction& record, QWidget* parent = nullptr);
+    ~RecordingPanel() override;
 
     // Writes the script. Throws std::runtime_error with the reason.
     void save(const QString& file) const;
@@ -27,10 +30,7 @@ class RecordingPanel : public QWidget {
     void chooseFile();
 
     Recorder& recorder_;
-    QLabel* state_;
-    QPlainTextEdit* lines_;
-    QPushButton* copy_;
-    QPushButton* save_;
+    std::unique_ptr<Ui::RecordingPanel> ui_;
 };
 
 }  // namespace headerdtc::qt

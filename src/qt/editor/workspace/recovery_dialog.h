@@ -3,9 +3,12 @@
 #include "qt/editor/workspace/recovery_store.h"
 
 #include <QDialog>
+#include <memory>
 #include <vector>
 
-class QTreeWidget;
+namespace Ui {
+class RecoveryDialog;
+}
 
 namespace headerdtc::qt {
 
@@ -17,14 +20,17 @@ class RecoveryDialog : public QDialog {
     enum class Answer { Later, Recover, Discard };
 
     explicit RecoveryDialog(std::vector<RecoveryCopy> copies, QWidget* parent = nullptr);
+    ~RecoveryDialog() override;
 
     Answer answer() const { return answer_; }
     // The copies that the author has left ticked.
     std::vector<RecoveryCopy> chosen() const;
 
   private:
+    void answerWith(Answer answer);
+
     std::vector<RecoveryCopy> copies_;
-    QTreeWidget* list_;
+    std::unique_ptr<Ui::RecoveryDialog> ui_;
     Answer answer_ = Answer::Later;
 };
 

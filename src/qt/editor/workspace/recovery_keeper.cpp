@@ -8,8 +8,8 @@
 namespace headerdtc::qt {
 namespace {
 
-// What the control does reaches the page a moment later, and the copy takes its time as well: with
-// both it is on disk within a second.
+// A change reaches the page a moment after the control has made it, and writing takes time too:
+// with both, the copy is on disk within a second.
 constexpr int KeepMilliseconds = 700;
 
 }  // namespace
@@ -21,7 +21,7 @@ RecoveryKeeper::RecoveryKeeper(RecoveryStore& store, Editors editors, QObject* p
     connect(&timer_, &QTimer::timeout, this, &RecoveryKeeper::keepAll);
 }
 
-// One change after the other does not put the copy off.
+// Further changes do not delay the copy.
 void RecoveryKeeper::keepSoon() {
     if (!timer_.isActive()) timer_.start();
 }

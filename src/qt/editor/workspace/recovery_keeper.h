@@ -22,9 +22,9 @@ class RecoveryKeeper : public QObject {
 
     RecoveryKeeper(RecoveryStore& store, Editors editors, QObject* parent = nullptr);
 
-    // A page may have become another.
+    // To be called when a page may have changed.
     void keepSoon();
-    // Looks now.
+    // Keeps copies of all changed pages now.
     void keepAll();
     // The same, and waits. Tells whether a page's changes are on disk now, as far as it has any.
     bool keepSafely(PageEditor* editor);

@@ -104,7 +104,7 @@ bool RecoveryStore::open() {
     std::error_code failure;
     fs::create_directories(own_, failure);
     if (failure) return false;
-    // Pages may hold what is nobody else's business.
+    // Pages may hold confidential text.
     fs::permissions(folder_, fs::perms::owner_all, failure);
     auto lock = std::make_unique<QLockFile>(lockFile(own_));
     lock->setStaleLockTime(0);

@@ -29,7 +29,7 @@ class RecoveryStore {
   public:
     // `folder` holds the folders of all editors; it is made when the first copy is.
     explicit RecoveryStore(std::filesystem::path folder);
-    // Removes the own folder: whoever gets here has asked about every change.
+    // Removes its own folder: by now the author has been asked about every change.
     ~RecoveryStore();
     RecoveryStore(const RecoveryStore&) = delete;
     RecoveryStore& operator=(const RecoveryStore&) = delete;

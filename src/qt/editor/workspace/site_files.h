@@ -13,7 +13,7 @@ struct SiteFile {
     const char* what;  // "template"
     std::filesystem::path file;
 };
-// Where nobody can tell its place, a file is left out.
+// A file whose place is not known is left out.
 std::vector<SiteFile> filesOf(Site& site);
 
 // Which of them are not there, a line each; empty when all are.

@@ -1,0 +1,34 @@
+#include "host/page/control_instance.h"
+
+#include "editor/editor.h"
+#include "i18n/field_translation.h"
+#include "links/links.h"
+#include "runtime/host_binding.h"
+#include "runtime/runtime_text.h"
+#include "scripts/scripts.h"
+
+namespace headerdtc {
+
+struct ControlInstance::Behaviours {
+    explicit Behaviours(HeaderDTC& dtc)
+        : binding(dtc), editor(dtc), links(dtc), scripts(dtc), translation(dtc) {
+        provideRuntimeText(dtc);
+    }
+
+    HostBinding binding;
+    Editor editor;
+    Links links;
+    Scripts scripts;
+    FieldTranslation translation;
+};
+
+ControlInstance::ControlInstance(const Surroundings& surroundings, ModalLoop& modalLoop,
+                                 DesignTimeControlSite& site)
+    : dtc(surroundings, modalLoop), behaviours_(std::make_unique<Behaviours>(dtc)) {
+    behaviours_->binding.IDesignTimeControl_DesignTimeControlSite(&site);
+    dtc.UserControl_Initialize();
+}
+
+ControlInstance::~ControlInstance() = default;
+
+}  // namespace headerdtc
