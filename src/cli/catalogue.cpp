@@ -92,10 +92,7 @@ void writeCatalogue(const Comparison& comparison) {
     const std::string text = catalogueText(comparison.merged.catalogue);
     if (comparison.stamp.size >= 0)
         return replaceWholeFile(comparison.file, text, comparison.stamp);
-    FileReplacer replacer;
-    replacer.create(comparison.file, text);
-    const std::string problem = replacer.commit().front().problem;
-    if (!problem.empty()) throw FileError(comparison.file.string(), problem);
+    createWholeFile(comparison.file, text);
 }
 
 ExitStatus checkCatalogue(const CommonOptions& common, const CatalogueOptions& options) {

@@ -16,6 +16,7 @@ namespace headerdtc::cli {
 namespace {
 
 constexpr const char* MainFooter = R"(Examples:
+  headerdtc init site/                   set up a site
   headerdtc generate site/               write the header of every page below site/
   headerdtc generate --check site/       only list the pages that are out of date
   headerdtc generate --check --diff site show what would change in them
@@ -85,8 +86,9 @@ ExitStatus run(const std::vector<std::string>& words) {
                    "the site's configuration (headerdtc.toml)")
         ->envname("HEADERDTC_CONFIG")
         ->type_name(FileType);
-    for (const auto add : {addGenerate, addCheck, addWhere, addDoctor, addNew, addShow, addEdit,
-                           addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
+    for (const auto add :
+         {addInit, addGenerate, addCheck, addWhere, addDoctor, addNew, addShow, addEdit,
+          addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
         add(app, line);
     return obey(app, line, words);
 }

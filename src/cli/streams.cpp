@@ -3,6 +3,7 @@
 #include "cli/version.h"
 #include "host/files/whole_file.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -34,6 +35,23 @@ void printLine(std::FILE* stream, std::string_view line) {
 void printMessage(std::string_view page, std::string_view text) {
     std::string line(page);
     printLine(stderr, line.append(": ").append(visible(text)));
+}
+
+void printRows(const std::vector<Row>& rows) {
+    constexpr std::size_t StateWidth = 9;
+    const auto padded = [](std::string text, std::size_t width) {
+        text.resize(std::max(width, text.size()), ' ');
+        return text;
+    };
+    std::size_t nameWidth = 0;
+    for (const Row& row : rows)
+        nameWidth = std::max(nameWidth, row.name.size());
+    for (const Row& row : rows) {
+        printLine(stdout,
+                  padded(row.state, StateWidth) + padded(row.name, nameWidth + 2) + row.detail);
+        if (!row.advice.empty())
+            printLine(stdout, std::string(StateWidth, ' ') + "-> " + row.advice);
+    }
 }
 
 std::string counted(std::size_t count, const std::string& noun) {

@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace headerdtc::cli {
 
@@ -15,6 +16,12 @@ void printLine(std::FILE* stream, std::string_view line);
 
 // "PAGE: TEXT" to standard error, in one line whatever the text holds.
 void printMessage(std::string_view page, std::string_view text);
+
+// Rows of results: "ok       drive C   /srv/suite", an advice below its row.
+struct Row {
+    std::string state, name, detail, advice;
+};
+void printRows(const std::vector<Row>& rows);
 
 // "1 page", "2 pages"
 std::string counted(std::size_t count, const std::string& noun);

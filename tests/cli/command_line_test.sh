@@ -154,7 +154,7 @@ synopsis_of() {  # synopsis_of COMMAND...: its lines
         }
         inside { print }' <<<"$manual"
 }
-for command in generate check where doctor new show automate 'translations check' \
+for command in init generate check where doctor new show automate 'translations check' \
     'translations export' 'translations import' 'catalogue check' 'catalogue import' edit; do
     # shellcheck disable=SC2086
     check 0 "$headerdtc" help $command

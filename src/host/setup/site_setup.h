@@ -1,8 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace headerdtc {
@@ -11,19 +11,16 @@ namespace headerdtc {
 // site's folder where they are relative.
 struct SiteSetup {
     std::filesystem::path folder = ".";
-    std::string codePage = "windows-1252";
     std::string root = ".";  // of the pages
-    std::vector<std::pair<char, std::string>> drives = {{'C', "drive_c"}};
+    std::map<char, std::string> drives = {{'C', "drive_c"}};
     std::string registry = "velmora.reg";
-    // The suite's, a Windows path, for a registry export that is not there yet.
+    // The suite's, a Windows path with its drive, for a registry export that is not there yet.
     std::string installDirectory = "C:\\Sites\\Main";
-    std::string catalogue = "catalogue.json";
-    // A database whose tables become the catalogue; empty: an example of one provider does.
-    std::string catalogueDatabase;
-    // An SQLite file, made with its tables; or, where it is empty, the database of this connect
-    // string.
+    // The connect string of a database whose tables become the catalogue; empty: an example of one
+    // data provider does.
+    std::string catalogueSource;
+    // An SQLite file, which is made with its tables, or the connect string of a database.
     std::string translations = "translations.sqlite";
-    std::string connectString;
 };
 
 // What became of one part of a site.
@@ -34,9 +31,9 @@ struct SetupPart {
     std::string problem;  // why it could not be made; empty when it is there
 };
 
-// Makes a site in a folder: headerdtc.toml and what it names. Nothing that is there is changed, and
-// a headerdtc.toml that is there decides where the rest belongs. An install directory that is not
-// there gets a template and a stylesheet to start with. Never throws for the sake of one part.
+// Makes a site in a folder: headerdtc.toml, and what it names. Nothing that is there is changed,
+// and a headerdtc.toml that is there decides where the rest belongs. A drive without a suite gets a
+// template and a stylesheet to start with. Never throws for the sake of one part.
 std::vector<SetupPart> setUpSite(const SiteSetup& setup);
 
 }  // namespace headerdtc
