@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -13,7 +14,13 @@ class App;
 class Option;
 }  // namespace CLI
 
+namespace headerdtc {
+struct Diagnosis;
+}
+
 namespace headerdtc::cli {
+
+class JsonLines;
 
 // Exit status of the command.
 enum ExitStatus : int {
@@ -68,6 +75,9 @@ CLI::App& addCommandGroup(CLI::App& app, const std::string& name, const std::str
 // Adds the page or folder by which commands on a site find it.
 void addSitePath(CLI::App& command, std::string& place);
 
+// Tells the links of a site's set-up, in words or as JSON lines; gives how many are broken.
+std::size_t tellLinks(const std::vector<Diagnosis>& links, JsonLines* lines);
+
 // Reads the words of a command line and does what they ask for.
 ExitStatus obey(CLI::App& app, CommandLine& line, const std::vector<std::string>& words);
 
@@ -92,6 +102,7 @@ void addEdit(CLI::App& app, CommandLine& line);
 void addExplain(CLI::App& app, CommandLine& line);
 void addGenerate(CLI::App& app, CommandLine& line);
 void addHelp(CLI::App& app, CommandLine& line);  // and version
+void addInit(CLI::App& app, CommandLine& line);
 void addNew(CLI::App& app, CommandLine& line);
 void addRename(CLI::App& app, CommandLine& line);
 void addReport(CLI::App& app, CommandLine& line);

@@ -23,57 +23,39 @@ std::string namedBy(const std::string& configuration) {
     return value && configuration == value ? Variable : "--config";
 }
 
-std::string padded(std::string text, std::size_t width) {
-    text.resize(std::max(width, text.size()), ' ');
-    return text;
-}
-
-void printText(const std::vector<Diagnosis>& diagnoses) {
-    constexpr std::size_t HealthWidth = 9;
-    std::size_t linkWidth = 0;
-    for (const Diagnosis& diagnosis : diagnoses)
-        linkWidth = std::max(linkWidth, diagnosis.link.size());
-    for (const Diagnosis& diagnosis : diagnoses) {
-        printLine(stdout, padded(std::string(nameOf(diagnosis.health)), HealthWidth) +
-                              padded(diagnosis.link, linkWidth + 2) + diagnosis.detail);
-        if (!diagnosis.nextStep.empty())
-            printLine(stdout, std::string(HealthWidth, ' ') + "-> " + diagnosis.nextStep);
-    }
-}
-
-void printJson(const std::vector<Diagnosis>& diagnoses, std::size_t broken, ExitStatus status) {
-    JsonLines lines;
-    lines.begin("doctor");
-    for (const Diagnosis& diagnosis : diagnoses) {
-        JsonLines::Json line = {{"type", "link"},
-                                {"link", diagnosis.link},
-                                {"status", nameOf(diagnosis.health)},
-                                {"detail", diagnosis.detail}};
-        if (!diagnosis.nextStep.empty()) line["nextStep"] = diagnosis.nextStep;
-        lines.write(line);
-    }
-    lines.write({{"type", "summary"},
-                 {"links", diagnoses.size()},
-                 {"broken", broken},
-                 {"exitStatus", status}});
-}
-
 ExitStatus doctor(const CommonOptions& common, const DoctorOptions& options) {
-    const auto diagnoses =
+    const auto links =
         examineSite(options.place, common.configuration, namedBy(common.configuration));
-    const auto broken = std::count_if(
-        diagnoses.begin(), diagnoses.end(),
-        [](const Diagnosis& diagnosis) { return diagnosis.health == Health::Broken; });
+    JsonLines lines;
+    if (options.json) lines.begin("doctor");
+    const std::size_t broken = tellLinks(links, options.json ? &lines : nullptr);
     const ExitStatus status = broken > 0 ? CheckFoundSomething : Done;
-    if (options.json) {
-        printJson(diagnoses, static_cast<std::size_t>(broken), status);
-    } else {
-        printText(diagnoses);
-    }
+    if (options.json)
+        lines.write({{"type", "summary"},
+                     {"links", links.size()},
+                     {"broken", broken},
+                     {"exitStatus", status}});
     return status;
 }
 
 }  // namespace
+
+std::size_t tellLinks(const std::vector<Diagnosis>& links, JsonLines* lines) {
+    std::vector<Row> rows;
+    std::size_t broken = 0;
+    for (const Diagnosis& link : links) {
+        const std::string_view state = nameOf(link.health);
+        if (link.health == Health::Broken) ++broken;
+        rows.push_back({std::string(state), link.link, link.detail, link.nextStep});
+        if (!lines) continue;
+        JsonLines::Json line = {
+            {"type", "link"}, {"link", link.link}, {"status", state}, {"detail", link.detail}};
+        if (!link.nextStep.empty()) line["nextStep"] = link.nextStep;
+        lines->write(line);
+    }
+    if (!lines) printRows(rows);
+    return broken;
+}
 
 void addDoctor(CLI::App& app, CommandLine& line) {
     const auto options = std::make_shared<DoctorOptions>();

@@ -16,6 +16,7 @@ namespace headerdtc::cli {
 namespace {
 
 constexpr const char* MainFooter = R"(Examples:
+  headerdtc init site/                   set up a site
   headerdtc generate site/               write the header of every page below site/
   headerdtc generate --check site/       only list the pages that are out of date
   headerdtc generate --check --diff site show what would change in them
@@ -90,7 +91,7 @@ ExitStatus run(const std::vector<std::string>& words) {
         ->envname("HEADERDTC_CONFIG")
         ->type_name(FileType);
     for (const auto add :
-         {addGenerate, addCheck, addExplain, addWhere, addRename, addDoctor, addNew, addShow,
+         {addInit, addGenerate, addCheck, addExplain, addWhere, addRename, addDoctor, addNew, addShow,
           addReport, addEdit, addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
         add(app, line);
     return obey(app, line, words);

@@ -4,6 +4,7 @@
 #include "host/files/file_error.h"
 #include "host/files/file_replacer.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -43,6 +44,23 @@ void printLine(std::FILE* stream, std::string_view line) {
 void printMessage(std::string_view page, std::string_view text) {
     std::string line(page);
     printLine(stderr, line.append(": ").append(visible(text)));
+}
+
+void printRows(const std::vector<Row>& rows) {
+    constexpr std::size_t StateWidth = 9;
+    const auto padded = [](std::string text, std::size_t width) {
+        text.resize(std::max(width, text.size()), ' ');
+        return text;
+    };
+    std::size_t nameWidth = 0;
+    for (const Row& row : rows)
+        nameWidth = std::max(nameWidth, row.name.size());
+    for (const Row& row : rows) {
+        printLine(stdout,
+                  padded(row.state, StateWidth) + padded(row.name, nameWidth + 2) + row.detail);
+        if (!row.advice.empty())
+            printLine(stdout, std::string(StateWidth, ' ') + "-> " + row.advice);
+    }
 }
 
 std::string counted(std::size_t count, const std::string& noun) {

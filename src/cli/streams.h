@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace headerdtc::cli {
 
@@ -24,6 +25,12 @@ inline constexpr const char* HoldsNoControl = "holds no HeaderDTC control";
 
 // "PAGE: TEXT" to standard error, in one line whatever the text holds.
 void printMessage(std::string_view page, std::string_view text);
+
+// Rows of results: "ok       drive C   /srv/suite", an advice below its row.
+struct Row {
+    std::string state, name, detail, advice;
+};
+void printRows(const std::vector<Row>& rows);
 
 // "1 page", "2 pages"
 std::string counted(std::size_t count, const std::string& noun);

@@ -158,7 +158,7 @@ synopsis_of() {  # synopsis_of COMMAND...: its lines
         }
         inside { print }' <<<"$manual"
 }
-for command in generate check explain where rename doctor new show report automate 'translations check' \
+for command in init generate check explain where rename doctor new show report automate 'translations check' \
     'translations export' 'translations import' 'catalogue check' 'catalogue import' edit; do
     # shellcheck disable=SC2086
     check 0 "$headerdtc" help $command

@@ -17,6 +17,33 @@ expect "$out" "DSN=Harbour;UID=office;PWD=***"
 check 0 "$headerdtc" doctor --json site/traffic/ships.asp
 expect_lines doctor
 
+# ---- a site from nothing ------------------------------------------------------------------------
+check 2 "$headerdtc" init port </dev/null
+expect "$err" "--yes"
+printf '%s\n' web D=disk '' 'D:\Suite' '' "it's.sqlite" |
+    script -qec "'$headerdtc' init port" /dev/null >said.init
+[[ -d port/web ]] || fail "not what was answered: $(cat said.init)"
+harbour_page port/web/ships.asp <<'END'
+{"do":"choose","control":"DataProvidersCombo","text":"Example"}
+{"do":"tab","index":2}
+{"do":"select","control":"ZEKOFieldsList","items":[0,1]}
+{"do":"click","control":"ZEKOAddField"}
+{"do":"save"}
+END
+check 0 "$headerdtc" check port
+check 0 "$headerdtc" translations check port
+# What is there stays as it is, and what is missing is made again; a suite is not added to.
+rm "port/it's.sqlite" port/disk/Suite/xsl/Generic.xsl
+echo '# mine' >>port/headerdtc.toml
+cp -r port before
+check 0 "$headerdtc" init --json --drive C=elsewhere port
+expect_lines init
+[[ $(diff -r port before) == "Only in port: it's.sqlite" ]] || fail "$(diff -r port before)"
+check 2 "$headerdtc" init --yes --drive c port/other
+check 3 "$headerdtc" init --yes --catalogue 'DSN=Nowhere;PWD=quayside' port/other
+expect "$out" 'failed   catalogue'
+rm -r port before
+
 # ---- where --------------------------------------------------------------------------------------
 check 0 "$headerdtc" where --field berth site
 expect "$out" 'site/traffic/ships.asp:'

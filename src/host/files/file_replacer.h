@@ -55,5 +55,7 @@ class FileReplacer {
 // One file at once: replace() and commit(). Throws FileError.
 void replaceWholeFile(const std::filesystem::path& path, std::string_view bytes,
                       const FileStamp& expected);
+// The same for one that is not there yet: create() and commit().
+void createWholeFile(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace headerdtc
