@@ -61,6 +61,10 @@ cat >hostile <<'END'
 END
 check 3 "$headerdtc" automate --over --apply site/traffic/today/berths.asp hostile
 expect "$err" 'the script would write to the translation database'
+# "Save" on the General tab writes a text file for a look.
+check 3 "$headerdtc" automate --over --apply site/traffic/today/berths.asp \
+    <(printf '%s\n' '{"do":"click","control":"SaveCommand"}' '{"do":"save"}')
+expect "$err" 'the script would write another file'
 check 2 "$headerdtc" automate --over site <(echo '{"do":"tab","index":2}')
 expect "$err" 'saves no page'
 check 0 "$headerdtc" automate --over --control HeaderDTC9 site <(cat steps)

@@ -1,14 +1,11 @@
 #include "host/files/code_page.h"
 
 #include "controls/utf8.h"
+#include "support/prologue.h"
 
-#include <gtest/gtest.h>
 #include <random>
-#include <stdexcept>
-#include <string>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::code_page_test {
 
 std::string allBytes() {
     std::string bytes;
@@ -105,5 +102,4 @@ TEST(CodePage, RefusesWhatIsNoCodePageOfSingleBytes) {
         EXPECT_THROW(CodePage{name}, std::invalid_argument) << name;
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::code_page_test

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/error_number.h"
+#include "support/prologue.h"
 #include "support/temp_folder.h"
 
 #include <functional>

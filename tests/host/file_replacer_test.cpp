@@ -3,20 +3,14 @@
 #include "host/failures.h"
 #include "host/files/file_error.h"
 
-#include <algorithm>
 #include <csignal>
-#include <fstream>
-#include <gmock/gmock.h>
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/xattr.h>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::file_replacer_test {
 
 namespace fs = std::filesystem;
-using namespace headerdtc::testing;
-using namespace ::testing;
 
 struct stat statusOf(const fs::path& file) {
     struct stat status {};
@@ -28,7 +22,7 @@ void replaceNow(const fs::path& file, std::string_view bytes) {
     replaceWholeFile(file, bytes, FileStamp::of(file));
 }
 
-class FileReplacerTest : public ::testing::Test {
+class FileReplacerTest : public Test {
   protected:
     TempFolder folder;
     const fs::path page = folder.write("page.asp", "old");
@@ -262,5 +256,4 @@ TEST_F(FileReplacerTest, NewFilesGetTheUsualMode) {
     EXPECT_EQ(statusOf(folder / "made.asp").st_mode & 07777, 0640U);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::file_replacer_test

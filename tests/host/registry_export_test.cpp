@@ -2,15 +2,10 @@
 
 #include "host/failures.h"
 #include "host/files/file_error.h"
-#include "platform/runtime_error.h"
+#include "platform/text.h"
+#include "support/cases.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
-
-using namespace headerdtc::testing;
-using namespace ::testing;
+namespace headerdtc::registry_export_test {
 
 const std::string Version5 = "Windows Registry Editor Version 5.00\r\n\r\n";
 const std::string Key = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Zarvik\\Zarvik Velmora]\r\n";
@@ -114,27 +109,12 @@ TEST(RegistryExport, LaterLinesCountAndDeletionsToo) {
 }
 
 TEST(RegistryExport, FaultsNameTheirPlace) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"", "v.reg:1:1: this is no registry export"},
-        {"[HKEY_LOCAL_MACHINE]", "v.reg:1:1: this is no registry export"},
-        {Version5 + "\"a\"=\"b\"", "v.reg:3:1: this value belongs to no key"},
-        {Version5 + "[HKEY_LOCAL", "v.reg:3:1: this key is not closed"},
-        {Version5 + Key + "\"InstallDir\"=\"C:\\\\Sit", "v.reg:4:14: this string is not closed"},
-        {Version5 + Key + "\"InstallDir\"=", "v.reg:4:14: this is no value"},
-        {Version5 + Key + "\"InstallDir\"", "v.reg:4:13: \"=\" is missing"},
-        {Version5 + Key + "\"InstallDir\"=\"C:\\Sites\"",
-         "v.reg:4:18: a backslash in a string is written twice"},
-        {Version5 + Key + "\"a\"=\"b\" c", "v.reg:4:9: the line has to end behind the value"},
-        {Version5 + Key + "\"a\"=dword:", "v.reg:4:11: the number is missing"},
-        {Version5 + Key + "\"a\"=hex(2):43,0", "v.reg:4:15: here a byte of two digits"},
-        {Version5 + Key + "\"a\"=hex(2):43,\\\r\n", "v.reg:5:1: here a byte of two digits"},
-        {Version5 + Key + "\"a\"=hex(2", "the type of the value is damaged"},
-        {Version5 + Key + "InstallDir=x", "v.reg:4:1: here a key, a value or a comment"},
-        {utf16(wide(Version5 + Key), false) + "\"",
-         "v.reg:4:1: the export is cut off in the middle"},
-    };
-    for (const auto& [bytes, problem] : cases)
+    for (const auto& [text, problem] : casesOf("host/cases/registry_export.txt")) {
+        const auto bytes = replaceAll(replaceAll(text, "{5}", Version5), "{key}", Key);
         EXPECT_THAT(problemOf(bytes), HasSubstr(problem)) << bytes;
+    }
+    EXPECT_THAT(problemOf(utf16(wide(Version5 + Key), false) + "\""),
+                HasSubstr("v.reg:4:1: the export is cut off in the middle"));
 }
 
 TEST(RegistryExport, ACutOffExportNeverGivesPartOfAValue) {
@@ -166,5 +146,4 @@ TEST(SiteRegistry, SaysWhyAValueCannotBeRead) {
     EXPECT_EQ(registry.RegRead(InstallDir), "C:\\Sites");
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::registry_export_test

@@ -1,19 +1,15 @@
 #include "host/site/site_configuration.h"
 
 #include "host/failures.h"
+#include "support/cases.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
+namespace headerdtc::site_configuration_test {
 
 namespace fs = std::filesystem;
-using namespace headerdtc::testing;
-using namespace ::testing;
 
 constexpr const char* DefaultConnectString = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
 
-class SiteConfigurationTest : public ::testing::Test {
+class SiteConfigurationTest : public Test {
   protected:
     std::string problemOf(const std::string& toml) {
         const auto file = folder.write("headerdtc.toml", toml);
@@ -78,34 +74,7 @@ TEST_F(SiteConfigurationTest, WhatIsLeftOutHasItsDefault) {
 }
 
 TEST_F(SiteConfigurationTest, FaultsNameTheirPlaceAndWhatIsKnown) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"a = 1",
-         "1:1: unknown key \"a\"; known are code_page, registry, [project], [drives], "
-         "[datasource], [translations]"},
-        {"\n[project]\n roots = \"x\"", "3:2: unknown key \"roots\" in [project]; known are root"},
-        {"[translations]\nodbc.ini = \"x\"", "2:1: unknown key \"odbc\" in [translations]"},
-        {"registry = 7", "1:12: \"registry\" has to be a text in quotes, not an integer"},
-        {"registry = \"\"", "1:12: \"registry\" has to name a file or folder"},
-        {"registry = \"a\\u0000\"", "1:12: \"registry\" has to name a file or folder"},
-        {"project = \".\"", "1:11: \"project\" has to be a table, not a text"},
-        {"[code_page]", "1:1: \"code_page\" has to be a text in quotes, not a table"},
-        {"[drives]\nCD = \"x\"", "2:1: unknown key \"CD\" in [drives]; a drive is one letter"},
-        {"[drives]\n1 = \"x\"", "2:1: unknown key \"1\" in [drives]"},
-        {"[drives]\nC = [\"x\"]", "2:5: \"C\" has to be a text in quotes, not an array"},
-        {"[drives]\nc = \"x\"\nC = \"y\"", "drive C is there twice"},
-        {"code_page = \"klingon\"", "1:13: unknown code page \"klingon\""},
-        {"code_page = \"big5\"", "1:13: the code page \"big5\" has characters of more than"},
-        {"code_page = \"utf-16\"", "1:13: the lower half of the code page"},
-        {"registry = \"üü\" x", "1:19: "},
-        {"registry = ", "1:12: "},
-        {"registry = \"a\"\nregistry = \"b\"", "2:"},
-        {"registry = \"\xFF\"", "1:"},
-        // Letters outside of texts, from both ranges that the library asks about.
-        {"é = 1", "1:1: "},
-        {"\xEF\xB3\xBF# T", "1:"},
-        {"a = \"\"\"\\\n é\"\"\" ѐ", "2:"},
-    };
-    for (const auto& [toml, problem] : cases)
+    for (const auto& [toml, problem] : casesOf("host/cases/site_configuration.txt"))
         EXPECT_THAT(problemOf(toml), HasSubstr(problem)) << toml;
     EXPECT_THAT(
         errorOf<ConfigurationError>([&] { readSiteConfiguration(folder / "none.toml"); }),
@@ -149,5 +118,4 @@ TEST_F(SiteConfigurationTest, PagesOfASiteShareItUntilItsFileChanges) {
     EXPECT_THROW(only.forPage(page), ConfigurationError);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::site_configuration_test

@@ -1,20 +1,15 @@
 #include "host/site/site_text_files.h"
 
 #include "host/failures.h"
-#include "platform/runtime_error.h"
 
 #include <csignal>
-#include <gmock/gmock.h>
 #include <sys/resource.h>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::site_text_files_test {
 
 namespace fs = std::filesystem;
-using namespace headerdtc::testing;
-using ::testing::ElementsAre;
 
-class SiteTextFilesTest : public ::testing::Test {
+class SiteTextFilesTest : public Test {
   protected:
     // "File not found(53)", or the text.
     std::string read(const std::string& path) {
@@ -91,5 +86,4 @@ TEST_F(SiteTextFilesTest, PermissionsAndFullDisksAreFailures) {
     EXPECT_THAT(folder.names(), ElementsAre("locked.txt"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::site_text_files_test

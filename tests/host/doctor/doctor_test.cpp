@@ -2,15 +2,9 @@
 
 #include "support/temp_site.h"
 
-#include <gmock/gmock.h>
+namespace headerdtc::doctor_test {
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::TempSite;
-
-class Doctor : public ::testing::Test {
+class Doctor : public Test {
   protected:
     Doctor() {
         site.write("odbc.ini", "[Harbour]\nDriver = SQLite3\nDatabase = texts.sqlite\n");
@@ -137,5 +131,4 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     EXPECT_THAT(look("data source"), StartsWith("warning: \"connect_string\" is empty"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::doctor_test

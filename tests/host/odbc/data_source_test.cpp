@@ -1,16 +1,8 @@
 #include "host/failures.h"
 #include "host/odbc/odbc_data_source.h"
-#include "platform/runtime_error.h"
 #include "translation_database.h"
 
-#include <functional>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::data_source_test {
 
 std::string failureOf(const std::function<void()>& body, int number) {
     try {
@@ -23,7 +15,7 @@ std::string failureOf(const std::function<void()>& body, int number) {
 }
 
 // A site with an odbc.ini of its own.
-class SitesDataSource : public ::testing::Test {
+class SitesDataSource : public Test {
   protected:
     SitesDataSource() {
         settings.siteFolder = folder.path();
@@ -123,10 +115,10 @@ TEST_F(SitesDataSource, OfFilesNeedsOneThatIsThereWhereverItIsDescribed) {
         folder.write("own.ini", section);
         const std::string text = each.connectString.empty() ? "DSN=" + name : each.connectString;
         settings.odbcIni = folder / "odbc.ini";
-        const std::string asSites = testing::errorOf<RuntimeError>([&] { connectString(text); });
+        const std::string asSites = errorOf<RuntimeError>([&] { connectString(text); });
         EXPECT_THAT(asSites, HasSubstr(each.failure)) << each.lines;
         settings.odbcIni.clear();
-        const std::string asOwn = testing::errorOf<RuntimeError>([&] { connectString(text); });
+        const std::string asOwn = errorOf<RuntimeError>([&] { connectString(text); });
         EXPECT_THAT(asOwn, HasSubstr(each.connectString.empty() ? "own.ini:" : each.failure))
             << each.lines;
     }
@@ -172,8 +164,7 @@ TEST_F(SitesDataSource, AConnectStringThatNamesADriverNeedsNoFile) {
               "DRIVER={Some Driver};Database=x;odd");
     settings.odbcIni.clear();
     EXPECT_THAT([&] { connectString("DSN=No such thing;UID=a;PWD="); },
-                ::testing::ThrowsMessage<RuntimeError>(HasSubstr("[No such thing] is in none")));
+                ThrowsMessage<RuntimeError>(HasSubstr("[No such thing] is in none")));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::data_source_test

@@ -2,19 +2,13 @@
 #include "translation_database.h"
 
 #include <clocale>
-#include <cstdlib>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::odbc_database_test {
 
 constexpr int Unspecified = -1;
 
 // The ADO face, on SQLite.
-class OdbcDatabaseTest : public ::testing::Test {
+class OdbcDatabaseTest : public Test {
   protected:
     std::unique_ptr<Recordset> execute(const std::string& statement) {
         return connection->Execute(statement, nullptr, Unspecified);
@@ -150,5 +144,4 @@ TEST_F(OdbcDatabaseTest, OnlyTheTranslationDatabaseHasAConnectString) {
     EXPECT_EQ(numberOf([&] { database.GetConnectString(7); }), 5);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::odbc_database_test

@@ -7,13 +7,8 @@
 #include "host/translations/translation_import.h"
 #include "platform/text.h"
 
-#include <gmock/gmock.h>
+namespace headerdtc::translation_file_test {
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::errorOf;
 using Action = ImportStep::Action;
 
 TranslationTable harbourTexts() {
@@ -186,5 +181,4 @@ TEST(TranslationFile, SaysWhatIsWrongWithItsColumns) {
     EXPECT_THAT(file.locales, ElementsAre("1031"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::translation_file_test

@@ -5,12 +5,9 @@
 #include "qt/editor/page/undo_history.h"
 #include "support/temp_site.h"
 
-#include <gtest/gtest.h>
+namespace headerdtc::qt::page_content_test {
 
-namespace headerdtc::qt {
-namespace {
-
-using Site = testing::TempSite;
+using Site = TempSite;
 
 const CodePage& windows1252() {
     static const CodePage page("windows-1252");
@@ -133,7 +130,7 @@ TEST(StepName, NamesWhatTheAuthorChoseAndNotWhatFollowedFromIt) {
     EXPECT_EQ("scripts", describeChange({}, {{"GetDataProviderUserDefinedScript", "x"}}));
 }
 
-class UndoHistoryTest : public ::testing::Test {
+class UndoHistoryTest : public Test {
   protected:
     void push(const char* bytes, const char* kind = "") {
         history.push(content(bytes), {.name = QLatin1String(bytes), .kind = QLatin1String(kind)});
@@ -194,5 +191,4 @@ TEST_F(UndoHistoryTest, DropsTheOldestStatesOfALargePage) {
     EXPECT_LE(steps, 4);
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::page_content_test

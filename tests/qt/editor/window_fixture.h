@@ -25,7 +25,6 @@
 #include <QTest>
 #include <QTimer>
 #include <functional>
-#include <gmock/gmock.h>
 
 namespace headerdtc::qt {
 
@@ -77,7 +76,9 @@ class WindowTest : public ::testing::Test {
     static bool eventually(const std::function<bool()>& condition) {
         return QTest::qWaitFor(condition, 10000);
     }
-    void command(Command which) {
+    // An answer is the button that is pressed in the dialogs that come.
+    void command(Command which, const char* answer = nullptr) {
+        if (answer) answerDialogs([answer](QWidget& dialog) { press(dialog, answer); });
         window->commands()[which]->trigger();
         settle();
     }
