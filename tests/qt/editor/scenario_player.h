@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -23,7 +24,6 @@
 #include <QTimer>
 #include <deque>
 #include <functional>
-#include <set>
 
 namespace headerdtc::qt {
 
@@ -57,32 +57,12 @@ inline QPoint itemPlace(QAbstractItemView& view, const QModelIndex& index) {
     return view.visualRect(index).intersected(view.viewport()->rect()).center();
 }
 
-inline std::set<int> selectedItems(const SelectionList& list) {
-    std::set<int> items;
-    for (const QModelIndex& index : list.selectionModel()->selectedIndexes())
-        items.insert(index.row());
-    return items;
-}
-
 inline int itemOf(const SelectionList& list, const std::string& text) {
     const auto found = list.model()->match(list.model()->index(0, 0), Qt::EditRole, toQt(text), 1,
                                            Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (found.isEmpty()) cannot("there is no item " + text);
     return found.front().row();
 }
-
-struct NamedKey {
-    Key::Kind kind;
-    Qt::Key key;
-};
-
-inline constexpr NamedKey NamedKeys[] = {
-    {Key::Kind::Enter, Qt::Key_Return},  {Key::Kind::Escape, Qt::Key_Escape},
-    {Key::Kind::Up, Qt::Key_Up},         {Key::Kind::Down, Qt::Key_Down},
-    {Key::Kind::Left, Qt::Key_Left},     {Key::Kind::Right, Qt::Key_Right},
-    {Key::Kind::Delete, Qt::Key_Delete}, {Key::Kind::Backspace, Qt::Key_Backspace},
-    {Key::Kind::Tab, Qt::Key_Tab},
-};
 
 // What has no key on most keyboards comes from the clipboard.
 inline void typeInto(QWidget& widget, const QString& text) {
@@ -275,30 +255,22 @@ class ScenarioPlayer : public QObject {
             for (const std::string& text : command.texts("texts"))
                 items.push_back(itemOf(list, text));
         }
-        if (items.empty()) cannot("nobody selects nothing");
         const int last = command.integerIfGiven("focus").value_or(items.back());
-        const std::set<int> wanted(items.begin(), items.end());
-        const std::set<int> before = selectedItems(list);
-        const auto press = [&](int item, Qt::KeyboardModifiers held = {}) {
-            const QPoint place = itemPlace(list, list.model()->index(item, 0));
-            clickAt(*list.viewport(), place, false, held);
-        };
         const bool isToggled = list.selectionMode() == QAbstractItemView::MultiSelection;
-        if (wanted.size() == 1 && !isToggled) return press(last);
-        std::vector<int> toggled;
+        std::vector<int> pressed;
         for (int item = 0; item < list.model()->rowCount(); ++item) {
-            if (item != last && wanted.contains(item) != before.contains(item))
-                toggled.push_back(item);
+            const bool wanted = std::find(items.begin(), items.end(), item) != items.end();
+            const bool was = isToggled && list.selectionModel()->isRowSelected(item);
+            if (wanted != was && item != last) pressed.push_back(item);
+            // What has the focus and is to stay as it is has to go first.
+            if (wanted == was && item == last) pressed.push_back(item);
         }
-        if (wanted.contains(last) == before.contains(last)) {
-            // A mark that is to stay has to go first.
-            if (!isToggled) cannot("the item with the focus stays as it is");
-            toggled.push_back(last);
+        pressed.push_back(last);
+        for (std::size_t i = 0; i < pressed.size(); ++i) {
+            const QPoint place = itemPlace(list, list.model()->index(pressed[i], 0));
+            clickAt(*list.viewport(), place, false,
+                    isToggled || i == 0 ? Qt::NoModifier : Qt::ControlModifier);
         }
-        toggled.push_back(last);
-        for (std::size_t i = 0; i < toggled.size(); ++i)
-            press(toggled[i],
-                  isToggled || (i == 0 && before.empty()) ? Qt::NoModifier : Qt::ControlModifier);
     }
 
     void doubleClick(const Command& command) {
@@ -346,9 +318,9 @@ class ScenarioPlayer : public QObject {
             cannot("it does not have the focus");
         if (key.kind == Key::Kind::Character)
             return QTest::keyClick(windowOf(widget), static_cast<char>(key.character));
-        for (const NamedKey& named : NamedKeys) {
-            if (named.kind == key.kind) return QTest::keyClick(windowOf(widget), named.key);
-        }
+        const QString name =
+            toQt(command.text("key")).replace(QStringLiteral("Enter"), QStringLiteral("Return"));
+        QTest::keyClick(windowOf(widget), QKeySequence(name)[0].key());
     }
 
     void focus(const Command& command) { widgetOf(command).setFocus(Qt::TabFocusReason); }
