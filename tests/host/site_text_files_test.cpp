@@ -2,9 +2,6 @@
 
 #include "host/failures.h"
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace headerdtc::site_text_files_test {
 
 namespace fs = std::filesystem;
@@ -64,26 +61,6 @@ TEST_F(SiteTextFilesTest, FailuresHaveTheEstablishedNumbersAndTexts) {
     EXPECT_EQ(write("c:\\", "x"), 75);
     EXPECT_EQ(write("z:\\dev\\null", "x"), 75);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
-TEST_F(SiteTextFilesTest, PermissionsAndFullDisksAreFailures) {
-    folder.write("locked.txt", "old");
-    fs::permissions(folder / "locked.txt", fs::perms(0000));
-    fs::permissions(folder.path(), fs::perms(0755));
-    if (geteuid() == 0) {
-        EXPECT_EQ(asPlainUser([&] { return write("c:\\new.txt", "x"); }), 70);
-    }
-    EXPECT_EQ(asPlainUser([&] { return read("c:\\locked.txt") == "Permission denied(70)"; }), 1);
-    fs::permissions(folder.path(), fs::perms(0777));
-    EXPECT_EQ(asPlainUser([&] { return write("c:\\locked.txt", "x"); }), 70);
-    EXPECT_EQ(asPlainUser([&] {
-                  signal(SIGXFSZ, SIG_IGN);
-                  const rlimit small{1000, 1000};
-                  setrlimit(RLIMIT_FSIZE, &small);
-                  return write("c:\\new.txt", std::string(5000, 'x'));
-              }),
-              61);
-    EXPECT_THAT(folder.names(), ElementsAre("locked.txt"));
 }
 
 }  // namespace headerdtc::site_text_files_test
