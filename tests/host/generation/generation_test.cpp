@@ -140,6 +140,12 @@ TEST_F(Generation, SeveralControlsOfAPageAreEachDoneAndTheWayToTheRootIsCounted)
     EXPECT_EQ(document.markup().freeId(), "HeaderDTC2");
     site.write("root.asp", TempSite::page(TempSite::ordersParams()));
     EXPECT_THAT(generate("root.asp").after, HasSubstr("-->\r\n|Orders\r\n<!--"));
+    // The root by its own name, the page through a link.
+    const TempFolder elsewhere;
+    std::filesystem::create_directory_symlink(site.path(), elsewhere / "link");
+    site.write("headerdtc.toml", site.read("headerdtc.toml") + "[project]\nroot = \"" +
+                                     site.path().string() + "\"\n");
+    EXPECT_THAT(generate(elsewhere / "link/root.asp").after, HasSubstr("-->\r\n|Orders\r\n"));
 }
 
 TEST_F(Generation, ManyPagesAreToldOfInOrderAndAFailureStopsNoOther) {

@@ -92,10 +92,9 @@ TEST_F(UntrustedPage, TheLargestCountsCostLittle) {
 TEST_F(UntrustedPage, ValuesThatMultiplyAreAFailureOfThatPageAlone) {
     site.writeTemplate("<XSL_FILENAME>");
     const std::string page = TempSite::page(
-        TempSite::param("XSLFilename", repeated(5000, "&lt;USER_DEFINED_SCRIPTS&gt;")) +
-        TempSite::param("NrOfUserDefinedScripts", "1") +
-        TempSite::param("UserDefinedScript1", "S") +
-        TempSite::param("SUserDefinedScript", repeated(5000, "&lt;ENABLE_EXTRA_FILTERS&gt;")));
+        TempSite::params("NrOfUserDefinedScripts=1|UserDefinedScript1=S|XSLFilename=" +
+                         repeated(5000, "&lt;USER_DEFINED_SCRIPTS&gt;") +
+                         "|SUserDefinedScript=" + repeated(5000, "&lt;ENABLE_EXTRA_FILTERS&gt;")));
     site.write("page.asp", page);
     const GeneratedPage made = generatePage(site / "page.asp", sites, LossGuard::RefuseLosses);
     EXPECT_EQ(made.verdict, Verdict::LeftAlone);

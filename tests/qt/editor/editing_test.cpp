@@ -74,8 +74,8 @@ TEST_F(Editing, AValueThatIsStillBeingTypedGetsIntoThePage) {
         const std::string name = "page" + std::to_string(i) + ".asp";
         open("other.asp", ordersPage());
         PageEditor& editor =
-            open(name, Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
-                                  Site::param("ZEKOCriteria1_2", "==")));
+            open(name, Site::page(Site::ordersParams() +
+                                  Site::params("ZEKOCriteria1_1=ORDNO|ZEKOCriteria1_2===")));
         HeaderDTC& control = dtc(editor);
         control.SSTab1.clickTab(2);
         // The warning of the Del key, and what is asked when something is closed.
@@ -218,11 +218,12 @@ TEST_F(Editing, MarkupThatCannotBeReadIsSaidAndMendedInTheSource) {
 // expands: never to the author's.
 TEST_F(Editing, ThePreviewFollowsAtOnceAndTheAuthorsControlStaysAsItIs) {
     site.writeTemplate("<% ' <DATAPROVIDER>\n<SPECIFY_ZEKO_CRITERIA>\n%>\n");
-    PageEditor& editor =
-        open("page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
-                                        Site::param("ZEKOCriteria1_2", "<>") +
-                                        Site::param("ZEKOCriteria1_3", "Unlisted"),
-                                    Site::ordersText()));
+    PageEditor& editor = open(
+        "page.asp",
+        Site::page(
+            Site::ordersParams() +
+                Site::params("ZEKOCriteria1_1=ORDNO|ZEKOCriteria1_2=<>|ZEKOCriteria1_3=Unlisted"),
+            Site::ordersText()));
     generated(editor);
     auto* summary = editor.findChild<QLabel*>("PreviewSummary");
     const auto bag = [&] {
