@@ -32,7 +32,7 @@ class HarbourSite : public TempSite {
         writeTemplate(
             "<%\n' <DATAPROVIDER> <LINKED_DATAPROVIDER>\n<ADD_ZEKO_RETURN_FIELDS>\n"
             "<SPECIFY_ZEKO_CRITERIA><SPECIFY_EAI_CRITERIA>\n"
-            "<SPECIFY_ZEKO_I18N_FIELDS>\n<ADD_ZEKO_RETURN_FIELDS>\n%>\n");
+            "<SPECIFY_ZEKO_I18N_FIELDS>\n<ADD_ZEKO_RETURN_FIELDS>\nmMade = Now\n%>\n");
     }
 
     // A page that has nothing to find once it is generated.

@@ -140,9 +140,11 @@ TEST_F(Rules, NameTheLineOfThePropertyAndTheControlsOfAPage) {
 
     const std::string directive = "<%@ LANGUAGE=VBScript %>\n";
     const std::string sound = HarbourSite::params(HarbourSite::ships());
-    site.write("page.asp", HarbourSite::control(sound) + "\n" + directive);
+    site.write("page.asp", "\n" + HarbourSite::control(sound) + "\n" + directive);
     site.generate("page.asp");
-    EXPECT_THAT(shown(site.inspect("page.asp")),
+    const auto misplaced = site.inspect("page.asp");
+    EXPECT_EQ(misplaced.findings.at(0).line, 2);
+    EXPECT_THAT(shown(misplaced),
                 ElementsAre(HasSubstr("control-before-directive: the control stands before the "
                                       "page's directive (<%@ ... %>, line ")));
     site.write("page.asp", directive + HarbourSite::control(sound));
