@@ -45,6 +45,12 @@ TEST_F(FileReplacerTest, ReplacesAGroupAtCommitAndNotBefore) {
     EXPECT_EQ(folder.read("third.asp"), "made");
     EXPECT_THAT(folder.names(), ElementsAre("page.asp", "sub", "third.asp"));
     EXPECT_TRUE(replacer.commit().empty());
+
+    // What was not committed is discarded.
+    FileReplacer().replace(page, "newer", FileStamp::of(page));
+    FileReplacer().create(folder / "made.asp", "new");
+    EXPECT_EQ(folder.read("page.asp"), "new");
+    EXPECT_THAT(folder.names(), ElementsAre("page.asp", "sub", "third.asp"));
 }
 
 TEST_F(FileReplacerTest, AGroupMayBeLargerThanTheNumberOfOpenFiles) {
@@ -64,44 +70,15 @@ TEST_F(FileReplacerTest, AGroupMayBeLargerThanTheNumberOfOpenFiles) {
         ASSERT_EQ(folder.read(std::to_string(number)), "new");
 }
 
-TEST_F(FileReplacerTest, WhatWasNotCommittedIsDiscarded) {
-    {
-        FileReplacer dropped;
-        dropped.replace(page, "new", FileStamp::of(page));
-        dropped.create(folder / "made.asp", "new");
-    }
-    EXPECT_EQ(folder.read("page.asp"), "old");
-    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
-}
-
-TEST_F(FileReplacerTest, ModeOwnerAndAttributesAreKept) {
-    const bool isRoot = geteuid() == 0;
-    if (isRoot) {
-        ASSERT_EQ(chown(page.c_str(), 1234, 4321), 0);
-    }
-    ASSERT_EQ(chmod(page.c_str(), 02640), 0);
-    const bool hasAttributes = setxattr(page.c_str(), "user.origin", "here", 4, 0) == 0;
+// Mode, owner and links are seen from outside, where pages are generated.
+TEST_F(FileReplacerTest, AttributesAreKeptInANewFile) {
+    if (setxattr(page.c_str(), "user.origin", "here", 4, 0) != 0) GTEST_SKIP() << "none here";
     const auto before = statusOf(page);
-
     replaceNow(page, "new");
-    const auto after = statusOf(page);
-    EXPECT_NE(after.st_ino, before.st_ino);
-    EXPECT_EQ(after.st_mode, before.st_mode);
-    EXPECT_EQ(after.st_uid, before.st_uid);
-    EXPECT_EQ(after.st_gid, before.st_gid);
+    EXPECT_NE(statusOf(page).st_ino, before.st_ino);
     char value[8] = {};
-    if (hasAttributes) {
-        EXPECT_EQ(getxattr(page.c_str(), "user.origin", value, sizeof value), 4);
-        EXPECT_STREQ(value, "here");
-    }
-}
-
-TEST_F(FileReplacerTest, ASymbolicLinkIsFollowedAndStaysOne) {
-    folder.write("real/page.asp", "old");
-    fs::create_symlink("real/page.asp", folder / "link.asp");
-    replaceNow(folder / "link.asp", "new");
-    EXPECT_TRUE(fs::is_symlink(folder / "link.asp"));
-    EXPECT_EQ(folder.read("real/page.asp"), "new");
+    EXPECT_EQ(getxattr(page.c_str(), "user.origin", value, sizeof value), 4);
+    EXPECT_STREQ(value, "here");
 }
 
 TEST_F(FileReplacerTest, RefusesWhatCannotBeReplacedWithoutLoss) {

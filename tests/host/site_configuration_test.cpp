@@ -7,8 +7,6 @@ namespace headerdtc::site_configuration_test {
 
 namespace fs = std::filesystem;
 
-constexpr const char* DefaultConnectString = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
-
 class SiteConfigurationTest : public Test {
   protected:
     std::string problemOf(const std::string& toml) {
@@ -21,7 +19,16 @@ class SiteConfigurationTest : public Test {
     TempFolder folder;
 };
 
-TEST_F(SiteConfigurationTest, EveryKeyIsRead) {
+TEST_F(SiteConfigurationTest, EveryKeyIsReadOrHasItsDefault) {
+    const auto shown = [](const SiteConfiguration& read) {
+        std::string drives;
+        for (const auto& [letter, path] : read.drives.drives())
+            drives += std::string(1, letter) + "=" + path.string() + " ";
+        return std::vector<std::string>{
+            read.file,      read.folder,        read.registry,           read.projectRoot, drives,
+            read.catalogue, read.connectString, read.labelConnectString, read.odbcIni};
+    };
+    const std::string root = folder.path();
     const auto read = readSiteConfiguration(folder.write("site/headerdtc.toml", R"(
 code_page = "Windows-1253"
 registry = "../export.reg"
@@ -38,37 +45,21 @@ connect_string = ""
 label_connect_string = "DSN=Labels"
 odbc_ini = "odbc.ini"
 )"));
-    const auto site = folder / "site";
-    EXPECT_EQ(read.file, site / "headerdtc.toml");
-    EXPECT_EQ(read.folder, site);
+    const std::string site = root + "/site";
     EXPECT_EQ(read.codePage, CodePage("windows-1253"));
-    EXPECT_EQ(read.registry, folder / "export.reg");
-    EXPECT_EQ(read.projectRoot, site / "pages");
-    const std::map<char, fs::path> drives = {
-        {'C', "/srv/c"}, {'D', site / "drives/d"}, {'Z', site}};
-    EXPECT_EQ(read.drives.drives(), drives);
-    EXPECT_EQ(read.catalogue, "/etc/catalogue.json");
-    EXPECT_EQ(read.connectString, "");
-    EXPECT_EQ(read.labelConnectString, "DSN=Labels");
-    EXPECT_EQ(read.odbcIni, site / "odbc.ini");
-}
+    EXPECT_THAT(shown(read),
+                ElementsAre(site + "/headerdtc.toml", site, root + "/export.reg", site + "/pages",
+                            "C=/srv/c D=" + site + "/drives/d Z=" + site + " ",
+                            "/etc/catalogue.json", "", "DSN=Labels", site + "/odbc.ini"));
 
-TEST_F(SiteConfigurationTest, WhatIsLeftOutHasItsDefault) {
-    const auto& root = folder.path();
-    for (const auto& read :
-         {readSiteConfiguration(folder.write("headerdtc.toml", "")),
-          readSiteConfiguration(folder.write("other.toml", "[drives]\n[project]\n")),
-          defaultSiteConfiguration(root)}) {
-        EXPECT_EQ(read.folder, root);
-        EXPECT_EQ(read.codePage, CodePage("windows-1252"));
-        EXPECT_EQ(read.registry, root / "velmora.reg");
-        EXPECT_EQ(read.projectRoot, root);
-        const std::map<char, fs::path> drives = {{'C', root / "drive_c"}, {'Z', "/"}};
-        EXPECT_EQ(read.drives.drives(), drives);
-        EXPECT_EQ(read.catalogue, root / "catalogue.json");
-        EXPECT_EQ(read.connectString, DefaultConnectString);
-        EXPECT_EQ(read.labelConnectString, DefaultConnectString);
-        EXPECT_EQ(read.odbcIni, "");
+    const std::string standard = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
+    for (const auto& left : {readSiteConfiguration(folder.write("headerdtc.toml", "")),
+                             readSiteConfiguration(folder.write("a.toml", "[drives]\n[project]")),
+                             defaultSiteConfiguration(root)}) {
+        EXPECT_EQ(left.codePage, CodePage("windows-1252"));
+        EXPECT_THAT(shown(left),
+                    ElementsAre(_, root, root + "/velmora.reg", root, "C=" + root + "/drive_c Z=/ ",
+                                root + "/catalogue.json", standard, standard, ""));
     }
     EXPECT_EQ(defaultSiteConfiguration(root).file, "");
 }

@@ -37,16 +37,6 @@ TEST_F(SiteTextFilesTest, TextIsInTheSitesCodePage) {
     EXPECT_EQ(read("C:\\Include\\OUT.TXT"), "é€?\r\n");
 }
 
-TEST_F(SiteTextFilesTest, WritingReplacesAFileWhole) {
-    folder.write("temp/DTC.TXT", "a long text that was there before");
-    fs::permissions(folder / "temp/DTC.TXT", fs::perms(0640));
-    fs::create_symlink("DTC.TXT", folder / "temp/link.txt");
-    EXPECT_EQ(write("c:\\temp\\link.txt", "short"), 0);
-    EXPECT_EQ(folder.read("temp/DTC.TXT"), "short");
-    EXPECT_TRUE(fs::is_symlink(folder / "temp/link.txt"));
-    EXPECT_EQ(fs::status(folder / "temp/DTC.TXT").permissions(), fs::perms(0640));
-}
-
 TEST_F(SiteTextFilesTest, FailuresHaveTheEstablishedNumbersAndTexts) {
     folder.write("file.txt", "");
     EXPECT_EQ(read("C:\\none.asp"), "File not found(53)");
