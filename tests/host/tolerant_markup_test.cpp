@@ -112,34 +112,4 @@ TEST(TolerantMarkup, WhatOnlyLooksLikeAControlIsText) {
     EXPECT_EQ(page.runtimeTextOf(page.controls().at(0)), text);
 }
 
-// Each of these would take minutes if a broken piece were read to the end of the page again and
-// again.
-TEST(TolerantMarkup, TheTimeIsInProportionToThePage) {
-    const auto repeated = [](const std::string& piece) {
-        std::string text;
-        while (text.size() < 1'000'000)
-            text += piece;
-        return text;
-    };
-    for (const char* piece : {
-             "<!--METADATA ",
-             "<!--METADATA TYPE=\"",
-             "<!--METADATA TYPE='DesignerControl' x=\"",
-             "<!--METADATA TYPE=DesignerControl startspan <OBJECT ",
-             "<!--METADATA TYPE=DesignerControl startspan <OBJECT A=x\" B=\"",
-             "<!--METADATA TYPE=DesignerControl startspan <OBJECT A=\" c=\" B='",
-             "<!--METADATA TYPE=DesignerControl startspan <OBJECT A=\"<PARAM",
-             "&#",
-             "<",
-         }) {
-        const auto text = repeated(piece);
-        const auto page = greekPage(text + "\n" + End + Start + Close + text + "\n" + End);
-        ASSERT_EQ(page.controls().size(), 1U) << piece;
-        EXPECT_EQ(page.controls()[0].runtimeText.size(), text.size() + 1) << piece;
-    }
-    const auto value = repeated("&&#1&amp;--");
-    EXPECT_GT(propertiesOf("<PARAM NAME=a VALUE=\"" + value + "\">").at(0).second.size(),
-              value.size() / 2);
-}
-
 }  // namespace headerdtc::tolerant_markup_test

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "support/prologue.h"
 #include "support/temp_folder.h"
 
 #include <string>

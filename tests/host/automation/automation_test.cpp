@@ -1,6 +1,7 @@
 // Plays the conversations of conversations.txt, each on a page of its own.
 
 #include "host/automation/automation_session.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <nlohmann/json.hpp>

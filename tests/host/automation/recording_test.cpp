@@ -10,6 +10,7 @@
 #include "host/generation/page_generation.h"
 #include "host/page/page_document.h"
 #include "host/page/text_property_bag.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <iterator>

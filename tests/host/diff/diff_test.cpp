@@ -1,4 +1,5 @@
 #include "host/diff/unified_diff.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <random>

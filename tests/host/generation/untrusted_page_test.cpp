@@ -1,5 +1,6 @@
 #include "host/generation/site_generation.h"
 #include "host/page/page_document.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <iterator>

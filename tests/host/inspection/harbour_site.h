@@ -2,6 +2,7 @@
 
 #include "host/generation/site_generation.h"
 #include "host/inspection/rules/page_inspection.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <algorithm>

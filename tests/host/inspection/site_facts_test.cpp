@@ -1,5 +1,6 @@
 #include "host/inspection/site_facts.h"
 
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 namespace headerdtc::site_facts_test {

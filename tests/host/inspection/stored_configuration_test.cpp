@@ -3,6 +3,7 @@
 #include "core/header_dtc.h"
 #include "host/inspection/harbour_site.h"
 #include "host/page/quiet_host.h"
+#include "support/control_tools.h"
 
 namespace headerdtc::stored_configuration_test {
 
@@ -11,13 +12,6 @@ std::vector<std::string> textsOf(const std::vector<StoredItem>& items) {
     for (const StoredItem& item : items)
         texts.push_back(item.text);
     return texts;
-}
-
-std::vector<std::string> itemsOf(const ListBox& list) {
-    std::vector<std::string> items;
-    for (int i = 0; i < list.ListCount(); ++i)
-        items.push_back(list.List(i));
-    return items;
 }
 
 StoredProperties demoProperties(const std::string& page) {

@@ -3,6 +3,7 @@
 #include "qt/editor/base/step_name.h"
 #include "qt/editor/page/page_changes.h"
 #include "qt/editor/page/undo_history.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 namespace headerdtc::qt::page_content_test {

@@ -1,5 +1,6 @@
 #include "qt/editor/source/source_lines.h"
 
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <random>

@@ -13,6 +13,7 @@
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_tabs.h"
 #include "qt/surface/control_surface.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <QAction>
