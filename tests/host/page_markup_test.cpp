@@ -1,6 +1,8 @@
 #include "host/page/page_markup.h"
 
 #include "host/failures.h"
+#include "platform/text.h"
+#include "support/cases.h"
 
 #include <iterator>
 #include <random>
@@ -175,53 +177,22 @@ TEST(PageMarkup, WhatDamageAroundItKeepsFromBeingReadIsNotWritten) {
                 HasSubstr("page.asp:1:44: the OBJECT tag is damaged and reaches into"));
 }
 
-TEST(PageMarkup, ANewControlGoesBeforeALineOutsideOfAllSpans) {
-    const ControlContent content{"H", {}, ""};
+TEST(PageMarkup, ANewControlGoesBeforeALineOrBehindTheDirective) {
+    const ControlContent content{"H", {}, "<%@ x %>\r\n"};
     const auto control = written(content) + "\r\n";
-    EXPECT_EQ(pageOf("").withNewControl(1, content), control);
-    EXPECT_EQ(pageOf("a\nb").withNewControl(1, content), control + "a\nb");
-    EXPECT_EQ(pageOf("a\nb").withNewControl(2, content), "a\n" + control + "b");
-    EXPECT_EQ(pageOf("a\nb").withNewControl(3, content), "a\nb\r\n" + control);
-    EXPECT_EQ(pageOf("a\nb\n").withNewControl(3, content), "a\nb\n" + control);
-    EXPECT_THAT(
-        errorOf<FileError>([&] { pageOf("a\nb\n").withNewControl(4, content); }),
-        HasSubstr("page.asp: has no line 4; a new control can stand before the lines 1 to 3"));
-    EXPECT_THROW(pageOf("").withNewControl(0, content), FileError);
-    for (const auto& span : {OtherControl, control}) {
-        EXPECT_THAT(errorOf<FileError>([&] { pageOf("\n" + span).withNewControl(3, content); }),
-                    HasSubstr("page.asp:3:1: this line lies inside a designer control"));
-        EXPECT_EQ(pageOf("\n" + span).withNewControl(2, content), "\n" + control + span);
-    }
-}
-
-// '^' stands where the control has to go.
-TEST(PageMarkup, ANewControlWithoutALineGoesBehindTheDirective) {
-    const ControlContent content{"H", {}, "<% x %>\r\n"};
-    const auto control = written(content) + "\r\n";
-    for (std::string page : {
-             std::string("^"),
-             std::string("^<html>\n"),
-             std::string("\xEF\xBB\xBF^<html>"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>\r\n^<html>"),
-             std::string("\xEF\xBB\xBF\n \t<% @language=VBScript%>  \n^\n<html>"),
-             std::string("<%@ LANGUAGE=\"VBScript\"\n  CODEPAGE=1252 %>\n^<% x %>"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>\r\n^<% s = \"<%@\" %>"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>|^<html>\r\n"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>  |^"),
-             "<%@ LANGUAGE=\"VBScript\" %>|^" + OtherControl,
-             std::string("<!-- header --><html>\n<%@ X %>\n^"),
-             std::string("<!-- <%@ X %> -->\n^<html>"),
-             std::string("^<!-- <% s = \"<%@\" %> -->"),
-             std::string("^<%@ never closed"),
-             "^" + OtherControl + written({"G", {}, "<%@ of a control's text %>"}),
-             OtherControl + control + "<%@ X %>\n^",
-         }) {
-        // With '|' before it, the line has to be ended first.
-        const bool endsLine = page.find("|^") != std::string::npos;
-        const auto place = page.find(endsLine ? "|^" : "^");
-        page.erase(place, endsLine ? 2 : 1);
-        EXPECT_EQ(pageOf(page).withNewControl({}, content),
-                  std::string(page).insert(place, (endsLine ? "\r\n" : "") + control));
+    for (const auto& [given, expected] : casesOf("host/cases/new_control.txt")) {
+        const auto spelled = [&](const std::string& text) {
+            return replaceAll(replaceAll(text, "{other}", OtherControl), "{control}", control);
+        };
+        const auto page = pageOf(spelled(given.substr(2)));
+        const auto line = given[0] == '-' ? std::nullopt : std::optional(given[0] - '0');
+        std::string made;
+        const auto problem = errorOf<FileError>([&] { made = page.withNewControl(line, content); });
+        if (expected.starts_with("page.asp")) {
+            EXPECT_THAT(problem, HasSubstr(expected)) << given;
+        } else {
+            EXPECT_EQ(made, replaceAll(spelled(replaceAll(expected, "|^", "\r\n^")), "^", control));
+        }
     }
 }
 

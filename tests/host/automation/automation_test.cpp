@@ -67,6 +67,7 @@ void converse(const std::string& name, const std::vector<std::string>& lines) {
 
 TEST(Automation, AnswersEachLine) {
     std::ifstream file(HEADERDTC_SOURCE_DIR "/tests/host/automation/conversations.txt");
+    ASSERT_TRUE(file);
     std::string name;
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) {
