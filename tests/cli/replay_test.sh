@@ -50,6 +50,8 @@ sed -i 's/VALUE="Ships"/VALUE="Tugs"/' site/traffic/ships.asp
 check 3 "$headerdtc" automate --over --apply site fields
 expect "$err" 'site/traffic/ships.asp: line 4: '
 expect "$out" '--- site/traffic/today/berths.asp'
+check 3 "$headerdtc" automate --over site/traffic/ships.asp <(echo '{"do":"save"}')
+expect "$err" 'site/traffic/ships.asp: line 1: '
 # What is typed there becomes part of a question, which may be several statements to a driver.
 cat >hostile <<'END'
 {"do":"tab","index":3}
