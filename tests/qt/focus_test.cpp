@@ -62,12 +62,19 @@ TEST_F(FocusTest, AControlThatIsDisabledUnderTheFocusHandsItToNobody) {
     EXPECT_EQ(focused(), "EAISelectedFieldsList") << "behind a button that is disabled";
 }
 
-TEST_F(FocusTest, TabsTurnByMnemonicByAssistiveTechnologyAndByTheProgram) {
+TEST_F(FocusTest, TabsTurnByKeysByAssistiveTechnologyAndByTheProgram) {
     auto& tabs = widget<QTabWidget>(dtc.SSTab1);
     click(*tabs.tabBar(), tabs.tabBar()->tabRect(2).center());
     EXPECT_EQ(dtc.SSTab1.Tab(), 2);
-    press(Qt::Key_G, Qt::AltModifier);
-    EXPECT_EQ(dtc.SSTab1.Tab(), 0);
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, int> keys[] = {
+        {Qt::Key_Right, Qt::NoModifier, 3},
+        {Qt::Key_Tab, Qt::ControlModifier, 4},
+        {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 3},
+        {Qt::Key_G, Qt::AltModifier, 0}};
+    for (const auto& [key, held, tab] : keys) {
+        press(key, held);
+        EXPECT_EQ(dtc.SSTab1.Tab(), tab);
+    }
     tabs.setCurrentIndex(5);
     EXPECT_EQ(dtc.SSTab1.Tab(), 5);
     EXPECT_EQ(focused(), "SSTab1");
