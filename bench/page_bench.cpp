@@ -44,6 +44,30 @@ void takingThePageApart(benchmark::State& state) {
 }
 BENCHMARK(takingThePageApart)->Unit(benchmark::kMillisecond);
 
+// Each of these would take minutes if a broken piece were read to the end of the page again and
+// again.
+void takingApartWhatIsBroken(benchmark::State& state, const char* piece) {
+    std::string page;
+    while (page.size() < 1'000'000)
+        page += piece;
+    page += "\n<!--METADATA TYPE=\"DesignerControl\" endspan-->";
+    const CodePage codePage("windows-1252");
+    for (auto _ : state) {
+        try {
+            const PageMarkup markup("page.asp", page, codePage);
+            benchmark::DoNotOptimize(markup.controls().size());
+        } catch (const FileError&) {
+        }
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(page.size()));
+}
+BENCHMARK_CAPTURE(takingApartWhatIsBroken, comments, "<!--METADATA ");
+BENCHMARK_CAPTURE(takingApartWhatIsBroken, quotations, "<!--METADATA TYPE='DesignerControl' x=\"");
+BENCHMARK_CAPTURE(takingApartWhatIsBroken, objects,
+                  "<!--METADATA TYPE=DesignerControl startspan <OBJECT A=x\" B=\"");
+BENCHMARK_CAPTURE(takingApartWhatIsBroken, params,
+                  "<!--METADATA TYPE=DesignerControl startspan <OBJECT A=\"<PARAM");
+
 void puttingThePageTogether(benchmark::State& state) {
     const PageMarkup markup("page.asp", largePage(), CodePage("windows-1252"));
     auto contents = contentsOf(markup);

@@ -50,6 +50,8 @@ sed -i 's/VALUE="Ships"/VALUE="Tugs"/' site/traffic/ships.asp
 check 3 "$headerdtc" automate --over --apply site fields
 expect "$err" 'site/traffic/ships.asp: line 4: '
 expect "$out" '--- site/traffic/today/berths.asp'
+check 3 "$headerdtc" automate --over site/traffic/ships.asp <(echo '{"do":"save"}')
+expect "$err" 'site/traffic/ships.asp: line 1: '
 # What is typed there becomes part of a question, which may be several statements to a driver.
 cat >hostile <<'END'
 {"do":"tab","index":3}
@@ -61,6 +63,10 @@ cat >hostile <<'END'
 END
 check 3 "$headerdtc" automate --over --apply site/traffic/today/berths.asp hostile
 expect "$err" 'the script would write to the translation database'
+# "Save" on the General tab writes a text file for a look.
+check 3 "$headerdtc" automate --over --apply site/traffic/today/berths.asp \
+    <(printf '%s\n' '{"do":"click","control":"SaveCommand"}' '{"do":"save"}')
+expect "$err" 'the script would write another file'
 check 2 "$headerdtc" automate --over site <(echo '{"do":"tab","index":2}')
 expect "$err" 'saves no page'
 check 0 "$headerdtc" automate --over --control HeaderDTC9 site <(cat steps)

@@ -1,27 +1,19 @@
 #include "host/files/code_page.h"
 
 #include "platform/utf8.h"
+#include "support/prologue.h"
 
-#include <gtest/gtest.h>
 #include <random>
-#include <stdexcept>
-#include <string>
 
-namespace headerdtc {
-namespace {
-
-std::string allBytes() {
-    std::string bytes;
-    for (int byte = 0; byte < 256; ++byte)
-        bytes += static_cast<char>(byte);
-    return bytes;
-}
+namespace headerdtc::code_page_test {
 
 TEST(CodePage, EveryByteComesBackWhetherItIsDefinedOrNot) {
     for (const char* name : {"windows-1252", "windows-1253", "windows-1251", "windows-1255",
                              "windows-1258", "iso-8859-7", "koi8-r", "us-ascii", "utf-8"}) {
         const CodePage page(name);
-        const std::string bytes = allBytes();
+        std::string bytes;
+        for (int byte = 0; byte < 256; ++byte)
+            bytes += static_cast<char>(byte);
         const std::string text = page.decode(bytes);
         EXPECT_EQ(page.encode(text), bytes) << name;
         EXPECT_EQ(page.encodeWithReferences(text), bytes) << name;
@@ -31,27 +23,12 @@ TEST(CodePage, EveryByteComesBackWhetherItIsDefinedOrNot) {
 
 TEST(CodePage, RandomBytesOfUtf8FilesComeBack) {
     std::mt19937 random(1);
-    // Bytes near those of characters, so that valid, broken and reserved sequences all occur.
-    const std::string_view pieces[] = {"a",
-                                       "\xC3\xA9",
-                                       "\xC3",
-                                       "\xA9",
-                                       "\xEF\xB7",
-                                       "\xEF\xB7\xA0",
-                                       "\xEF\xB7\x90",
-                                       "\xED\xA0\x80",
-                                       "\xEF",
-                                       "\xB7",
-                                       "\xA0",
-                                       "\x90",
-                                       "\xF4",
-                                       "\xF0\x9F\x98\x80",
-                                       "\xC0\x80",
-                                       "\xFF"};
-    for (int round = 0; round < 2000; ++round) {
+    // Those of characters, so that valid, broken and reserved sequences all occur.
+    constexpr std::string_view Bytes = "a\xC3\xA9\xEF\xB7\xA0\x90\xED\x80\xF4\xF0\x9F\x98\xC0\xFF";
+    for (int round = 0; round < 50000; ++round) {
         std::string bytes;
         for (int length = static_cast<int>(random() % 12); length > 0; --length)
-            bytes += pieces[random() % std::size(pieces)];
+            bytes += Bytes[random() % Bytes.size()];
         const auto text = CodePage::utf8().decode(bytes);
         ASSERT_EQ(CodePage::utf8().encode(text), bytes);
         ASSERT_EQ(CodePage::utf8().encodeWithReferences(text), bytes);
@@ -105,5 +82,4 @@ TEST(CodePage, RefusesWhatIsNoCodePageOfSingleBytes) {
         EXPECT_THROW(CodePage{name}, std::invalid_argument) << name;
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::code_page_test

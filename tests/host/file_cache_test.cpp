@@ -5,13 +5,9 @@
 
 #include <atomic>
 #include <chrono>
-#include <gtest/gtest.h>
 #include <thread>
 
-namespace headerdtc {
-namespace {
-
-using namespace headerdtc::testing;
+namespace headerdtc::file_cache_test {
 
 TEST(FileCache, ParsesAgainOnlyWhenTheFileChanged) {
     TempFolder folder;
@@ -76,5 +72,4 @@ TEST(WholeFile, ReadsFilesAndRefusesWhatIsNone) {
     EXPECT_THROW(readWholeFile(folder / "pipe"), FileError);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::file_cache_test

@@ -1,15 +1,14 @@
 #include "host/page/page_markup.h"
 
 #include "host/failures.h"
+#include "platform/text.h"
+#include "support/cases.h"
 
-#include <gmock/gmock.h>
+#include <iterator>
 #include <random>
+#include <sstream>
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::errorOf;
+namespace headerdtc::page_markup_test {
 
 const std::string EndComment = "<!--METADATA TYPE=\"DesignerControl\" endspan-->";
 const std::string OtherControl =
@@ -28,6 +27,13 @@ ControlContent contentOf(const ControlSpan& control, std::string runtimeText) {
 
 std::string written(const ControlContent& content, const std::string& codePage = "windows-1252") {
     return writeControl("page.asp", content, CodePage(codePage));
+}
+
+// Words, and what cannot stand among them.
+std::vector<std::string> piecesOf(const std::string& words, std::vector<std::string> pieces) {
+    std::istringstream stream(words);
+    pieces.insert(pieces.end(), std::istream_iterator<std::string>(stream), {});
+    return pieces;
 }
 
 TEST(PageMarkup, IsWrittenToTheByte) {
@@ -171,135 +177,55 @@ TEST(PageMarkup, WhatDamageAroundItKeepsFromBeingReadIsNotWritten) {
                 HasSubstr("page.asp:1:44: the OBJECT tag is damaged and reaches into"));
 }
 
-TEST(PageMarkup, ANewControlGoesBeforeALineOutsideOfAllSpans) {
-    const ControlContent content{"H", {}, ""};
+TEST(PageMarkup, ANewControlGoesBeforeALineOrBehindTheDirective) {
+    const ControlContent content{"H", {}, "<%@ x %>\r\n"};
     const auto control = written(content) + "\r\n";
-    EXPECT_EQ(pageOf("").withNewControl(1, content), control);
-    EXPECT_EQ(pageOf("a\nb").withNewControl(1, content), control + "a\nb");
-    EXPECT_EQ(pageOf("a\nb").withNewControl(2, content), "a\n" + control + "b");
-    EXPECT_EQ(pageOf("a\nb").withNewControl(3, content), "a\nb\r\n" + control);
-    EXPECT_EQ(pageOf("a\nb\n").withNewControl(3, content), "a\nb\n" + control);
-    EXPECT_THAT(
-        errorOf<FileError>([&] { pageOf("a\nb\n").withNewControl(4, content); }),
-        HasSubstr("page.asp: has no line 4; a new control can stand before the lines 1 to 3"));
-    EXPECT_THROW(pageOf("").withNewControl(0, content), FileError);
-    for (const auto& span : {OtherControl, control}) {
-        EXPECT_THAT(errorOf<FileError>([&] { pageOf("\n" + span).withNewControl(3, content); }),
-                    HasSubstr("page.asp:3:1: this line lies inside a designer control"));
-        EXPECT_EQ(pageOf("\n" + span).withNewControl(2, content), "\n" + control + span);
+    for (const auto& [given, expected] : casesOf("host/cases/new_control.txt")) {
+        const auto spelled = [&](const std::string& text) {
+            return replaceAll(replaceAll(text, "{other}", OtherControl), "{control}", control);
+        };
+        const auto page = pageOf(spelled(given.substr(2)));
+        const auto line = given[0] == '-' ? std::nullopt : std::optional(given[0] - '0');
+        std::string made;
+        const auto problem = errorOf<FileError>([&] { made = page.withNewControl(line, content); });
+        if (expected.starts_with("page.asp")) {
+            EXPECT_THAT(problem, HasSubstr(expected)) << given;
+        } else {
+            EXPECT_EQ(made, replaceAll(spelled(replaceAll(expected, "|^", "\r\n^")), "^", control));
+        }
     }
 }
-
-// '^' stands where the control has to go.
-TEST(PageMarkup, ANewControlWithoutALineGoesBehindTheDirective) {
-    const ControlContent content{"H", {}, "<% x %>\r\n"};
-    const auto control = written(content) + "\r\n";
-    for (std::string page : {
-             std::string("^"),
-             std::string("^<html>\n"),
-             std::string("\xEF\xBB\xBF^<html>"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>\r\n^<html>"),
-             std::string("\xEF\xBB\xBF\n \t<% @language=VBScript%>  \n^\n<html>"),
-             std::string("<%@ LANGUAGE=\"VBScript\"\n  CODEPAGE=1252 %>\n^<% x %>"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>\r\n^<% s = \"<%@\" %>"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>|^<html>\r\n"),
-             std::string("<%@ LANGUAGE=\"VBScript\" %>  |^"),
-             "<%@ LANGUAGE=\"VBScript\" %>|^" + OtherControl,
-             std::string("<!-- header --><html>\n<%@ X %>\n^"),
-             std::string("<!-- <%@ X %> -->\n^<html>"),
-             std::string("^<!-- <% s = \"<%@\" %> -->"),
-             std::string("^<%@ never closed"),
-             "^" + OtherControl + written({"G", {}, "<%@ of a control's text %>"}),
-             OtherControl + control + "<%@ X %>\n^",
-         }) {
-        // With '|' before it, the line has to be ended first.
-        const bool endsLine = page.find("|^") != std::string::npos;
-        const auto place = page.find(endsLine ? "|^" : "^");
-        page.erase(place, endsLine ? 2 : 1);
-        EXPECT_EQ(pageOf(page).withNewControl({}, content),
-                  std::string(page).insert(place, (endsLine ? "\r\n" : "") + control));
-    }
-}
-
-// ---- random pages -------------------------------------------------------------------------------
-
-class RandomText {
-  public:
-    explicit RandomText(unsigned seed) : random_(seed) {}
-
-    std::string of(const std::vector<std::string>& pieces, unsigned longest) {
-        std::string text;
-        for (auto length = random_() % (longest + 1); length > 0; --length)
-            text += pieces[random_() % pieces.size()];
-        return text;
-    }
-    std::string bytes(unsigned longest) {
-        std::string text;
-        for (auto length = random_() % (longest + 1); length > 0; --length)
-            text += static_cast<char>(random_());
-        return text;
-    }
-    bool coin() { return random_() % 2 == 0; }
-
-  private:
-    std::mt19937 random_;
-};
 
 TEST(PageMarkup, AnyPropertiesComeBackInAnyCodePage) {
-    std::vector<std::string> pieces = {
-        "a",           "-",  "--",    "\"",       "'",          "<",
-        ">",           "&",  "&amp;", "&#45;",    "&#x110000;", "\r",
-        "\n",          "\t", " ",     "<!--",     "-->",        "<%",
-        "%>",          ";",  "#",     "\x01",     "é",          "€",
-        "Ω",           "α",  "😀",     "\xC2\x81", EndComment,   "\xEE\xBE\x80",
-        "\xEE\xBF\xBF"};
-    pieces.emplace_back(1, '\0');
-    RandomText random(7);
+    const auto pieces =
+        piecesOf(R"(a - -- " ' < > & &amp; &#45; &#x110000; <!-- --> <% %> ; # é € Ω α 😀)",
+                 {"\r", "\n", "\t", " ", "\x01", "\xC2\x81", EndComment, "\xEE\xBE\x80",
+                  "\xEE\xBF\xBF", std::string(1, '\0')});
+    std::mt19937 random(7);
+    const auto text = [&](unsigned longest) {
+        std::string made;
+        for (auto length = random() % (longest + 1); length > 0; --length)
+            made += pieces[random() % pieces.size()];
+        return made;
+    };
     for (const char* name : {"windows-1252", "windows-1253", "utf-8"}) {
         const CodePage codePage(name);
         for (int round = 0; round < 400; ++round) {
             StoredProperties properties;
             for (int number = 0; number < 6; ++number)
-                properties.emplace_back(std::to_string(number) + random.of(pieces, 3),
-                                        random.of(pieces, 12));
+                properties.emplace_back(std::to_string(number) + text(3), text(12));
             // What came out of a page is bytes of any kind.
-            properties.emplace_back("bytes", codePage.decode(random.bytes(20)));
-            const PageMarkup page(
-                "page.asp",
-                writeControl("page.asp", {random.of(pieces, 3), properties, ""}, codePage),
-                codePage);
+            std::string bytes;
+            for (auto length = random() % 20; length > 0; --length)
+                bytes += static_cast<char>(random());
+            properties.emplace_back("bytes", codePage.decode(bytes));
+            const PageMarkup page("page.asp",
+                                  writeControl("page.asp", {text(3), properties, ""}, codePage),
+                                  codePage);
             ASSERT_EQ(page.controls().size(), 1U);
             ASSERT_EQ(page.controls()[0].properties, properties) << name << '\n' << page.bytes();
         }
     }
 }
 
-TEST(PageMarkup, BytesOutsideTheSpanStayWhateverTheyAre) {
-    const std::vector<std::string> pieces = {"<!--",
-                                             "METADATA ",
-                                             "-->",
-                                             "TYPE=\"DesignerControl\" ",
-                                             "endspan",
-                                             "<OBJECT ",
-                                             "'",
-                                             "\"",
-                                             "\r\n",
-                                             "\n",
-                                             "<%",
-                                             OtherControl,
-                                             EndComment,
-                                             "\xFF",
-                                             "<!--METADATA TYPE=\"X\" startspan"};
-    RandomText random(11);
-    for (int round = 0; round < 500; ++round) {
-        const std::string before = random.of(pieces, 8) + random.bytes(20);
-        const std::string after = random.bytes(20) + random.of(pieces, 8);
-        const auto page = pageOf(before + written({"H", {{"A", "1"}}, "old"}) + after);
-        ASSERT_EQ(page.controls().size(), 1U) << page.bytes();
-        const ControlContent changed{"H", {{"A", random.coin() ? "1" : "2"}}, "new\r\n"};
-        ASSERT_EQ(page.with({changed}), before + written(changed) + after);
-    }
-}
-
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::page_markup_test

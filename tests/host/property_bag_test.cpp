@@ -1,11 +1,7 @@
 #include "host/page/text_property_bag.h"
+#include "support/prologue.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::property_bag_test {
 
 TEST(CollectingPropertyBag, LeavesOutWhatEqualsItsDefaultInTypeAndValue) {
     CollectingPropertyBag bag;
@@ -32,5 +28,4 @@ TEST(StoredPropertyBag, GivesTextOrTheDefault) {
     EXPECT_EQ(bag.ReadProperty("count", std::int16_t{1}), PropertyValue(std::int16_t{1}));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::property_bag_test

@@ -1,19 +1,13 @@
 #include "host/site/site_configuration.h"
 
 #include "host/failures.h"
+#include "support/cases.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
+namespace headerdtc::site_configuration_test {
 
 namespace fs = std::filesystem;
-using namespace headerdtc::testing;
-using namespace ::testing;
 
-constexpr const char* DefaultConnectString = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
-
-class SiteConfigurationTest : public ::testing::Test {
+class SiteConfigurationTest : public Test {
   protected:
     std::string problemOf(const std::string& toml) {
         const auto file = folder.write("headerdtc.toml", toml);
@@ -25,7 +19,16 @@ class SiteConfigurationTest : public ::testing::Test {
     TempFolder folder;
 };
 
-TEST_F(SiteConfigurationTest, EveryKeyIsRead) {
+TEST_F(SiteConfigurationTest, EveryKeyIsReadOrHasItsDefault) {
+    const auto shown = [](const SiteConfiguration& read) {
+        std::string drives;
+        for (const auto& [letter, path] : read.drives.drives())
+            drives += std::string(1, letter) + "=" + path.string() + " ";
+        return std::vector<std::string>{
+            read.file,      read.folder,        read.registry,           read.projectRoot, drives,
+            read.catalogue, read.connectString, read.labelConnectString, read.odbcIni};
+    };
+    const std::string root = folder.path();
     const auto read = readSiteConfiguration(folder.write("site/headerdtc.toml", R"(
 code_page = "Windows-1253"
 registry = "../export.reg"
@@ -42,71 +45,27 @@ connect_string = ""
 label_connect_string = "DSN=Labels"
 odbc_ini = "odbc.ini"
 )"));
-    const auto site = folder / "site";
-    EXPECT_EQ(read.file, site / "headerdtc.toml");
-    EXPECT_EQ(read.folder, site);
+    const std::string site = root + "/site";
     EXPECT_EQ(read.codePage, CodePage("windows-1253"));
-    EXPECT_EQ(read.registry, folder / "export.reg");
-    EXPECT_EQ(read.projectRoot, site / "pages");
-    const std::map<char, fs::path> drives = {
-        {'C', "/srv/c"}, {'D', site / "drives/d"}, {'Z', site}};
-    EXPECT_EQ(read.drives.drives(), drives);
-    EXPECT_EQ(read.catalogue, "/etc/catalogue.json");
-    EXPECT_EQ(read.connectString, "");
-    EXPECT_EQ(read.labelConnectString, "DSN=Labels");
-    EXPECT_EQ(read.odbcIni, site / "odbc.ini");
-}
+    EXPECT_THAT(shown(read),
+                ElementsAre(site + "/headerdtc.toml", site, root + "/export.reg", site + "/pages",
+                            "C=/srv/c D=" + site + "/drives/d Z=" + site + " ",
+                            "/etc/catalogue.json", "", "DSN=Labels", site + "/odbc.ini"));
 
-TEST_F(SiteConfigurationTest, WhatIsLeftOutHasItsDefault) {
-    const auto& root = folder.path();
-    for (const auto& read :
-         {readSiteConfiguration(folder.write("headerdtc.toml", "")),
-          readSiteConfiguration(folder.write("other.toml", "[drives]\n[project]\n")),
-          defaultSiteConfiguration(root)}) {
-        EXPECT_EQ(read.folder, root);
-        EXPECT_EQ(read.codePage, CodePage("windows-1252"));
-        EXPECT_EQ(read.registry, root / "velmora.reg");
-        EXPECT_EQ(read.projectRoot, root);
-        const std::map<char, fs::path> drives = {{'C', root / "drive_c"}, {'Z', "/"}};
-        EXPECT_EQ(read.drives.drives(), drives);
-        EXPECT_EQ(read.catalogue, root / "catalogue.json");
-        EXPECT_EQ(read.connectString, DefaultConnectString);
-        EXPECT_EQ(read.labelConnectString, DefaultConnectString);
-        EXPECT_EQ(read.odbcIni, "");
+    const std::string standard = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
+    for (const auto& left : {readSiteConfiguration(folder.write("headerdtc.toml", "")),
+                             readSiteConfiguration(folder.write("a.toml", "[drives]\n[project]")),
+                             defaultSiteConfiguration(root)}) {
+        EXPECT_EQ(left.codePage, CodePage("windows-1252"));
+        EXPECT_THAT(shown(left),
+                    ElementsAre(_, root, root + "/velmora.reg", root, "C=" + root + "/drive_c Z=/ ",
+                                root + "/catalogue.json", standard, standard, ""));
     }
     EXPECT_EQ(defaultSiteConfiguration(root).file, "");
 }
 
 TEST_F(SiteConfigurationTest, FaultsNameTheirPlaceAndWhatIsKnown) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"a = 1",
-         "1:1: unknown key \"a\"; known are code_page, registry, [project], [drives], "
-         "[datasource], [translations], [check]"},
-        {"\n[project]\n roots = \"x\"", "3:2: unknown key \"roots\" in [project]; known are root"},
-        {"[check]\nstale = \"no\"", "2:9: \"stale\" has to be \"off\", \"warning\" or \"error\""},
-        {"[translations]\nodbc.ini = \"x\"", "2:1: unknown key \"odbc\" in [translations]"},
-        {"registry = 7", "1:12: \"registry\" has to be a text in quotes, not an integer"},
-        {"registry = \"\"", "1:12: \"registry\" has to name a file or folder"},
-        {"registry = \"a\\u0000\"", "1:12: \"registry\" has to name a file or folder"},
-        {"project = \".\"", "1:11: \"project\" has to be a table, not a text"},
-        {"[code_page]", "1:1: \"code_page\" has to be a text in quotes, not a table"},
-        {"[drives]\nCD = \"x\"", "2:1: unknown key \"CD\" in [drives]; a drive is one letter"},
-        {"[drives]\n1 = \"x\"", "2:1: unknown key \"1\" in [drives]"},
-        {"[drives]\nC = [\"x\"]", "2:5: \"C\" has to be a text in quotes, not an array"},
-        {"[drives]\nc = \"x\"\nC = \"y\"", "drive C is there twice"},
-        {"code_page = \"klingon\"", "1:13: unknown code page \"klingon\""},
-        {"code_page = \"big5\"", "1:13: the code page \"big5\" has characters of more than"},
-        {"code_page = \"utf-16\"", "1:13: the lower half of the code page"},
-        {"registry = \"üü\" x", "1:19: "},
-        {"registry = ", "1:12: "},
-        {"registry = \"a\"\nregistry = \"b\"", "2:"},
-        {"registry = \"\xFF\"", "1:"},
-        // Letters outside of texts, from both ranges that the library asks about.
-        {"é = 1", "1:1: "},
-        {"\xEF\xB3\xBF# T", "1:"},
-        {"a = \"\"\"\\\n é\"\"\" ѐ", "2:"},
-    };
-    for (const auto& [toml, problem] : cases)
+    for (const auto& [toml, problem] : casesOf("host/cases/site_configuration.txt"))
         EXPECT_THAT(problemOf(toml), HasSubstr(problem)) << toml;
     EXPECT_THAT(
         errorOf<ConfigurationError>([&] { readSiteConfiguration(folder / "none.toml"); }),
@@ -150,5 +109,4 @@ TEST_F(SiteConfigurationTest, PagesOfASiteShareItUntilItsFileChanges) {
     EXPECT_THROW(only.forPage(page), ConfigurationError);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::site_configuration_test

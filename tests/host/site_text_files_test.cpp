@@ -1,20 +1,12 @@
 #include "host/site/site_text_files.h"
 
 #include "host/failures.h"
-#include "platform/runtime_error.h"
 
-#include <csignal>
-#include <gmock/gmock.h>
-#include <sys/resource.h>
-
-namespace headerdtc {
-namespace {
+namespace headerdtc::site_text_files_test {
 
 namespace fs = std::filesystem;
-using namespace headerdtc::testing;
-using ::testing::ElementsAre;
 
-class SiteTextFilesTest : public ::testing::Test {
+class SiteTextFilesTest : public Test {
   protected:
     // "File not found(53)", or the text.
     std::string read(const std::string& path) {
@@ -45,16 +37,6 @@ TEST_F(SiteTextFilesTest, TextIsInTheSitesCodePage) {
     EXPECT_EQ(read("C:\\Include\\OUT.TXT"), "é€?\r\n");
 }
 
-TEST_F(SiteTextFilesTest, WritingReplacesAFileWhole) {
-    folder.write("temp/DTC.TXT", "a long text that was there before");
-    fs::permissions(folder / "temp/DTC.TXT", fs::perms(0640));
-    fs::create_symlink("DTC.TXT", folder / "temp/link.txt");
-    EXPECT_EQ(write("c:\\temp\\link.txt", "short"), 0);
-    EXPECT_EQ(folder.read("temp/DTC.TXT"), "short");
-    EXPECT_TRUE(fs::is_symlink(folder / "temp/link.txt"));
-    EXPECT_EQ(fs::status(folder / "temp/DTC.TXT").permissions(), fs::perms(0640));
-}
-
 TEST_F(SiteTextFilesTest, FailuresHaveTheEstablishedNumbersAndTexts) {
     folder.write("file.txt", "");
     EXPECT_EQ(read("C:\\none.asp"), "File not found(53)");
@@ -71,25 +53,4 @@ TEST_F(SiteTextFilesTest, FailuresHaveTheEstablishedNumbersAndTexts) {
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST_F(SiteTextFilesTest, PermissionsAndFullDisksAreFailures) {
-    folder.write("locked.txt", "old");
-    fs::permissions(folder / "locked.txt", fs::perms(0000));
-    fs::permissions(folder.path(), fs::perms(0755));
-    if (geteuid() == 0) {
-        EXPECT_EQ(asPlainUser([&] { return write("c:\\new.txt", "x"); }), 70);
-    }
-    EXPECT_EQ(asPlainUser([&] { return read("c:\\locked.txt") == "Permission denied(70)"; }), 1);
-    fs::permissions(folder.path(), fs::perms(0777));
-    EXPECT_EQ(asPlainUser([&] { return write("c:\\locked.txt", "x"); }), 70);
-    EXPECT_EQ(asPlainUser([&] {
-                  signal(SIGXFSZ, SIG_IGN);
-                  const rlimit small{1000, 1000};
-                  setrlimit(RLIMIT_FSIZE, &small);
-                  return write("c:\\new.txt", std::string(5000, 'x'));
-              }),
-              61);
-    EXPECT_THAT(folder.names(), ElementsAre("locked.txt"));
-}
-
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::site_text_files_test

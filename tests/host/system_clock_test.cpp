@@ -1,9 +1,7 @@
 #include "host/site/short_date.h"
+#include "support/prologue.h"
 
-#include <gtest/gtest.h>
-
-namespace headerdtc {
-namespace {
+namespace headerdtc::system_clock_test {
 
 TEST(ShortDate, HasFourDigitsOfTheYearAndNoZerosInTheAmericanOrder) {
     std::tm date{};
@@ -23,5 +21,4 @@ TEST(ShortDate, HasFourDigitsOfTheYearAndNoZerosInTheAmericanOrder) {
     freelocale(plain);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::system_clock_test

@@ -1,19 +1,15 @@
 #include "host/site/windows_paths.h"
 
 #include "host/failures.h"
-#include "platform/runtime_error.h"
 
 #include <chrono>
-#include <gtest/gtest.h>
 #include <thread>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::windows_paths_test {
 
 namespace fs = std::filesystem;
-using testing::TempFolder;
 
-class WindowsPathsTest : public ::testing::Test {
+class WindowsPathsTest : public Test {
   protected:
     int failureOf(std::string_view path) {
         return numberOf([&] { paths.toLocal(path); });
@@ -103,5 +99,4 @@ TEST_F(WindowsPathsTest, ANameThatIsNoUtf8ComesBack) {
     EXPECT_EQ(paths.toLocal(windows), file);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::windows_paths_test

@@ -11,10 +11,7 @@
 #include <QVBoxLayout>
 #include <set>
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::binding_test {
 
 TEST_F(SurfaceTest, EveryControlHasItsWidgetAndNoWidgetIsWithoutControl) {
     for (const Control* control : dtc.surface.controls()) {
@@ -77,7 +74,7 @@ TEST_F(SurfaceTest, TabGoesThroughAPageAsTheModelsDo) {
 }
 
 TEST(FormBinder, NamesEveryWidgetThatIsMissingOrOfAnotherKind) {
-    testing::FakeSurroundings outside;
+    FakeSurroundings outside;
     const Surroundings surroundings = outside.all();
     TranslationStore store(surroundings);
     Desktop desktop(outside.modalLoop);
@@ -96,5 +93,4 @@ TEST(FormBinder, NamesEveryWidgetThatIsMissingOrOfAnotherKind) {
             HasSubstr("CancelButton is missing"))));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::binding_test

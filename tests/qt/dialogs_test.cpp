@@ -15,15 +15,12 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::dialogs_test {
 
-using namespace ::testing;
-
-class DialogsTest : public ::testing::Test, protected Person {
+class DialogsTest : public Test, protected Person {
   protected:
     DialogsTest() {
-        outside.database.execute = [](const std::string&) { return testing::FakeRows(); };
+        outside.database.execute = [](const std::string&) { return FakeRows(); };
     }
 
     // Runs a dialog with somebody before it.
@@ -41,7 +38,7 @@ class DialogsTest : public ::testing::Test, protected Person {
         return *window.findChild<Widget*>(name);
     }
 
-    testing::FakeSurroundings outside;
+    FakeSurroundings outside;
     Surroundings surroundings = outside.all();
     qt::QtModalLoop loop;
     HeaderDTC dtc{surroundings, loop};
@@ -50,7 +47,7 @@ class DialogsTest : public ::testing::Test, protected Person {
 };
 
 TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
-    testing::EventRecorder events(label.form);
+    EventRecorder events(label.form);
     show(label.form, [&](QWidget& window) {
         type(window, "SLBDA2001");
         press(window, Qt::Key_Tab);
@@ -111,27 +108,6 @@ TEST_F(DialogsTest, ScriptsKeepTheirLineEnds) {
     });
 }
 
-TEST_F(DialogsTest, AnEditableComboTakesWhatIsTypedAndChoosesNothing) {
-    SpecifyI18NFieldnameDialog dialog(dtc.desktop, surroundings, store, [] {});
-    fill(dialog.LabelsCombo, {"SLBDA1", "SLBDA10"});
-    testing::EventRecorder events(dialog.form);
-    show(dialog.form, [&](QWidget& window) {
-        dialog.LabelsCombo.focus();
-        settle();
-        events.take();
-        type(window, "SLBDA1");
-        EXPECT_EQ(qt::fromQt(in<QComboBox>(window, "LabelsCombo").currentText()), "SLBDA1");
-        press(window, Qt::Key_Tab);
-        EXPECT_EQ(dialog.LabelsCombo.Text(), "SLBDA1");
-        EXPECT_EQ(dialog.LabelsCombo.ListIndex(), -1);
-        EXPECT_THAT(events.take(), Not(Contains("LabelsCombo.Click")));
-        dialog.LabelsCombo.focus();
-        press(window, Qt::Key_Down);
-        EXPECT_EQ(dialog.LabelsCombo.ListIndex(), 0);
-        press(window, Qt::Key_Escape);
-    });
-}
-
 TEST_F(DialogsTest, MessagesAreShownAsTheyAre) {
     QTimer::singleShot(0, [&] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -176,5 +152,4 @@ TEST_F(DialogsTest, TheFileDialogAsksAndAnswersInWindowsPaths) {
     EXPECT_EQ(qt::nameFilters("All|*.*|Two|*.a;*.b"), (QStringList{"All (*.*)", "Two (*.a *.b)"}));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::dialogs_test

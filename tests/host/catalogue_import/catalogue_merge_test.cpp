@@ -2,13 +2,9 @@
 
 #include "host/catalogue_import/catalogue_text.h"
 #include "host/catalogue_import/database_tables.h"
+#include "support/prologue.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::catalogue_merge_test {
 
 Catalogue parse(const std::string& text) {
     return Catalogue::parse("catalogue.json", text);
@@ -130,5 +126,4 @@ TEST(TableFilter, NamesFitPatternsWithoutRegardToCase) {
         EXPECT_FALSE(fitsPattern("SHIP", pattern)) << pattern;
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::catalogue_merge_test

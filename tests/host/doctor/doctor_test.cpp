@@ -1,16 +1,11 @@
 #include "host/doctor/doctor.h"
 
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <gmock/gmock.h>
+namespace headerdtc::doctor_test {
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::TempSite;
-
-class Doctor : public ::testing::Test {
+class Doctor : public Test {
   protected:
     Doctor() {
         site.write("odbc.ini", "[Harbour]\nDriver = SQLite3\nDatabase = texts.sqlite\n");
@@ -45,6 +40,10 @@ class Doctor : public ::testing::Test {
         return "not told";
     }
 
+    static auto says(const char* health, const char* detail) {
+        return AllOf(StartsWith(health), HasSubstr(detail));
+    }
+
     TempSite site;
 };
 
@@ -63,9 +62,8 @@ TEST_F(Doctor, FindsNothingBrokenInAWholeSiteAndChangesNothing) {
 
 TEST_F(Doctor, SaysWhichConfigurationHoldsAndWhy) {
     site.write("deep/er/page.asp", "");
-    EXPECT_THAT(
-        look("configuration", "deep/er/page.asp"),
-        AllOf(StartsWith("ok: "), HasSubstr("headerdtc.toml, in the nearest folder above")));
+    EXPECT_THAT(look("configuration", "deep/er/page.asp"),
+                says("ok: ", "headerdtc.toml, in the nearest folder above"));
     EXPECT_THAT(look("configuration"), HasSubstr("headerdtc.toml, in the folder of"));
     const auto named = examineSite(site.path(), site / "headerdtc.toml", "HEADERDTC_CONFIG");
     EXPECT_THAT(named.front().detail, EndsWith("named by HEADERDTC_CONFIG"));
@@ -76,17 +74,14 @@ TEST_F(Doctor, SaysWhichConfigurationHoldsAndWhy) {
     EXPECT_THAT(broken.front().detail, HasSubstr("headerdtc.toml:1:1:"));
 
     std::filesystem::remove(site / "headerdtc.toml");
-    EXPECT_THAT(look("configuration"),
-                AllOf(StartsWith("warning: no headerdtc.toml"), HasSubstr("-> write ")));
+    EXPECT_THAT(look("configuration"), says("warning: no headerdtc.toml", "-> write "));
 }
 
 TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
     site.writeTemplate("<PATH_TO_ROT> <DATAPROVIDER> <TABLE>");
-    EXPECT_THAT(look("template"),
-                AllOf(StartsWith("warning: "), HasSubstr("unknown: <PATH_TO_ROT>")));
+    EXPECT_THAT(look("template"), says("warning: ", "unknown: <PATH_TO_ROT>"));
     std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
-    EXPECT_THAT(look("template"),
-                AllOf(StartsWith("broken: "), HasSubstr("/DTC_TEMPLATE.ASP -> ")));
+    EXPECT_THAT(look("template"), says("broken: ", "/DTC_TEMPLATE.ASP -> "));
     std::filesystem::remove_all(site / "c/Suite");
     EXPECT_THAT(look("install directory"), StartsWith("broken: C:\\SUITE\\ would be "));
     EXPECT_THAT(look("template"), StartsWith("skipped: "));
@@ -99,7 +94,7 @@ TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
     site.write("catalogue.json", "{\"providers\": []}");
     EXPECT_THAT(look("catalogue"), StartsWith("warning: "));
     site.write("catalogue.json", "{\"providers\": 1}");
-    EXPECT_THAT(look("catalogue"), AllOf(StartsWith("broken: "), HasSubstr("catalogue.json:1:")));
+    EXPECT_THAT(look("catalogue"), says("broken: ", "catalogue.json:1:"));
 }
 
 TEST_F(Doctor, FollowsAConnectStringToItsTables) {
@@ -137,5 +132,4 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     EXPECT_THAT(look("data source"), StartsWith("warning: \"connect_string\" is empty"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::doctor_test

@@ -1,18 +1,17 @@
 #include "host/generation/site_generation.h"
 #include "host/generation/site_pages.h"
+#include "host/page/page_document.h"
+#include "platform/text.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <gmock/gmock.h>
 #include <map>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::generation_test {
 
-using namespace ::testing;
-using testing::TempSite;
 using Verdict = GeneratedPage::Verdict;
 
-class Generation : public ::testing::Test {
+class Generation : public Test {
   protected:
     GeneratedPage generate(const std::string& page, LossGuard guard = LossGuard::RefuseLosses) {
         return generatePage(site / page, sites, guard);
@@ -67,29 +66,21 @@ TEST_F(Generation, LeavesAPageAloneThatWouldLoseSomething) {
     struct Case {
         std::string params;
         const char* reason;
-        bool canBeForced;
+        bool canBeForced = true;
     };
     const std::map<std::string, Case> pages = {
-        {"provider.asp",
-         {TempSite::param("DataProvider", "Gone"),
-          "the data provider \"Gone\" is not in the catalogue", true}},
+        {"provider.asp", {"DataProvider=Gone", "provider \"Gone\" is not in the catalogue"}},
         {"kind.asp",
-         {TempSite::param("ZEKOCriteria1_3", "Mine") + TempSite::param("ZEKOCriteriaCount", "2") +
-              TempSite::param("ZEKOCriteriaType2", "Mine") +
-              TempSite::param("MineZEKOCriteriaType", "2"),
-          "the kind 'Local script' of the ZEKO value \"Mine\" cannot be kept", true}},
-        {"item.asp",
-         {TempSite::param("EAIReturnFields0", "A.B"), "\"A.B\" (EAIReturnFields0) would be lost",
-          true}},
-        {"count.asp",
-         {TempSite::param("ZEKOReturnFieldCount", "many"), "loading reported an error", false}},
+         {"ZEKOCriteria1_3=Mine|ZEKOCriteriaCount=2|ZEKOCriteriaType2=Mine|MineZEKOCriteriaType=2",
+          "the kind 'Local script' of the ZEKO value \"Mine\" cannot be kept"}},
+        {"item.asp", {"EAIReturnFields0=A.B", "\"A.B\" (EAIReturnFields0) would be lost"}},
+        {"count.asp", {"ZEKOReturnFieldCount=many", "loading reported an error", false}},
         {"entry.asp",
-         {TempSite::param("ZEKOReturnFields0", "ORDNO") +
-              TempSite::param("ZEKOReturnFieldCount", "1"),
-          "the generation reported an error", false}},
+         {"ZEKOReturnFields0=ORDNO|ZEKOReturnFieldCount=1", "the generation reported an error",
+          false}},
     };
     for (const auto& [page, bad] : pages) {
-        site.write(page, TempSite::page(bad.params));
+        site.write(page, TempSite::page(TempSite::params(bad.params)));
         const GeneratedPage made = generate(page);
         EXPECT_EQ(made.verdict, Verdict::LeftAlone) << page;
         EXPECT_THAT(made.messages.back(), HasSubstr(bad.reason));
@@ -97,12 +88,12 @@ TEST_F(Generation, LeavesAPageAloneThatWouldLoseSomething) {
     }
     run({});
     for (const auto& [page, bad] : pages)
-        EXPECT_EQ(site.read(page), TempSite::page(bad.params));
+        EXPECT_EQ(site.read(page), TempSite::page(TempSite::params(bad.params)));
     // The text is made anew, the properties stay as they are stored.
     for (const auto& [page, bad] : pages) {
         const GeneratedPage forced = generate(page, LossGuard::SaveAnyway);
         EXPECT_EQ(forced.verdict, bad.canBeForced ? Verdict::Stale : Verdict::LeftAlone) << page;
-        EXPECT_THAT(forced.after, HasSubstr(bad.canBeForced ? bad.params : ""));
+        EXPECT_THAT(forced.after, HasSubstr(bad.canBeForced ? TempSite::params(bad.params) : ""));
     }
 }
 
@@ -141,8 +132,21 @@ TEST_F(Generation, SeveralControlsOfAPageAreEachDoneAndTheWayToTheRootIsCounted)
     const GeneratedPage made = generate("a/b/page.asp");
     EXPECT_THAT(made.after, HasSubstr("-->\r\n../../|Orders\r\n<!--"));
     EXPECT_THAT(made.after, HasSubstr("-->\r\n../../|Stock\r\n<!--"));
+    // Two of one ID stay two; who asks for the ID means the first.
+    const std::string twins = replaceAll(made.after, "Second", "HeaderDTC1");
+    site.write("a/b/page.asp", twins);
+    EXPECT_EQ(generate("a/b/page.asp").verdict, Verdict::UpToDate);
+    const PageDocument document(site / "a/b/page.asp", CodePage("windows-1252"));
+    EXPECT_EQ(document.controlIndex("HeaderDTC1"), 0U);
+    EXPECT_EQ(document.markup().freeId(), "HeaderDTC2");
     site.write("root.asp", TempSite::page(TempSite::ordersParams()));
     EXPECT_THAT(generate("root.asp").after, HasSubstr("-->\r\n|Orders\r\n<!--"));
+    // The root by its own name, the page through a link.
+    const TempFolder elsewhere;
+    std::filesystem::create_directory_symlink(site.path(), elsewhere / "link");
+    site.write("headerdtc.toml", site.read("headerdtc.toml") + "[project]\nroot = \"" +
+                                     site.path().string() + "\"\n");
+    EXPECT_THAT(generate(elsewhere / "link/root.asp").after, HasSubstr("-->\r\n|Orders\r\n"));
 }
 
 TEST_F(Generation, ManyPagesAreToldOfInOrderAndAFailureStopsNoOther) {
@@ -181,5 +185,4 @@ TEST_F(Generation, FindsPagesOfBothKindsOnceAndFollowsNoFolderLoop) {
                                    "c/Suite/Orvane/include/DTC_TEMPLATE.ASP", "missing.asp"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::generation_test

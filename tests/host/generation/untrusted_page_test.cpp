@@ -1,21 +1,17 @@
 #include "host/generation/site_generation.h"
 #include "host/page/page_document.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <gmock/gmock.h>
 #include <iterator>
-#include <sstream>
 #include <sys/resource.h>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::untrusted_page_test {
 
-using ::testing::HasSubstr;
-using testing::TempSite;
 using Verdict = GeneratedPage::Verdict;
 
 // Pages that somebody wrote who wants more than a data header.
-class UntrustedPage : public ::testing::Test {
+class UntrustedPage : public Test {
   protected:
     GeneratedPage generate(const std::string& page) {
         site.write("page.asp", page);
@@ -60,7 +56,7 @@ TEST_F(UntrustedPage, NoNameOrValueBreaksOutOfTheMarkupThatIsWritten) {
     EXPECT_EQ(control.id, "Id" + break_);
     for (const char* name : {"XSLFilename", "ExtraIncludes0", "UserDefinedScript1"})
         EXPECT_THAT(control.properties,
-                    ::testing::Contains(std::pair<std::string, std::string>(name, break_)));
+                    Contains(std::pair<std::string, std::string>(name, break_)));
     // One comment, and no server script in it.
     const std::string_view markup = again.textOf(control.markup);
     EXPECT_EQ(markup.find("-->"), markup.size() - std::string_view("-->\r\n").size());
@@ -97,32 +93,13 @@ TEST_F(UntrustedPage, TheLargestCountsCostLittle) {
 TEST_F(UntrustedPage, ValuesThatMultiplyAreAFailureOfThatPageAlone) {
     site.writeTemplate("<XSL_FILENAME>");
     const std::string page = TempSite::page(
-        TempSite::param("XSLFilename", repeated(5000, "&lt;USER_DEFINED_SCRIPTS&gt;")) +
-        TempSite::param("NrOfUserDefinedScripts", "1") +
-        TempSite::param("UserDefinedScript1", "S") +
-        TempSite::param("SUserDefinedScript", repeated(5000, "&lt;ENABLE_EXTRA_FILTERS&gt;")));
+        TempSite::params("NrOfUserDefinedScripts=1|UserDefinedScript1=S|XSLFilename=" +
+                         repeated(5000, "&lt;USER_DEFINED_SCRIPTS&gt;") +
+                         "|SUserDefinedScript=" + repeated(5000, "&lt;ENABLE_EXTRA_FILTERS&gt;")));
     site.write("page.asp", page);
     const GeneratedPage made = generatePage(site / "page.asp", sites, LossGuard::RefuseLosses);
     EXPECT_EQ(made.verdict, Verdict::LeftAlone);
     EXPECT_THAT(made.messages.front(), HasSubstr("Out of string space"));
 }
 
-// Nobody makes such a page by the editor; what a line of automation or the window would mean by
-// the ID is the first of them, and generating works on each by its place.
-TEST_F(UntrustedPage, TwoControlsOfOneIdStayTwo) {
-    site.writeTemplate("<DATAPROVIDER>");
-    const GeneratedPage made =
-        generate(TempSite::control(TempSite::ordersParams()) +
-                 TempSite::control(TempSite::param("DataProvider", "Stock")));
-    const PageMarkup again("page.asp", made.after, CodePage("windows-1252"));
-    ASSERT_EQ(again.controls().size(), 2U);
-    EXPECT_EQ(again.runtimeTextOf(again.controls()[0]), "Orders\r\n");
-    EXPECT_EQ(again.runtimeTextOf(again.controls()[1]), "Stock\r\n");
-    site.write("page.asp", made.after);
-    const PageDocument document(site / "page.asp", CodePage("windows-1252"));
-    EXPECT_EQ(document.controlIndex("HeaderDTC1"), 0U);
-    EXPECT_EQ(again.freeId(), "HeaderDTC2");
-}
-
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::untrusted_page_test

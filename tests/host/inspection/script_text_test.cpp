@@ -1,40 +1,24 @@
 #include "host/inspection/script_text.h"
 
-#include <gmock/gmock.h>
+#include "support/cases.h"
+#include "support/prologue.h"
 
-namespace headerdtc {
-namespace {
+#include <set>
 
-using namespace ::testing;
+namespace headerdtc::script_text_test {
 
 using TextForm = ScriptText::Form;
 
 TEST(ScriptText, FindsDefinitionsAndNothingThatOnlyLooksLikeOne) {
-    const auto functions = [](const char* text, TextForm form) {
-        return ScriptText::read(text, form).functions;
-    };
-    EXPECT_THAT(functions("<%Function A()%>", TextForm::Page), UnorderedElementsAre("A"));
-    EXPECT_THAT(functions("<SCRIPT RUNAT=server>\n\tfunction helper_2(x) {}\nfunction b() {}\n"
-                          "</SCRIPT><script>function c() {}</script>",
-                          TextForm::Page),
-                UnorderedElementsAre("HELPER_2", "B"));
-    // Outside of script nothing is a comment, and no attribute begins a class.
-    EXPECT_THAT(functions("Don't\nclass=x <% Function A() %>", TextForm::Page),
-                UnorderedElementsAre("A"));
-    EXPECT_THAT(functions("Public Default Function B\r\nEnd Function\r\nx = 1: Private _\r\n"
-                          "  Function C(y)",
-                          TextForm::Script),
-                UnorderedElementsAre("B", "C"));
-    EXPECT_THAT(functions("' Function Commented()\nRem : Function D()\nEnd Function\n"
-                          "Exit Function\nx = \"it's : Function E\"\nDim FunctionE\nSub F()",
-                          TextForm::Script),
-                IsEmpty());
-    EXPECT_THAT(functions("Class Ship\nPublic Function Name()\nEnd Function\nEnd Class\n"
-                          "Function G()",
-                          TextForm::Script),
-                UnorderedElementsAre("G"));
-    EXPECT_THAT(functions("Function \xC3\xA9tat()", TextForm::Script),
-                UnorderedElementsAre("\xC3\x89TAT"));
+    for (const auto& [text, names] : casesOf("host/cases/script_functions.txt")) {
+        const bool isPage = text.find("%>") != std::string::npos || text.starts_with("<");
+        const auto functions =
+            ScriptText::read(text, isPage ? TextForm::Page : TextForm::Script).functions;
+        std::string found;
+        for (const auto& name : std::set(functions.begin(), functions.end()))
+            found += (found.empty() ? "" : " ") + name;
+        EXPECT_EQ(found, names) << text;
+    }
 }
 
 TEST(ScriptText, KnowsWhatIsDeclaredAndWhatIsLeftOpen) {
@@ -78,5 +62,4 @@ TEST(ScriptText, KnowsWhatCanBeAFunctionsName) {
     EXPECT_FALSE(isBuiltInFunction("Selected") || isReservedWord("Selected"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::script_text_test

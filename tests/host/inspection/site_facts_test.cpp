@@ -1,17 +1,13 @@
 #include "host/inspection/site_facts.h"
 
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
+namespace headerdtc::site_facts_test {
 
 namespace fs = std::filesystem;
-using namespace ::testing;
-using testing::TempSite;
 
-class SiteFactsTest : public ::testing::Test {
+class SiteFactsTest : public Test {
   protected:
     SiteFacts::Functions functionsOf(const std::string& page) {
         site.write("pages/page.asp", page);
@@ -27,7 +23,7 @@ class SiteFactsTest : public ::testing::Test {
 };
 
 TEST_F(SiteFactsTest, APageIncludesFilesOfItsSiteAndNoOthers) {
-    const testing::TempFolder outside;
+    const TempFolder outside;
     outside.write("secret.inc", "<% Function Secret() %>");
     site.write("inc/shared.inc", "<% Function Shared() %>");
     site.write("c/Suite/suite.inc", "<% Function Suite() %>");
@@ -64,5 +60,4 @@ TEST_F(SiteFactsTest, LoopsOfFoldersAndIncludesEnd) {
     EXPECT_THAT(functionsOf(include("file", "../loop.inc")), Contains("LOOP"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::site_facts_test

@@ -2,29 +2,16 @@
 
 #include "core/header_dtc.h"
 #include "host/inspection/harbour_site.h"
-#include "host/page/page_session.h"
 #include "host/page/quiet_host.h"
+#include "support/control_tools.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::HarbourSite;
+namespace headerdtc::stored_configuration_test {
 
 std::vector<std::string> textsOf(const std::vector<StoredItem>& items) {
     std::vector<std::string> texts;
     for (const StoredItem& item : items)
         texts.push_back(item.text);
     return texts;
-}
-
-std::vector<std::string> itemsOf(const ListBox& list) {
-    std::vector<std::string> items;
-    for (int i = 0; i < list.ListCount(); ++i)
-        items.push_back(list.List(i));
-    return items;
 }
 
 StoredProperties demoProperties(const std::string& page) {
@@ -81,7 +68,7 @@ TEST(StoredConfiguration, EveryItemNamesThePropertyThatHoldsIt) {
     forEachItem(readStoredConfiguration(properties),
                 [&](StoredRole, std::optional<Family>, const StoredItem& item) {
                     const std::pair<std::string, std::string> stored(item.property, item.text);
-                    EXPECT_THAT(properties, ::testing::Contains(stored));
+                    EXPECT_THAT(properties, Contains(stored));
                     ++items;
                 });
     EXPECT_GT(items, 50);
@@ -103,5 +90,4 @@ TEST(StoredConfiguration, TakesNothingOnTrust) {
                      .hasLinkedProvider());
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::stored_configuration_test

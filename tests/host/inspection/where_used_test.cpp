@@ -2,16 +2,11 @@
 
 #include "host/inspection/harbour_site.h"
 
-#include <gmock/gmock.h>
+namespace headerdtc::where_used_test {
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::HarbourSite;
 using Kind = WhereQuery::Kind;
 
-class Where : public ::testing::Test {
+class Where : public Test {
   protected:
     Where() { site.writePage("page.asp", HarbourSite::ships()); }
 
@@ -51,5 +46,4 @@ TEST_F(Where, FindsProvidersAndFiles) {
     EXPECT_THAT(uses(Kind::Stylesheet, "Generic.xsl"), ElementsAre("XSLFilename"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::where_used_test

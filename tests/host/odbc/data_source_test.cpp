@@ -1,29 +1,11 @@
 #include "host/failures.h"
 #include "host/odbc/odbc_data_source.h"
-#include "platform/runtime_error.h"
 #include "translation_database.h"
 
-#include <functional>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-
-std::string failureOf(const std::function<void()>& body, int number) {
-    try {
-        body();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), number);
-        return error.description();
-    }
-    return "no failure";
-}
+namespace headerdtc::data_source_test {
 
 // A site with an odbc.ini of its own.
-class SitesDataSource : public ::testing::Test {
+class SitesDataSource : public Test {
   protected:
     SitesDataSource() {
         settings.siteFolder = folder.path();
@@ -33,8 +15,11 @@ class SitesDataSource : public ::testing::Test {
     std::string connectString(const std::string& text) {
         return findDataSource(text, settings).connectString;
     }
+    std::string failureOf(const std::string& text) {
+        return errorOf<RuntimeError>([&] { connectString(text); });
+    }
 
-    headerdtc::testing::TempFolder folder;
+    TempFolder folder;
     OdbcDatabase::Settings settings;
 };
 
@@ -81,14 +66,14 @@ TEST_F(SitesDataSource, ItsDatabaseIsAFileOfTheSiteOnlyForADriverOfFiles) {
 }
 
 TEST_F(SitesDataSource, WhatIsMissingIsSaidWithItsFile) {
-    EXPECT_THAT(failureOf([&] { connectString("DSN=Orvane"); }, 53),
-                HasSubstr(settings.odbcIni.string()));
+    EXPECT_EQ(numberOf([&] { connectString("DSN=Orvane"); }), 53);
+    EXPECT_THAT(failureOf("DSN=Orvane"), HasSubstr(settings.odbcIni.string()));
     ini("[Orvane]\nDatabase = x\n");
-    EXPECT_THAT(failureOf([&] { connectString("DSN=Nowhere;PWD=geheim"); }, 0),
+    EXPECT_THAT(failureOf("DSN=Nowhere;PWD=geheim"),
                 AllOf(HasSubstr("Data source name not found"), HasSubstr("[Nowhere]"),
                       HasSubstr(settings.odbcIni.string())));
-    EXPECT_THAT(failureOf([&] { connectString("UID=a"); }, 0), HasSubstr("[DEFAULT]"));
-    EXPECT_THAT(failureOf([&] { connectString("DSN=Orvane"); }, 0), HasSubstr("names no Driver"));
+    EXPECT_THAT(failureOf("UID=a"), HasSubstr("[DEFAULT]"));
+    EXPECT_THAT(failureOf("DSN=Orvane"), HasSubstr("names no Driver"));
 }
 
 // The driver would make a file of that name, or of the whole connect string's.
@@ -123,11 +108,10 @@ TEST_F(SitesDataSource, OfFilesNeedsOneThatIsThereWhereverItIsDescribed) {
         folder.write("own.ini", section);
         const std::string text = each.connectString.empty() ? "DSN=" + name : each.connectString;
         settings.odbcIni = folder / "odbc.ini";
-        const std::string asSites = testing::errorOf<RuntimeError>([&] { connectString(text); });
-        EXPECT_THAT(asSites, HasSubstr(each.failure)) << each.lines;
+        EXPECT_THAT(failureOf(text), HasSubstr(each.failure)) << each.lines;
         settings.odbcIni.clear();
-        const std::string asOwn = testing::errorOf<RuntimeError>([&] { connectString(text); });
-        EXPECT_THAT(asOwn, HasSubstr(each.connectString.empty() ? "own.ini:" : each.failure))
+        EXPECT_THAT(failureOf(text),
+                    HasSubstr(each.connectString.empty() ? "own.ini:" : each.failure))
             << each.lines;
     }
     EXPECT_EQ(connectString("Driver=SQLite3; dataBase = {" + file + "}"),
@@ -141,13 +125,13 @@ TEST_F(SitesDataSource, WhatIsLongerThanOdbcTakesIsRefusedWithItsLine) {
     ini("[A]\nDriver = " + longest + "\n[B]\n\nDriver = " + longer + "\n[C]\nDriver = x\n" +
         longer + " = 1\n[" + longer + "]\nDriver = x\n");
     EXPECT_EQ(connectString("DSN=A"), "DRIVER=" + longest);
-    EXPECT_THAT(failureOf([&] { connectString("DSN=B"); }, 380),
+    EXPECT_EQ(numberOf([&] { connectString("DSN=B"); }), 380);
+    EXPECT_THAT(failureOf("DSN=B"),
                 HasSubstr("odbc.ini:5: the value of Driver has 1001 characters; ODBC takes 1000"));
-    EXPECT_THAT(failureOf([&] { connectString("DSN=C"); }, 380), HasSubstr("odbc.ini:8: a key"));
+    EXPECT_THAT(failureOf("DSN=C"), HasSubstr("odbc.ini:8: a key"));
     for (const std::string& text :
          {"DSN=" + longer, "DRIVER=" + longer, "DRIVER=x;" + longer + "=1"})
-        EXPECT_THAT(failureOf([&] { connectString(text); }, 380),
-                    HasSubstr("in the connect string"));
+        EXPECT_THAT(failureOf(text), HasSubstr("in the connect string"));
 }
 
 TEST_F(SitesDataSource, ADriverIsToldWhatItNeedsUnlessTheAuthorHas) {
@@ -172,8 +156,7 @@ TEST_F(SitesDataSource, AConnectStringThatNamesADriverNeedsNoFile) {
               "DRIVER={Some Driver};Database=x;odd");
     settings.odbcIni.clear();
     EXPECT_THAT([&] { connectString("DSN=No such thing;UID=a;PWD="); },
-                ::testing::ThrowsMessage<RuntimeError>(HasSubstr("[No such thing] is in none")));
+                ThrowsMessage<RuntimeError>(HasSubstr("[No such thing] is in none")));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::data_source_test

@@ -2,19 +2,13 @@
 #include "translation_database.h"
 
 #include <clocale>
-#include <cstdlib>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::odbc_database_test {
 
 constexpr int Unspecified = -1;
 
 // The ADO face, on SQLite.
-class OdbcDatabaseTest : public ::testing::Test {
+class OdbcDatabaseTest : public Test {
   protected:
     std::unique_ptr<Recordset> execute(const std::string& statement) {
         return connection->Execute(statement, nullptr, Unspecified);
@@ -64,18 +58,16 @@ TEST_F(OdbcDatabaseTest, ColumnsAreFoundByNameWithoutCaseTheFirstOfAName) {
 }
 
 TEST_F(OdbcDatabaseTest, RecordsAffectedAreTheDrivers) {
-    std::int32_t count = -1;
-    const auto affected = [&](const std::string& statement) {
-        const auto result = connection->Execute(statement, &count, Unspecified);
-        EXPECT_TRUE(result->EndOfFile());
-        return count;
-    };
-    EXPECT_EQ(affected("INSERT INTO I18NFIELDNAMES VALUES ('P', 'eai', 'F', 'L'), "
-                       "('P', 'zeko', 'F', 'L')"),
-              2);
-    EXPECT_EQ(affected("UPDATE I18NFIELDNAMES SET LABEL = 'L' WHERE BISTYPE = 'eai'"), 1);
-    EXPECT_EQ(affected("UPDATE I18NFIELDNAMES SET LABEL = 'L' WHERE BISTYPE = 'x'"), 0);
-    EXPECT_EQ(affected("DELETE FROM I18NFIELDNAMES WHERE BISTYPE = 'x'"), 0);
+    const std::pair<const char*, int> statements[] = {
+        {"INSERT INTO I18NFIELDNAMES VALUES ('P', 'eai', 'F', 'L'), ('P', 'zeko', 'F', 'L')", 2},
+        {"UPDATE I18NFIELDNAMES SET LABEL = 'L' WHERE BISTYPE = 'eai'", 1},
+        {"UPDATE I18NFIELDNAMES SET LABEL = 'L' WHERE BISTYPE = 'x'", 0},
+        {"DELETE FROM I18NFIELDNAMES WHERE BISTYPE = 'x'", 0}};
+    for (const auto& [statement, affected] : statements) {
+        std::int32_t count = -1;
+        EXPECT_TRUE(connection->Execute(statement, &count, Unspecified)->EndOfFile());
+        EXPECT_EQ(count, affected) << statement;
+    }
 }
 
 TEST_F(OdbcDatabaseTest, AFailureCarriesTheDriversTextAndNumberOnOneLine) {
@@ -150,5 +142,4 @@ TEST_F(OdbcDatabaseTest, OnlyTheTranslationDatabaseHasAConnectString) {
     EXPECT_EQ(numberOf([&] { database.GetConnectString(7); }), 5);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::odbc_database_test

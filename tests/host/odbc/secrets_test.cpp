@@ -1,9 +1,8 @@
 #include "host/odbc/secrets.h"
 
-#include <gmock/gmock.h>
+#include "support/prologue.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::secrets_test {
 
 TEST(Secrets, AreMaskedHoweverTheyAreWritten) {
     const std::pair<const char*, const char*> texts[] = {
@@ -30,5 +29,4 @@ TEST(Secrets, NothingElseIsTouched) {
         EXPECT_EQ(maskSecrets(text), text);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::secrets_test

@@ -2,10 +2,8 @@
 
 #include "host/files/whole_file.h"
 
-#include <cstdlib>
 #include <iterator>
 #include <regex>
-#include <stdexcept>
 
 namespace headerdtc::testing {
 namespace {

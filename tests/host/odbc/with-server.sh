@@ -45,20 +45,6 @@ CREATE DATABASE orvane OWNER "WWWappsOrvane";
 END
 }
 
-ini_postgresql() {
-    local section
-    for section in "Orvane Unicode" "OrvaneAnsi ANSI"; do
-        cat <<END
-[${section% *}]
-Driver     = PostgreSQL ${section#* }
-Servername = 127.0.0.1
-Port       = $1
-Database   = orvane
-
-END
-    done
-}
-
 describe_mariadb() {
     driver="MariaDB Unicode"
     user=mysql
@@ -90,14 +76,13 @@ GRANT ALL ON orvane.* TO 'WWWappsOrvane'@'127.0.0.1';
 END
 }
 
-ini_mariadb() {
-    cat <<END
-[Orvane]
-Driver   = MariaDB Unicode
-Server   = 127.0.0.1
-Port     = $1
-Database = orvane
-END
+# write_ini PORT: the data source, and one whose driver takes bytes.
+write_ini() {
+    local source
+    for source in "Orvane $driver" "OrvaneAnsi PostgreSQL ANSI"; do
+        printf '[%s]\nDriver = %s\nServer = 127.0.0.1\nPort = %s\nDatabase = orvane\n\n' \
+            "${source%% *}" "${source#* }" "$1"
+    done
 }
 
 # Repeats a command until it succeeds; fails once the server is gone or 15 seconds have passed.
@@ -162,7 +147,7 @@ for ((attempt = 1; ; attempt++)); do
         exit 1
     }
 done
-"ini_$kind" "$port" >"$folder/odbc.ini"
+write_ini "$port" >"$folder/odbc.ini"
 
 export HEADERDTC_SERVER=$kind
 export HEADERDTC_SERVER_INI=$folder/odbc.ini

@@ -3,14 +3,9 @@
 #include "host/failures.h"
 #include "host/files/file_error.h"
 
-#include <gmock/gmock.h>
 #include <random>
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::errorOf;
+namespace headerdtc::csv_test {
 
 std::vector<std::vector<std::string>> cellsOf(const std::string& text) {
     std::vector<std::vector<std::string>> cells;
@@ -63,5 +58,4 @@ TEST(Csv, SaysTheLineOfABrokenQuotation) {
     EXPECT_THAT(problem("a,b\n\"c\"d,e"), HasSubstr("file.csv:2: a cell goes on"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::csv_test

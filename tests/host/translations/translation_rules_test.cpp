@@ -1,11 +1,8 @@
 #include "host/translations/translation_rules.h"
 
-#include <gmock/gmock.h>
+#include "support/prologue.h"
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::translation_rules_test {
 
 // The rules that a pair of texts breaks.
 std::vector<std::string> broken(const char* source, const char* target) {
@@ -58,5 +55,4 @@ TEST(TranslationRules, FindGapsAndRowsThatDoNotFit) {
                                     "  empty-label", "  empty-label"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::translation_rules_test

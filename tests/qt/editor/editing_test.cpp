@@ -3,17 +3,12 @@
 #include "host/page/text_property_bag.h"
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/window_fixture.h"
-#include "qt/editor/workspace/recorder.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QLineEdit>
 #include <QTextBlock>
 
-namespace headerdtc::qt {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::qt::editing_test {
 
 class Editing : public WindowTest {};
 
@@ -53,51 +48,6 @@ TEST_F(Editing, AChangeAtTheControlIsAStepThatIsSavedAndTakenBack) {
     EXPECT_TRUE(editor.findChild<QCheckBox*>("EnableExtraFiltersCheck")->isChecked());
 }
 
-// Whatever the author did, undone fully it gives the bytes of the start, and redone the others.
-TEST_F(Editing, ManyStepsUndoneGiveThePageOfTheStart) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    auto& page = editor.page();
-    const auto zeko = [&]() -> FamilyControls& { return dtc(editor).ZEKO; };
-    const std::vector<std::function<void()>> actions{
-        [&] { dtc(editor).DataProvidersCombo.choose("Stock"); },
-        [&] { dtc(editor).SSTab1.clickTab(2); },
-        [&] { zeko().FieldsList.select({0}, 0); },
-        [&] { zeko().AddField.press(); },
-        [&] { zeko().AddCriteriumCommand.press(); },
-        [&] {
-            zeko().CriteriaGrid.clickCell(2, criteria_column::Key);
-            zeko().KeyFieldsCombo.choose(0);
-        },
-        [&] { editor.source().setFocus(); },
-        [&] {
-            page.replaceText({0, 0}, "<!-- new -->\n", {});
-        },
-        [&] { dtc(editor).SSTab1.clickTab(0); },
-        [&] { dtc(editor).XSLFilenameText.type("xsl/Other.xsl"); },
-        [&] { page.insertControl(1); },
-        [&] { page.removeControl(1); },
-    };
-    std::vector<std::string> states{page.content()->bytes()};
-    for (const auto& action : actions) {
-        action();
-        editor.finishEditing();
-        if (page.content()->bytes() != states.back()) states.push_back(page.content()->bytes());
-    }
-    ASSERT_GT(states.size(), 7U);
-    for (std::size_t i = states.size(); i-- > 0;) {
-        EXPECT_EQ(states[i], page.content()->bytes());
-        if (i > 0) command(Command::Undo);
-    }
-    EXPECT_EQ(nullptr, page.history().undoStep());
-    EXPECT_FALSE(editor.isModified());
-    for (std::size_t i = 1; i < states.size(); ++i) {
-        command(Command::Redo);
-        EXPECT_EQ(states[i], page.content()->bytes());
-    }
-    while (page.history().undoStep())
-        command(Command::Undo);
-}
-
 // However the author leaves the editor over a cell, what is in it belongs to the page.
 TEST_F(Editing, AValueThatIsStillBeingTypedGetsIntoThePage) {
     const std::vector<std::pair<const char*, std::function<void()>>> ways{
@@ -124,8 +74,8 @@ TEST_F(Editing, AValueThatIsStillBeingTypedGetsIntoThePage) {
         const std::string name = "page" + std::to_string(i) + ".asp";
         open("other.asp", ordersPage());
         PageEditor& editor =
-            open(name, Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
-                                  Site::param("ZEKOCriteria1_2", "==")));
+            open(name, Site::page(Site::ordersParams() +
+                                  Site::params("ZEKOCriteria1_1=ORDNO|ZEKOCriteria1_2===")));
         HeaderDTC& control = dtc(editor);
         control.SSTab1.clickTab(2);
         // The warning of the Del key, and what is asked when something is closed.
@@ -268,11 +218,12 @@ TEST_F(Editing, MarkupThatCannotBeReadIsSaidAndMendedInTheSource) {
 // expands: never to the author's.
 TEST_F(Editing, ThePreviewFollowsAtOnceAndTheAuthorsControlStaysAsItIs) {
     site.writeTemplate("<% ' <DATAPROVIDER>\n<SPECIFY_ZEKO_CRITERIA>\n%>\n");
-    PageEditor& editor =
-        open("page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO") +
-                                        Site::param("ZEKOCriteria1_2", "<>") +
-                                        Site::param("ZEKOCriteria1_3", "Unlisted"),
-                                    Site::ordersText()));
+    PageEditor& editor = open(
+        "page.asp",
+        Site::page(
+            Site::ordersParams() +
+                Site::params("ZEKOCriteria1_1=ORDNO|ZEKOCriteria1_2=<>|ZEKOCriteria1_3=Unlisted"),
+            Site::ordersText()));
     generated(editor);
     auto* summary = editor.findChild<QLabel*>("PreviewSummary");
     const auto bag = [&] {
@@ -334,5 +285,4 @@ TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {
     EXPECT_THAT(messages(), ElementsAre());
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::editing_test

@@ -4,26 +4,28 @@
 #include "qt/editor/window_fixture.h"
 #include "qt/editor/workspace/recovery_dialog.h"
 
-#include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QTreeWidget>
 
-namespace headerdtc::qt {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::qt::files_test {
 
 class Files : public WindowTest {
   protected:
     static std::string lostProvider() { return Site::page(Site::ordersParams("Gone")); }
+    PageEditor& openChanged() {
+        PageEditor& editor = open("page.asp", ordersPage());
+        change(editor);
+        mine = editor.page().content()->bytes();
+        return editor;
+    }
+
+    std::string mine;  // of openChanged()
 };
 
 TEST_F(Files, ALossIsRefusedWithItsReasonAndSavedOnDemand) {
     PageEditor& editor = open("page.asp", lostProvider());
     EXPECT_TRUE(eventually([&] { return editor.notices().shows("refusal"); }));
     toggleExtraFilters(editor);
-    answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
-    command(Command::Save);
+    command(Command::Save, "Cancel");
     EXPECT_THAT(said, HasSubstr("the data provider \"Gone\" is not in the catalogue"));
     EXPECT_EQ(lostProvider(), site.read("page.asp"));
     EXPECT_TRUE(editor.isModified());
@@ -35,8 +37,7 @@ TEST_F(Files, ALossIsRefusedWithItsReasonAndSavedOnDemand) {
     command(Command::Save);
     EXPECT_THAT(said, HasSubstr("the data provider"));
 
-    answerDialogs([](QWidget& dialog) { press(dialog, "Save anyway"); });
-    command(Command::Save);
+    command(Command::Save, "Save anyway");
     EXPECT_THAT(site.read("page.asp"), AllOf(HasSubstr("Gone"), HasSubstr("EnableExtraFilters")));
     EXPECT_FALSE(editor.isModified());
 }
@@ -127,35 +128,29 @@ TEST_F(Files, APageWithoutChangesFollowsItsFile) {
 }
 
 TEST_F(Files, AChangeByAnotherIsNoticedAndNeverOverwrittenUnasked) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    change(editor);
+    PageEditor& editor = openChanged();
     const std::string theirs = "<!-- theirs -->" + ordersPage();
     site.write("page.asp", theirs);
     ASSERT_TRUE(eventually([&] { return editor.notices().shows("disk"); }));
 
-    answerDialogs([](QWidget& dialog) { press(dialog, "Decide later"); });
-    command(Command::Save);
+    command(Command::Save, "Decide later");
     EXPECT_EQ(theirs, site.read("page.asp"));
     EXPECT_TRUE(editor.isModified());
 
-    answerDialogs([](QWidget& dialog) { press(dialog, "Take theirs"); });
-    command(Command::Save);
+    command(Command::Save, "Take theirs");
     EXPECT_EQ(theirs, editor.page().content()->bytes());
     EXPECT_FALSE(editor.isModified());
     command(Command::Undo);
     EXPECT_EQ(CheckState::Checked, dtc(editor).EnableExtraFiltersCheck.Value());
 
     site.write("page.asp", "<!-- again -->" + theirs);
-    answerDialogs([](QWidget& dialog) { press(dialog, "Keep mine"); });
-    command(Command::Save);
+    command(Command::Save, "Keep mine");
     EXPECT_THAT(site.read("page.asp"), Not(HasSubstr("theirs")));
     EXPECT_THAT(site.read("page.asp"), HasSubstr("EnableExtraFilters"));
 }
 
 TEST_F(Files, ChangesOfBothAreToldInWordsAndTakenTogether) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    change(editor);
-    const std::string mine = editor.page().content()->bytes();
+    PageEditor& editor = openChanged();
     site.write("page.asp", "<title>New</title>" + ordersPage());
     answerDialogs([](QWidget& dialog) {
         EXPECT_FALSE(dialog.findChild<QPlainTextEdit*>("ComparePane0")->isVisible());
@@ -165,27 +160,11 @@ TEST_F(Files, ChangesOfBothAreToldInWordsAndTakenTogether) {
     EXPECT_THAT(said, AllOf(HasSubstr("extra filters of HeaderDTC1"), HasSubstr("title: + New")));
     EXPECT_EQ(mine, editor.page().content()->bytes()) << "Enter decides later";
 
-    answerDialogs([](QWidget& dialog) { press(dialog, "Theirs, with my control"); });
-    command(Command::Save);
+    command(Command::Save, "Theirs, with my control");
     EXPECT_THAT(site.read("page.asp"), AllOf(HasSubstr("EnableExtraFilters"), HasSubstr("New")));
     EXPECT_EQ(GeneratedPage::Verdict::UpToDate, check("page.asp").verdict);
     command(Command::Undo);
     EXPECT_EQ(mine, editor.page().content()->bytes());
-}
-
-// File systems count time in steps: what is written right after the reading, with the same size,
-// may leave the file with the same stamp.
-TEST_F(Files, AnotherWriterIsNoticedUpToTheLastMoment) {
-    Sites sites;
-    for (int i = 0; i < 30; ++i) {
-        site.write("page.asp", "mine " + ordersPage());
-        const auto page = EditedPage::open(sites, site / "page.asp");
-        site.write("page.asp", "thei " + ordersPage());
-        EXPECT_TRUE(page->changedOnDisk());
-        page->replaceText({0, 4}, "here", {});
-        EXPECT_THROW(page->save(EditedPage::Guard::RefuseLosses), ChangedByOther);
-        EXPECT_EQ("thei " + ordersPage(), site.read("page.asp"));
-    }
 }
 
 // Somebody writes while the author is asked about a loss: after the look at the file.
@@ -237,8 +216,7 @@ TEST_F(Files, ClosingAsksAndSaysWhatWouldBeLost) {
     dtc(editor).ZEKO.SelectedFieldsList.select({0}, 0);
     dtc(editor).ZEKO.RemoveField.press();
     dtc(editor).ZEKO.SelectedFieldsList.AddItem("2 - CUSTNO");
-    answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
-    command(Command::Close);
+    command(Command::Close, "Cancel");
     EXPECT_THAT(said, AllOf(HasSubstr("extra filters of HeaderDTC1"),
                             HasSubstr("ZEKO return fields of HeaderDTC1: + 2 - CUSTNO, "
                                       "\xE2\x88\x92 1 - ORDNO"),
@@ -246,8 +224,7 @@ TEST_F(Files, ClosingAsksAndSaysWhatWouldBeLost) {
     EXPECT_EQ(&editor, window->tabs().current());
     EXPECT_FALSE(window->close());
 
-    answerDialogs([](QWidget& dialog) { press(dialog, "Save"); });
-    command(Command::Close);
+    command(Command::Close, "Save");
     EXPECT_EQ(nullptr, window->tabs().current());
     EXPECT_THAT(site.read("page.asp"), HasSubstr("EnableExtraFilters"));
 }
@@ -284,6 +261,10 @@ class Recovery : public Files {
         }
         said.clear();
     }
+    void offerRecovery(const char* answer) {
+        answerDialogs([answer](QWidget& dialog) { press(dialog, answer); });
+        window->offerRecovery();
+    }
     int copies() const {
         int count = 0;
         std::error_code failure;
@@ -295,20 +276,16 @@ class Recovery : public Files {
 };
 
 TEST_F(Recovery, UnsavedChangesAreOfferedAfterACrash) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    change(editor);
-    const std::string mine = editor.page().content()->bytes();
+    openChanged();
     // Copies of an editor that runs are nobody else's.
     ASSERT_TRUE(eventually([&] { return copies() > 0; }));
     EXPECT_TRUE(RecoveryStore(site / "recovery").leftBehind().empty());
     crash();
 
     openWindow();
-    answerDialogs([](QWidget& dialog) { press(dialog, "Decide later"); });
-    window->offerRecovery();
+    offerRecovery("Decide later");
     EXPECT_EQ(1, copies());
-    answerDialogs([](QWidget& dialog) { press(dialog, "Recover"); });
-    window->offerRecovery();
+    offerRecovery("Recover");
     PageEditor& recovered = *window->tabs().current();
     EXPECT_EQ(mine, recovered.page().content()->bytes());
     EXPECT_TRUE(recovered.isModified());
@@ -320,15 +297,12 @@ TEST_F(Recovery, UnsavedChangesAreOfferedAfterACrash) {
 }
 
 TEST_F(Recovery, WhatSomebodySavedSinceThenIsComparedBeforeItIsOverwritten) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    change(editor);
-    const std::string mine = editor.page().content()->bytes();
+    openChanged();
     crash();
     const std::string theirs = "<!-- later -->" + ordersPage();
     site.write("page.asp", theirs);
     openWindow();
-    answerDialogs([](QWidget& dialog) { press(dialog, "Recover"); });
-    window->offerRecovery();
+    offerRecovery("Recover");
     PageEditor& recovered = *window->tabs().current();
     EXPECT_EQ(mine, recovered.page().content()->bytes());
     EXPECT_TRUE(recovered.notices().shows("disk"));
@@ -345,8 +319,7 @@ TEST_F(Recovery, WhatSomebodySavedSinceThenIsComparedBeforeItIsOverwritten) {
 }
 
 TEST_F(Recovery, AChangeOfTheFileSinceThenIsSaidAndDiscardedCopiesAreGone) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    change(editor);
+    openChanged();
     crash();
     site.write("page.asp", "<!-- later -->" + ordersPage());
     openWindow();
@@ -361,5 +334,4 @@ TEST_F(Recovery, AChangeOfTheFileSinceThenIsSaidAndDiscardedCopiesAreGone) {
     EXPECT_EQ(nullptr, window->tabs().current());
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::files_test

@@ -1,46 +1,30 @@
 // Fields that the catalogue offers no more: kept, marked by text too, and replaced.
 
+#include "platform/text.h"
 #include "qt/editor/health/page_health.h"
 #include "qt/editor/window_fixture.h"
 #include "qt/surface/selection_list.h"
 
-#include <QComboBox>
 #include <QListWidget>
 #include <QMenu>
 #include <QTableView>
 
-namespace headerdtc::qt {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::qt::health_test {
 
 class Health : public WindowTest {
   protected:
     // "Orders" had these when the page was made; the catalogue of today has ORDNO, CUSTNO, STATUS.
     static std::string pageWithOldFields() {
-        std::string params = Site::ordersParams();
-        const auto set = [&](const std::string& name, const std::string& value) {
-            const auto at = params.find("NAME=\"" + name + '"');
-            if (at == std::string::npos) {
-                params += Site::param(name, value);
-            } else {
-                const auto from = params.find("VALUE=\"", at) + 7;
-                params.replace(from, params.find('"', from) - from, value);
-            }
-        };
-        set("ZEKOReturnFieldCount", "3");
-        set("ZEKOReturnFields1", "2 - CUSTOMER");
-        set("ZEKOReturnFields2", "3 - STATUS");
-        set("NrOfZEKOI18NFieldnames", "1");
-        set("ZEKOI18NFieldnames0", "2 - CUSTOMER");
-        set("ZEKOAvailableFieldsCount", "1");
-        set("ZEKOAvailableFields0", "2 - CUSTNO");
-        set("ZEKOKeyFieldsCount", "2");
-        set("ZEKOKeyFieldnames0", "ORDNO");
-        set("ZEKOKeyFieldnames1", "CUSTOMER");
-        set("ZEKOCriteria1_1", "CUSTOMER");
-        set("ZEKOCriteria1_2", "==");
-        set("ZEKOCriteria1_3", "1");
+        std::string params = replaceAll(
+            replaceAll(Site::ordersParams(), Site::param("ZEKOReturnFieldCount", "1"),
+                       Site::param("ZEKOReturnFieldCount", "3")),
+            Site::param("NrOfZEKOI18NFieldnames", "0"), Site::param("NrOfZEKOI18NFieldnames", "1"));
+        params += Site::params(
+            "ZEKOReturnFields1=2 - CUSTOMER|ZEKOReturnFields2=3 - STATUS|"
+            "ZEKOI18NFieldnames0=2 - CUSTOMER|ZEKOAvailableFieldsCount=1|"
+            "ZEKOAvailableFields0=2 - CUSTNO|ZEKOKeyFieldsCount=2|ZEKOKeyFieldnames0=ORDNO|"
+            "ZEKOKeyFieldnames1=CUSTOMER|ZEKOCriteria1_1=CUSTOMER|ZEKOCriteria1_2===|"
+            "ZEKOCriteria1_3=1");
         return Site::page(params);
     }
     PageEditor& openOld() {
@@ -151,5 +135,4 @@ TEST_F(Health, EmptyListsSayWhy) {
     EXPECT_THAT(why("ZEKOFieldsList"), HasSubstr("The catalogue cannot be read"));
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::health_test

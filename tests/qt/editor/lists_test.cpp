@@ -8,12 +8,8 @@
 #include "qt/surface/selection_list.h"
 
 #include <QLineEdit>
-#include <nlohmann/json.hpp>
 
-namespace headerdtc::qt {
-namespace {
-
-using namespace ::testing;
+namespace headerdtc::qt::lists_test {
 
 class Lists : public WindowTest {
   protected:
@@ -147,7 +143,7 @@ TEST_F(Lists, CountsSayHowManyAreMarked) {
     EXPECT_EQ("2 of 3", countOf(dtc().ZEKO.SelectedFieldsList));
 }
 
-class ListsOfFamily : public Lists, public ::testing::WithParamInterface<Family> {};
+class ListsOfFamily : public Lists, public WithParamInterface<Family> {};
 
 TEST_P(ListsOfFamily, MarkedFieldsMoveInOneStrokeWithTheEventsOfTheButtons) {
     const Family which = GetParam();
@@ -167,8 +163,8 @@ TEST_P(ListsOfFamily, MarkedFieldsMoveInOneStrokeWithTheEventsOfTheButtons) {
     settle();
     view(family.SelectedFieldsList).setFocus();
     settle();
-    testing::EventRecorder events(dtc().surface);
-    testing::EventRecorder expected(plain.dtc().surface);
+    EventRecorder events(dtc().surface);
+    EventRecorder expected(plain.dtc().surface);
     twin.SelectedFieldsList.focus();
     expected.take();
     const auto order = itemsOf(family.SelectedFieldsList);
@@ -205,7 +201,6 @@ TEST_P(ListsOfFamily, MarkedFieldsMoveInOneStrokeWithTheEventsOfTheButtons) {
                 ElementsAre(order[0], order[2], order[3], order[1], order[4], order[5]));
 }
 
-INSTANTIATE_TEST_SUITE_P(Families, ListsOfFamily, ::testing::Values(Family::ZEKO, Family::EAI));
+INSTANTIATE_TEST_SUITE_P(Families, ListsOfFamily, Values(Family::ZEKO, Family::EAI));
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::lists_test

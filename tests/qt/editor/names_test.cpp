@@ -3,15 +3,10 @@
 #include "qt/editor/window_fixture.h"
 
 #include <QAccessible>
-#include <QKeySequence>
 #include <QMenuBar>
-#include <QTabWidget>
 #include <QToolButton>
 
-namespace headerdtc::qt {
-namespace {
-
-using ::testing::IsEmpty;
+namespace headerdtc::qt::names_test {
 
 class Names : public WindowTest {
   protected:
@@ -101,5 +96,4 @@ TEST_F(Names, EveryWidgetOfTheDialogsHasAName) {
     command(Command::Close);
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::names_test

@@ -3,14 +3,12 @@
 #include "qt/editor/base/step_name.h"
 #include "qt/editor/page/page_changes.h"
 #include "qt/editor/page/undo_history.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <gtest/gtest.h>
+namespace headerdtc::qt::page_content_test {
 
-namespace headerdtc::qt {
-namespace {
-
-using Site = testing::TempSite;
+using Site = TempSite;
 
 const CodePage& windows1252() {
     static const CodePage page("windows-1252");
@@ -133,60 +131,50 @@ TEST(StepName, NamesWhatTheAuthorChoseAndNotWhatFollowedFromIt) {
     EXPECT_EQ("scripts", describeChange({}, {{"GetDataProviderUserDefinedScript", "x"}}));
 }
 
-class UndoHistoryTest : public ::testing::Test {
-  protected:
-    void push(const char* bytes, const char* kind = "") {
-        history.push(content(bytes), {.name = QLatin1String(bytes), .kind = QLatin1String(kind)});
-    }
-    const std::string& now() const { return history.current()->bytes(); }
-
+// What a history has after some strokes: "+a" is a step to the page a, "*a" one of the kind that
+// joins,
+// "|" a pause, "=a" a saving that makes a of the page; "<" takes back and ">" does again.
+std::string after(const std::string& strokes) {
     UndoHistory history{content("start")};
-};
-
-TEST_F(UndoHistoryTest, GoesBackAndForthAndForgetsWhatWasUndoneWithANewStep) {
-    push("one");
-    push("two");
-    history.undo();
-    history.undo();
-    EXPECT_EQ("start", now());
-    EXPECT_EQ(nullptr, history.undoStep());
-    history.redo();
-    EXPECT_EQ("one", now());
-    EXPECT_EQ("two", history.redoStep()->name);
-    push("three");
-    EXPECT_EQ(nullptr, history.redoStep());
-    history.undo();
-    EXPECT_EQ("one", now());
+    std::istringstream stream(strokes);
+    for (std::string stroke; stream >> stroke;) {
+        const std::string bytes = stroke.substr(1);
+        if (stroke[0] == '<') history.undo();
+        if (stroke[0] == '>') history.redo();
+        if (stroke[0] == '|') history.seal();
+        if (stroke[0] == '=') history.replaceCurrent(content(bytes));
+        if (stroke[0] == '+' || stroke[0] == '*')
+            history.push(content(bytes),
+                         {.name = QString::fromStdString(bytes),
+                          .kind = QLatin1String(stroke[0] == '*' ? "letters" : "")});
+    }
+    const auto name = [](const Step* step) { return step ? step->name.toStdString() : "none"; };
+    return history.current()->bytes() + ", undo " + name(history.undoStep()) + ", redo " +
+           name(history.redoStep());
 }
 
-TEST_F(UndoHistoryTest, JoinsStepsOfOneKindUntilAPause) {
-    push("a", "letters");
-    push("ab", "letters");
-    history.seal();
-    push("abc", "letters");
-    history.undo();
-    EXPECT_EQ("ab", now());
-    history.undo();
-    EXPECT_EQ("start", now());
+TEST(UndoHistory, GoesBackAndForthAndForgetsWhatWasUndoneWithANewStep) {
+    EXPECT_EQ(after("+one +two < <"), "start, undo none, redo one");
+    EXPECT_EQ(after("+one +two < < >"), "one, undo one, redo two");
+    EXPECT_EQ(after("+one +two < < > +three"), "three, undo three, redo none");
+    EXPECT_EQ(after("+one +two < < > +three <"), "one, undo one, redo three");
 }
 
-TEST_F(UndoHistoryTest, ASavedPageTakesThePlaceOfTheOneThatWasSaved) {
-    push("one");
-    push("two");
-    history.undo();
-    history.replaceCurrent(content("one, generated"));
-    history.redo();
-    EXPECT_EQ("two", now());
-    history.undo();
-    EXPECT_EQ("one, generated", now());
-    history.undo();
-    EXPECT_EQ("start", now());
+TEST(UndoHistory, JoinsStepsOfOneKindUntilAPause) {
+    EXPECT_EQ(after("*a *ab | *abc <"), "ab, undo a, redo abc");
+    EXPECT_EQ(after("*a *ab | *abc < <"), "start, undo none, redo a");
 }
 
-TEST_F(UndoHistoryTest, DropsTheOldestStatesOfALargePage) {
+TEST(UndoHistory, ASavedPageTakesThePlaceOfTheOneThatWasSaved) {
+    EXPECT_EQ(after("+one +two < =generated > <"), "generated, undo one, redo two");
+    EXPECT_EQ(after("+one +two < =generated <"), "start, undo none, redo one");
+}
+
+TEST(UndoHistory, DropsTheOldestStatesOfALargePage) {
     const std::string large(UndoHistory::MostBytes / 4, 'x');
+    UndoHistory history{content("start")};
     for (int i = 0; i < 8; ++i)
-        push((large + std::to_string(i)).c_str());
+        history.push(content(large + std::to_string(i)), {});
     int steps = 0;
     for (; history.undoStep(); ++steps)
         history.undo();
@@ -194,5 +182,4 @@ TEST_F(UndoHistoryTest, DropsTheOldestStatesOfALargePage) {
     EXPECT_LE(steps, 4);
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::page_content_test

@@ -4,15 +4,12 @@
 #include "qt/editor/start/demo_site.h"
 #include "qt/editor/window_fixture.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTreeView>
 
-namespace headerdtc::qt {
-namespace {
+namespace headerdtc::qt::site_test {
 
-using ::testing::HasSubstr;
 using Verdict = GeneratedPage::Verdict;
 
 class SiteWindow : public WindowTest {
@@ -85,8 +82,7 @@ TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
 TEST_F(SiteWindow, ChangesAreSavedBeforeGeneratingIfTheAuthorWants) {
     window->opener().openPage(site / "current.asp");
     toggleExtraFilters(*window->tabs().current());
-    answerDialogs([](QWidget& dialog) { press(dialog, "Save All"); });
-    command(Command::GenerateAll);
+    command(Command::GenerateAll, "Save All");
     finish();
     EXPECT_THAT(site.read("current.asp"), HasSubstr("EnableExtraFilters"));
 }
@@ -181,5 +177,4 @@ TEST_F(WindowTest, TheDemoIsCopiedAndOpenedWithoutComplaints) {
     EXPECT_FALSE(window->tabs().current()->isModified());
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::site_test

@@ -3,13 +3,11 @@
 #include "qt/editor/base/message.h"
 #include "qt/editor/page/aligned_texts.h"
 #include "qt/editor/settings/configuration_text.h"
+#include "support/prologue.h"
 
-#include <gtest/gtest.h>
 #include <random>
-#include <string>
 
-namespace headerdtc::qt {
-namespace {
+namespace headerdtc::qt::texts_test {
 
 TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {
     const auto rows = alignTexts("a\nb\nc\n", "a\nmine\nc\n", "a\nb\ntheirs\nc\n");
@@ -109,5 +107,4 @@ TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
     EXPECT_EQ("registry = \"v.reg\"\n[project]\nroot = \".\"\n", fresh.bytes());
 }
 
-}  // namespace
-}  // namespace headerdtc::qt
+}  // namespace headerdtc::qt::texts_test

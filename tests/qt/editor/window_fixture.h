@@ -13,6 +13,7 @@
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_tabs.h"
 #include "qt/surface/control_surface.h"
+#include "support/prologue.h"
 #include "support/temp_site.h"
 
 #include <QAction>
@@ -25,7 +26,6 @@
 #include <QTest>
 #include <QTimer>
 #include <functional>
-#include <gmock/gmock.h>
 
 namespace headerdtc::qt {
 
@@ -77,7 +77,9 @@ class WindowTest : public ::testing::Test {
     static bool eventually(const std::function<bool()>& condition) {
         return QTest::qWaitFor(condition, 10000);
     }
-    void command(Command which) {
+    // An answer is the button that is pressed in the dialogs that come.
+    void command(Command which, const char* answer = nullptr) {
+        if (answer) answerDialogs([answer](QWidget& dialog) { press(dialog, answer); });
         window->commands()[which]->trigger();
         settle();
     }
