@@ -52,6 +52,7 @@ TEST_P(EditorTest, TheLargestListsAreAddedAndRemovedAtOnceAndAFullOneStopsTheRun
         EXPECT_EQ(list->ListCount(), (MaxListCount + 1) / 2);
         EXPECT_EQ(list->List(1), "GROUP.FIELD2");
     }
+    family.FromLinkFieldsCombo.Clear();
     while (selected.ListCount() < MaxListCount - 1)
         selected.AddItem("field");
     available.select({0, 1}, 0);
