@@ -3,10 +3,6 @@
 namespace headerdtc {
 namespace {
 
-using enum Key::Kind;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class FocusTest : public ControlsTest {
   protected:
     FocusTest() {

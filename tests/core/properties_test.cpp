@@ -8,9 +8,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 // Which control an established property stands for; "%" is a family's prefix.
 constexpr std::pair<const char*, const char*> ControlOfFamily[] = {
     {"%ReturnFields", "%SelectedFieldsList"},

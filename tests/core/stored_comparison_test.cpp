@@ -5,12 +5,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::IsSupersetOf;
-using ::testing::Pair;
-using ::testing::SizeIs;
-
 // "name: stored -> rewritten", "nothing" for what would be gone.
 std::vector<std::string> losses(const StoredTexts& stored, const StoredTexts& written) {
     std::vector<std::string> lines;

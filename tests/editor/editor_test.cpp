@@ -11,8 +11,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-
 class EditorTest : public ControlTest, public ::testing::WithParamInterface<Family> {
   protected:
     EditorTest() {

@@ -7,9 +7,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class LinksTest : public ControlTest, public ::testing::WithParamInterface<Family> {
   protected:
     Links links{dtc};

@@ -1,13 +1,11 @@
 #include "runtime/runtime_text.h"
 
 #include "platform/text.h"
+#include "runtime/fragments.h"
 #include "runtime/runtime_fixture.h"
 
 namespace headerdtc {
 namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 // Line ends as in a page, from those of this file.
 std::string page(std::string_view text) {
@@ -40,26 +38,6 @@ TEST_F(RuntimeTextTest, ThePathIsJoinedWithoutASeparatorAndAMissingTemplateIsRep
 
 // ---- the steps ----------------------------------------------------------------------------------
 
-TEST_F(RuntimeTextTest, ThePlaceholdersAndTheirOrder) {
-    std::vector<std::string_view> placeholders;
-    for (const RuntimeTextStep& step : runtimeTextSteps())
-        placeholders.push_back(step.placeholder);
-    EXPECT_THAT(
-        placeholders,
-        ElementsAre(
-            "<PATH_TO_ROOT>", "<DEFAULTPAGESIZE>", "<INITIAL_ZEKO_SORT_FIELD>",
-            "<INITIAL_EAI_SORT_FIELD>", "<DATAPROVIDER>", "<EXTRA_INCLUDES>", "<XSL_FILENAME>",
-            "<USER_DEFINED_SCRIPTS>", "<SPECIFY_EAI_KEYFIELDS>", "<ADD_EAI_RETURN_FIELDS>",
-            "<SPECIFY_EAI_CRITERIA>", "<SPECIFY_EAI_I18N_FIELDS>", "<SPECIFY_EAI_I18N_FIELDVALUES>",
-            "<ADD_EAI_RETURN_FIELDS>", "<SPECIFY_ZEKO_KEYFIELDS>", "<ADD_ZEKO_RETURN_FIELDS>",
-            "<SPECIFY_ZEKO_CRITERIA>", "<SPECIFY_ZEKO_I18N_FIELDS>",
-            "<SPECIFY_ZEKO_I18N_FIELDVALUES>", "<SPECIFY_EAI_LINKED_FIELDS>",
-            "<SPECIFY_ZEKO_LINKED_FIELDS>", "<SPECIFY_ZEKO_LINKED_FIELDVALUES>",
-            "<SPECIFY_EAI_LINKED_FIELDVALUES>", "<RETURN_FIELDS_VARNAME>",
-            "<LINKED_RETURN_FIELDS_VARNAME>", "<LINKED_FIELDS_VARNAME>", "<LINKED_DATAPROVIDER>",
-            "<LINKED_DATAPROVIDER_VARNAME>", "<DATAPROVIDER_VARNAME>", "<ENABLE_EXTRA_FILTERS>"));
-}
-
 TEST_F(RuntimeTextTest, WhatIsNotConfiguredVanishesAndAGreyCheckBoxCountsAsOn) {
     dtc.DataProvidersCombo.ListIndex(1);
     dtc.EnableExtraFiltersCheck.Value(CheckState::Greyed);
@@ -68,16 +46,6 @@ TEST_F(RuntimeTextTest, WhatIsNotConfiguredVanishesAndAGreyCheckBoxCountsAsOn) {
                      "<LINKED_DATAPROVIDER>|<enable_extra_filters>|<DEFAULTPAGESIZE>"),
               "Stock|||||true|10\r\n");
     EXPECT_THAT(messages(), IsEmpty());
-}
-
-TEST_F(RuntimeTextTest, IncludesAndScriptsAreBlocksInTheirOrder) {
-    fill(dtc.IncludeASPList, {"b.asp", "Include/a.asp"});
-    dtc.userDefinedScripts->Add("z", "Function z()");
-    dtc.userDefinedScripts->Add("a", "");
-    EXPECT_EQ(expand("[<EXTRA_INCLUDES>][<USER_DEFINED_SCRIPTS>]"),
-              "[<!--#INCLUDE file =\"../../../b.asp\" -->\r\n"
-              "<!--#INCLUDE file =\"../../../Include/a.asp\" -->\r\n]"
-              "[Function z()\r\n\r\n\r\n\r\n]\r\n");
 }
 
 TEST_F(RuntimeTextTest, TheWayToTheRootIsAskedForOnce) {
@@ -135,11 +103,19 @@ TEST_F(RuntimeTextTest, AFailureInTheMiddleGivesTheTextAsItStood) {
     EXPECT_THAT(errors(), ElementsAre(report));
 }
 
-TEST_F(RuntimeTextTest, RemarksOnCriteriaDoNotStopTheExpansion) {
-    dtc.EAI.CriteriaGrid.TextMatrix(1, criteria_column::Key, "ORDNO");
-    EXPECT_EQ(expand("<SPECIFY_EAI_CRITERIA><ENABLE_EXTRA_FILTERS>"), "false\r\n");
-    EXPECT_THAT(messages(), ElementsAre("Incomplete criterion on line 1 on the EAI tab"));
-    EXPECT_THAT(errors(), IsEmpty());
+TEST(FragmentsTest, AnUnknownFamilyCodeGivesNothing) {
+    FilledControl filled;
+    for (const int code : {-1, 0, 1, 2, 3, 4, 5, 6}) {
+        SCOPED_TRACE(code);
+        const bool own = code == 1 || code == 2;
+        for (const auto generator :
+             {GetKeyFieldsRuntimeText, GetReturnFieldsRuntimeText, GetCriteriaRuntimeText,
+              GetI18NFieldnamesRuntimeText, GetI18NFieldValuesRuntimeText})
+            EXPECT_EQ(generator(filled.dtc, code).empty(), !own);
+        const bool linked = code == 4 || code == 5;
+        for (const auto generator : {GetLinkedReturnFieldsRuntimeText, GetLinkedFieldsRuntimeText})
+            EXPECT_EQ(generator(filled.dtc, code).empty(), !linked);
+    }
 }
 
 // ---- a whole page header ------------------------------------------------------------------------
