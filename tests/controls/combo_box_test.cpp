@@ -41,6 +41,7 @@ TEST_F(ComboBoxTest, AnotherTextOfAnEditableComboLeavesTheList) {
     EXPECT_THAT(eventsOf([&] { editable.Text("TWO"); }), IsEmpty());
     EXPECT_EQ(editable.ListIndex(), 1);
     EXPECT_THAT(eventsOf([&] { editable.Text("THREE"); }), ElementsAre("Editable.Change"));
+    EXPECT_EQ(editable.Text(), "THREE");
     EXPECT_EQ(editable.ListIndex(), -1);
     editable.choose(0);
     EXPECT_THAT(eventsOf([&] { editable.type("SLBDA2001"); }), ElementsAre("Editable.Change"));

@@ -109,5 +109,13 @@ TEST(StoredFormatTest, TheNamesThatAreWrittenAreKnownWithTheirTypesAndNoOthers) 
         EXPECT_FALSE(storedTypeOf(name).has_value()) << name;
 }
 
+TEST(StoredFormatTest, PartsStandInTheOrderOfTheTabsAndZekoFirst) {
+    const char* const names[] = {"DataProvider", "ZEKOReturnFields0", "EAIReturnFields0"};
+    for (int i = 0; i < 3; ++i) {
+        for (int j = 0; j < 3; ++j)
+            EXPECT_EQ(*partOf(names[i]) < *partOf(names[j]), i < j) << names[i] << ", " << names[j];
+    }
+}
+
 }  // namespace
 }  // namespace headerdtc

@@ -68,6 +68,15 @@ TEST_P(EditorTest, AnEditorStandsInItsCellAndScrollingLeavesItWithItsValueWritte
     grid.scroll(2);
     EXPECT_FALSE(family.KeyFieldValueText.Visible());
     EXPECT_EQ(grid.TextMatrix(2, 3), "kept");
+    // An editor whose row has gone stays until then.
+    grid.scroll(1);
+    grid.clickCell(3, 2);
+    grid.Rows(3);
+    family.MoveUpCommand.focus();
+    EXPECT_TRUE(family.OperatorsCombo.Visible());
+    grid.scroll(2);
+    EXPECT_FALSE(family.OperatorsCombo.Visible());
+    errors();
     family.KeyFieldsCombo.Enabled(false);
     grid.clickCell(1, 1);
     EXPECT_THAT(errors(), ElementsAre("Error in 'CriteriaGridEdit': "
