@@ -1,18 +1,28 @@
 #include "runtime/runtime_text.h"
 
+#include "core/filled_control.h"
 #include "platform/text.h"
 #include "runtime/fragments.h"
-#include "runtime/runtime_fixture.h"
 
 namespace headerdtc {
 namespace {
 
-// Line ends as in a page, from those of this file.
-std::string page(std::string_view text) {
-    return replaceAll(text, "\n", "\r\n");
-}
-
-class RuntimeTextTest : public ::testing::Test, protected OnPage<TestControl> {};
+// A control on the page /Site/a/b/page.asp of the project /Site, with a template to fill.
+class RuntimeTextTest : public ControlTest {
+  protected:
+    RuntimeTextTest() {
+        provideRuntimeText(dtc);
+        dtc.procedures.GetInstallDir = [] { return std::string("C:\\SITES\\MAIN\\"); };
+        outside.site.entries = {{2, "/Site"}, {6, "/Site/a/b/page.asp"}};
+        dtc.site = &outside.site;
+    }
+    // The runtime text where the template is this.
+    std::string expand(std::string text) {
+        outside.textFiles.files["C:\\SITES\\MAIN\\Orvane\\include\\DTC_TEMPLATE.ASP"] =
+            std::move(text);
+        return dtc.IProvideRuntimeText_GetRuntimeText();
+    }
+};
 
 // ---- reading the template -----------------------------------------------------------------------
 
@@ -116,97 +126,6 @@ TEST(FragmentsTest, AnUnknownFamilyCodeGivesNothing) {
         for (const auto generator : {GetLinkedReturnFieldsRuntimeText, GetLinkedFieldsRuntimeText})
             EXPECT_EQ(generator(filled.dtc, code).empty(), !linked);
     }
-}
-
-// ---- a whole page header ------------------------------------------------------------------------
-
-TEST(WholeTemplateTest, AFilledControlFillsEveryPlaceholder) {
-    OnPage<FilledControl> control;
-    const std::string text =
-        control.expand(R"(<!--#INCLUDE file ="<Path_To_Root>Orvane/include/Query.asp" -->
-<EXTRA_INCLUDES><%
-<USER_DEFINED_SCRIPTS>Sub CreateQuery()
-	Dim <DATAPROVIDER_VARNAME>, <LINKED_DATAPROVIDER_VARNAME>
-	Set <DATAPROVIDER_VARNAME> = OpenProvider( "<dataprovider>", <DEFAULTPAGESIZE> )
-	Set <LINKED_DATAPROVIDER_VARNAME> = OpenProvider( "<LINKED_DATAPROVIDER>", 0 )
-	<DATAPROVIDER_VARNAME>.Filters = <ENABLE_EXTRA_FILTERS>
-	<DATAPROVIDER_VARNAME>.Style = "<PATH_TO_ROOT><XSL_FILENAME>"
-	Select Case <DATAPROVIDER_VARNAME>.Family
-		Case "EAI"
-			SortBy "<INITIAL_EAI_SORT_FIELD>"
-			Keys <SPECIFY_EAI_KEYFIELDS>
-			<ADD_EAI_RETURN_FIELDS><SPECIFY_EAI_CRITERIA><SPECIFY_EAI_I18N_FIELDS>
-			<SPECIFY_EAI_I18N_FIELDVALUES>
-			<SPECIFY_EAI_LINKED_FIELDS><SPECIFY_EAI_LINKED_FIELDVALUES>
-		Case "ZEKO"
-			SortBy "<INITIAL_ZEKO_SORT_FIELD>"
-			Keys <SPECIFY_ZEKO_KEYFIELDS>
-			<ADD_ZEKO_RETURN_FIELDS><SPECIFY_ZEKO_CRITERIA><SPECIFY_ZEKO_I18N_FIELDS>
-			<SPECIFY_ZEKO_I18N_FIELDVALUES>
-			<SPECIFY_ZEKO_LINKED_FIELDS><SPECIFY_ZEKO_LINKED_FIELDVALUES>
-	End Select
-	Show <RETURN_FIELDS_VARNAME>, <LINKED_RETURN_FIELDS_VARNAME>, <LINKED_FIELDS_VARNAME>
-End Sub
-%>)");
-    EXPECT_EQ(text, page(R"(<!--#INCLUDE file ="../../../Orvane/include/Query.asp" -->
-<!--#INCLUDE file ="../../../Include/a.asp" -->
-<!--#INCLUDE file ="../../../b.asp" -->
-<%
-Function getCust()
-End Function
-
-Function other()
-End Function
-
-Sub CreateQuery()
-	Dim mDataProvider, lLinkedDataProvider
-	Set mDataProvider = OpenProvider( "Orders", 10 )
-	Set lLinkedDataProvider = OpenProvider( "Stock", 0 )
-	mDataProvider.Filters = true
-	mDataProvider.Style = "../../../xsl/Orders.xsl"
-	Select Case mDataProvider.Family
-		Case "EAI"
-			SortBy "CUSTNO"
-			Keys Array("CUSTNO")
-			mReturnFields.Add "ORDERS.ORDNO", "ORDERS.ORDNO"
-			mReturnFields.Add "ORDERS.CUSTNO", "ORDERS.CUSTNO"
-			mDataProvider.SetKeyValue "CUSTNO", 2, fromFile()
-			mDataProvider.setTranslatedFieldNames( Array( _
-				"CUSTNO" _
-			))
-			mDataProvider.setTranslatedFieldValues( Array( _
-				"ORDNO",  _
-				"CUSTNO" _
-			))
-			mReturnLinkedFields.Add "STOCK.PLACE", "STOCK.PLACE"
-			mReturnLinkedFields.Add "STOCK.AMOUNT", "STOCK.AMOUNT"
-			mLinkedFields.Add "ORDNO", "PLACE"
-
-		Case "ZEKO"
-			SortBy "ORDNO"
-			Keys Array("ORDNO", "CUSTNO")
-			mReturnFields.Add 1, "ORDNO"
-			mReturnFields.Add 2, "CUSTNO"
-			mReturnFields.Add 3, "DATE"
-			mDataProvider.SetKeyValue "ORDNO", 0, "10"
-			mDataProvider.SetKeyValue "CUSTNO", 1, getCust()
-			mDataProvider.setTranslatedFieldNames( Array( _
-				"ORDNO",  _
-				"DATE" _
-			))
-			mDataProvider.setTranslatedFieldValues( Array( _
-				"CUSTNO" _
-			))
-			mReturnLinkedFields.Add 3, "AMOUNT"
-			mLinkedFields.Add "ORDNO", "ITEM"
-mLinkedFields.Add "CUSTNO", "PLACE"
-			
-	End Select
-	Show mReturnFields, mReturnLinkedFields, mLinkedFields
-End Sub
-%>
-)"));
-    EXPECT_THAT(control.messages(), IsEmpty());
 }
 
 }  // namespace
