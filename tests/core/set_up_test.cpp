@@ -23,6 +23,15 @@ TEST_F(SetUpTest, EveryControlHasANameOfItsOwn) {
     EXPECT_NE(dtc.surface.find("EAIMoveUpLinkedField"), nullptr);
 }
 
+TEST_F(SetUpTest, ScriptsAreHandedOutAndReplacedAsOneObject) {
+    const auto scripts = std::make_shared<ScriptDictionary>();
+    dtc.UserDefinedScripts(scripts);
+    dtc.UserDefinedScripts()->Add("f", "text");
+    EXPECT_EQ(scripts->Count(), 1);
+    EXPECT_EQ(numberOf([&] { dtc.UserDefinedScripts(nullptr); }), 91);
+    EXPECT_THAT(notices(), ElementsAre("UserDefinedScripts"));
+}
+
 class SetCriteriumValueTest : public ControlTest {
   protected:
     SetCriteriumValueTest() {
@@ -34,17 +43,6 @@ class SetCriteriumValueTest : public ControlTest {
     std::vector<Family> prepared;
     std::string valueWhenPrepared;
 };
-
-TEST_F(SetCriteriumValueTest, StoresTheTrimmedNameInDictionariesAndGrid) {
-    dtc.SetCriteriumValue(2, 1, "  getCust ", "function getCust()", USERSCRIPT);
-    EXPECT_EQ(dtc.ZEKO.CriteriaType.item("getCust"), USERSCRIPT);
-    EXPECT_EQ(dtc.userDefinedScripts->item("getCust"), "function getCust()");
-    EXPECT_EQ(dtc.ZEKO.CriteriaGrid.TextMatrix(1, 3), "getCust");
-    EXPECT_THAT(prepared, ElementsAre(Family::ZEKO));
-    EXPECT_EQ(valueWhenPrepared, "getCust");
-    EXPECT_EQ(dtc.EAI.CriteriaType.Count(), 0);
-    EXPECT_EQ(dtc.nrOfUserDefinedScripts, 0);
-}
 
 TEST_F(SetCriteriumValueTest, AScriptIsReplacedAndAnotherTypeRemovesIt) {
     dtc.SetCriteriumValue(1, 1, "f", "old", USERSCRIPT);
