@@ -3,10 +3,6 @@
 namespace headerdtc {
 namespace {
 
-using enum Key::Kind;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class ButtonTest : public ControlsTest {
   protected:
     ButtonTest() { events.listenTo(surface); }

@@ -18,6 +18,10 @@
 
 namespace headerdtc {
 
+using enum Key::Kind;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
 // Writes down what the controls of a form raise, as "name.Event", in the order of the events.
 class EventRecorder : public ControlVisitor {
   public:

@@ -3,10 +3,6 @@
 namespace headerdtc {
 namespace {
 
-using enum Key::Kind;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class FocusTest : public ControlsTest {
   protected:
     FocusTest() {
@@ -127,6 +123,8 @@ TEST_F(FocusTest, AClickedTabGetsTheFocusThenShowsItsPage) {
                 ElementsAre("Box.LostFocus", "Tabs.GotFocus", "Tabs.Click 0"));
     EXPECT_EQ(pageWhenLost, 0);
     EXPECT_TRUE(onPage1.isShowing());
+    button.onTabPage(0);
+    EXPECT_FALSE(button.isShowing());
     EXPECT_THAT(eventsOf([&] { tabs.clickTab(1); }), ElementsAre("Tabs.Click 1"));
     EXPECT_TRUE(isRefused([&] { tabs.clickTab(2); }));
     EXPECT_TRUE(isRefused([&] { tabs.clickTab(-1); }));

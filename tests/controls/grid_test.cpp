@@ -3,17 +3,6 @@
 namespace headerdtc {
 namespace {
 
-using enum Key::Kind;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-std::vector<std::string> cellsOf(const Grid& grid) {
-    std::vector<std::string> cells;
-    for (long i = 0; i < static_cast<long>(grid.Rows()) * grid.Cols(); ++i)
-        cells.push_back(grid.TextArray(i));
-    return cells;
-}
-
 class GridTest : public ControlsTest {
   protected:
     GridTest() {
@@ -27,31 +16,6 @@ class GridTest : public ControlsTest {
 };
 
 // ---- what a program does ------------------------------------------------------------------------
-
-TEST_F(GridTest, AnIndexThatIsNotThereChangesNothing) {
-    const auto before = cellsOf(grid);
-    for (const int row : {-1, 4})
-        EXPECT_EQ(numberOf([&] { grid.TextMatrix(row, 0, "x"); }), 381);
-    for (const int column : {-1, 3})
-        EXPECT_EQ(numberOf([&] { grid.TextMatrix(1, column, "x"); }), 381);
-    for (const long index : {-1L, 12L, 1L << 40}) {
-        EXPECT_EQ(numberOf([&] { grid.TextArray(index, "x"); }), 381);
-        EXPECT_EQ(numberOf([&] { static_cast<void>(grid.TextArray(index)); }), 381);
-    }
-    EXPECT_EQ(numberOf([&] { grid.Row(4); }), 381);
-    EXPECT_EQ(numberOf([&] { grid.Col(-1); }), 381);
-    EXPECT_EQ(numberOf([&] { grid.RemoveItem(4); }), 381);
-    EXPECT_EQ(numberOf([&] { grid.RemoveItem(-1); }), 381);
-    EXPECT_EQ(numberOf([&] { grid.RemoveItem(0); }), 5) << "the header";
-    EXPECT_EQ(numberOf([&] { grid.Rows(0); }), 380);
-    EXPECT_EQ(numberOf([&] { grid.Rows(32768); }), 380);
-    EXPECT_EQ(numberOf([&] { grid.ColWidth(3, 100); }), 381);
-    EXPECT_EQ(numberOf([&] { grid.ColWidth(0, -1); }), 380);
-    EXPECT_EQ(numberOf([&] { grid.RowHeightMin(-1); }), 380);
-    EXPECT_EQ(cellsOf(grid), before);
-    EXPECT_EQ(grid.Row(), 1);
-    EXPECT_THAT(events.take(), IsEmpty());
-}
 
 TEST_F(GridTest, RowsComeAndGoWhileTheCurrentOneKeepsItsNumberAsLongAsItCan) {
     grid.Row(2);

@@ -3,10 +3,6 @@
 namespace headerdtc {
 namespace {
 
-using enum Key::Kind;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class ListBoxTest : public ControlsTest {
   protected:
     ListBoxTest() {
@@ -49,31 +45,6 @@ TEST_F(ListBoxTest, OnlyInASingleSelectionListAreIndexAndSelectionOne) {
     single.Selected(0, false);
     EXPECT_EQ(single.ListIndex(), -1);
     EXPECT_EQ(single.SelCount(), 0);
-}
-
-TEST_F(ListBoxTest, AnIndexThatIsNotThereChangesNothing) {
-    multi.Selected(1, true);
-    multi.ListIndex(3);
-    events.take();
-    for (const int index : {-1, 4, 40000}) {
-        SCOPED_TRACE(index);
-        EXPECT_EQ(numberOf([&] { static_cast<void>(multi.List(index)); }), 381);
-        EXPECT_EQ(numberOf([&] { multi.List(index, "x"); }), 381);
-        EXPECT_EQ(numberOf([&] { multi.RemoveItem(index); }), 381);
-        EXPECT_EQ(numberOf([&] { static_cast<void>(multi.Selected(index)); }), 381);
-        EXPECT_EQ(numberOf([&] { multi.Selected(index, true); }), 381);
-        EXPECT_EQ(numberOf([&] { multi.Selected({0, index}, true); }), 381);
-        EXPECT_EQ(multi.ListOrEmpty(index), "");
-    }
-    EXPECT_EQ(numberOf([&] { multi.AddItem("x", 5); }), 381);
-    EXPECT_EQ(numberOf([&] { multi.AddItem("x", -1); }), 381);
-    EXPECT_EQ(numberOf([&] { multi.ListIndex(4); }), 380);
-    EXPECT_EQ(numberOf([&] { multi.ListIndex(-2); }), 380);
-    EXPECT_EQ(numberOf([&] { single.Selected({0, 1}, true); }), 5);
-    EXPECT_THAT(itemsOf(multi), ElementsAre("A", "B", "C", "D"));
-    EXPECT_THAT(selectedItemsOf(multi), ElementsAre("B"));
-    EXPECT_EQ(multi.ListIndex(), 3);
-    EXPECT_THAT(events.take(), IsEmpty());
 }
 
 TEST_F(ListBoxTest, SeveralItemsAreSelectedAtOnceForTheViews) {

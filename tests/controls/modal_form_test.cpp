@@ -3,10 +3,7 @@
 namespace headerdtc {
 namespace {
 
-using enum Key::Kind;
 using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class ModalFormTest : public ControlsTest {
   protected:

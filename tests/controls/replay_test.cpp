@@ -188,5 +188,62 @@ TEST_F(ReplayTest, AGridIsKeptInStepByItsChanges) {
     }
 }
 
+// The operations above only fail; here is how.
+TEST_F(ReplayTest, WhatIsNotThereIsRefusedByItsNumberAndWithoutAnEvent) {
+    ListBox multi(surface, "Multi", ListBox::Selection::Multiple);
+    ListBox single(surface, "Single", ListBox::Selection::Single);
+    ComboBox combo(surface, "Combo", ComboBox::Style::Editable);
+    Grid grid(surface, "Grid", 3);
+    fill(multi, {"A", "B"});
+    fill(single, {"a", "b"});
+    fill(combo, {"x"});
+    events.listenTo(surface);
+    for (const int index : {-1, 2, 40000}) {
+        const std::pair<int, std::function<void()>> refused[] = {
+            {381, [&] { static_cast<void>(multi.List(index)); }},
+            {381, [&] { multi.List(index, "x"); }},
+            {381, [&] { multi.RemoveItem(index); }},
+            {381, [&] { static_cast<void>(multi.Selected(index)); }},
+            {381, [&] { multi.Selected(index, true); }},
+            {381,
+             [&] {
+                 multi.Selected({0, index}, true);
+             }},
+            {381, [&] { multi.AddItem("x", index < 0 ? index : index + 1); }},
+            {380, [&] { multi.ListIndex(index < 0 ? -2 : index); }},
+            {5,
+             [&] {
+                 single.Selected({0, 1}, true);
+             }},
+            {381, [&] { combo.List(index, "x"); }},
+            {381, [&] { combo.RemoveItem(index); }},
+            {380, [&] { combo.ListIndex(index < 0 ? -2 : index); }},
+            {380, [&] { combo.SelStart(-1); }},
+            {380, [&] { combo.SelLength(-1); }},
+            {381, [&] { grid.TextMatrix(index, 0, "x"); }},
+            {381, [&] { grid.TextMatrix(1, index < 0 ? index : index + 1, "x"); }},
+            {381, [&] { grid.TextArray(index < 0 ? index : 6, "x"); }},
+            {381, [&] { static_cast<void>(grid.TextArray(index < 0 ? index : 1L << 40)); }},
+            {381, [&] { grid.Row(index); }},
+            {381, [&] { grid.Col(index < 0 ? index : 3); }},
+            {381, [&] { grid.RemoveItem(index); }},
+            {5, [&] { grid.RemoveItem(0); }},  // the header
+            {380, [&] { grid.Rows(index < 0 ? 0 : 32768); }},
+            {381, [&] { grid.ColWidth(index < 0 ? index : 3, 100); }},
+            {380, [&] { grid.ColWidth(0, -1); }},
+            {380, [&] { grid.RowHeightMin(-1); }},
+        };
+        for (const auto& [number, action] : refused)
+            EXPECT_EQ(numberOf(action), number) << "for " << index;
+        EXPECT_EQ(multi.ListOrEmpty(index), "");
+    }
+    EXPECT_THAT(itemsOf(multi), ElementsAre("A", "B"));
+    EXPECT_EQ(grid.Rows(), 2);
+    while (multi.ListCount() < MaxListCount)
+        multi.AddItem("full");
+    EXPECT_EQ(numberOf([&] { multi.AddItem("one more"); }), 6);
+    EXPECT_THAT(events.take(), IsEmpty());
+}
+
 }  // namespace
 }  // namespace headerdtc

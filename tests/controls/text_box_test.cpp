@@ -4,10 +4,6 @@
 namespace headerdtc {
 namespace {
 
-using enum Key::Kind;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class TextBoxTest : public ControlsTest {
   protected:
     TextBoxTest() { events.listenTo(surface); }

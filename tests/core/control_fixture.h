@@ -11,6 +11,13 @@
 
 namespace headerdtc {
 
+using ::testing::ElementsAre;
+using ::testing::ElementsAreArray;
+using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
+using ::testing::Pair;
+using ::testing::SizeIs;
+
 // One control that is not set up yet, over stand-ins for all that it asks of its surroundings.
 struct BareControl {
     // What has come since the last call: properties that the host heard of, failures that were

@@ -3,34 +3,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-// "header width" of each column.
-std::vector<std::string> columnsOf(const Grid& grid) {
-    std::vector<std::string> columns;
-    for (int column = 0; column < grid.Cols(); ++column)
-        columns.push_back(grid.TextMatrix(0, column) + " " + std::to_string(grid.ColWidth(column)));
-    return columns;
-}
-
 class SetUpTest : public ControlTest {};
-
-TEST_F(SetUpTest, BothFamiliesAreSetUpAlike) {
-    for (const Family which : BothFamilies) {
-        const FamilyControls& family = dtc.family(which);
-        EXPECT_THAT(itemsOf(family.OperatorsCombo), ElementsAre("==", "<=", ">="));
-        EXPECT_THAT(columnsOf(family.CriteriaGrid),
-                    ElementsAre(" 200", "Key 1800", " 550", "Value 2052", " 255"));
-        EXPECT_EQ(family.CriteriaGrid.RowHeightMin(), 323);
-        EXPECT_THAT(columnsOf(family.LinksGrid), ElementsAre(" 200", "From 2315", "To 2315"));
-        EXPECT_EQ(family.criteriaRows.current, -1);
-        EXPECT_EQ(family.linkRows.previous, -1);
-        EXPECT_TRUE(family.warnAboutDeleteKey);
-    }
-    EXPECT_EQ(dtc.DataProvidersCombo.ListCount(), 2);
-    EXPECT_THAT(messages(), IsEmpty());
-}
 
 TEST_F(SetUpTest, AFailureIsReportedUnderItsShortNameAndLeavesWhatWasSetUp) {
     HeaderDTC other(outside.all(), outside.modalLoop);
@@ -50,6 +23,15 @@ TEST_F(SetUpTest, EveryControlHasANameOfItsOwn) {
     EXPECT_NE(dtc.surface.find("EAIMoveUpLinkedField"), nullptr);
 }
 
+TEST_F(SetUpTest, ScriptsAreHandedOutAndReplacedAsOneObject) {
+    const auto scripts = std::make_shared<ScriptDictionary>();
+    dtc.UserDefinedScripts(scripts);
+    dtc.UserDefinedScripts()->Add("f", "text");
+    EXPECT_EQ(scripts->Count(), 1);
+    EXPECT_EQ(numberOf([&] { dtc.UserDefinedScripts(nullptr); }), 91);
+    EXPECT_THAT(notices(), ElementsAre("UserDefinedScripts"));
+}
+
 class SetCriteriumValueTest : public ControlTest {
   protected:
     SetCriteriumValueTest() {
@@ -61,17 +43,6 @@ class SetCriteriumValueTest : public ControlTest {
     std::vector<Family> prepared;
     std::string valueWhenPrepared;
 };
-
-TEST_F(SetCriteriumValueTest, StoresTheTrimmedNameInDictionariesAndGrid) {
-    dtc.SetCriteriumValue(2, 1, "  getCust ", "function getCust()", USERSCRIPT);
-    EXPECT_EQ(dtc.ZEKO.CriteriaType.item("getCust"), USERSCRIPT);
-    EXPECT_EQ(dtc.userDefinedScripts->item("getCust"), "function getCust()");
-    EXPECT_EQ(dtc.ZEKO.CriteriaGrid.TextMatrix(1, 3), "getCust");
-    EXPECT_THAT(prepared, ElementsAre(Family::ZEKO));
-    EXPECT_EQ(valueWhenPrepared, "getCust");
-    EXPECT_EQ(dtc.EAI.CriteriaType.Count(), 0);
-    EXPECT_EQ(dtc.nrOfUserDefinedScripts, 0);
-}
 
 TEST_F(SetCriteriumValueTest, AScriptIsReplacedAndAnotherTypeRemovesIt) {
     dtc.SetCriteriumValue(1, 1, "f", "old", USERSCRIPT);

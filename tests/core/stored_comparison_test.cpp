@@ -5,12 +5,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::IsSupersetOf;
-using ::testing::Pair;
-using ::testing::SizeIs;
-
 // "name: stored -> rewritten", "nothing" for what would be gone.
 std::vector<std::string> losses(const StoredTexts& stored, const StoredTexts& written) {
     std::vector<std::string> lines;
@@ -76,6 +70,9 @@ TEST(StoredComparisonTest, ATextAnItemAMarkARowAScriptOrAKindThatMattersIsALoss)
     now.front().second = "Stock";
     const auto remaining = remainingLosses(findLosses(page, written), now);
     EXPECT_EQ(remaining.size(), 8U) << "another provider was chosen";
+    StoredLoss unheard = remaining.front();
+    unheard.name = "Unheard";
+    EXPECT_EQ(withLosses(now, {unheard}), now);
     const StoredTexts carried = withLosses(now, remaining);
     EXPECT_THAT(losses(carried, written), SizeIs(9));
     EXPECT_THAT(losses(page, carried), ElementsAre("DataProvider: orders -> Stock"));

@@ -5,9 +5,6 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
 class HostBindingTest : public ControlTest {
   protected:
     std::string wayUp(const char* root, const char* page) {
@@ -18,21 +15,6 @@ class HostBindingTest : public ControlTest {
 
     HostBinding host{dtc};
 };
-
-TEST_F(HostBindingTest, NotificationsChangeNothing) {
-    testing::OrderedPropertyBag before, after;
-    dtc.UserControl_WriteProperties(before);
-    host.IDesignTimeControl_OnChoiceChange();
-    host.IDesignTimeControl_OnChoiceConflict();
-    host.IDesignTimeControl_OnGetChoices();
-    host.IDesignTimeControl_OnHostingChange();
-    host.IDesignTimeControl_OnRebind();
-    host.IDesignTimeControl_OnNotification();
-    dtc.UserControl_WriteProperties(after);
-    EXPECT_EQ(before.entries, after.entries);
-    EXPECT_THAT(messages(), IsEmpty());
-    EXPECT_THAT(notices(), IsEmpty());
-}
 
 TEST_F(HostBindingTest, EverySlashBeyondTheRootIsALevel) {
     placeOnPage();

@@ -1,20 +1,28 @@
 #include "runtime/runtime_text.h"
 
+#include "core/filled_control.h"
 #include "platform/text.h"
-#include "runtime/runtime_fixture.h"
+#include "runtime/fragments.h"
 
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-
-// Line ends as in a page, from those of this file.
-std::string page(std::string_view text) {
-    return replaceAll(text, "\n", "\r\n");
-}
-
-class RuntimeTextTest : public ::testing::Test, protected OnPage<TestControl> {};
+// A control on the page /Site/a/b/page.asp of the project /Site, with a template to fill.
+class RuntimeTextTest : public ControlTest {
+  protected:
+    RuntimeTextTest() {
+        provideRuntimeText(dtc);
+        dtc.procedures.GetInstallDir = [] { return std::string("C:\\SITES\\MAIN\\"); };
+        outside.site.entries = {{2, "/Site"}, {6, "/Site/a/b/page.asp"}};
+        dtc.site = &outside.site;
+    }
+    // The runtime text where the template is this.
+    std::string expand(std::string text) {
+        outside.textFiles.files["C:\\SITES\\MAIN\\Orvane\\include\\DTC_TEMPLATE.ASP"] =
+            std::move(text);
+        return dtc.IProvideRuntimeText_GetRuntimeText();
+    }
+};
 
 // ---- reading the template -----------------------------------------------------------------------
 
@@ -40,26 +48,6 @@ TEST_F(RuntimeTextTest, ThePathIsJoinedWithoutASeparatorAndAMissingTemplateIsRep
 
 // ---- the steps ----------------------------------------------------------------------------------
 
-TEST_F(RuntimeTextTest, ThePlaceholdersAndTheirOrder) {
-    std::vector<std::string_view> placeholders;
-    for (const RuntimeTextStep& step : runtimeTextSteps())
-        placeholders.push_back(step.placeholder);
-    EXPECT_THAT(
-        placeholders,
-        ElementsAre(
-            "<PATH_TO_ROOT>", "<DEFAULTPAGESIZE>", "<INITIAL_ZEKO_SORT_FIELD>",
-            "<INITIAL_EAI_SORT_FIELD>", "<DATAPROVIDER>", "<EXTRA_INCLUDES>", "<XSL_FILENAME>",
-            "<USER_DEFINED_SCRIPTS>", "<SPECIFY_EAI_KEYFIELDS>", "<ADD_EAI_RETURN_FIELDS>",
-            "<SPECIFY_EAI_CRITERIA>", "<SPECIFY_EAI_I18N_FIELDS>", "<SPECIFY_EAI_I18N_FIELDVALUES>",
-            "<ADD_EAI_RETURN_FIELDS>", "<SPECIFY_ZEKO_KEYFIELDS>", "<ADD_ZEKO_RETURN_FIELDS>",
-            "<SPECIFY_ZEKO_CRITERIA>", "<SPECIFY_ZEKO_I18N_FIELDS>",
-            "<SPECIFY_ZEKO_I18N_FIELDVALUES>", "<SPECIFY_EAI_LINKED_FIELDS>",
-            "<SPECIFY_ZEKO_LINKED_FIELDS>", "<SPECIFY_ZEKO_LINKED_FIELDVALUES>",
-            "<SPECIFY_EAI_LINKED_FIELDVALUES>", "<RETURN_FIELDS_VARNAME>",
-            "<LINKED_RETURN_FIELDS_VARNAME>", "<LINKED_FIELDS_VARNAME>", "<LINKED_DATAPROVIDER>",
-            "<LINKED_DATAPROVIDER_VARNAME>", "<DATAPROVIDER_VARNAME>", "<ENABLE_EXTRA_FILTERS>"));
-}
-
 TEST_F(RuntimeTextTest, WhatIsNotConfiguredVanishesAndAGreyCheckBoxCountsAsOn) {
     dtc.DataProvidersCombo.ListIndex(1);
     dtc.EnableExtraFiltersCheck.Value(CheckState::Greyed);
@@ -68,16 +56,6 @@ TEST_F(RuntimeTextTest, WhatIsNotConfiguredVanishesAndAGreyCheckBoxCountsAsOn) {
                      "<LINKED_DATAPROVIDER>|<enable_extra_filters>|<DEFAULTPAGESIZE>"),
               "Stock|||||true|10\r\n");
     EXPECT_THAT(messages(), IsEmpty());
-}
-
-TEST_F(RuntimeTextTest, IncludesAndScriptsAreBlocksInTheirOrder) {
-    fill(dtc.IncludeASPList, {"b.asp", "Include/a.asp"});
-    dtc.userDefinedScripts->Add("z", "Function z()");
-    dtc.userDefinedScripts->Add("a", "");
-    EXPECT_EQ(expand("[<EXTRA_INCLUDES>][<USER_DEFINED_SCRIPTS>]"),
-              "[<!--#INCLUDE file =\"../../../b.asp\" -->\r\n"
-              "<!--#INCLUDE file =\"../../../Include/a.asp\" -->\r\n]"
-              "[Function z()\r\n\r\n\r\n\r\n]\r\n");
 }
 
 TEST_F(RuntimeTextTest, TheWayToTheRootIsAskedForOnce) {
@@ -135,102 +113,19 @@ TEST_F(RuntimeTextTest, AFailureInTheMiddleGivesTheTextAsItStood) {
     EXPECT_THAT(errors(), ElementsAre(report));
 }
 
-TEST_F(RuntimeTextTest, RemarksOnCriteriaDoNotStopTheExpansion) {
-    dtc.EAI.CriteriaGrid.TextMatrix(1, criteria_column::Key, "ORDNO");
-    EXPECT_EQ(expand("<SPECIFY_EAI_CRITERIA><ENABLE_EXTRA_FILTERS>"), "false\r\n");
-    EXPECT_THAT(messages(), ElementsAre("Incomplete criterion on line 1 on the EAI tab"));
-    EXPECT_THAT(errors(), IsEmpty());
-}
-
-// ---- a whole page header ------------------------------------------------------------------------
-
-TEST(WholeTemplateTest, AFilledControlFillsEveryPlaceholder) {
-    OnPage<FilledControl> control;
-    const std::string text =
-        control.expand(R"(<!--#INCLUDE file ="<Path_To_Root>Orvane/include/Query.asp" -->
-<EXTRA_INCLUDES><%
-<USER_DEFINED_SCRIPTS>Sub CreateQuery()
-	Dim <DATAPROVIDER_VARNAME>, <LINKED_DATAPROVIDER_VARNAME>
-	Set <DATAPROVIDER_VARNAME> = OpenProvider( "<dataprovider>", <DEFAULTPAGESIZE> )
-	Set <LINKED_DATAPROVIDER_VARNAME> = OpenProvider( "<LINKED_DATAPROVIDER>", 0 )
-	<DATAPROVIDER_VARNAME>.Filters = <ENABLE_EXTRA_FILTERS>
-	<DATAPROVIDER_VARNAME>.Style = "<PATH_TO_ROOT><XSL_FILENAME>"
-	Select Case <DATAPROVIDER_VARNAME>.Family
-		Case "EAI"
-			SortBy "<INITIAL_EAI_SORT_FIELD>"
-			Keys <SPECIFY_EAI_KEYFIELDS>
-			<ADD_EAI_RETURN_FIELDS><SPECIFY_EAI_CRITERIA><SPECIFY_EAI_I18N_FIELDS>
-			<SPECIFY_EAI_I18N_FIELDVALUES>
-			<SPECIFY_EAI_LINKED_FIELDS><SPECIFY_EAI_LINKED_FIELDVALUES>
-		Case "ZEKO"
-			SortBy "<INITIAL_ZEKO_SORT_FIELD>"
-			Keys <SPECIFY_ZEKO_KEYFIELDS>
-			<ADD_ZEKO_RETURN_FIELDS><SPECIFY_ZEKO_CRITERIA><SPECIFY_ZEKO_I18N_FIELDS>
-			<SPECIFY_ZEKO_I18N_FIELDVALUES>
-			<SPECIFY_ZEKO_LINKED_FIELDS><SPECIFY_ZEKO_LINKED_FIELDVALUES>
-	End Select
-	Show <RETURN_FIELDS_VARNAME>, <LINKED_RETURN_FIELDS_VARNAME>, <LINKED_FIELDS_VARNAME>
-End Sub
-%>)");
-    EXPECT_EQ(text, page(R"(<!--#INCLUDE file ="../../../Orvane/include/Query.asp" -->
-<!--#INCLUDE file ="../../../Include/a.asp" -->
-<!--#INCLUDE file ="../../../b.asp" -->
-<%
-Function getCust()
-End Function
-
-Function other()
-End Function
-
-Sub CreateQuery()
-	Dim mDataProvider, lLinkedDataProvider
-	Set mDataProvider = OpenProvider( "Orders", 10 )
-	Set lLinkedDataProvider = OpenProvider( "Stock", 0 )
-	mDataProvider.Filters = true
-	mDataProvider.Style = "../../../xsl/Orders.xsl"
-	Select Case mDataProvider.Family
-		Case "EAI"
-			SortBy "CUSTNO"
-			Keys Array("CUSTNO")
-			mReturnFields.Add "ORDERS.ORDNO", "ORDERS.ORDNO"
-			mReturnFields.Add "ORDERS.CUSTNO", "ORDERS.CUSTNO"
-			mDataProvider.SetKeyValue "CUSTNO", 2, fromFile()
-			mDataProvider.setTranslatedFieldNames( Array( _
-				"CUSTNO" _
-			))
-			mDataProvider.setTranslatedFieldValues( Array( _
-				"ORDNO",  _
-				"CUSTNO" _
-			))
-			mReturnLinkedFields.Add "STOCK.PLACE", "STOCK.PLACE"
-			mReturnLinkedFields.Add "STOCK.AMOUNT", "STOCK.AMOUNT"
-			mLinkedFields.Add "ORDNO", "PLACE"
-
-		Case "ZEKO"
-			SortBy "ORDNO"
-			Keys Array("ORDNO", "CUSTNO")
-			mReturnFields.Add 1, "ORDNO"
-			mReturnFields.Add 2, "CUSTNO"
-			mReturnFields.Add 3, "DATE"
-			mDataProvider.SetKeyValue "ORDNO", 0, "10"
-			mDataProvider.SetKeyValue "CUSTNO", 1, getCust()
-			mDataProvider.setTranslatedFieldNames( Array( _
-				"ORDNO",  _
-				"DATE" _
-			))
-			mDataProvider.setTranslatedFieldValues( Array( _
-				"CUSTNO" _
-			))
-			mReturnLinkedFields.Add 3, "AMOUNT"
-			mLinkedFields.Add "ORDNO", "ITEM"
-mLinkedFields.Add "CUSTNO", "PLACE"
-			
-	End Select
-	Show mReturnFields, mReturnLinkedFields, mLinkedFields
-End Sub
-%>
-)"));
-    EXPECT_THAT(control.messages(), IsEmpty());
+TEST(FragmentsTest, AnUnknownFamilyCodeGivesNothing) {
+    FilledControl filled;
+    for (const int code : {-1, 0, 1, 2, 3, 4, 5, 6}) {
+        SCOPED_TRACE(code);
+        const bool own = code == 1 || code == 2;
+        for (const auto generator :
+             {GetKeyFieldsRuntimeText, GetReturnFieldsRuntimeText, GetCriteriaRuntimeText,
+              GetI18NFieldnamesRuntimeText, GetI18NFieldValuesRuntimeText})
+            EXPECT_EQ(generator(filled.dtc, code).empty(), !own);
+        const bool linked = code == 4 || code == 5;
+        for (const auto generator : {GetLinkedReturnFieldsRuntimeText, GetLinkedFieldsRuntimeText})
+            EXPECT_EQ(generator(filled.dtc, code).empty(), !linked);
+    }
 }
 
 }  // namespace

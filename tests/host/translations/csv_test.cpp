@@ -2,6 +2,7 @@
 
 #include "host/failures.h"
 #include "host/files/file_error.h"
+#include "platform/utf8.h"
 
 #include <random>
 

@@ -1,0 +1,165 @@
+#include "platform/dictionary.h"
+#include "platform/error_trap.h"
+#include "platform/nearest_name.h"
+#include "platform/text.h"
+#include "platform/utf8.h"
+#include "support/error_number.h"
+#include "support/fake_surroundings.h"
+
+#include <gmock/gmock.h>
+
+namespace headerdtc {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+Dictionary<std::string> abc() {
+    Dictionary<std::string> dictionary;
+    dictionary.Add("b", "1");
+    dictionary.Add("a", "2");
+    dictionary.Add("c", "3");
+    return dictionary;
+}
+
+TEST(DictionaryTest, EnumeratesInTheOrderOfAddingWhateverIsRemovedBetween) {
+    auto dictionary = abc();
+    EXPECT_TRUE(dictionary.Remove("a"));
+    EXPECT_FALSE(dictionary.Remove("a"));
+    dictionary.Add("a", "4");
+    dictionary.assign("b", "5");
+    dictionary.assign("d", "6");
+    EXPECT_THAT(dictionary,
+                ElementsAre(Pair("b", "5"), Pair("c", "3"), Pair("a", "4"), Pair("d", "6")));
+}
+
+TEST(DictionaryTest, ReadingAMissingKeyAddsItEmpty) {
+    auto dictionary = abc();
+    EXPECT_EQ(dictionary.item("B"), "");
+    EXPECT_TRUE(dictionary.Exists("B"));
+    EXPECT_EQ(dictionary.item("b"), "1");
+    EXPECT_EQ(dictionary.Count(), 4);
+}
+
+TEST(DictionaryTest, AddingAKeyTwiceFailsAndKeepsTheFirst) {
+    auto dictionary = abc();
+    EXPECT_EQ(numberOf([&] { dictionary.Add("b", "again"); }), 457);
+    EXPECT_THAT(dictionary, ElementsAre(Pair("b", "1"), Pair("a", "2"), Pair("c", "3")));
+}
+
+TEST(DictionaryTest, CopiesAndMovesStandOnTheirOwn) {
+    auto original = abc();
+    auto copy = original;
+    original.Remove("b");
+    original.assign("a", "changed");
+    EXPECT_EQ(copy.item("a"), "2");
+    EXPECT_EQ(copy.item("b"), "1");
+
+    const auto moved = std::move(copy);
+    copy = abc();
+    copy.RemoveAll();
+    EXPECT_EQ(copy.Count(), 0);
+    EXPECT_TRUE(moved.Exists("c"));
+    EXPECT_THAT(moved, ElementsAre(Pair("b", "1"), Pair("a", "2"), Pair("c", "3")));
+}
+
+TEST(ErrorTrapTest, ReportsAFailureUnderTheGivenNameAndKeepsWhatWasDone) {
+    testing::RecordingMessageBox messages;
+    int done = 0;
+    EXPECT_FALSE(trapErrors(messages, "AddField_Click", [&] {
+        done = 1;
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }));
+    EXPECT_EQ(done, 1);
+    EXPECT_THAT(messages.errors, ElementsAre("Error in 'AddField_Click': Path not found (76)"));
+    EXPECT_EQ(messages.shown, messages.errors);
+}
+
+TEST(ErrorTrapTest, ADatabaseFailureKeepsItsOwnNumberAndText) {
+    EXPECT_EQ(errorReport("F", RuntimeError(-2147217900, "no such table: I18NTEXT")),
+              "Error in 'F': no such table: I18NTEXT (-2147217900)");
+    EXPECT_EQ(errorReport("F", RuntimeError(ErrorNumber::Overflow),
+                          ErrorReportStyle::NoBlankBeforeNumber),
+              "Error in 'F': Overflow(6)");
+}
+
+TEST(ErrorTrapTest, LetsThroughWhatIsNoRuntimeFailure) {
+    testing::RecordingMessageBox messages;
+    EXPECT_THROW(trapErrors(messages, "F", [] { throw std::logic_error("a defect"); }),
+                 std::logic_error);
+    EXPECT_THAT(messages.shown, IsEmpty());
+    EXPECT_TRUE(trapErrors(messages, "F", [] {}));
+}
+
+TEST(NearestName, IsTheOneThatMayHaveBeenMeant) {
+    for (const auto& [written, meant] : {std::pair{"chek", "check"},
+                                         {"GENERATE", "generate"},
+                                         {"hwere", "where"},
+                                         {"hsow", "show"},
+                                         {"hello", ""},
+                                         {"exit", "edit"},
+                                         {"FLAGG", "FLAG"},
+                                         {"remove", ""},
+                                         {"x", ""},
+                                         {"", ""}}) {
+        NearestName nearest(written);
+        for (const char* name : {"generate", "check", "where", "doctor", "new", "show", "edit",
+                                 "FLAT", "FLAG", "FLAGS"})
+            nearest.offer(name);
+        EXPECT_EQ(nearest.found(), meant) << "for " << written;
+    }
+    EXPECT_EQ(NearestName("check").question(), "");
+}
+
+TEST(TextTest, TrimsBlanksAndNothingElse) {
+    EXPECT_EQ(trimBlanks("  a b \t "), "a b \t");
+    EXPECT_EQ(trimBlanks("   "), "");
+    EXPECT_EQ(trimBlanks(""), "");
+}
+
+TEST(TextTest, SplitsAtEveryOccurrenceAndKeepsEmptyPieces) {
+    EXPECT_THAT(splitText("1 - A - B", " - "), ElementsAre("1", "A", "B"));
+    EXPECT_THAT(splitText(".A.", "."), ElementsAre("", "A", ""));
+    EXPECT_THAT(splitText("", "."), ElementsAre(""));
+    EXPECT_THAT(splitText("A.B", ""), ElementsAre("A.B"));
+    EXPECT_EQ(secondPiece("1 - A - B", " - "), "A");
+    EXPECT_EQ(secondPiece("GROUP.", "."), "");
+    EXPECT_EQ(numberOf([] { secondPiece("GROUP", "."); }), 9);
+}
+
+TEST(TextTest, UpperCaseReachesLettersOfTwoBytes) {
+    EXPECT_EQ(upperCase("c:\\größe\\éàþ÷ÿšœžµłωжı"), "C:\\GRÖßE\\ÉÀÞ÷ŸŠŒŽµŁΩЖı");
+    EXPECT_EQ(upperCase("\xC3"), "\xC3");
+    EXPECT_EQ(upperCase("\xC3z"), "\xC3Z");
+}
+
+TEST(TextTest, ReplacementsAreNotScannedAgain) {
+    EXPECT_EQ(replaceAll("aaa", "a", "aa"), "aaaaaa");
+    EXPECT_EQ(replaceAll("<X><x>", "<x>", "1"), "<X>1");
+    EXPECT_EQ(replaceAllIgnoringCase("<X><x>end", "<x>", "<X>"), "<X><X>end");
+    EXPECT_EQ(replaceAllIgnoringCase("text", "", "never"), "text");
+}
+
+TEST(TextTest, ComparesIgnoringCaseOverTheWholeLength) {
+    EXPECT_TRUE(equalIgnoringCase("DataProvider", "DATAPROVIDER"));
+    EXPECT_FALSE(equalIgnoringCase("Data", "DataProvider"));
+    EXPECT_FALSE(equalIgnoringCase("[", "{"));
+}
+
+TEST(TextTest, CountsCharactersNotBytes) {
+    EXPECT_EQ(utf8::length("größe€😀"), 7);
+    EXPECT_EQ(utf8::offset("größe", 3), 4U);
+    EXPECT_EQ(utf8::offset("größe", 0), 0U);
+    EXPECT_EQ(utf8::offset("größe", 99), 7U);
+}
+
+TEST(TextTest, NarrowsToSixteenBitsOrOverflows) {
+    EXPECT_EQ(toInt16(-32768), -32768);
+    EXPECT_EQ(toInt16(32767), 32767);
+    EXPECT_EQ(numberOf([] { toInt16(32768); }), 6);
+    EXPECT_EQ(numberOf([] { toInt16(-32769); }), 6);
+}
+
+}  // namespace
+}  // namespace headerdtc
