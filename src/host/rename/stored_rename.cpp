@@ -50,13 +50,13 @@ std::string otherName(const std::string& text, const std::string& than) {
 }
 
 // The name in an entry that somebody has given.
-std::string nameOfEntry(const std::string& entry, Family family) {
+std::string nameOfEntry(std::string_view entry, Family family) {
     const auto start = *nameStart(entry, family);
-    const auto number = trimBlanks(entry.substr(0, entry.find(' ')));
-    const bool hasNumber = number.find_first_not_of("0123456789") == std::string_view::npos;
-    if (start == entry.size() || (family == Family::ZEKO && !hasNumber))
+    const auto number = trimBlanks(entry.substr(0, start - traitsOf(family).separator.size()));
+    const bool isNumber = number.find_first_not_of("0123456789") == std::string_view::npos;
+    if (start == entry.size() || (family == Family::ZEKO && !isNumber))
         throw std::invalid_argument(inQuotes(entry) + " is no field entry, like \"9 - CITY\"");
-    return entry.substr(start);
+    return std::string(entry.substr(start));
 }
 
 // A property that names something of the catalogue.
