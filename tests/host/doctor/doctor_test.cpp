@@ -77,13 +77,13 @@ TEST_F(Doctor, SaysWhichConfigurationHoldsAndWhy) {
 
     std::filesystem::remove(site / "headerdtc.toml");
     EXPECT_THAT(look("configuration"),
-                AllOf(StartsWith("warning: no headerdtc.toml"), HasSubstr("-> write ")));
+                AllOf(StartsWith("warning: no headerdtc.toml"), HasSubstr("-> make a site with ")));
 }
 
 TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
-    site.writeTemplate("<PATH_TO_ROT> <DATAPROVIDER> <TABLE>");
-    EXPECT_THAT(look("template"),
-                AllOf(StartsWith("warning: "), HasSubstr("unknown: <PATH_TO_ROT>")));
+    site.writeTemplate("<PATH_TO_ROT> <DATAPROVIDER> <DATAPROVIDR> <TABLE>");
+    EXPECT_THAT(look("template"), AllOf(StartsWith("warning: "),
+                                        HasSubstr("unknown: <DATAPROVIDR>, <PATH_TO_ROT> ")));
     std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
     EXPECT_THAT(look("template"),
                 AllOf(StartsWith("broken: "), HasSubstr("/DTC_TEMPLATE.ASP -> ")));
@@ -96,6 +96,15 @@ TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
     EXPECT_THAT(look("registry export"),
                 AllOf(HasSubstr("has no HKLM"), HasSubstr("-> export the key")));
     EXPECT_THAT(look("install directory"), StartsWith("skipped: "));
+    site.write("velmora.reg",
+               "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\WOW6432Node\\Zarvik\\Zarvik "
+               "Velmora]\r\n\"InstallDir\"=\"C:\\\\Suite\"\r\n");
+    EXPECT_THAT(look("registry export"), HasSubstr("-> take WOW6432Node\\ out"));
+    site.write("catalogue.json", R"({"providers": [{"name": "Ships"}]})");
+    EXPECT_THAT(look("catalogue"), HasSubstr("\"Ships\" has neither"));
+    site.write("catalogue.json", R"({"providers": [{"name": "Ships", "zeko": {"fields":
+        [{"number": 1, "name": "IMO"}], "keyFields": ["FLAG"]}}]})");
+    EXPECT_THAT(look("catalogue"), HasSubstr("the key field FLAG of \"Ships\" is none"));
     site.write("catalogue.json", "{\"providers\": []}");
     EXPECT_THAT(look("catalogue"), StartsWith("warning: "));
     site.write("catalogue.json", "{\"providers\": 1}");
