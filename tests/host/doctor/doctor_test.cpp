@@ -22,13 +22,15 @@ class Doctor : public ::testing::Test {
             "LABEL);");
     }
 
-    void configure(const std::string& connectString, const std::string& odbcIni = "odbc.ini") {
+    void configure(const std::string& connectString, const std::string& odbcIni = "odbc.ini",
+                   const std::string& labels = "") {
         site.write("headerdtc.toml",
                    "registry = \"velmora.reg\"\n[drives]\nC = \"c\"\n"
                    "[datasource]\ncatalogue = \"catalogue.json\"\n"
                    "[translations]\nconnect_string = \"" +
-                       connectString + "\"\nlabel_connect_string = \"" + connectString +
-                       "\"\nodbc_ini = \"" + odbcIni + "\"\n");
+                       connectString + "\"\nlabel_connect_string = \"" +
+                       (labels.empty() ? connectString : labels) + "\"\nodbc_ini = \"" + odbcIni +
+                       "\"\n");
     }
     void makeDatabase(const std::string& statements) {
         const std::string file = (site / "texts.sqlite").string();
@@ -115,6 +117,15 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     makeDatabase("DROP TABLE I18NFIELDNAMES; CREATE TABLE I18NFIELDNAMES (PROVIDERNAME);");
     EXPECT_THAT(look("table I18NFIELDNAMES"), StartsWith("broken: "));
     EXPECT_THAT(look("table I18NTEXT"), StartsWith("ok: "));
+
+    site.write("labels.sqlite", "");
+    site.write("odbc.ini",
+               "[Harbour]\nDriver = SQLite3\nDatabase = texts.sqlite\n"
+               "[Labels]\nDriver = SQLite3\nDatabase = labels.sqlite\n");
+    configure("DSN=Harbour;PWD=hush", "odbc.ini", "DSN=Labels");
+    EXPECT_THAT(look("table I18NTEXT for labels"), StartsWith("broken: "));
+    site.write("texts.sqlite", std::string(4096, 'x'));
+    EXPECT_THAT(look("table I18NTEXT"), HasSubstr("-> the file is no SQLite database"));
 
     std::filesystem::remove(site / "texts.sqlite");
     EXPECT_THAT(look("data source"), AllOf(StartsWith("broken: "), HasSubstr("texts.sqlite"),
