@@ -32,6 +32,8 @@ harbour_page port/web/ships.asp <<'END'
 END
 check 0 "$headerdtc" check port
 check 0 "$headerdtc" translations check port
+check 3 "$headerdtc" new port/web/ships.asp
+expect "$err" "--into"
 # What is there stays as it is, and what is missing is made again; a suite is not added to.
 rm "port/it's.sqlite" port/disk/Suite/xsl/Generic.xsl
 echo '# mine' >>port/headerdtc.toml
