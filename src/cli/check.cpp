@@ -36,7 +36,9 @@ ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
     SiteFactsCache facts;
     const auto report = CheckReport::make(options.form());
     report->begin();
+    FailureLines lines;
     PageRun run(options.run, [&](const std::string& page, const PageFailure& failure) {
+        if (failure.of == PageFailure::Of::Site) lines.printMissingConfiguration(sites, page);
         report->failure(page, failure);
     });
     PageTotals& totals = run.totals();

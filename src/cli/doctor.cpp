@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/streams.h"
+#include "cli/version.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -24,8 +25,8 @@ std::string namedBy(const std::string& configuration) {
 }
 
 ExitStatus doctor(const CommonOptions& common, const DoctorOptions& options) {
-    const auto links =
-        examineSite(options.place, common.configuration, namedBy(common.configuration));
+    auto links = examineSite(options.place, common.configuration, namedBy(common.configuration));
+    links.insert(links.begin(), {"headerdtc", Health::Whole, Version, ""});
     JsonLines lines;
     if (options.json) lines.begin("doctor");
     const std::size_t broken = tellLinks(links, options.json ? &lines : nullptr);

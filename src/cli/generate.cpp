@@ -9,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <map>
 #include <memory>
 
 namespace headerdtc::cli {
@@ -39,6 +40,7 @@ class GenerateReport {
     virtual void end(const PageTotals&) {}
 
   protected:
+    Sites& sites() { return sites_; }
     const GenerateOptions& options() const { return options_; }
     const CodePage& codePageOf(const std::string& page) const {
         return sites_.forPage(page)->configuration->codePage;
@@ -59,6 +61,8 @@ class GenerateText : public GenerateReport {
 
     void page(const PageRun::Page& page, const SiteGeneration::Done& done) override {
         const Verdict verdict = done.page.verdict;
+        if (isToldAlready(done.page)) return;
+        if (verdict == Verdict::LeftAlone) lines_.printMissingConfiguration(sites(), page.name);
         const auto of = verdict == Verdict::NotConfigured ? PageFailure::Of::Configuration
                                                           : PageFailure::Of::Page;
         for (const std::string& message : done.page.messages)
@@ -69,8 +73,32 @@ class GenerateText : public GenerateReport {
         printDiff(page.name, done.page.before, done.page.after, codePageOf(page.name));
     }
 
+    void end(const PageTotals& totals) override {
+        for (const auto& [cause, pages] : causes_) {
+            if (pages > 1)
+                printLine(stderr, counted(pages, "page") + " left as they were: " + cause +
+                                      "; 'headerdtc doctor' looks at the whole set-up");
+        }
+        if (options().check && totals.found > 0)
+            printLine(stderr, counted(totals.found, "page") + " out of date; to write " +
+                                  (totals.found == 1 ? "it" : "them") + ": headerdtc generate " +
+                                  options().run.paths.inWords());
+    }
+
   private:
+    // What keeps many pages from being generated, a file that is missing, say, is told of the first
+    // one; of the others only how many they are.
+    bool isToldAlready(const GeneratedPage& page) {
+        if (page.doubts.empty()) return false;
+        const std::string& cause = page.doubts.front().doubt.reason;
+        for (const auto& [control, doubt] : page.doubts) {
+            if (doubt.kind == SaveDoubt::Kind::Loss || doubt.reason != cause) return false;
+        }
+        return ++causes_[cause] > 1;
+    }
+
     FailureLines lines_;
+    std::map<std::string, std::size_t> causes_;  // with the number of their pages
 };
 
 // For programs: a JSON object for each page, docs/schemas/generate.schema.json.

@@ -24,6 +24,9 @@ ExitStatus newControl(const CommonOptions& common, const NewOptions& options) {
         const PageDocument page(options.page, codePage);
         addNewControl(page, options.line);
     } else {
+        std::error_code ignored;
+        if (std::filesystem::exists(options.page, ignored))
+            throw FileError(options.page, "it is there already; --into adds a control to it");
         makeNewPage(options.page, codePage);
     }
     std::printf("%s\n", options.page.c_str());

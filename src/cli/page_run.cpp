@@ -2,6 +2,7 @@
 
 #include "cli/streams.h"
 #include "host/files/file_error.h"
+#include "host/site/site.h"
 #include "platform/text.h"
 
 #include <CLI/CLI.hpp>
@@ -14,6 +15,13 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
+
+constexpr const char* NoConfiguration =
+    " or above it; 'headerdtc init' sets up a site, until then the defaults hold";
+constexpr const char* WhereToLook = "; 'headerdtc doctor' looks at the whole set-up";
+
+constexpr const char* PlainInShells =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_./-+,:@%";
 
 constexpr int BarWidth = 30;
 constexpr std::chrono::milliseconds BetweenShows{100};
@@ -47,6 +55,20 @@ SitePages PathList::pages() const try {
     throw UsageError(error.what());
 }
 
+std::string PathList::inWords() const {
+    std::string text;
+    const auto add = [&](const std::string& word) { text += (text.empty() ? "" : " ") + word; };
+    const auto quoted = [](const std::string& word) {
+        const bool isPlain =
+            !word.empty() && word.find_first_not_of(PlainInShells) == std::string::npos;
+        return isPlain ? word : "'" + replaceAll(word, "'", "'\\''") + "'";
+    };
+    if (!file.empty()) add("--files-from " + quoted(file));
+    for (const std::string& word : words)
+        add(quoted(word));
+    return text;
+}
+
 CLI::Option* addPathList(CLI::App& command, PathList& paths, const std::string& description) {
     auto* words = command.add_option("PATH", paths.words, description);
     command
@@ -70,9 +92,18 @@ ExitStatus PageTotals::status(bool counts) const {
     return counts && found > 0 ? CheckFoundSomething : Done;
 }
 
+void FailureLines::printMissingConfiguration(Sites& sites, const std::string& page) {
+    const auto configuration = sites.forPage(page)->configuration;
+    if (!configuration->file.empty() || !said_.insert(NoConfiguration).second) return;
+    printLine(stderr, std::string("there is no headerdtc.toml in ") +
+                          configuration->folder.string() + NoConfiguration);
+}
+
 void FailureLines::print(const std::string& page, const PageFailure& failure) {
     if (failure.of == PageFailure::Of::Page) return printMessage(page, failure.text);
-    if (said_.insert(failure.text).second) printLine(stderr, failure.text);
+    if (!said_.insert(failure.text).second) return;
+    printLine(stderr,
+              failure.of == PageFailure::Of::Site ? failure.text + WhereToLook : failure.text);
 }
 
 // What a person sees and does meanwhile: the progress on a terminal, and Ctrl-C.

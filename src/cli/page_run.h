@@ -17,6 +17,10 @@ namespace CLI {
 class Option;
 }
 
+namespace headerdtc {
+class Sites;
+}
+
 namespace headerdtc::cli {
 
 // The pages and folders of a command: its words, and the lines of a file (--files-from).
@@ -26,6 +30,8 @@ struct PathList {
 
     // The pages of both. Throws UsageError when the file cannot be read.
     SitePages pages() const;
+    // As a shell takes them again.
+    std::string inWords() const;
     // Neither words nor a file.
     bool empty() const { return words.empty() && file.empty(); }
 };
@@ -59,6 +65,8 @@ struct PageTotals {
 // of its pages.
 class FailureLines {
   public:
+    // Before a page's own failure: that no headerdtc.toml holds for it, which may be why. Once.
+    void printMissingConfiguration(Sites& sites, const std::string& page);
     void print(const std::string& page, const PageFailure& failure);
 
   private:

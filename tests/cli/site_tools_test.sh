@@ -32,6 +32,8 @@ harbour_page port/web/ships.asp <<'END'
 END
 check 0 "$headerdtc" check port
 check 0 "$headerdtc" translations check port
+check 3 "$headerdtc" new port/web/ships.asp
+expect "$err" "--into"
 # What is there stays as it is, and what is missing is made again; a suite is not added to.
 rm "port/it's.sqlite" port/disk/Suite/xsl/Generic.xsl
 echo '# mine' >>port/headerdtc.toml
@@ -77,6 +79,7 @@ sed -i 's/mStyle = /mSheet = /' site/c/Suite/Orvane/include/DTC_TEMPLATE.ASP
 check 1 "$headerdtc" generate --check --diff site
 expect "$out" '-	mStyle = "../xsl/Generic.xsl"'
 [[ $out != *$'\033'* ]] || fail "colours outside a terminal"
+expect "$err" "2 pages out of date; to write them: headerdtc generate site"
 cp out stale.diff
 [[ $(grep -c '^@@' out) == 2 ]] || fail "each page has one change"
 cmp -s site/traffic/ships.asp before/traffic/ships.asp || fail "--diff wrote a page"
@@ -193,6 +196,13 @@ done
 mv site/providers.json kept
 check 3 "$headerdtc" check site/traffic
 [[ $(wc -l <err) == 1 ]] || fail "one missing catalogue was said more than once: $err"
+check 3 "$headerdtc" generate site/traffic
+expect "$err" "2 pages left as they were: "
+[[ $(wc -l <err) == 3 ]] || fail "one missing catalogue was said for each page: $err"
+mkdir lone && cp site/traffic/today/berths.asp lone
+check 3 "$headerdtc" generate lone
+[[ $(head -1 err) == "there is no headerdtc.toml in $folder/lone or above it; 'headerdtc init'"* ]] ||
+    fail "a missing configuration is not said first: $err"
 mv kept site/providers.json
 sed -i 's/PWD=quayside"/PWD=quayside/' site/headerdtc.toml  # a quotation mark is not closed
 check 2 "$headerdtc" generate site

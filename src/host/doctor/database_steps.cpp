@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <memory>
+#include <span>
 #include <sqlext.h>
 
 namespace headerdtc::doctor {
@@ -154,9 +155,24 @@ class LogOnExamination {
     std::string driver_;
 };
 
-void examineTables(Examination& seen, OdbcSession& session) {
-    for (const auto& [table, statement] : Tables) {
-        const std::string link = std::string("table ") + table;
+// What to do where a table cannot be read, by what the drivers say of it.
+const char* remedyFor(const std::string& refusal) {
+    const auto says = [&](const char* words) { return refusal.find(words) != std::string::npos; };
+    if (says("locked") || says("timeout"))
+        return "another program keeps it locked: let that end, and try again";
+    if (says("not a database"))
+        return "the file is no SQLite database: correct where it is looked for, or move it away "
+               "and let 'headerdtc init' make one";
+    return "make it with all of its columns; the formats describe it, and the demo has a file for "
+           "each kind of database";
+}
+
+// `words` are put behind the names of the links.
+template <class Wanted>
+void examineTables(Examination& seen, OdbcSession& session, const Wanted& wanted,
+                   const std::string& words) {
+    for (const auto& [table, statement] : wanted) {
+        const std::string link = "table " + (table + words);
         try {
             session.free(session.execute(statement));
             const auto counted = session.execute(std::string("SELECT COUNT(*) FROM ") + table);
@@ -165,10 +181,7 @@ void examineTables(Examination& seen, OdbcSession& session) {
             session.free(counted);
             seen.whole(link, count + (count == "1" ? " row" : " rows"));
         } catch (const RuntimeError& error) {
-            seen.broken(
-                link, error.description(),
-                "make it with all of its columns; the formats describe it, and the demo has "
-                "a file for each kind of database");
+            seen.broken(link, error.description(), remedyFor(error.description()));
         }
     }
 }
@@ -181,11 +194,14 @@ void examineDatabase(Examination& seen) {
     const std::string& labels = seen.configuration->labelConnectString;
     const auto session = LogOnExamination(seen, Translations, suite).walk();
     if (session) {
-        examineTables(seen, *session);
+        examineTables(seen, *session, Tables, "");
     } else {
         seen.skipped("tables", "they are in the translation database");
     }
-    if (labels != suite) LogOnExamination(seen, Labels, labels).walk();
+    if (labels == suite) return;
+    // A label is added to the texts alone.
+    if (const auto own = LogOnExamination(seen, Labels, labels).walk())
+        examineTables(seen, *own, std::span(Tables).first<1>(), " for labels");
 }
 
 }  // namespace headerdtc::doctor

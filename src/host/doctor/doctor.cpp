@@ -41,6 +41,11 @@ void Examination::broken(const std::string& link, const std::string& detail,
     diagnoses.push_back({link, Health::Broken, maskSecrets(detail), maskSecrets(nextStep)});
 }
 
+void Examination::refused(const std::string& link, const std::filesystem::path& folder) {
+    broken(link, folder.string() + ": permission denied",
+           "let this user read it and the folders above it");
+}
+
 void Examination::skipped(const std::string& link, const std::string& detail) {
     diagnoses.push_back({link, Health::NotLookedAt, maskSecrets(detail), ""});
 }

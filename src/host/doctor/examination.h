@@ -24,6 +24,8 @@ struct Examination {
     void whole(const std::string& link, const std::string& detail);
     void doubtful(const std::string& link, const std::string& detail, const std::string& nextStep);
     void broken(const std::string& link, const std::string& detail, const std::string& nextStep);
+    // A folder that must not be looked into.
+    void refused(const std::string& link, const std::filesystem::path& folder);
     void skipped(const std::string& link, const std::string& detail);
 };
 

@@ -2,6 +2,7 @@
 #include "host/files/whole_file.h"
 #include "host/site/registry_export.h"
 #include "host/site/site_text_files.h"
+#include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "runtime/runtime_text.h"
@@ -19,6 +20,17 @@ constexpr const char* RegistryLink = "registry export";
 constexpr const char* InstallLink = "install directory";
 constexpr const char* TemplateLink = "template";
 
+bool has32BitInstallDir(const fs::path& file, const CodePage& codePage) {
+    constexpr std::string_view Software = "SOFTWARE\\";
+    std::string value(InstallDirValue);
+    value.insert(value.find(Software) + Software.size(), "WOW6432Node\\");
+    try {
+        return !SiteRegistry(file, codePage).RegRead(value).empty();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 void examineRegistry(Examination& seen) {
     const fs::path& file = seen.configuration->registry;
     const CodePage& codePage = seen.configuration->codePage;
@@ -32,6 +44,13 @@ void examineRegistry(Examination& seen) {
     }
     SiteRegistry registry(file, codePage);
     seen.installDir = installDirectoryOf(registry);
+    if (seen.installDir.empty() && has32BitInstallDir(file, codePage)) {
+        return seen.broken(RegistryLink,
+                           file.string() +
+                               " has InstallDir below WOW6432Node alone, as a 32-bit suite on a "
+                               "64-bit server has it",
+                           "take WOW6432Node\\ out of the key's name in that file");
+    }
     if (seen.installDir.empty()) {
         return seen.broken(RegistryLink, file.string() + " has no " + std::string(InstallDirValue),
                            exportIt);
@@ -46,6 +65,7 @@ void examineInstallDir(Examination& seen) {
         std::error_code failure;
         if (fs::is_directory(folder, failure))
             return seen.whole(InstallLink, directory + ", which is " + folder.string());
+        if (failure == std::errc::permission_denied) return seen.refused(InstallLink, folder);
         seen.broken(InstallLink,
                     directory + " would be " + folder.string() + ", which is no folder",
                     "copy the installed site there, or correct the drive in [drives] of "
@@ -57,14 +77,18 @@ void examineInstallDir(Examination& seen) {
     seen.installDir.clear();
 }
 
-// What reads like a placeholder of ours: capitals with an underscore, between angle brackets.
+// What reads like a placeholder of ours: capitals between angle brackets, with an underscore or
+// nearly those of one; others are elements of HTML.
 std::set<std::string> placeholdersIn(std::string_view text) {
     std::set<std::string> found;
     for (auto at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
         const auto end = text.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ_", at + 1);
         if (end == std::string_view::npos || text[end] != '>') continue;
         const std::string_view tag = text.substr(at, end + 1 - at);
-        if (tag.find('_') != std::string_view::npos) found.emplace(tag);
+        NearestName nearest{std::string(tag)};
+        for (const RuntimeTextStep& step : runtimeTextSteps())
+            nearest.offer(std::string(step.placeholder));
+        if (tag.find('_') != std::string_view::npos || !nearest.found().empty()) found.emplace(tag);
     }
     return found;
 }

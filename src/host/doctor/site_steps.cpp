@@ -1,5 +1,8 @@
 #include "host/doctor/examination.h"
 
+#include <cerrno>
+#include <unistd.h>
+
 namespace headerdtc::doctor {
 namespace {
 
@@ -8,6 +11,11 @@ namespace fs = std::filesystem;
 bool isFolder(const fs::path& path) {
     std::error_code failure;
     return fs::is_directory(path, failure);
+}
+
+// A folder in which nothing can be found.
+bool isClosed(const fs::path& path) {
+    return access(path.c_str(), R_OK | X_OK) != 0 && errno == EACCES;
 }
 
 // Why this configuration is the one that holds.
@@ -22,6 +30,7 @@ std::string reasonFor(const Examination& seen, const fs::path& file) {
 
 void examineProjectRoot(Examination& seen) {
     const fs::path& root = seen.configuration->projectRoot;
+    if (isClosed(root)) return seen.refused("project root", root);
     if (isFolder(root)) return seen.whole("project root", root.string());
     seen.broken("project root", "there is no folder " + root.string(),
                 "set \"root\" in [project] of headerdtc.toml to the folder of the pages");
@@ -30,7 +39,9 @@ void examineProjectRoot(Examination& seen) {
 void examineDrives(Examination& seen) {
     for (const auto& [letter, folder] : seen.configuration->drives.drives()) {
         const std::string link = std::string("drive ") + letter;
-        if (isFolder(folder)) {
+        if (isClosed(folder)) {
+            seen.refused(link, folder);
+        } else if (isFolder(folder)) {
             seen.whole(link, folder.string());
         } else {
             seen.broken(link, "there is no folder " + folder.string(),
@@ -49,11 +60,11 @@ void examineConfiguration(Examination& seen) {
     if (!file) {
         seen.configuration = defaultSiteConfiguration(
             isFolder(seen.place) ? seen.place : fs::absolute(seen.place).parent_path());
-        seen.doubtful("configuration",
-                      "no headerdtc.toml in the folder of " + seen.place.string() +
-                          " or above it; the defaults hold",
-                      "write " + (seen.configuration->folder / "headerdtc.toml").string() +
-                          "; the guide has one to start with");
+        seen.doubtful(
+            "configuration",
+            "no headerdtc.toml in the folder of " + seen.place.string() +
+                " or above it; the defaults hold",
+            "make a site with 'headerdtc init " + seen.configuration->folder.string() + "'");
         return;
     }
     try {

@@ -17,13 +17,15 @@ class Doctor : public Test {
             "LABEL);");
     }
 
-    void configure(const std::string& connectString, const std::string& odbcIni = "odbc.ini") {
+    void configure(const std::string& connectString, const std::string& odbcIni = "odbc.ini",
+                   const std::string& labels = "") {
         site.write("headerdtc.toml",
                    "registry = \"velmora.reg\"\n[drives]\nC = \"c\"\n"
                    "[datasource]\ncatalogue = \"catalogue.json\"\n"
                    "[translations]\nconnect_string = \"" +
-                       connectString + "\"\nlabel_connect_string = \"" + connectString +
-                       "\"\nodbc_ini = \"" + odbcIni + "\"\n");
+                       connectString + "\"\nlabel_connect_string = \"" +
+                       (labels.empty() ? connectString : labels) + "\"\nodbc_ini = \"" + odbcIni +
+                       "\"\n");
     }
     void makeDatabase(const std::string& statements) {
         const std::string file = (site / "texts.sqlite").string();
@@ -74,12 +76,13 @@ TEST_F(Doctor, SaysWhichConfigurationHoldsAndWhy) {
     EXPECT_THAT(broken.front().detail, HasSubstr("headerdtc.toml:1:1:"));
 
     std::filesystem::remove(site / "headerdtc.toml");
-    EXPECT_THAT(look("configuration"), says("warning: no headerdtc.toml", "-> write "));
+    EXPECT_THAT(look("configuration"),
+                says("warning: no headerdtc.toml", "-> make a site with "));
 }
 
 TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
-    site.writeTemplate("<PATH_TO_ROT> <DATAPROVIDER> <TABLE>");
-    EXPECT_THAT(look("template"), says("warning: ", "unknown: <PATH_TO_ROT>"));
+    site.writeTemplate("<PATH_TO_ROT> <DATAPROVIDER> <DATAPROVIDR> <TABLE>");
+    EXPECT_THAT(look("template"), says("warning: ", "unknown: <DATAPROVIDR>, <PATH_TO_ROT> "));
     std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
     EXPECT_THAT(look("template"), says("broken: ", "/DTC_TEMPLATE.ASP -> "));
     std::filesystem::remove_all(site / "c/Suite");
@@ -91,6 +94,15 @@ TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
     EXPECT_THAT(look("registry export"),
                 AllOf(HasSubstr("has no HKLM"), HasSubstr("-> export the key")));
     EXPECT_THAT(look("install directory"), StartsWith("skipped: "));
+    site.write("velmora.reg",
+               "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\WOW6432Node\\Zarvik\\Zarvik "
+               "Velmora]\r\n\"InstallDir\"=\"C:\\\\Suite\"\r\n");
+    EXPECT_THAT(look("registry export"), HasSubstr("-> take WOW6432Node\\ out"));
+    site.write("catalogue.json", R"({"providers": [{"name": "Ships"}]})");
+    EXPECT_THAT(look("catalogue"), HasSubstr("\"Ships\" has neither"));
+    site.write("catalogue.json", R"({"providers": [{"name": "Ships", "zeko": {"fields":
+        [{"number": 1, "name": "IMO"}], "keyFields": ["FLAG"]}}]})");
+    EXPECT_THAT(look("catalogue"), HasSubstr("the key field FLAG of \"Ships\" is none"));
     site.write("catalogue.json", "{\"providers\": []}");
     EXPECT_THAT(look("catalogue"), StartsWith("warning: "));
     site.write("catalogue.json", "{\"providers\": 1}");
@@ -101,6 +113,15 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     makeDatabase("DROP TABLE I18NFIELDNAMES; CREATE TABLE I18NFIELDNAMES (PROVIDERNAME);");
     EXPECT_THAT(look("table I18NFIELDNAMES"), StartsWith("broken: "));
     EXPECT_THAT(look("table I18NTEXT"), StartsWith("ok: "));
+
+    site.write("labels.sqlite", "");
+    site.write("odbc.ini",
+               "[Harbour]\nDriver = SQLite3\nDatabase = texts.sqlite\n"
+               "[Labels]\nDriver = SQLite3\nDatabase = labels.sqlite\n");
+    configure("DSN=Harbour;PWD=hush", "odbc.ini", "DSN=Labels");
+    EXPECT_THAT(look("table I18NTEXT for labels"), StartsWith("broken: "));
+    site.write("texts.sqlite", std::string(4096, 'x'));
+    EXPECT_THAT(look("table I18NTEXT"), HasSubstr("-> the file is no SQLite database"));
 
     std::filesystem::remove(site / "texts.sqlite");
     EXPECT_THAT(look("data source"), AllOf(StartsWith("broken: "), HasSubstr("texts.sqlite"),
