@@ -11,11 +11,6 @@ OrderedPropertyBag written(HeaderDTC& dtc) {
     return bag;
 }
 
-OrderedPropertyBag filledPage() {
-    FilledControl filled;
-    return written(filled.dtc);
-}
-
 // A page that stores these properties, in texts as pages do.
 OrderedPropertyBag page(std::initializer_list<std::pair<const char*, const char*>> properties) {
     OrderedPropertyBag bag;

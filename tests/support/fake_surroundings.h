@@ -49,19 +49,10 @@ class RecordingMessageBox : public MessageBox {
     std::function<void(const std::string&)> onShow;
 };
 
-// Answers with the queued files, then as an author who cancels.
-class ScriptedFileDialog : public FileDialog {
+// As an author who cancels.
+class CancelledFileDialog : public FileDialog {
   public:
-    std::string open(const FileDialogRequest& request) override {
-        requests.push_back(request);
-        if (answers.empty()) return {};
-        std::string answer = std::move(answers.front());
-        answers.pop_front();
-        return answer;
-    }
-
-    std::deque<std::string> answers;
-    std::vector<FileDialogRequest> requests;
+    std::string open(const FileDialogRequest&) override { return {}; }
 };
 
 struct LessIgnoringCase {
@@ -91,19 +82,17 @@ struct FakeProvider {
     std::vector<std::string> eaiKeyFields = {};
 };
 
-// Makes data-source objects over one catalogue and counts them.
+// Makes data-source objects over one catalogue.
 class FakeDataSources : public DataSourceFactory {
   public:
     std::unique_ptr<DataSource> createDataSource() override {
         if (missing) throw RuntimeError(ErrorNumber::CannotCreateObject);
-        ++created;
         return std::make_unique<Source>(*this);
     }
 
     std::vector<FakeProvider> providers;
     bool missing = false;        // the component is not there: 429
     std::string failingRequest;  // a request, as it stands in `requests`, that fails: 57
-    int created = 0;
     // What was asked for, in order: the operation's name, " " and the provider.
     std::vector<std::string> requests;
 
@@ -203,13 +192,9 @@ class FixedClock : public Clock {
 
 class RecordingPropertyChangeSink : public PropertyChangeSink {
   public:
-    void propertyChanged(std::string_view property) override {
-        changed.emplace_back(property);
-        if (onChange) onChange(changed.back());
-    }
+    void propertyChanged(std::string_view property) override { changed.emplace_back(property); }
 
     std::vector<std::string> changed;  // in the order of the notices
-    std::function<void(const std::string&)> onChange;
 };
 
 // The host's site: "TargetEnvironment" entries by number.
@@ -304,7 +289,7 @@ class ScriptedModalLoop : public ModalLoop {
 // All of them together.
 struct FakeSurroundings {
     RecordingMessageBox messages;
-    ScriptedFileDialog fileDialog;
+    CancelledFileDialog fileDialog;
     MapRegistry registry;
     FakeDataSources dataSources;
     FakeDatabase database;

@@ -24,13 +24,11 @@ Renaming field(const char* provider, const char* from, const char* to) {
 }
 
 TEST(Rename, ReachesEveryPlaceThatNamesIt) {
-    const auto page = HarbourSite::with({{"EAIAvailableFields0", "SHIP.FLAG"},
-                                         {"ZEKOAvailableFields0", "  2 - FLAG"},
-                                         {"ZEKOAvailableFieldsLinked0", " 1 - BERTH"},
-                                         {"ZEKOToLinkKeyFields0", "BERTH"},
-                                         {"ZEKOI18NFieldValues0", "3 - BERTH"},
-                                         {"BERTHUserDefinedScript", "BERTH"},
-                                         {"ZEKOCriteria2_3", "BERTH"}});
+    const auto page = HarbourSite::with(
+        "EAIAvailableFields0=SHIP.FLAG|ZEKOAvailableFields0=  2 - FLAG|"
+        "ZEKOAvailableFieldsLinked0= 1 - BERTH|"
+        "ZEKOToLinkKeyFields0=BERTH|ZEKOI18NFieldValues0=3 - BERTH|"
+        "BERTHUserDefinedScript=BERTH|ZEKOCriteria2_3=BERTH");
     EXPECT_THAT(renamed(page, Renaming::ofProvider("Ships", "Vessels")),
                 ElementsAre("DataProvider=Vessels"));
     EXPECT_THAT(renamed(page, Renaming::ofProvider("Berths", "Quays")),
@@ -67,10 +65,10 @@ TEST(Rename, LeavesAKeyToTheEntryThatKeepsItsName) {
 
 TEST(Rename, RefusesWhatWouldBeThereTwiceAndWhatIsNoName) {
     EXPECT_NE(renameStored(HarbourSite::ships(), field("Ships", "IMO", "BERTH")).conflict, "");
-    EXPECT_EQ(renameStored(HarbourSite::with({{"ZEKOReturnFields2", "1 - IMO"}}),
-                           field("Ships", "IMO", "NO"))
-                  .conflict,
-              "");
+    EXPECT_EQ(
+        renameStored(HarbourSite::with("ZEKOReturnFields2=1 - IMO"), field("Ships", "IMO", "NO"))
+            .conflict,
+        "");
     for (const auto& [from, to] :
          std::initializer_list<std::pair<const char*, const char*>>{{"", "A"},
                                                                     {"A", " "},
