@@ -28,29 +28,16 @@ TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {
         shown);
 }
 
-TEST(Message, FindsItsPlaceInItsText) {
-    ControlSpan stored;
-    stored.id = "HeaderDTC1";
-    stored.line = 4;
-    stored.properties = {{"EAICriteria2_1", "A"},   {"EAICriteria2_2", "=="},
-                         {"EAICriteria2_3", "1"},   {"ZEKOCriteria2_1", "B"},
-                         {"ZEKOCriteria2_2", "<>"}, {"ZEKOCriteria2_3", "2"}};
-    const auto placeOf = [&](const char* text) {
-        return describe(messageOf(text, "page.asp", stored).place);
+TEST(Message, StandsAtThePlaceOfWhatWasFound) {
+    const auto placeOf = [](const char* property, int row) {
+        const Remark remark{Family::ZEKO, row, property, "text", "advice", 0};
+        return describe(
+            messageOf({"rule", Severity::Error, "page.asp", 4, "HeaderDTC1", remark}).place);
     };
-    EXPECT_EQ("HeaderDTC1, EAI tab, row 3",
-              placeOf("Incomplete criterion on line 3 on the EAI tab"));
-    EXPECT_EQ("HeaderDTC1, ZEKO tab, row 2", placeOf("Unknown operator '<>' on criterion 2"));
-    EXPECT_EQ(
-        "HeaderDTC1, General tab",
-        describe(messageOf(SaveDoubt{SaveDoubt::Kind::Loss,
-                                     "lost",
-                                     {{StoredLoss::What::Value, "DataProvider", {}, {}, {}, {}}}},
-                           "page.asp", stored)
-                     .place));
-    EXPECT_EQ("HeaderDTC1, line 4", placeOf("Error in 'GetInstallDir': x (5)"));
-    EXPECT_EQ(Message::Severity::Error,
-              messageOf("Error in 'GetInstallDir': x (5)", "p", stored).severity);
+    EXPECT_EQ("HeaderDTC1, ZEKO tab, row 2", placeOf("ZEKOCriteria2_3", 2));
+    EXPECT_EQ("HeaderDTC1, EAI tab", placeOf("EAIReturnFields0", 1));
+    EXPECT_EQ("HeaderDTC1, General tab", placeOf("DataProvider", 0));
+    EXPECT_EQ("HeaderDTC1, ZEKO tab", placeOf("", 0));
 }
 
 constexpr const char* Toml =

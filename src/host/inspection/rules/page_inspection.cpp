@@ -50,6 +50,7 @@ void inspectControl(const ControlView& control, const std::string& page,
 
 void inspect(const std::filesystem::path& page, const GeneratedPage& generated, Sites& sites,
              SiteFactsCache& cache, InspectedPage& result) {
+    result.verdict = generated.verdict;
     result.hasControl = generated.verdict != Verdict::NoControl;
     if (!result.hasControl) return;
     if (generated.verdict == Verdict::NotConfigured || generated.verdict == Verdict::NotReadable) {
@@ -83,8 +84,12 @@ InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteF
 
 InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
                           SiteFactsCache& facts) {
-    return inspected(page, generatePage(page, std::move(bytes), sites, LossGuard::RefuseLosses),
-                     sites, facts);
+    GeneratedPage generated = generatePage(page, std::move(bytes), sites, LossGuard::RefuseLosses);
+    if (generated.verdict == Verdict::Stale) {
+        generated.before = std::move(generated.after);
+        generated.verdict = Verdict::UpToDate;
+    }
+    return inspected(page, generated, sites, facts);
 }
 
 }  // namespace headerdtc

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/generation/page_generation.h"
 #include "host/inspection/finding.h"
 #include "host/inspection/page_failure.h"
 #include "host/inspection/site_facts.h"
@@ -14,6 +15,7 @@ namespace headerdtc {
 // What checking one page came to.
 struct InspectedPage {
     bool hasControl = false;
+    GeneratedPage::Verdict verdict = GeneratedPage::Verdict::NoControl;
     std::vector<Finding> findings;       // by line
     std::optional<PageFailure> failure;  // nothing when it was checked
 };
@@ -21,7 +23,8 @@ struct InspectedPage {
 // Checks a page against every rule; writes nothing. Never throws for the page's sake. Thread-safe.
 InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts);
 
-// The same for a page as it is being edited: what `check` would say once these bytes are written.
+// The same for a page that is being edited: what `check` would say once it is saved, with its text
+// made anew. Lines are those of the saved page.
 InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
                           SiteFactsCache& facts);
 

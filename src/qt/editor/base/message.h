@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/page/page_session.h"
+#include "host/inspection/finding.h"
 
 #include <QString>
 #include <filesystem>
@@ -26,14 +26,8 @@ struct Message {
     Place place;
 };
 
-// A message of a control's expansion or loading: how grave it is, and the place that its text
-// names. `stored` tells which family a numbered criterion belongs to where the text does not.
-Message messageOf(const std::string& text, const std::filesystem::path& page,
-                  const ControlSpan& stored);
-
-// Why a page should not be saved, at the tab of what would be lost.
-Message messageOf(const SaveDoubt& doubt, const std::filesystem::path& page,
-                  const ControlSpan& stored);
+// What the rules of `headerdtc check` have found, in the same words.
+Message messageOf(const Finding& finding);
 
 // A place in words: "HeaderDTC1, ZEKO tab, row 2".
 QString describe(const Place& place);

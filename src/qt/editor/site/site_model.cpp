@@ -172,8 +172,8 @@ QVariant SiteModel::stateOf(const Node& node, int role) const {
             return *lookOf(now).icon ? editorIcon(lookOf(now).icon) : QVariant();
         case Qt::ToolTipRole: {
             QStringList lines{tr(lookOf(now).word)};
-            for (const std::string& message : node.result->messages)
-                lines += QString::fromStdString(message);
+            for (const Message& message : node.result->messages)
+                lines += message.text;
             return lines.join(QLatin1Char('\n'));
         }
         default:

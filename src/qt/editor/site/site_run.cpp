@@ -1,14 +1,27 @@
 #include "qt/editor/site/site_run.h"
 
 #include "host/generation/site_pages.h"
+#include "host/inspection/ordered_run.h"
+#include "host/inspection/rules/page_inspection.h"
 
 #include <QMetaObject>
 #include <QStringList>
+#include <set>
 #include <utility>
 
 namespace headerdtc::qt {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+using Verdict = GeneratedPage::Verdict;
+
+Message errorOf(const fs::path& page, const std::string& text) {
+    return {Message::Severity::Error, QString::fromStdString(text), page, {}};
+}
+
+}  // namespace
 
 SiteRun::SiteRun(Sites& sites, QObject* parent) : QObject(parent), sites_(sites) {}
 
@@ -56,38 +69,76 @@ void SiteRun::post(Tell tell) {
 }
 
 void SiteRun::work(const std::vector<fs::path>& pages) {
+    if (mode_ == Mode::Check) {
+        check(pages);
+    } else {
+        generate(pages);
+    }
+    tellResults();
+    post([this] {
+        running_ = false;
+        Q_EMIT finished(cancelled_);
+    });
+}
+
+// Thousands of pages a second are told of in groups.
+void SiteRun::tellResults() {
+    if (results_.empty()) return;
+    post([this, told = std::exchange(results_, {})] { Q_EMIT done(told); });
+}
+
+void SiteRun::tellProgress(std::size_t finished, std::size_t all) {
+    tellResults();
+    post([this, finished, all] {
+        Q_EMIT progressed(static_cast<int>(finished), static_cast<int>(all));
+    });
+}
+
+void SiteRun::check(const std::vector<fs::path>& pages) {
+    SiteFactsCache facts;
+    std::set<std::string> told;  // what a whole site lacks is said once
+    runInOrder<InspectedPage>(
+        pages.size(), 0, [&](std::size_t page) { return inspectPage(pages[page], sites_, facts); },
+        [&](std::size_t page, const InspectedPage& inspected) {
+            PageResult result{pages[page], inspected.verdict, false, {}};
+            for (const Finding& finding : inspected.findings)
+                result.messages.push_back(messageOf(finding));
+            if (inspected.failure) {
+                if (result.verdict < Verdict::LeftAlone) result.verdict = Verdict::LeftAlone;
+                const bool isPages = inspected.failure->of == PageFailure::Of::Page;
+                if (isPages || told.insert(inspected.failure->text).second)
+                    result.messages.push_back(errorOf(pages[page], inspected.failure->text));
+            }
+            results_.push_back(std::move(result));
+        },
+        [&](std::size_t finished) {
+            tellProgress(finished, pages.size());
+            return !cancelled_;
+        });
+}
+
+void SiteRun::generate(const std::vector<fs::path>& pages) {
     SiteGeneration generation(sites_, {.mode = mode_, .guard = LossGuard::RefuseLosses});
     {
         const std::lock_guard lock(mutex_);
         generation_ = &generation;
         if (cancelled_) generation.cancel();
     }
-    // Thousands of pages a second are told of in groups.
-    std::vector<PageResult> results;
-    const auto tellResults = [&] {
-        if (results.empty()) return;
-        post([this, told = std::exchange(results, {})] { Q_EMIT done(told); });
-    };
-    const auto all = static_cast<int>(pages.size());
     generation.run(
         pages,
         [&](const SiteGeneration::Done& done) {
-            results.push_back(
-                {pages[done.index], done.page.verdict, done.written, done.page.messages});
+            PageResult result{pages[done.index], done.page.verdict, done.written, {}};
+            for (const std::string& text : done.page.messages) {
+                // The reason for a bad verdict stands last.
+                const bool isReason = done.page.isFailure() && &text == &done.page.messages.back();
+                result.messages.push_back(errorOf(pages[done.index], text));
+                if (!isReason) result.messages.back().severity = Message::Severity::Warning;
+            }
+            results_.push_back(std::move(result));
         },
-        [&](std::size_t finished) {
-            tellResults();
-            post([this, finished, all] { Q_EMIT progressed(static_cast<int>(finished), all); });
-        });
-    tellResults();
-    {
-        const std::lock_guard lock(mutex_);
-        generation_ = nullptr;
-    }
-    post([this] {
-        running_ = false;
-        Q_EMIT finished(cancelled_);
-    });
+        [&](std::size_t finished) { tellProgress(finished, pages.size()); });
+    const std::lock_guard lock(mutex_);
+    generation_ = nullptr;
 }
 
 }  // namespace headerdtc::qt

@@ -94,6 +94,8 @@ MainWindow::~MainWindow() {
     // The pages emit signals while they are deleted, when this window is already going.
     tabs_->disconnect(this);
     recorder_.disconnect(this);
+    // Pages are still being checked against the sites, which go with this window.
+    QThreadPool::globalInstance()->waitForDone();
 }
 
 QDockWidget* MainWindow::addDock(const QString& title, const char* name, QWidget* content,

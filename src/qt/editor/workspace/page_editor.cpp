@@ -48,7 +48,8 @@ QWidget* titled(const QString& title, QWidget* content) {
 PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     : QWidget(parent),
       messageSources_(QStringLiteral("page %1 ").arg(++editorsMade)),
-      page_(std::move(page)) {
+      page_(std::move(page)),
+      judge_(page_->sites()) {
     notices_ = new NoticeBar;
     controls_ = new ControlPane(*page_);
     health_ = new PageHealth(*page_, *controls_, this);
@@ -108,10 +109,8 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
                        tr("The marked lines belong to the control: change them at the control, or "
                           "take it out with Edit > Remove control."));
     });
-    connect(health_, &PageHealth::judged, this,
-            [this](const std::string& control, const std::vector<Message>& messages) {
-                Q_EMIT messagesChanged(sourceName("fields " + control), messages);
-            });
+    connect(&judge_, &PageJudge::judged, this,
+            [this](const std::shared_ptr<const InspectedPage>& page) { tell(*page); });
     connect(health_, &PageHealth::changed, this, &PageEditor::stateChanged);
     followPage();
 }
@@ -136,17 +135,25 @@ void PageEditor::followPage() {
     previewTimer_.start();
 }
 
-void PageEditor::tellMarkupProblem() {
+// ---- what there is to say of the page -----------------------------------------------------------
+
+void PageEditor::judge() {
+    judge_.request({page_->file(), page_->content()->bytes()});
+}
+
+void PageEditor::tell(const InspectedPage& inspected) {
     std::vector<Message> messages;
-    if (const auto& problem = page_->content()->problem()) {
-        Message message;
-        message.severity = Message::Severity::Error;
-        message.text = QString::fromStdString(problem->problem());
-        message.page = page_->file();
-        message.place.line = problem->line();
+    for (const Finding& finding : inspected.findings)
+        messages.push_back(messageOf(finding));
+    const auto& problem = page_->content()->problem();
+    if (problem || inspected.failure) {
+        Message message{Message::Severity::Error, {}, page_->file(), {}};
+        message.text =
+            QString::fromStdString(problem ? problem->problem() : inspected.failure->text);
+        if (problem) message.place.line = problem->line();
         messages.push_back(std::move(message));
     }
-    Q_EMIT messagesChanged(sourceName("markup"), messages);
+    Q_EMIT messagesChanged(sourceName("rules"), messages);
 }
 
 // Shows why a save would be refused, according to the current previews; the notice goes with its
@@ -272,7 +279,7 @@ void PageEditor::lookAgain() {
 }
 
 void PageEditor::requestPreviews() {
-    tellMarkupProblem();
+    judge();
     const PageContentPtr& content = page_->content();
     std::set<std::string> ids;
     for (const ControlSpan& span : content->controls()) {
@@ -287,11 +294,7 @@ void PageEditor::requestPreviews() {
     }
     // Forget controls that are no longer in the page.
     std::erase_if(previewed_, [&](const auto& entry) { return !ids.contains(entry.first); });
-    std::erase_if(previews_, [&](const auto& entry) {
-        if (ids.contains(entry.first)) return false;
-        Q_EMIT messagesChanged(sourceName(entry.first), {});
-        return true;
-    });
+    std::erase_if(previews_, [&](const auto& entry) { return !ids.contains(entry.first); });
     if (ids.empty()) showPreviewOfCurrent();
     showRefusal();
 }
@@ -300,21 +303,6 @@ void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     previews_[preview->controlId] = preview;
     showRefusal();
     Q_EMIT stateChanged();
-    const auto index = page_->content()->indexOf(preview->controlId);
-    if (!index) return;
-    const ControlSpan& span = page_->content()->controls()[*index];
-    std::vector<Message> messages;
-    for (const std::string& text : preview->expansion.messages)
-        messages.push_back(messageOf(text, page_->file(), span));
-    // A doubt beside a failure would only repeat it.
-    const bool failed = std::any_of(messages.begin(), messages.end(), [](const Message& message) {
-        return message.severity == Message::Severity::Error;
-    });
-    if (preview->expansion.doubt && !failed)
-        messages.push_back(messageOf(*preview->expansion.doubt, page_->file(), span));
-    if (!preview->problem.empty())
-        messages.push_back(messageOf(preview->problem, page_->file(), span));
-    Q_EMIT messagesChanged(sourceName(preview->controlId), messages);
     const auto current = controls_->current();
     if (current && page_->content()->controls()[*current].id == preview->controlId)
         showPreviewOfCurrent();

@@ -3,6 +3,7 @@
 #include "qt/editor/base/message.h"
 #include "qt/editor/page/edited_page.h"
 #include "qt/editor/preview/preview_worker.h"
+#include "qt/editor/workspace/page_judge.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -80,13 +81,15 @@ class PageEditor : public QWidget {
     void takePreview(const std::shared_ptr<const Preview>& preview);
     void showPreviewOfCurrent();
     void showRefusal();
-    void tellMarkupProblem();
+    void judge();
+    void tell(const InspectedPage& inspected);
     void step(void (EditedPage::*move)(), const std::string& control);
     QString sourceName(const std::string& part) const;
 
     const QString messageSources_;
     std::unique_ptr<EditedPage> page_;
     PreviewWorker worker_;
+    PageJudge judge_;
     struct Asked {
         StoredProperties properties;
         PageContentPtr saved;
