@@ -21,6 +21,7 @@
 #include <QTest>
 #include <cstdio>
 #include <nlohmann/json.hpp>
+#include <numeric>
 
 using namespace headerdtc;
 using namespace headerdtc::qt;
@@ -77,6 +78,13 @@ void timePage(const char* title, const fs::path& page, const fs::path& recovery)
     editor.undo();
     paint(window);
     watch.tell("and undone");
+    HeaderDTC& again = editor.controls().live()->dtc();
+    std::vector<int> all(static_cast<std::size_t>(again.ZEKO.FieldsList.ListCount()));
+    std::iota(all.begin(), all.end(), 0);
+    again.ZEKO.FieldsList.select(all, 0);
+    again.ZEKO.AddField.press();
+    paint(window);
+    watch.tell("all fields selected and added");
     window.site().run().cancel();
 }
 

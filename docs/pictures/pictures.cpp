@@ -288,7 +288,6 @@ int main(int argc, char** argv) {
                        QString::fromStdString(home.path().string()));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("headerdtc-pictures"));
-    QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));
     QApplication::setApplicationVersion(QStringLiteral("0.1.0"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QCommandLineParser parser;

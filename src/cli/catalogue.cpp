@@ -1,19 +1,31 @@
 // The commands on the data-source catalogue: check and import.
 
-#include "cli/json_lines.h"
-#include "cli/output.h"
-#include "cli/site_commands.h"
+#include "cli/command.h"
+#include "cli/streams.h"
 #include "host/catalogue_import/catalogue_text.h"
+#include "host/catalogue_import/database_tables.h"
 #include "host/files/file_replacer.h"
 #include "host/files/whole_file.h"
 #include "host/site/site.h"
 
+#include <CLI/CLI.hpp>
 #include <filesystem>
+#include <memory>
 
 namespace headerdtc::cli {
 namespace {
 
 namespace fs = std::filesystem;
+
+struct CatalogueOptions {
+    std::string place = ".";  // page or folder of the site
+    std::string connectString;
+    std::string file;  // the catalogue; empty: the site's
+    TableFilter filter;
+    MergeOptions merge;
+    bool json = false;
+    bool dryRun = false;
+};
 
 const char* wordOf(CatalogueChange::Kind kind) {
     switch (kind) {
@@ -76,7 +88,7 @@ void tell(const Comparison& comparison, const char* command, bool json, bool wri
                      {"exitStatus", status}});
 }
 
-void write(const Comparison& comparison) {
+void writeCatalogue(const Comparison& comparison) {
     const std::string text = catalogueText(comparison.merged.catalogue);
     if (comparison.stamp.size >= 0)
         return replaceWholeFile(comparison.file, text, comparison.stamp);
@@ -86,30 +98,91 @@ void write(const Comparison& comparison) {
     if (!problem.empty()) throw FileError(comparison.file.string(), problem);
 }
 
-}  // namespace
-
-int checkCatalogue(const CommonOptions& common, const CatalogueOptions& options) {
-    return guarded([&] {
-        const Comparison comparison = compare(common, options);
-        const ExitStatus status = comparison.merged.changes.empty() ? Done : CheckFoundSomething;
-        tell(comparison, "catalogue check", options.json, false, status);
-        return status;
-    });
+ExitStatus checkCatalogue(const CommonOptions& common, const CatalogueOptions& options) {
+    const Comparison comparison = compare(common, options);
+    const ExitStatus status = comparison.merged.changes.empty() ? Done : CheckFoundSomething;
+    tell(comparison, "catalogue check", options.json, false, status);
+    return status;
 }
 
-int importCatalogue(const CommonOptions& common, const CatalogueOptions& options) {
-    return guarded([&] {
-        const Comparison comparison = compare(common, options);
-        const bool isWanted = !options.dryRun && !comparison.merged.changes.empty();
-        if (isWanted) write(comparison);
-        tell(comparison, "catalogue import", options.json, isWanted, Done);
-        if (!options.json)
-            printLine(stderr, comparison.file.string() +
-                                  (isWanted ? ": written; 'headerdtc check' tells of pages that "
-                                              "have what is gone"
-                                            : ": nothing was written"));
-        return Done;
-    });
+ExitStatus importCatalogue(const CommonOptions& common, const CatalogueOptions& options) {
+    const Comparison comparison = compare(common, options);
+    const bool isWanted = !options.dryRun && !comparison.merged.changes.empty();
+    if (isWanted) writeCatalogue(comparison);
+    tell(comparison, "catalogue import", options.json, isWanted, Done);
+    if (!options.json)
+        printLine(stderr, comparison.file.string() +
+                              (isWanted ? ": written; 'headerdtc check' tells of pages that "
+                                          "have what is gone"
+                                        : ": nothing was written"));
+    return Done;
+}
+
+void addCatalogueOptions(CLI::App& command, CatalogueOptions& options) {
+    addSitePath(command, options.place);
+    command
+        .add_option("--connect", options.connectString,
+                    "the ODBC connect string of the database (\"DSN=Data;UID=reader\")")
+        ->required()
+        ->envname("HEADERDTC_CONNECT");
+    command.add_option("--catalogue", options.file, "the catalogue (default: the site's)")
+        ->type_name(FileType);
+    command
+        .add_option("--table", options.filter.patterns,
+                    "only tables of this name; * and ? stand for any characters; may be given\n"
+                    "several times")
+        ->allow_extra_args(false);
+    command.add_option("--schema", options.filter.schema, "only tables of this schema");
+    command.add_flag("--views", options.filter.withViews, "views too");
+    command.add_option("--provider", options.merge.provider,
+                       "all tables are record groups of this data provider (default: each table\n"
+                       "one of its own, or of the one that has it already)");
+    command.add_flag("--prune", options.merge.prune,
+                     "take out record groups that the database does not have");
+    command.add_flag("--json", options.json, "one JSON object a change");
+}
+
+}  // namespace
+
+void addCatalogue(CLI::App& app, CommandLine& line) {
+    CLI::App& group =
+        addCommandGroup(app, "catalogue", "Compare the catalogue with a live database",
+                        R"(Examples:
+  headerdtc catalogue check --connect DSN=Data site/
+  headerdtc help catalogue import          the options of the one that writes
+
+Exit status: 0 done, 1 a difference was found, 2 wrong usage or configuration,
+3 the database or the catalogue cannot be read or written.)");
+
+    const auto checked = std::make_shared<CatalogueOptions>();
+    CLI::App& checking = addCommand(group, "check", "Tell what the database has otherwise",
+                                    R"(Nothing is written.
+
+Examples:
+  headerdtc catalogue check --connect "DSN=Data;UID=reader" site/
+  HEADERDTC_CONNECT=DSN=Data headerdtc catalogue check --table "ORD*" site/
+
+Exit status: 0 they agree, 1 they differ, 2 wrong usage or configuration,
+3 the database or the catalogue cannot be read.)");
+    addCatalogueOptions(checking, *checked);
+    checking.callback(whenNamed(line, checked, checkCatalogue));
+
+    const auto imported = std::make_shared<CatalogueOptions>();
+    CLI::App& importing = addCommand(
+        group, "import", "Make the catalogue, or bring it up to the database",
+        R"(Tables become record groups, columns numbered fields, primary keys key fields. A field
+that is there already keeps its number and its spelling, by which pages know it. The
+database is only read.
+
+Examples:
+  headerdtc catalogue import --dry-run --connect DSN=Data site/
+  headerdtc catalogue import --connect DSN=Data --provider Orders --table "ORD*" site/
+
+Exit status: 0 done, 2 wrong usage or configuration, 3 the database or the catalogue
+cannot be read or written.)");
+    addCatalogueOptions(importing, *imported);
+    importing.add_flag("--dry-run", imported->dryRun, "tell what would change, write nothing");
+    importing.callback(whenNamed(line, imported, importCatalogue));
 }
 
 }  // namespace headerdtc::cli

@@ -1,218 +1,205 @@
-#include "cli/completion.h"
+// Completions for three shells, which ask this program what may stand at a place. They know the
+// page editor too, whose words are those of "headerdtc edit".
+
+#include "cli/command.h"
+#include "cli/streams.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <memory>
 
 namespace headerdtc::cli {
 namespace {
 
-// One command with its options, as completions see it.
-struct Word {
-    std::string text, description;
-    bool takesValue = false;
-    bool takesFile = false;
-};
-struct Level {
-    std::string path;  // "translations import"; empty: the program itself
-    std::vector<Word> commands, options;
-};
-
-// Descriptions go into scripts between single quotes, one line each.
-std::string plain(std::string text) {
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    for (const char* const special : {"'", "`", "$", "\\", "\"", "[", "]", ":"})
-        text.erase(std::remove(text.begin(), text.end(), *special), text.end());
-    return text;
-}
-
-void addOptions(const CLI::App& app, Level& level) {
-    for (const CLI::Option* option : app.get_options()) {
-        const bool takesValue = option->get_items_expected_max() > 0;
-        const auto add = [&](const std::string& name) {
-            level.options.push_back({name, plain(option->get_description()), takesValue,
-                                     takesValue && option->get_type_name() == FileType});
-        };
-        for (const std::string& name : option->get_lnames())
-            add("--" + name);
-        for (const std::string& name : option->get_snames())
-            add("-" + name);
-    }
-}
-
-void addLevels(const CLI::App& app, const std::string& path, std::vector<Level>& levels) {
-    Level level{path, {}, {}};
-    addOptions(app, level);
-    const auto commands = app.get_subcommands([](const CLI::App*) { return true; });
-    for (const CLI::App* command : commands)
-        level.commands.push_back({command->get_name(), plain(command->get_description())});
-    levels.push_back(std::move(level));
-    for (const CLI::App* command : commands)
-        addLevels(*command, path.empty() ? command->get_name() : path + " " + command->get_name(),
-                  levels);
-}
-
-std::vector<Level> levelsOf(const CLI::App& app) {
-    std::vector<Level> levels;
-    addLevels(app, "", levels);
-    return levels;
-}
-
-std::string joined(const std::vector<Word>& words) {
-    std::string text;
-    for (const Word& word : words)
-        text += (text.empty() ? "" : " ") + word.text;
-    return text;
-}
-
-// "translations import" as the name of a function or as a pattern of words.
-std::string withUnderscores(std::string path) {
-    std::replace(path.begin(), path.end(), ' ', '_');
-    return path;
-}
-
-// ---- bash --------------------------------------------------------------------------------------
-
-std::string named(const std::vector<Word>& words, bool Word::*which) {
-    std::vector<Word> chosen;
-    std::copy_if(words.begin(), words.end(), std::back_inserter(chosen),
-                 [&](const Word& word) { return word.*which; });
-    return joined(chosen);
-}
-
-std::string bash(const std::vector<Level>& levels) {
-    std::string cases;
-    for (const Level& level : levels) {
-        cases += "        '" + level.path + "')\n            commands='" + joined(level.commands) +
-                 "'\n            options='" + joined(level.options) + "'\n            valued='" +
-                 named(level.options, &Word::takesValue) + "'\n            filed='" +
-                 named(level.options, &Word::takesFile) + "' ;;\n";
-    }
-    return "# Completions of headerdtc for bash; headerdtc completion bash writes them.\n"
-           "_headerdtc_level() {\n"
-           "    case $1 in\n" +
-           cases + R"(        *) return 1 ;;
-    esac
-}
-_headerdtc() {
-    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]}
-    local path='' commands options valued filed i
-    _headerdtc_level ''
-    for ((i = 1; i < COMP_CWORD; i++)); do
-        case " $commands " in
-            *" ${COMP_WORDS[i]} "*)
-                path=${path:+$path }${COMP_WORDS[i]}
-                _headerdtc_level "$path" ;;
-        esac
-    done
-    COMPREPLY=()
-    if [[ " $filed " == *" $before "* ]]; then
-        mapfile -t COMPREPLY < <(compgen -f -- "$word")
-    elif [[ " $valued " == *" $before "* ]]; then
-        :  # only the author knows
-    elif [[ $word == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
-    elif [[ -n $commands ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$word")
-    else
-        mapfile -t COMPREPLY < <(compgen -f -- "$word")
-    fi
-}
-complete -o filenames -F _headerdtc headerdtc
-)";
-}
-
-// ---- zsh ---------------------------------------------------------------------------------------
-
-std::string zsh(const std::vector<Level>& levels) {
-    std::string functions;
-    for (const Level& level : levels) {
-        const std::string name = std::string("_headerdtc") + (level.path.empty() ? "" : "_") +
-                                 withUnderscores(level.path);
-        functions += name + "() {\n    _arguments -s \\\n";
-        for (const Word& option : level.options)
-            functions += "        '" + option.text + "[" + option.description + "]" +
-                         (option.takesFile    ? ":file:_files"
-                          : option.takesValue ? ":value:"
-                                              : "") +
-                         "' \\\n";
-        if (level.commands.empty()) {
-            functions += "        '*:file:_files'\n}\n";
-            continue;
-        }
-        functions += "        '1:command:((";
-        for (const Word& command : level.commands)
-            functions += command.text + "\\:\"" + command.description + "\" ";
-        functions +=
-            "))' \\\n        '*::arguments:->arguments'\n"
-            "    [[ $state == arguments ]] && " +
-            name + "_$words[1]\n}\n";
-    }
-    return "#compdef headerdtc\n"
-           "# Completions of headerdtc for zsh; headerdtc completion zsh writes them.\n" +
-           functions + "_headerdtc \"$@\"\n";
-}
-
-// ---- fish --------------------------------------------------------------------------------------
-
-// The condition under which a level's words are offered.
-std::string fishCondition(const Level& level) {
-    if (level.path.empty()) return "__fish_use_subcommand";
-    std::string condition;
-    std::size_t begin = 0;
-    while (begin < level.path.size()) {
-        const auto end = std::min(level.path.find(' ', begin), level.path.size());
-        condition += (condition.empty() ? "" : "; and ") +
-                     std::string("__fish_seen_subcommand_from ") +
-                     level.path.substr(begin, end - begin);
-        begin = end + 1;
-    }
-    if (!level.commands.empty())
-        condition += "; and not __fish_seen_subcommand_from " + joined(level.commands);
-    return condition;
-}
-
-std::string fish(const std::vector<Level>& levels) {
-    std::string lines =
-        "# Completions of headerdtc for fish; headerdtc completion fish writes them.\n";
-    for (const Level& level : levels) {
-        const std::string begin = "complete -c headerdtc -n '" + fishCondition(level) + "'";
-        for (const Word& command : level.commands)
-            lines += begin + " -f -a " + command.text + " -d '" + command.description + "'\n";
-        for (const Word& option : level.options) {
-            const bool isLong = option.text.starts_with("--");
-            lines += begin +
-                     (isLong ? " -l " + option.text.substr(2) : " -s " + option.text.substr(1)) +
-                     (option.takesFile    ? " -r"
-                      : option.takesValue ? " -x"
-                                          : "") +
-                     " -d '" + option.description + "'\n";
-        }
-    }
-    return lines;
-}
-
 constexpr struct {
     const char* shell;
-    std::string (*script)(const std::vector<Level>&);
-} Writers[] = {{"bash", bash}, {"zsh", zsh}, {"fish", fish}};
+    const char* script;
+} Scripts[] = {
+    {"bash",
+     R"(# Completions of headerdtc and its editor for bash; headerdtc completion bash writes them.
+_headerdtc() {
+    local word=${COMP_WORDS[COMP_CWORD]} program=${COMP_WORDS[0]/#\~/$HOME} lines
+    mapfile -t lines < <("${program%-editor}" complete -- "${COMP_WORDS[@]:0:COMP_CWORD + 1}" 2>/dev/null)
+    [[ ${lines[0]-} == words ]] || compopt -o filenames 2>/dev/null
+    case ${lines[0]-} in
+        words) mapfile -t COMPREPLY < <(compgen -W "${lines[*]:1}" -- "$word") ;;
+        files) mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
+        pages) mapfile -t COMPREPLY < <(compgen -d -- "$word"
+            compgen -f -X '!*.[Aa][Ss][Pp]' -- "$word"
+            compgen -f -X '!*.[Ii][Nn][Cc]' -- "$word") ;;
+        *) COMPREPLY=() ;;
+    esac
+}
+complete -F _headerdtc headerdtc headerdtc-editor
+)"},
+    // In a folder of completions the file is the body of the function; sourced, it has
+    // to make itself known.
+    {"zsh", R"(#compdef headerdtc headerdtc-editor
+# Completions of headerdtc and its editor for zsh; headerdtc completion zsh writes them.
+_headerdtc() {
+    local -a lines=("${(@f)$(${~words[1]%-editor} complete --describe -- "${(@)words[1,CURRENT]}" 2>/dev/null)}")
+    case $lines[1] in
+        words) shift lines; _describe word lines ;;
+        files) _files ;;
+        pages) _files -g '*.(#i)(asp|inc)(-.)' ;;
+    esac
+}
+if [[ $funcstack[1] == _headerdtc ]]; then
+    _headerdtc "$@"
+else
+    compdef _headerdtc headerdtc headerdtc-editor
+fi
+)"},
+    {"fish",
+     R"(# Completions of headerdtc and its editor for fish; headerdtc completion fish writes them.
+function __headerdtc_complete
+    set -l words (commandline -opc) (commandline -ct)
+    set -l program (string replace -r -- '-editor$' '' $words[1])
+    set -l lines ($program complete --describe -- $words 2>/dev/null)
+    switch "$lines[1]"
+        case words
+            string replace -- : \t $lines[2..]
+        case files
+            __fish_complete_path $words[-1]
+        case pages
+            string match -ri '.*(?:/|\.asp|\.inc)(?=\t)' -- (__fish_complete_path $words[-1])
+    end
+end
+complete -c headerdtc -c headerdtc-editor -f -a '(__headerdtc_complete)'
+)"}};
+
+struct CompleteOptions {
+    std::vector<std::string> words;  // from the program's name to what is being typed
+    bool describe = false;
+};
+
+// What is told of a place: a first line "words", with the words behind it, "files" or "pages";
+// nothing where only the author knows.
+class Place {
+  public:
+    explicit Place(bool describe) : describe_(describe) {}
+
+    void kind(const char* kind) { printLine(stdout, kind); }
+
+    void word(const std::string& word, std::string description) {
+        std::replace(description.begin(), description.end(), '\n', ' ');
+        printLine(stdout, describe_ && !description.empty() ? word + ":" + description : word);
+    }
+
+    void value(const CLI::Option& option) {
+        const std::string type = option.get_type_name(), name = option.get_name(true);
+        const auto begin = type.find('{'), end = type.find('}');  // one of a few: "TEXT:{a,b}"
+        if (end != std::string::npos) {
+            kind("words");
+            for (const auto& choice :
+                 CLI::detail::split(type.substr(begin + 1, end - begin - 1), ','))
+                word(choice, {});
+        } else if (type == FileType || name == "FILE") {
+            kind("files");
+        } else if (name == "PAGE" || name == "PATH") {
+            kind("pages");
+        }
+    }
+
+    // Those of the commands above are taken too.
+    void optionsOf(const CLI::App* command) {
+        kind("words");
+        for (; command; command = command->get_parent()) {
+            for (const CLI::Option* option : command->get_options()) {
+                const bool isShown = option != command->get_help_ptr() || !command->get_parent();
+                for (const std::string& name : option->get_lnames())
+                    if (isShown) word("--" + name, option->get_description());
+            }
+        }
+    }
+
+  private:
+    bool describe_;
+};
+
+// The option whose value is the next argument of a command behind so many.
+const CLI::Option* argument(const CLI::App& command, std::size_t before) {
+    for (const CLI::Option* option : command.get_options()) {
+        if (!option->get_positional()) continue;
+        const auto most = static_cast<std::size_t>(option->get_items_expected_max());
+        if (before < most) return option;
+        before -= most;
+    }
+    return nullptr;
+}
+
+void complete(const CLI::App& program, const CompleteOptions& options) {
+    const auto& words = options.words;
+    if (words.empty()) return;
+    Place place(options.describe);
+    const CLI::App* command =
+        words.front().ends_with("-editor") ? findCommand(program, "edit") : &program;
+    const CLI::Option* valued = nullptr;  // of the word before
+    std::size_t arguments = 0;
+    for (std::size_t i = 1; i + 1 < words.size(); ++i) {
+        if (std::exchange(valued, nullptr)) continue;
+        if (words[i].starts_with("-")) {
+            valued = findOption(command, words[i]);
+            if (valued && valued->get_items_expected_max() == 0) valued = nullptr;
+        } else if (const CLI::App* named = findCommand(*command, words[i])) {
+            // Behind "help" there is a command again.
+            if (named->get_name() != "help") command = named;
+        } else {
+            ++arguments;
+        }
+    }
+    const auto commands = commandsOf(*command);
+    if (valued) {
+        place.value(*valued);
+    } else if (words.back().starts_with("-")) {
+        place.optionsOf(command);
+    } else if (!commands.empty()) {
+        place.kind("words");
+        for (const CLI::App* each : commands)
+            place.word(each->get_name(), each->get_description());
+    } else if (const CLI::Option* next = argument(*command, arguments)) {
+        place.value(*next);
+    }
+}
 
 }  // namespace
 
-const std::vector<std::string>& completionShells() {
-    static const std::vector<std::string> shells = [] {
-        std::vector<std::string> names;
-        for (const auto& writer : Writers)
-            names.emplace_back(writer.shell);
-        return names;
-    }();
-    return shells;
-}
+void addCompletion(CLI::App& app, CommandLine& line) {
+    std::vector<std::string> shells;
+    for (const auto& each : Scripts)
+        shells.emplace_back(each.shell);
+    const auto shell = std::make_shared<std::string>();
+    CLI::App& command =
+        addCommand(app, "completion", "Write completions of this command and of the editor",
+                   R"(An installed package has them already.
 
-std::string completionScript(const CLI::App& app, const std::string& shell) {
-    for (const auto& writer : Writers) {
-        if (shell == writer.shell) return writer.script(levelsOf(app));
-    }
-    return {};
+Examples:
+  source <(headerdtc completion bash)      in ~/.bashrc
+  source <(headerdtc completion zsh)       in ~/.zshrc, behind compinit
+  headerdtc completion fish | source       in ~/.config/fish/config.fish
+
+Exit status: 0 done, 2 wrong usage.)");
+    command.add_option("SHELL", *shell, "the shell")->required()->check(CLI::IsMember(shells));
+    command.callback([&line, shell] {
+        line.run = [shell] {
+            for (const auto& each : Scripts) {
+                if (*shell == each.shell) std::fputs(each.script, stdout);
+            }
+            return Done;
+        };
+    });
+
+    const auto options = std::make_shared<CompleteOptions>();
+    CLI::App& complete = addCommand(app, "complete", "Tell a shell what may stand at a place", "");
+    complete.group("");  // for the shells alone
+    complete.add_flag("--describe", options->describe, "WORD:DESCRIPTION");
+    complete.add_option("WORD", options->words, "the words of the command line");
+    complete.callback([&app, &line, options] {
+        line.run = [&app, options] {
+            cli::complete(app, *options);
+            return Done;
+        };
+    });
 }
 
 }  // namespace headerdtc::cli

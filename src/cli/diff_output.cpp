@@ -1,6 +1,6 @@
 #include "cli/diff_output.h"
 
-#include "cli/output.h"
+#include "cli/streams.h"
 #include "host/diff/unified_diff.h"
 
 namespace headerdtc::cli {

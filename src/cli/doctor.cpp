@@ -1,14 +1,20 @@
 #include "host/doctor/doctor.h"
 
-#include "cli/json_lines.h"
-#include "cli/output.h"
-#include "cli/site_commands.h"
+#include "cli/command.h"
+#include "cli/streams.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 
 namespace headerdtc::cli {
 namespace {
+
+struct DoctorOptions {
+    std::string place = ".";  // page or folder
+    bool json = false;
+};
 
 constexpr const char* Variable = "HEADERDTC_CONFIG";
 
@@ -52,9 +58,7 @@ void printJson(const std::vector<Diagnosis>& diagnoses, std::size_t broken, Exit
                  {"exitStatus", status}});
 }
 
-}  // namespace
-
-int doctor(const CommonOptions& common, const DoctorOptions& options) {
+ExitStatus doctor(const CommonOptions& common, const DoctorOptions& options) {
     const auto diagnoses =
         examineSite(options.place, common.configuration, namedBy(common.configuration));
     const auto broken = std::count_if(
@@ -67,6 +71,26 @@ int doctor(const CommonOptions& common, const DoctorOptions& options) {
         printText(diagnoses);
     }
     return status;
+}
+
+}  // namespace
+
+void addDoctor(CLI::App& app, CommandLine& line) {
+    const auto options = std::make_shared<DoctorOptions>();
+    CLI::App& command = addCommand(
+        app, "doctor", "Examine the set-up of a site",
+        R"(Looks at everything that a site needs, from its configuration to the tables of its
+translation database, and names the next step for whatever is broken. Writes nothing;
+passwords are masked, so its output can go into a report.
+
+Examples:
+  headerdtc doctor                         the site of this folder
+  headerdtc doctor site/orders/list.asp    the site of a page
+
+Exit status: 0 nothing broken, 1 something broken, 2 wrong usage.)");
+    addSitePath(command, options->place);
+    command.add_flag("--json", options->json, "one JSON object a link");
+    command.callback(whenNamed(line, options, doctor));
 }
 
 }  // namespace headerdtc::cli

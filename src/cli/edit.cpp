@@ -1,10 +1,12 @@
-#include "cli/commands.h"
+#include "cli/command.h"
 
+#include <CLI/CLI.hpp>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 #include <unistd.h>
 
 namespace headerdtc::cli {
@@ -21,17 +23,15 @@ void execute(const std::string& program, std::vector<char*>& arguments) {
     }
 }
 
-}  // namespace
-
 // The editor is a program of its own: the command line needs no windows.
-int edit(const CommonOptions& common, const EditOptions& options) {
+ExitStatus edit(const CommonOptions& common, const std::vector<std::string>& pages) {
     std::vector<std::string> words{EditorName};
     if (!common.configuration.empty()) {
         words.emplace_back("--config");
         words.push_back(common.configuration);
     }
     words.emplace_back("--");
-    words.insert(words.end(), options.pages.begin(), options.pages.end());
+    words.insert(words.end(), pages.begin(), pages.end());
     std::vector<char*> arguments;
     arguments.reserve(words.size() + 1);
     for (std::string& word : words)
@@ -48,6 +48,22 @@ int edit(const CommonOptions& common, const EditOptions& options) {
                  "It is a package of its own; install headerdtc-editor, or build it with Qt 6.\n",
                  EditorName, std::strerror(errno));
     return WrongUsage;
+}
+
+}  // namespace
+
+void addEdit(CLI::App& app, CommandLine& line) {
+    const auto pages = std::make_shared<std::vector<std::string>>();
+    CLI::App& command =
+        addCommand(app, "edit", "Open the page editor",
+                   R"(Starts headerdtc-editor. A folder opens as a site: its pages as a tree.
+
+Examples:
+  headerdtc edit site/ site/orders/list.asp
+
+Exit status: 0 the window was closed, 2 there is no editor or no screen.)");
+    command.add_option("PAGE", *pages, "pages to open");
+    command.callback(whenNamed(line, pages, edit));
 }
 
 }  // namespace headerdtc::cli

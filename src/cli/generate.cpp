@@ -1,17 +1,134 @@
-#include "cli/commands.h"
-#include "cli/generate_report.h"
-#include "cli/interruption.h"
-#include "cli/output.h"
-#include "cli/progress.h"
+#include "cli/command.h"
+#include "cli/diff_output.h"
+#include "cli/page_run.h"
+#include "cli/streams.h"
+#include "host/diff/unified_diff.h"
 #include "host/generation/site_generation.h"
-#include "host/generation/site_pages.h"
 #include "host/page/page_session.h"
 #include "host/page/quiet_host.h"
 
+#include <CLI/CLI.hpp>
 #include <cstdio>
+#include <memory>
 
 namespace headerdtc::cli {
 namespace {
+
+using Verdict = GeneratedPage::Verdict;
+
+struct GenerateOptions {
+    PageRunOptions run;
+    bool print = false;
+    bool check = false;
+    bool diff = false;  // with check: what would change, in the place of the list
+    bool json = false;
+    bool force = false;
+};
+
+// How a run is told: one class for each form of output.
+class GenerateReport {
+  public:
+    GenerateReport(Sites& sites, const GenerateOptions& options)
+        : sites_(sites), options_(options) {}
+    virtual ~GenerateReport() = default;
+
+    virtual void begin() {}
+    // A path that could not be looked into.
+    virtual void problem(const std::string& text) = 0;
+    virtual void page(const PageRun::Page& page, const SiteGeneration::Done& done) = 0;
+    virtual void end(const PageTotals&) {}
+
+  protected:
+    const GenerateOptions& options() const { return options_; }
+    const CodePage& codePageOf(const std::string& page) const {
+        return sites_.forPage(page)->configuration->codePage;
+    }
+
+  private:
+    Sites& sites_;
+    const GenerateOptions& options_;
+};
+
+// For people: the pages, or what would change in them, on standard output, everything said of them
+// on standard error.
+class GenerateText : public GenerateReport {
+  public:
+    using GenerateReport::GenerateReport;
+
+    void problem(const std::string& text) override { printLine(stderr, text); }
+
+    void page(const PageRun::Page& page, const SiteGeneration::Done& done) override {
+        const Verdict verdict = done.page.verdict;
+        const auto of = verdict == Verdict::NotConfigured ? PageFailure::Of::Configuration
+                                                          : PageFailure::Of::Page;
+        for (const std::string& message : done.page.messages)
+            lines_.print(page.name, {of, message});
+        if (verdict == Verdict::NoControl && page.named)
+            printMessage(page.name, "holds no HeaderDTC control");
+        if (verdict != Verdict::Stale) return;
+        if (!options().diff) return printLine(stdout, page.name);
+        printDiff(page.name, done.page.before, done.page.after, codePageOf(page.name));
+    }
+
+  private:
+    FailureLines lines_;
+};
+
+// For programs: a JSON object for each page, docs/schemas/generate.schema.json.
+class GenerateJson : public GenerateReport {
+  public:
+    using GenerateReport::GenerateReport;
+
+    void begin() override { lines_.begin("generate"); }
+
+    void problem(const std::string& text) override {
+        lines_.write({{"type", "problem"}, {"message", text}});
+    }
+
+    void page(const PageRun::Page& page, const SiteGeneration::Done& done) override {
+        const auto& [before, after] = std::tie(done.page.before, done.page.after);
+        JsonLines::Json line = {{"type", "page"},
+                                {"page", page.name},
+                                {"status", done.written ? "written" : nameOf(done.page.verdict)},
+                                {"messages", done.page.messages}};
+        if (options().check && done.page.verdict == Verdict::Stale) {
+            line["line"] = firstDifferentLine(before, after);
+            if (options().diff)
+                line["diff"] = cli::codePageOf(before, codePageOf(page.name))
+                                   .decode(unifiedDiff(page.name, before, after));
+        }
+        lines_.write(line);
+    }
+
+    void end(const PageTotals& totals) override {
+        lines_.write({{"type", "summary"},
+                      {"pages", totals.pages},
+                      {options().check ? "stale" : "written", totals.found},
+                      {"failed", totals.failed},
+                      {"exitStatus", totals.status(options().check)}});
+    }
+
+  private:
+    static const char* nameOf(Verdict verdict) {
+        switch (verdict) {
+            case Verdict::NoControl:
+                return "no-control";
+            case Verdict::UpToDate:
+                return "up-to-date";
+            case Verdict::Stale:
+                return "stale";
+            case Verdict::LeftAlone:
+                return "left-alone";
+            case Verdict::NotReadable:
+                return "not-readable";
+            case Verdict::NotConfigured:
+                break;
+        }
+        return "not-configured";
+    }
+
+    JsonLines lines_;
+};
 
 // Every control's runtime text to standard output, in the page's code page.
 ExitStatus print(Sites& sites, const std::string& page) {
@@ -40,52 +157,81 @@ ExitStatus print(Sites& sites, const std::string& page) {
     return failed ? PageNotDone : Done;
 }
 
-}  // namespace
-
-int generate(const CommonOptions& common, const GenerateOptions& options) {
-    Sites sites(common.only());
-    if (options.print) {
-        const auto& words = options.paths.words;
-        if (words.size() != 1 || !options.paths.file.empty()) {
-            printLine(stderr, "headerdtc: --print takes one page");
-            return WrongUsage;
-        }
-        return guarded([&] { return print(sites, words.front()); });
-    }
-
-    const SitePages pages = options.paths.pages();
-    const auto report = makeGenerateReport(sites, options);
-    GenerateTotals totals{.pages = pages.pages.size()};
+ExitStatus generate(Sites& sites, const GenerateOptions& options) {
+    const std::unique_ptr<GenerateReport> report =
+        options.json ? std::unique_ptr<GenerateReport>(new GenerateJson(sites, options))
+                     : std::make_unique<GenerateText>(sites, options);
     report->begin();
-    for (const auto& problem : pages.problems) {
-        report->problem(problem.text());
-        ++totals.failed;
-    }
+    PageRun run(options.run, [&](const std::string& page, const PageFailure& failure) {
+        report->problem(page + ": " + failure.text);
+    });
+    PageTotals& totals = run.totals();
     SiteGeneration generation(
         sites, {.mode = options.check ? SiteGeneration::Mode::Check : SiteGeneration::Mode::Write,
                 .guard = options.force ? LossGuard::SaveAnyway : LossGuard::RefuseLosses,
-                .jobs = options.jobs,
+                .jobs = options.run.jobs,
                 .keepBytes = options.check && (options.diff || options.json)});
-    Progress progress(pages.pages.size(), options.quiet);
-    const Interruption interruption;
-    std::size_t told = 0;
     generation.run(
-        pages.pages,
+        run.pages(),
         [&](const SiteGeneration::Done& done) {
-            progress.hide();
-            ++told;
-            totals.add(done.page.verdict);
-            report->page(pages.pages[done.index].string(), pages.named[done.index], done);
+            totals.found += done.page.verdict == Verdict::Stale ? 1 : 0;
+            totals.failed += done.page.isFailure() ? 1 : 0;
+            if (done.page.verdict == Verdict::NotConfigured) totals.misconfigured = true;
+            report->page(run.come(done.index), done);
         },
         [&](std::size_t finished) {
-            if (Interruption::seen()) generation.cancel();
-            progress.show(finished);
+            if (!run.goesOn(finished)) generation.cancel();
         });
-    totals.left = pages.pages.size() - told;
     report->end(totals);
-    progress.end(totals.summary(options));
-    if (totals.left > 0) tellOfPagesLeft(pages, told);
-    return totals.status(options);
+    run.end(counted(totals.pages, "page") + " looked at: " + std::to_string(totals.found) +
+            (options.check ? " out of date, " : " written, ") + std::to_string(totals.failed) +
+            " not done");
+    return totals.status(options.check);
+}
+
+}  // namespace
+
+void addGenerate(CLI::App& app, CommandLine& line) {
+    const auto options = std::make_shared<GenerateOptions>();
+    CLI::App& command = addCommand(
+        app, "generate", "Write the server script of pages",
+        R"(A page is rewritten only when its bytes change, and left as it was, with the reason, when
+something would be lost. Written pages are listed on standard output.
+
+Examples:
+  headerdtc generate .                     every page below this folder
+  headerdtc generate --check --diff site/  what would change, for patch -p0
+  headerdtc generate --print page.asp      the script of one page, nothing is saved
+  git diff --name-only | headerdtc generate --files-from -
+
+Exit status: 0 done, 1 --check found pages that are out of date, 2 wrong usage or
+configuration, 3 at least one page could not be done, 130 interrupted.)");
+    addPathList(command, options->run.paths, "pages, or folders with pages (*.asp, *.inc)");
+    auto* print = command.add_flag("--print", options->print,
+                                   "write the runtime text to standard output, save nothing");
+    auto* check = command.add_flag("--check", options->check,
+                                   "save nothing, list the pages that are out of date");
+    auto* diff = command.add_flag("--diff", options->diff,
+                                  "with --check: show what would change, as patch takes it");
+    auto* json = command.add_flag("--json", options->json, "one JSON object a page");
+    auto* force = command.add_flag(
+        "--force", options->force,
+        "write the new text also where something stored would be lost, and keep that");
+    addRunOptions(command, options->run);
+    print->excludes(check)->excludes(force)->excludes(diff)->excludes(json);
+    check->excludes(force);
+    diff->needs(check);
+    command.callback([&line, options] {
+        const PathList& paths = options->run.paths;
+        if (paths.empty()) throw CLI::RequiredError("PATH");
+        if (options->print && (paths.words.size() != 1 || !paths.file.empty()))
+            throw UsageError("--print takes one page");
+        line.run = [&line, options] {
+            Sites sites(line.common.only());
+            return options->print ? cli::print(sites, options->run.paths.words.front())
+                                  : generate(sites, *options);
+        };
+    });
 }
 
 }  // namespace headerdtc::cli

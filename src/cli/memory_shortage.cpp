@@ -1,7 +1,7 @@
 // What the command ends with where it lacks the memory to go on, wherever that is: in a thread,
 // before main, or where there is no room left for an exception.
 
-#include "cli/commands.h"
+#include "cli/command.h"
 
 #include <algorithm>
 #include <cstddef>

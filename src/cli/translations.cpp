@@ -1,9 +1,7 @@
 // The commands on translations: check, export, import.
 
-#include "cli/input.h"
-#include "cli/json_lines.h"
-#include "cli/output.h"
-#include "cli/site_commands.h"
+#include "cli/command.h"
+#include "cli/streams.h"
 #include "host/files/file_replacer.h"
 #include "host/files/whole_file.h"
 #include "host/odbc/odbc_connection.h"
@@ -12,13 +10,25 @@
 #include "host/translations/translation_import.h"
 #include "host/translations/translation_rules.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
+#include <memory>
 
 namespace headerdtc::cli {
 namespace {
 
 using Action = ImportStep::Action;
+
+// Of all commands on translations, and those of one of them.
+struct TranslationOptions {
+    std::string place = ".";           // page or folder of the site
+    std::vector<std::string> locales;  // empty: all that the database has
+    bool json = false;
+    std::string file;  // to be read, or to be written; empty: standard output
+    bool onlyGaps = false, byteOrderMark = false;
+    bool dryRun = false, skipRefused = false;
+};
 
 std::vector<std::string> localesOf(const TranslationTable& table,
                                    const TranslationOptions& options) {
@@ -166,86 +176,161 @@ std::string readUtf8(const std::string& file) {
     return bytes;
 }
 
+ExitStatus checkTranslations(const CommonOptions& common, const TranslationOptions& options) {
+    Sites sites(common.only());
+    const TranslationTable table = readTable(*sites.forPage(options.place));
+    const auto locales = localesOf(table, options);
+    const auto faults = findTranslationFaults(table, locales);
+    const auto progress = progressOf(table, locales, faults);
+    const ExitStatus status = faults.empty() ? Done : CheckFoundSomething;
+    if (options.json) {
+        tellAsJson(faults, progress, status);
+    } else {
+        tellAsText(faults, progress);
+    }
+    return status;
+}
+
+ExitStatus exportTranslations(const CommonOptions& common, const TranslationOptions& options) {
+    Sites sites(common.only());
+    const TranslationTable table = readTable(*sites.forPage(options.place));
+    const std::string text =
+        headerdtc::exportTranslations(table, {.locales = localesOf(table, options),
+                                              .onlyGaps = options.onlyGaps,
+                                              .byteOrderMark = options.byteOrderMark});
+    if (options.file.empty()) {
+        std::fwrite(text.data(), 1, text.size(), stdout);
+        return Done;
+    }
+    FileReplacer replacer;
+    const FileStamp stamp = FileStamp::of(std::filesystem::path(options.file));
+    if (stamp.size < 0) {
+        replacer.create(options.file, text);
+    } else {
+        replacer.replace(options.file, text, stamp);
+    }
+    const std::string problem = replacer.commit().front().problem;
+    if (!problem.empty()) throw FileError(options.file, problem);
+    printLine(stdout, options.file);
+    return Done;
+}
+
+ExitStatus importTranslations(const CommonOptions& common, const TranslationOptions& options) {
+    Sites sites(common.only());
+    const auto site = sites.forPage(options.place);
+    const auto file = TranslationFile::parse(options.file, readUtf8(options.file));
+    for (const std::string& head : file.passedOver)
+        printLine(stderr, options.file + ": the column \"" + visible(head) +
+                              "\" is passed over; that of a language is headed by its locale, "
+                              "like 1031");
+    if (!file.hasStates)
+        printLine(stderr, options.file +
+                              ": has no column \"state\"; what was changed in the database "
+                              "since the export cannot be told and is overwritten");
+
+    OdbcConnection connection(site->database.settings());
+    connection.Open(site->database.settings().connectString, "", "", -1);
+    const long longest = longestText(connection);
+    // What is read is what is changed: both in one transaction, which is undone unless it is
+    // committed.
+    connection.BeginTrans();
+    const auto plan = planImport(file, TranslationTable::read(connection), longest);
+    const std::size_t refused = count(plan, Action::Refuse);
+    const bool isWanted = !options.dryRun && (refused == 0 || options.skipRefused);
+    if (isWanted) {
+        applyImport(connection, options.file, plan, SystemClock().shortDate());
+        connection.CommitTrans();
+    }
+    const ExitStatus status = refused > 0 ? CheckFoundSomething : Done;
+    if (options.json) {
+        tellAsJson(plan, isWanted, status);
+    } else {
+        tellAsText(plan, isWanted);
+    }
+    return status;
+}
+
+// ---- the commands ------------------------------------------------------------------------------
+
+void addLocales(CLI::App& command, TranslationOptions& options, const std::string& description) {
+    command.add_option("--locale", options.locales, description)
+        ->allow_extra_args(false)
+        ->check(CLI::Range(1, 999999999));
+}
+
+void addTranslationCheck(CLI::App& group, CommandLine& line) {
+    const auto options = std::make_shared<TranslationOptions>();
+    CLI::App& command = addCommand(group, "check", "Look for gaps and faults in every language",
+                                   R"(Examples:
+  headerdtc translations check site/       all languages of a site
+  headerdtc translations check --locale 1031 --json
+
+Exit status: 0 nothing found, 1 something found, 2 wrong usage or
+configuration, 3 the database cannot be read.)");
+    addSitePath(command, options->place);
+    command.add_flag("--json", options->json, "one JSON object a finding or cell");
+    addLocales(command, *options,
+               "only this language, by its locale (1031); may be given several times");
+    command.callback(whenNamed(line, options, checkTranslations));
+}
+
+void addTranslationExport(CLI::App& group, CommandLine& line) {
+    const auto options = std::make_shared<TranslationOptions>();
+    CLI::App& command = addCommand(group, "export", "Write the texts as CSV for translators",
+                                   R"(Examples:
+  headerdtc translations export -o texts.csv site/
+  headerdtc translations export --gaps --locale 1036 --bom -o french.csv site/
+
+Exit status: 0 done, 2 wrong usage or configuration, 3 the database cannot be read, or
+the file not be written.)");
+    addSitePath(command, options->place);
+    addLocales(command, *options,
+               "a column for this language (1031), also for one that has no text yet;\n"
+               "may be given several times (default: all that there are)");
+    command.add_option("-o,--output", options->file, "the file (default: standard output)")
+        ->type_name(FileType);
+    command.add_flag("--gaps", options->onlyGaps, "only labels that lack a text");
+    command.add_flag("--bom", options->byteOrderMark,
+                     "begin with a byte-order mark, by which spreadsheets know UTF-8");
+    command.callback(whenNamed(line, options, exportTranslations));
+}
+
+void addTranslationImport(CLI::App& group, CommandLine& line) {
+    const auto options = std::make_shared<TranslationOptions>();
+    CLI::App& command =
+        addCommand(group, "import", "Take edited texts into the database",
+                   R"(All is written in one transaction, or nothing. An empty cell removes nothing.
+
+Examples:
+  headerdtc translations import --dry-run texts.csv site/
+  headerdtc translations import texts.csv site/
+
+Exit status: 0 done, 1 something was refused, 2 wrong usage or configuration,
+3 file or database cannot be read or written.)");
+    command.add_option("FILE", options->file, "the edited CSV file")->required();
+    addSitePath(command, options->place);
+    command.add_flag("--json", options->json, "one JSON object a cell");
+    command.add_flag("--dry-run", options->dryRun, "tell what would be done, write nothing");
+    command.add_flag("--skip-refused", options->skipRefused,
+                     "write the other cells where some are refused");
+    command.callback(whenNamed(line, options, importTranslations));
+}
+
 }  // namespace
 
-int checkTranslations(const CommonOptions& common, const TranslationOptions& options) {
-    return guarded([&] {
-        Sites sites(common.only());
-        const TranslationTable table = readTable(*sites.forPage(options.place));
-        const auto locales = localesOf(table, options);
-        const auto faults = findTranslationFaults(table, locales);
-        const auto progress = progressOf(table, locales, faults);
-        const ExitStatus status = faults.empty() ? Done : CheckFoundSomething;
-        if (options.json) {
-            tellAsJson(faults, progress, status);
-        } else {
-            tellAsText(faults, progress);
-        }
-        return status;
-    });
-}
+void addTranslations(CLI::App& app, CommandLine& line) {
+    CLI::App& group =
+        addCommandGroup(app, "translations", "Check, export and import translated texts",
+                        R"(Examples:
+  headerdtc translations check site/       gaps and faults in every language
+  headerdtc translations export -o texts.csv site/
+  headerdtc translations import texts.csv site/
 
-int exportTranslations(const CommonOptions& common, const TranslationExportOptions& options) {
-    return guarded([&] {
-        Sites sites(common.only());
-        const TranslationTable table = readTable(*sites.forPage(options.common.place));
-        const std::string text =
-            headerdtc::exportTranslations(table, {.locales = localesOf(table, options.common),
-                                                  .onlyGaps = options.onlyGaps,
-                                                  .byteOrderMark = options.byteOrderMark});
-        if (options.output.empty()) {
-            std::fwrite(text.data(), 1, text.size(), stdout);
-            return Done;
-        }
-        FileReplacer replacer;
-        const FileStamp stamp = FileStamp::of(std::filesystem::path(options.output));
-        if (stamp.size < 0) {
-            replacer.create(options.output, text);
-        } else {
-            replacer.replace(options.output, text, stamp);
-        }
-        const std::string problem = replacer.commit().front().problem;
-        if (!problem.empty()) throw FileError(options.output, problem);
-        printLine(stdout, options.output);
-        return Done;
-    });
-}
-
-int importTranslations(const CommonOptions& common, const TranslationImportOptions& options) {
-    return guarded([&] {
-        Sites sites(common.only());
-        const auto site = sites.forPage(options.common.place);
-        const auto file = TranslationFile::parse(options.file, readUtf8(options.file));
-        for (const std::string& head : file.passedOver)
-            printLine(stderr, options.file + ": the column \"" + visible(head) +
-                                  "\" is passed over; that of a language is headed by its locale, "
-                                  "like 1031");
-        if (!file.hasStates)
-            printLine(stderr, options.file +
-                                  ": has no column \"state\"; what was changed in the database "
-                                  "since the export cannot be told and is overwritten");
-
-        OdbcConnection connection(site->database.settings());
-        connection.Open(site->database.settings().connectString, "", "", -1);
-        const long longest = longestText(connection);
-        // What is read is what is changed: both in one transaction, which is undone unless it is
-        // committed.
-        connection.BeginTrans();
-        const auto plan = planImport(file, TranslationTable::read(connection), longest);
-        const std::size_t refused = count(plan, Action::Refuse);
-        const bool isWanted = !options.dryRun && (refused == 0 || options.skipRefused);
-        if (isWanted) {
-            applyImport(connection, options.file, plan, SystemClock().shortDate());
-            connection.CommitTrans();
-        }
-        const ExitStatus status = refused > 0 ? CheckFoundSomething : Done;
-        if (options.common.json) {
-            tellAsJson(plan, isWanted, status);
-        } else {
-            tellAsText(plan, isWanted);
-        }
-        return status;
-    });
+Exit status: 0 done, 1 something was found or refused, 2 wrong usage or configuration,
+3 the database or a file cannot be read or written.)");
+    addTranslationCheck(group, line);
+    addTranslationExport(group, line);
+    addTranslationImport(group, line);
 }
 
 }  // namespace headerdtc::cli

@@ -1,25 +1,46 @@
-#include "cli/failure_lines.h"
-#include "cli/interruption.h"
-#include "cli/json_lines.h"
-#include "cli/output.h"
-#include "cli/site_commands.h"
-#include "host/generation/site_pages.h"
-#include "host/inspection/ordered_run.h"
+#include "cli/command.h"
+#include "cli/page_run.h"
+#include "cli/streams.h"
 #include "host/inspection/where_used.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
 
 namespace headerdtc::cli {
 namespace {
 
-// What looking into a site came to.
-struct WhereTotals {
-    std::size_t pages = 0, pagesUsing = 0, uses = 0, failed = 0;
-    std::size_t left = 0;  // not come to, when it was interrupted
-    bool misconfigured = false;
+// What is looked for: the one option of them that was given; a provider may also narrow a field.
+struct WhereOptions {
+    PageRunOptions run;
+    WhereQuery query;
+    bool json = false;
+    std::string provider, field, include, stylesheet, label;
 
-    ExitStatus status() const {
-        if (left > 0) return Interrupted;
-        if (misconfigured) return WrongUsage;
-        return failed > 0 ? PageNotDone : Done;
+    void choose() {
+        using Kind = WhereQuery::Kind;
+        if (run.paths.empty()) run.paths.words = {"."};
+        const struct {
+            const std::string& value;
+            Kind kind;
+        } choices[] = {{field, Kind::Field},
+                       {include, Kind::Include},
+                       {stylesheet, Kind::Stylesheet},
+                       {label, Kind::Label},
+                       {provider, Kind::Provider}};
+        int chosen = 0;
+        for (const auto& [value, kind] : choices) {
+            if (value.empty()) continue;
+            if (kind == Kind::Provider && !field.empty()) {
+                query.ofProvider = value;
+                continue;
+            }
+            query.kind = kind;
+            query.value = value;
+            ++chosen;
+        }
+        if (chosen != 1)
+            throw CLI::ValidationError(
+                "name one of --provider, --field, --include, --stylesheet and --label");
     }
 };
 
@@ -39,18 +60,18 @@ class WhereReport {
     }
 
     void failure(const std::string& page, const PageFailure& failure) {
-        if (!json_) return failures_.print(page, failure);
+        if (!json_) return failureLines_.print(page, failure);
         lines_.write({{"type", "failure"}, {"page", page}, {"message", failure.text}});
     }
 
-    void end(const WhereTotals& totals) {
+    void end(const PageTotals& totals, std::size_t pagesUsing) {
         if (!json_) return;
         lines_.write({{"type", "summary"},
                       {"pages", totals.pages},
-                      {"pagesUsing", totals.pagesUsing},
-                      {"uses", totals.uses},
+                      {"pagesUsing", pagesUsing},
+                      {"uses", totals.found},
                       {"failed", totals.failed},
-                      {"exitStatus", totals.status()}});
+                      {"exitStatus", totals.status(false)}});
     }
 
   private:
@@ -69,41 +90,64 @@ class WhereReport {
 
     bool json_;
     JsonLines lines_;
-    FailureLines failures_;
+    FailureLines failureLines_;
 };
+
+ExitStatus where(const CommonOptions& common, const WhereOptions& options) {
+    Sites sites(common.only());
+    WhereUsed whereUsed(sites, options.query);
+    WhereReport report(options.json);
+    PageRun run(options.run, [&](const std::string& page, const PageFailure& failure) {
+        report.failure(page, failure);
+    });
+    PageTotals& totals = run.totals();
+    std::size_t pagesUsing = 0;
+    run.over<PageUses>([&](const std::filesystem::path& page) { return whereUsed.lookInto(page); },
+                       [&](const PageRun::Page& page, const PageUses& found) {
+                           for (const Use& use : found.uses)
+                               report.use(page.name, use);
+                           totals.found += found.uses.size();
+                           pagesUsing += found.uses.empty() ? 0 : 1;
+                           if (found.failure) run.fail(page.name, *found.failure);
+                       });
+    report.end(totals, pagesUsing);
+    run.end(counted(totals.pages, "page") + " looked at: " + counted(totals.found, "use") + " in " +
+            counted(pagesUsing, "page") + ", " + std::to_string(totals.failed) +
+            " not looked into");
+    return totals.status(false);
+}
 
 }  // namespace
 
-int where(const CommonOptions& common, const WhereOptions& options) {
-    Sites sites(common.only());
-    WhereUsed whereUsed(sites, options.query);
-    const SitePages pages = options.paths.empty() ? findSitePages({"."}) : options.paths.pages();
-    WhereReport report(options.json);
-    WhereTotals totals{.pages = pages.pages.size()};
-    for (const auto& problem : pages.problems) {
-        ++totals.failed;
-        report.failure(problem.path, {PageFailure::Of::Page, problem.reason});
-    }
-    const Interruption interruption;
-    const std::size_t done = runInOrder<PageUses>(
-        pages.pages.size(), options.jobs,
-        [&](std::size_t page) { return whereUsed.lookInto(pages.pages[page]); },
-        [&](std::size_t index, const PageUses& found) {
-            const std::string page = pages.pages[index].string();
-            for (const Use& use : found.uses)
-                report.use(page, use);
-            totals.uses += found.uses.size();
-            totals.pagesUsing += found.uses.empty() ? 0 : 1;
-            if (!found.failure) return;
-            ++totals.failed;
-            if (found.failure->of == PageFailure::Of::Configuration) totals.misconfigured = true;
-            report.failure(page, *found.failure);
-        },
-        [](std::size_t) { return !Interruption::seen(); });
-    totals.left = pages.pages.size() - done;
-    report.end(totals);
-    if (totals.left > 0) tellOfPagesLeft(pages, done);
-    return totals.status();
+void addWhere(CLI::App& app, CommandLine& line) {
+    const auto options = std::make_shared<WhereOptions>();
+    CLI::App& command = addCommand(
+        app, "where", "Tell which pages use something",
+        R"(Names compare without regard to case. A place is told as PAGE:LINE: CONTROL, what it is.
+
+Examples:
+  headerdtc where --field CUSTNO site/     pages that use a field
+  headerdtc where --field CUSTNO --provider Orders --json site/
+  headerdtc where --include Dates.asp      below this folder
+
+Exit status: 0 done, whether something was found or not, 2 wrong usage or configuration,
+3 a page or the database could not be read, 130 interrupted.)");
+    command.add_option("--provider", options->provider,
+                       "a data provider; with --field: only that provider's field");
+    command.add_option("--field", options->field, "a field, by its name or its whole entry");
+    command.add_option("--include", options->include, "an include file, by its path or name")
+        ->type_name(FileType);
+    command.add_option("--stylesheet", options->stylesheet, "a stylesheet, by its path or name")
+        ->type_name(FileType);
+    command.add_option("--label", options->label,
+                       "a label that translates fields or values (asks the database)");
+    addPathList(command, options->run.paths, "pages, or folders with pages (default: this folder)");
+    command.add_flag("--json", options->json, "one JSON object a place");
+    addRunOptions(command, options->run);
+    command.callback([&line, options] {
+        options->choose();
+        line.run = [&line, options] { return where(line.common, *options); };
+    });
 }
 
 }  // namespace headerdtc::cli

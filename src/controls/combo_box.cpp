@@ -21,30 +21,33 @@ void ComboBox::List(int index, const std::string& text) {
 }
 
 void ComboBox::AddItem(std::string text, int index) {
-    items_.insert(index, std::move(text));
-    if (listIndex_ >= index) ++listIndex_;
-    itemsChanged.raise({ItemsChange::Kind::Inserted, index, 1});
+    items_.requirePlace(index);
+    changeItems(*this, {ItemsChange::Kind::Inserted, index, 1}, [&] {
+        items_.insert(index, std::move(text));
+        if (listIndex_ >= index) ++listIndex_;
+    });
 }
 
 void ComboBox::RemoveItem(int index) {
-    items_.remove(index);
+    items_.at(index);
     const bool hadIndex = listIndex_ == index;
-    if (hadIndex) {
-        listIndex_ = -1;
-        content_.assign({});
-    } else if (listIndex_ > index) {
-        --listIndex_;
-    }
-    itemsChanged.raise({ItemsChange::Kind::Removed, index, 1});
+    changeItems(*this, {ItemsChange::Kind::Removed, index, 1}, [&] {
+        items_.remove(index);
+        if (hadIndex) {
+            listIndex_ = -1;
+            content_.assign({});
+        } else if (listIndex_ > index) {
+            --listIndex_;
+        }
+    });
     if (hadIndex) contentChanged.raise();
 }
 
 void ComboBox::Clear() {
-    const bool hadItems = ListCount() > 0;
-    items_.clear();
     listIndex_ = -1;
     content_.assign({});
-    if (hadItems) itemsChanged.raise({ItemsChange::Kind::Reset, 0, 0});
+    if (ListCount() > 0)
+        changeItems(*this, {ItemsChange::Kind::Reset, 0, 0}, [this] { items_.clear(); });
     contentChanged.raise();
 }
 

@@ -21,6 +21,9 @@ class ComboBox : public Control {
 
     bool isEditable() const { return style_ == Style::Editable; }
 
+    // For views, which may ask for what is not there.
+    const ListItems& items() const { return items_; }
+
     // ---- what a program does ---------------------------------------------------------------
     int ListCount() const { return items_.count(); }
     const std::string& List(int index) const { return items_.at(index).text; }
@@ -71,8 +74,8 @@ class ComboBox : public Control {
     Event<> Change;
     // Argument: the key code, which a handler may replace (0: the key is swallowed).
     Event<int&> KeyPress;
-    // For views: items were inserted, removed or changed; ListIndex goes with its item.
-    Event<const ItemsChange&> itemsChanged;
+    // For views: items will come or go; items came, went or are others, ListIndex with them.
+    Event<const ItemsChange&> itemsChanging, itemsChanged;
     // For views: text, selection or ListIndex is another.
     Event<> contentChanged;
 

@@ -36,20 +36,22 @@ void Grid::Rows(int rows) {
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     const int before = Rows();
     if (rows == before) return;
+    if (rows < before) return removeRows(rows, before - rows);
+    const GridChange change{GridChange::Kind::RowsInserted, before, rows - before};
+    gridChanging.raise(change);
     cells_.resize(at(rows), std::vector<std::string>(columnWidths_.size()));
-    if (rows > before) {
-        gridChanged.raise({GridChange::Kind::RowsInserted, before, rows - before});
-    } else {
-        rowsRemoved(rows, before - rows);
-    }
+    gridChanged.raise(change);
 }
 
 // What stays within the rows that are left does not move.
-void Grid::rowsRemoved(int first, int count) {
+void Grid::removeRows(int first, int count) {
+    const GridChange change{GridChange::Kind::RowsRemoved, first, count};
+    gridChanging.raise(change);
+    cells_.erase(cells_.begin() + first, cells_.begin() + first + count);
     const int last = Rows() - 1;
     const int rowBefore = std::exchange(row_, std::min(row_, last));
     topRow_ = std::clamp(topRow_, FixedRows(), std::max(FixedRows(), last));
-    gridChanged.raise({GridChange::Kind::RowsRemoved, first, count});
+    gridChanged.raise(change);
     if (row_ != rowBefore) gridChanged.raise({GridChange::Kind::CurrentCell, row_, 1});
 }
 
@@ -108,8 +110,7 @@ void Grid::currentCellMoved() {
 void Grid::RemoveItem(int row) {
     checkIndex(row, cells_);
     if (row < FixedRows()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    cells_.erase(cells_.begin() + row);
-    rowsRemoved(row, 1);
+    removeRows(row, 1);
 }
 
 void Grid::Clear() {

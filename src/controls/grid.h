@@ -7,8 +7,8 @@
 
 namespace headerdtc {
 
-// What became of a grid, for views that keep step. It is told when the grid is in its new state.
-// Geometry is column widths, row height and scrolling.
+// What became of a grid, for views that keep step. It is told when the grid is in its new state;
+// of rows that come or go also before. Geometry is column widths, row height and scrolling.
 struct GridChange {
     enum class Kind { RowsInserted, RowsRemoved, CellsChanged, Geometry, CurrentCell };
     Kind kind = Kind::CellsChanged;
@@ -92,12 +92,12 @@ class Grid : public Control {
     Event<> DblClick;
     Event<int> KeyPress;
     Event<> Scroll;
-    // For views.
-    Event<const GridChange&> gridChanged;
+    // For views: rows will come or go; something is another.
+    Event<const GridChange&> gridChanging, gridChanged;
 
   private:
     int rowOfCell(long index) const;
-    void rowsRemoved(int first, int count);
+    void removeRows(int first, int count);
     void requireCell(int row, int column) const;
     void enter(int row, int column);
     void currentCellMoved();

@@ -24,30 +24,35 @@ std::string ListBox::ListOrEmpty(int index) const {
 }
 
 void ListBox::AddItem(std::string text, int index) {
-    items_.insert(index, std::move(text));
-    if (listIndex_ >= index) ++listIndex_;
-    itemsChanged.raise({ItemsChange::Kind::Inserted, index, 1});
+    items_.requirePlace(index);
+    changeItems(*this, {ItemsChange::Kind::Inserted, index, 1}, [&] {
+        items_.insert(index, std::move(text));
+        if (listIndex_ >= index) ++listIndex_;
+    });
 }
 
 void ListBox::RemoveItem(int index) {
-    if (items_.at(index).selected) --selCount_;
-    items_.remove(index);
+    const bool wasSelected = items_.at(index).selected;
     const bool hadIndex = listIndex_ == index;
-    if (hadIndex) {
-        listIndex_ = -1;
-    } else if (listIndex_ > index) {
-        --listIndex_;
-    }
-    itemsChanged.raise({ItemsChange::Kind::Removed, index, 1});
+    changeItems(*this, {ItemsChange::Kind::Removed, index, 1}, [&] {
+        if (wasSelected) --selCount_;
+        items_.remove(index);
+        if (hadIndex) {
+            listIndex_ = -1;
+        } else if (listIndex_ > index) {
+            --listIndex_;
+        }
+    });
     if (hadIndex) selectionChanged.raise();
 }
 
 void ListBox::Clear() {
     if (ListCount() == 0) return;
-    items_.clear();
-    listIndex_ = -1;
-    selCount_ = 0;
-    itemsChanged.raise({ItemsChange::Kind::Reset, 0, 0});
+    changeItems(*this, {ItemsChange::Kind::Reset, 0, 0}, [this] {
+        items_.clear();
+        listIndex_ = -1;
+        selCount_ = 0;
+    });
     selectionChanged.raise();
 }
 
@@ -159,6 +164,21 @@ void ListBox::doubleClick(int item) {
     });
 }
 
+void ListBox::focusItem(int item) {
+    perform({.kind = PersonAction::Kind::Focus, .control = this}, [&] {
+        if (!isToggled()) refuse("the focus of its items goes with their selection");
+        requireReachable();
+        requireItem(item);
+        takeFocus();
+        moveTo(item);
+    });
+}
+
+void ListBox::moveTo(int item) {
+    listIndex_ = item;
+    selectionChanged.raise();
+}
+
 void ListBox::doubleClickEmptyArea() {
     perform({.kind = PersonAction::Kind::DoubleClickEmptyArea, .control = this}, [this] {
         takeFocus();
@@ -179,6 +199,7 @@ void ListBox::press(const Key& key) {
             return selectByKey(items, listIndex_);
         }
         const int item = itemReachedBy(key);
+        if (isToggled() && item >= 0) return moveTo(item);
         if (item < 0 || (item == listIndex_ && SelCount() == 1 && Selected(item))) return;
         selectByKey({item}, item);
     });

@@ -16,12 +16,18 @@ namespace headerdtc {
 // ListIndex is the item with the focus rectangle, which need not be selected.
 class ListBox : public Control {
   public:
-    enum class Selection { Single, Multiple };
+    // Toggled: a multi-selection list of marks, of which each person's action changes one. A key
+    // that leads to another item moves the focus there and leaves the marks alone.
+    enum class Selection { Single, Multiple, Toggled };
 
     ListBox(Form& form, std::string name, Selection selection);
     void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
-    bool isMultiSelect() const { return selection_ == Selection::Multiple; }
+    bool isMultiSelect() const { return selection_ != Selection::Single; }
+    bool isToggled() const { return selection_ == Selection::Toggled; }
+
+    // For views, which may ask for what is not there.
+    const ListItems& items() const { return items_; }
 
     // ---- what a program does ---------------------------------------------------------------
     int ListCount() const { return items_.count(); }
@@ -61,18 +67,21 @@ class ListBox : public Control {
     // Selects the item alone: Click, then DblClick, unless the first press opened a dialog, which
     // takes the second one.
     void doubleClick(int item);
+    // Moves the focus to an item of a Toggled list; no event.
+    void focusItem(int item);
     // A double click on the empty area: selection and index stay as they are.
     void doubleClickEmptyArea();
-    // Arrows and first characters select another item alone; the blank selects and deselects the
-    // item with the focus of a multi-selection list. Click when something changed.
+    // Arrows and first characters select another item alone, in a Toggled list only move the focus
+    // there; the blank selects and deselects the item with the focus of a multi-selection list.
+    // Click when the selection changed.
     void press(const Key& key) override;
 
     // ---- events ----------------------------------------------------------------------------
     Event<> Click;
     Event<> DblClick;
-    // For views: items were inserted, removed or changed. Selection and ListIndex go with their
-    // items without a word of their own.
-    Event<const ItemsChange&> itemsChanged;
+    // For views: items will come or go; items came, went or are others. Selection and ListIndex go
+    // with their items without a word of their own.
+    Event<const ItemsChange&> itemsChanging, itemsChanged;
     // For views: the selection or ListIndex is another.
     Event<> selectionChanged;
 
@@ -81,6 +90,7 @@ class ListBox : public Control {
     void mark(int index, bool selected);
     void selectNone();
     void selectOnly(const std::vector<int>& items, int focusItem);
+    void moveTo(int item);
     void selectByKey(const std::vector<int>& items, int focusItem);
     int itemReachedBy(const Key& key) const;
 

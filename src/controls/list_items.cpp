@@ -18,9 +18,13 @@ void ListItems::refuse() {
     throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
 }
 
-void ListItems::insert(int index, std::string text) {
+void ListItems::requirePlace(int index) const {
     if (index != count()) require(index);
     if (count() >= MaxListCount) throw RuntimeError(ErrorNumber::Overflow);
+}
+
+void ListItems::insert(int index, std::string text) {
+    requirePlace(index);
     items_.insert(index).text = std::move(text);
 }
 

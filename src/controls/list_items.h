@@ -7,14 +7,23 @@
 
 namespace headerdtc {
 
-// What became of a list's items, for views that keep step without re-reading the whole list. It
-// is told when the list is in its new state, ListIndex included.
+// What becomes of a list's items, for views that keep step without re-reading the whole list. It
+// is told when the list is in its new state, ListIndex included; of items that come or go also
+// before, while the list is still in its old one.
 struct ItemsChange {
     enum class Kind { Inserted, Removed, Changed, Reset };
     Kind kind = Kind::Reset;
     int first = 0;  // 0-based
     int count = 0;  // items of the range; of a reset: the new number of items
 };
+
+// Tells of items that come or go before and after they do.
+template <class List, class Body>
+void changeItems(List& list, const ItemsChange& change, Body body) {
+    list.itemsChanging.raise(change);
+    body();
+    list.itemsChanged.raise(change);
+}
 
 // The most items a list can hold: its positions are 16-bit signed.
 inline constexpr int MaxListCount = 32767;
@@ -39,7 +48,8 @@ class ListItems {
         require(index);
         return items_[index];
     }
-    // Index count() appends.
+    // Raises what an insertion there would raise. Index count() appends.
+    void requirePlace(int index) const;
     void insert(int index, std::string text);
     void remove(int index);
     void clear() { items_.clear(); }

@@ -4,6 +4,7 @@ namespace headerdtc {
 namespace {
 
 constexpr auto MultiSelect = ListBox::Selection::Multiple;
+constexpr auto Toggled = ListBox::Selection::Toggled;
 constexpr auto DropDownList = ComboBox::Style::DropDownList;
 
 // Twips. The grids are as wide as their columns and a scroll bar; one row more than fits brings
@@ -33,8 +34,8 @@ FamilyControls::FamilyControls(Form& surface, Family which)
       KeyFieldValueText(surface, familyName(which, "KeyFieldValueText")),
       AddCriteriumCommand(surface, familyName(which, "AddCriteriumCommand"), "Add"),
       RemoveCriteriumCommand(surface, familyName(which, "RemoveCriteriumCommand"), "Delete"),
-      I18NFieldnamesList(surface, familyName(which, "I18NFieldnamesList"), MultiSelect),
-      I18NFieldValuesList(surface, familyName(which, "I18NFieldValuesList"), MultiSelect),
+      I18NFieldnamesList(surface, familyName(which, "I18NFieldnamesList"), Toggled),
+      I18NFieldValuesList(surface, familyName(which, "I18NFieldValuesList"), Toggled),
       LinkedDataProvidersCombo(surface, familyName(which, "LinkedDataProvidersCombo"),
                                DropDownList),
       DeleteLinkCommand(surface, familyName(which, "DeleteLinkCommand"), "Delete link"),

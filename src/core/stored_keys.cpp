@@ -40,27 +40,28 @@ int firstNumber(const stored::Row& row) {
 enum class Tab { General, Family, Translations, Link };
 
 struct PartTraits {
-    StoredPart part;
     std::string_view caption;  // "@" stands for the family's prefix
+    StoredPart part;
     Tab tab;
 };
+// In the order of StoredPart.
 constexpr PartTraits PartTable[] = {
-    {StoredPart::LinkedDataProvider, "linked data provider", Tab::Link},
-    {StoredPart::DataProvider, "data provider", Tab::General},
-    {StoredPart::ExtraFilters, "extra filters", Tab::General},
-    {StoredPart::Includes, "include files", Tab::General},
-    {StoredPart::Stylesheet, "stylesheet", Tab::General},
-    {StoredPart::Scripts, "scripts", Tab::Family},
-    {StoredPart::ReturnFields, "@ return fields", Tab::Family},
-    {StoredPart::LinkedFields, "@ linked fields", Tab::Link},
-    {StoredPart::TranslatedNames, "@ translated names", Tab::Translations},
-    {StoredPart::TranslatedValues, "@ translated values", Tab::Translations},
-    {StoredPart::Criteria, "@ criteria", Tab::Family},
-    {StoredPart::Links, "@ links", Tab::Link},
-    {StoredPart::KeyFields, "@ key fields", Tab::Family},
-    {StoredPart::LinkedAvailableFields, "linked provider's @ fields", Tab::Link},
-    {StoredPart::AvailableFields, "@ available fields", Tab::Family},
-    {StoredPart::LinkedKeyFields, "linked provider's @ key fields", Tab::Link},
+    {"linked data provider", StoredPart::LinkedDataProvider, Tab::Link},
+    {"data provider", StoredPart::DataProvider, Tab::General},
+    {"extra filters", StoredPart::ExtraFilters, Tab::General},
+    {"include files", StoredPart::Includes, Tab::General},
+    {"stylesheet", StoredPart::Stylesheet, Tab::General},
+    {"scripts", StoredPart::Scripts, Tab::Family},
+    {"@ return fields", StoredPart::ReturnFields, Tab::Family},
+    {"@ linked fields", StoredPart::LinkedFields, Tab::Link},
+    {"@ translated names", StoredPart::TranslatedNames, Tab::Translations},
+    {"@ translated values", StoredPart::TranslatedValues, Tab::Translations},
+    {"@ criteria", StoredPart::Criteria, Tab::Family},
+    {"@ links", StoredPart::Links, Tab::Link},
+    {"@ key fields", StoredPart::KeyFields, Tab::Family},
+    {"linked provider's @ fields", StoredPart::LinkedAvailableFields, Tab::Link},
+    {"@ available fields", StoredPart::AvailableFields, Tab::Family},
+    {"linked provider's @ key fields", StoredPart::LinkedKeyFields, Tab::Link},
 };
 
 const PartTraits& traitsOf(StoredPart part) {

@@ -34,7 +34,8 @@ SpecifyCriteriumDialog::SpecifyCriteriumDialog(HeaderDTC& dtc)
     NameText.labelled("Name:");
     ScriptBodyText.labelled("Script body:");
     ScriptText.labelled("Overview:");
-    // Enter is a new line of the script, so there is no default button.
+    // In the script itself Enter is a new line.
+    form.defaultButton = &OKButton;
     form.cancelButton = &CancelButton;
 
     // What loading does has to precede the values that the launcher sets, which may enable the

@@ -46,8 +46,15 @@ check 2 "$headerdtc" --config site/headerdtc.toml check site --jsn
 expect "$err" "there is no option '--jsn' of 'check'; did you mean '--json'?"
 check 2 "$headerdtc" catalogue check --conect 'DSN=Harbour;PWD=quayside' site
 expect "$err" "did you mean '--connect'?"
-check 2 "$headerdtc" catalogue check 'DSN=Harbour;PWD=quayside'
-check 2 "$headerdtc" doctor nowhere
+for words in '' generate check where translations automate 'help chek' 'doctor nowhere' \
+    'generate --print --check site' 'generate --diff site' 'generate --files-from nowhere' \
+    'where site' 'where --label L1 --include x.asp site' 'check --json --sarif site' \
+    'automate --over site' 'automate --apply site/traffic/ships.asp' 'completion tcsh' \
+    'catalogue check DSN=Harbour;PWD=quayside'; do
+    # shellcheck disable=SC2086
+    check 2 "$headerdtc" $words
+    expect_empty "$out"
+done
 
 # ---- paths from a file --------------------------------------------------------------------------
 mkdir 'site/a b'
@@ -62,7 +69,6 @@ check 0 "$headerdtc" where --provider Ships --files-from - <list
 expect "$out" $'site/a b/new\nline.asp:'
 check 0 "$headerdtc" check --files-from /dev/null
 check 0 "$headerdtc" generate --check --files-from <(echo pages/fresh.asp)
-check 2 "$headerdtc" generate --files-from nowhere
 
 # ---- the same bytes every time ------------------------------------------------------------------
 sed -i 's/mStyle = /mSheet = /' $template
@@ -77,46 +83,65 @@ cmp -s one other.json || fail "two checks differ"
 # ---- Ctrl-C -------------------------------------------------------------------------------------
 for ((i = 0; i < 1500; i++)); do cp site/traffic/ships.asp "site/traffic/p$i.asp"; done
 sed -i 's/mSheet = /mOther = /' $template
-env --default-signal=INT "$headerdtc" generate --jobs 1 site >out 2>err &
-running=$!
-for ((i = 0; i < 1000; i++)); do
-    grep -q mOther site/traffic/p0.asp && break
-    sleep 0.01
-done
-kill -INT "$running"
-wait "$running"
-[[ $? == 130 ]] || fail "an interrupted run did not end with 130"
-expect "$(cat err)" "interrupted: "
+mkfifo pipe
+interrupted() {  # interrupted ARGUMENT...: when the second line comes; from there on it is in rest
+    env --default-signal=INT "$headerdtc" "$@" >pipe 2>err &
+    { read -r _ && read -r line && kill -INT $! && echo "$line" && cat; } <pipe >rest
+    wait $!
+    [[ $? == 130 && $(<err) == *"interrupted: "*" left, from site/traffic/"* ]] ||
+        fail "'$*' was interrupted and said: $(<err)"
+}
+interrupted automate --over --apply --jobs 1 site steps
+expect "$(<err)" "nothing was written"
+grep -rq 'mOther = ' site/traffic && fail "an interrupted replay wrote"
+interrupted generate --json --jobs 1 site
 [[ -z $(find site -name '.headerdtc*') ]] || fail "a stray file stayed behind"
-written=$(wc -l <out)
+written=$(grep -c '"status":"written"' rest)
+[[ $(tail -1 rest | jq -c '[.pages, .written]') == "[$(grep -c '"type":"page"' rest),$written]" ]] ||
+    fail "the summary counts other pages than those told: $(tail -1 rest)"
 ((written > 0 && written < 1503)) || fail "$written pages were written"
 check 1 "$headerdtc" generate --check site
-# One of the pages has two lines to its name.
-[[ $(wc -l <out) == $((1504 - written)) ]] || fail "$written written, but out of date: $(wc -l <out)"
+[[ $(wc -l <out) == $((1503 - written)) ]] || fail "$written written, but out of date: $(wc -l <out)"
 
 # ---- completions --------------------------------------------------------------------------------
-completed() {  # completed WORD...: what bash offers for the last word
-    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1)) COMPREPLY=()
-    _headerdtc
-    echo "${COMPREPLY[*]}"
-}
-check 0 "$headerdtc" completion bash
+"$headerdtc" completion bash >completion.bash
 # shellcheck disable=SC1091
-. ./out
-[[ $(completed headerdtc wh) == where ]] || fail "no completion of a command"
-[[ $(completed headerdtc translations imp) == import ]] || fail "no completion of a command below"
-expect "$(completed headerdtc translations import --)" "--dry-run"
-expect "$(completed headerdtc generate --ch)" "--check"
-[[ $(completed headerdtc check si) == site ]] || fail "no completion of a folder"
-[[ $(completed headerdtc --config st) == steps ]] || fail "no completion of a file: "
-expect_empty "$(completed headerdtc where --field s)"
-for shell in zsh fish; do
-    check 0 "$headerdtc" completion "$shell"
-    ! command -v "$shell" >/dev/null || "$shell" -n out || fail "$shell refuses its completions"
-done
-check 2 "$headerdtc" completion tcsh
+. ./completion.bash
+touch pages/failing.txt
+PATH=$(dirname "$headerdtc"):$PATH
+while IFS='|' read -r line expected; do
+    read -ra COMP_WORDS <<<"$line"
+    [[ $line != *' ' ]] || COMP_WORDS+=('')
+    COMP_CWORD=$((${#COMP_WORDS[@]} - 1)) COMPREPLY=()
+    _headerdtc
+    shown=$(printf '%s\n' "${COMPREPLY[@]}" | sort | xargs)
+    [[ $shown == "$expected" ]] || fail "bash completes '$line' to '$shown'"
+    ! command -v fish >/dev/null || shown=$(fish --no-config -c \
+        "headerdtc completion fish | source; complete -C '$line'" | cut -f1 | sort | xargs)
+    [[ $shown == "$expected" ]] || fail "fish completes '$line' to '$shown'"
+done <<'END'
+headerdtc wh|where
+headerdtc translations imp|import
+headerdtc help catalogue im|import
+headerdtc --config steps generate --ch|--check
+headerdtc translations import --dr|--dry-run
+headerdtc completion |bash fish zsh
+headerdtc check pages/f|pages/failing.asp pages/fresh.asp
+headerdtc-editor pages/f|pages/failing.asp pages/fresh.asp
+headerdtc-editor --co|--config
+headerdtc --config st|steps
+headerdtc where --field s|
+END
+! command -v zsh >/dev/null || zsh -fc 'autoload -Uz compinit; compinit -u -D
+    source <(headerdtc completion zsh)
+    [[ $_comps[headerdtc]$_comps[headerdtc-editor] == _headerdtc_headerdtc ]]' ||
+    fail "zsh does not take its completions"
 
-# ---- the manual page has every option of every command, where that is told ---------------------
+# ---- help, and every option of every command in the manual page, where that is told --------------
+check 0 "$headerdtc" --help
+expect "$out" "Examples:"
+check 0 "$headerdtc" version
+[[ $("$headerdtc" --version) == "$out" ]] || fail "two versions: $out"
 manual=$(sed 's/Fl -/--/g; s/| -/| --/g; s/Fl \([a-z]\)\b/-\1/g' "$project/packaging/man/headerdtc.1")
 synopsis_of() {  # synopsis_of COMMAND...: its lines
     awk -v command="$*" '
@@ -132,7 +157,8 @@ synopsis_of() {  # synopsis_of COMMAND...: its lines
 for command in generate check where doctor new show automate 'translations check' \
     'translations export' 'translations import' 'catalogue check' 'catalogue import' edit; do
     # shellcheck disable=SC2086
-    check 0 "$headerdtc" $command --help
+    check 0 "$headerdtc" help $command
+    [[ $out == *$'\nExamples:\n  headerdtc '*$'\n\nExit status'* ]] || fail "no help of its own: $command"
     synopsis=$(synopsis_of "$command")
     while read -r option short; do
         [[ $synopsis == *"$option"* || (-n $short && $synopsis == *"$short"[[:space:]]*) ]] ||

@@ -1,10 +1,28 @@
 #!/usr/bin/env bash
-# scenario_test.sh HEADERDTC PROJECT: a whole configuration is built by automation on a new page;
-# opened again, the page has the same properties and gives the same text.
+# scenario_test.sh HEADERDTC PROJECT: what an author does on the demo site, through automation. A page
+# is translated, with the expected rows at the end; a whole configuration is built on a new page, which
+# has the same properties and gives the same text when it is opened again.
 set -u
 # shellcheck source=tests/cli/checks.sh
 . "$2/tests/cli/checks.sh"
 cp -r "$project/demo" site
+rm -f site/translations.sqlite*
+site/make-translations >made.log
+
+check 0 "$headerdtc" automate site/customers/regions/overview.asp \
+    <"$project/tests/scenarios/translations.jsonl"
+! grep -nE '"ok":false|Error in' out || fail "a step was refused or reported an error"
+expect "$out" '"text":"Turnover this year"'
+sqlite3 site/translations.sqlite >rows <<'END'
+SELECT 'text', LABEL, TEXT, LOCALEID, STATUS FROM I18NTEXT WHERE LABEL = 'SLBDA3000';
+SELECT 'name', BISTYPE, FIELDNAME, LABEL FROM I18NFIELDNAMES
+ WHERE PROVIDERNAME = 'Customers' AND BISTYPE = 'zeko' ORDER BY FIELDNAME;
+SELECT 'value', BISTYPE, FIELDNAME, FIELDVALUE, LABEL FROM I18NFIELDVALUES
+ WHERE PROVIDERNAME = 'Customers' AND BISTYPE = 'zeko' ORDER BY FIELDVALUE;
+END
+diff rows "$project/tests/scenarios/translations.rows" || fail "the rows at the end are others"
+check 0 "$headerdtc" generate --check site/customers
+
 cd site || exit 1
 
 "$headerdtc" new orders/mine.asp >/dev/null

@@ -8,12 +8,8 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using testing::errorOf;
-using ::testing::HasSubstr;
-using ::testing::Pair;
-using ::testing::StartsWith;
-using testing::TempFolder;
+using namespace ::testing;
+using namespace headerdtc::testing;
 
 const std::string Example = R"({"providers": [
   {"name": "Orders",

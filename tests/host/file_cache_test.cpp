@@ -11,8 +11,7 @@
 namespace headerdtc {
 namespace {
 
-using testing::errorOf;
-using testing::TempFolder;
+using namespace headerdtc::testing;
 
 TEST(FileCache, ParsesAgainOnlyWhenTheFileChanged) {
     TempFolder folder;

@@ -15,11 +15,8 @@ namespace headerdtc {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::asPlainUser;
-using ::testing::ElementsAre;
-using testing::errorOf;
-using ::testing::HasSubstr;
-using testing::TempFolder;
+using namespace headerdtc::testing;
+using namespace ::testing;
 
 struct stat statusOf(const fs::path& file) {
     struct stat status {};
@@ -219,47 +216,6 @@ TEST_F(FileReplacerTest, NothingThatASecondWriterRenamesIntoPlaceIsLost) {
     EXPECT_EQ(status, 0) << "a change was lost";
     EXPECT_GT(replaced, 0);
     EXPECT_GT(refused, 0);
-}
-
-TEST_F(FileReplacerTest, PermissionsAreHonoured) {
-    fs::permissions(folder.path(), fs::perms(0777));
-    const auto problemAsPlainUser = [&](const std::string& wanted) {
-        return asPlainUser([&] {
-            const auto problem = errorOf<FileError>([&] { replaceNow(page, "new"); });
-            return problem.find(wanted) != std::string::npos ? 0 : 1;
-        });
-    };
-    fs::permissions(page, fs::perms(0444));
-    EXPECT_EQ(problemAsPlainUser("cannot be written: Permission denied"), 0);
-    if (geteuid() == 0) {
-        // Writable for everybody, but the new file would be somebody else's.
-        fs::permissions(page, fs::perms(0666));
-        EXPECT_EQ(problemAsPlainUser("owner"), 0);
-        fs::permissions(folder.path(), fs::perms(0755));
-        EXPECT_EQ(problemAsPlainUser("in its folder: Permission denied"), 0);
-    }
-    EXPECT_EQ(folder.read("page.asp"), "old");
-    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
-}
-
-TEST_F(FileReplacerTest, AFullDiskLeavesTheOldFileAndNoOther) {
-    EXPECT_EQ(asPlainUser([] { return 0; }), 0);
-    fs::permissions(folder.path(), fs::perms(0777));
-    if (geteuid() == 0) {
-        ASSERT_EQ(chown(page.c_str(), 65534, 65534), 0);
-    }
-    EXPECT_EQ(asPlainUser([&] {
-                  signal(SIGXFSZ, SIG_IGN);
-                  const rlimit small{1000, 1000};
-                  setrlimit(RLIMIT_FSIZE, &small);
-                  const auto problem =
-                      errorOf<SystemFileError>([&] { replaceNow(page, std::string(5000, 'x')); });
-                  return problem.find("cannot be written: File too large") != std::string::npos ? 0
-                                                                                                : 1;
-              }),
-              0);
-    EXPECT_EQ(folder.read("page.asp"), "old");
-    EXPECT_THAT(folder.names(), ElementsAre("page.asp"));
 }
 
 TEST_F(FileReplacerTest, WhatAKilledProcessLeftIsRemovedByTheNext) {

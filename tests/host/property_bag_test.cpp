@@ -5,8 +5,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::Pair;
+using namespace ::testing;
 
 TEST(CollectingPropertyBag, LeavesOutWhatEqualsItsDefaultInTypeAndValue) {
     CollectingPropertyBag bag;

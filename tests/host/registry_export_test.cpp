@@ -9,10 +9,8 @@
 namespace headerdtc {
 namespace {
 
-using testing::errorOf;
-using ::testing::HasSubstr;
-using ::testing::StartsWith;
-using testing::TempFolder;
+using namespace headerdtc::testing;
+using namespace ::testing;
 
 const std::string Version5 = "Windows Registry Editor Version 5.00\r\n\r\n";
 const std::string Key = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Zarvik\\Zarvik Velmora]\r\n";

@@ -8,10 +8,8 @@ namespace headerdtc {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::errorOf;
-using ::testing::HasSubstr;
-using ::testing::StartsWith;
-using testing::TempFolder;
+using namespace headerdtc::testing;
+using namespace ::testing;
 
 constexpr const char* DefaultConnectString = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
 

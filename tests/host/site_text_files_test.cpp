@@ -11,9 +11,8 @@ namespace headerdtc {
 namespace {
 
 namespace fs = std::filesystem;
-using testing::asPlainUser;
+using namespace headerdtc::testing;
 using ::testing::ElementsAre;
-using testing::TempFolder;
 
 class SiteTextFilesTest : public ::testing::Test {
   protected:

@@ -6,10 +6,8 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
+using namespace ::testing;
 using testing::errorOf;
-using ::testing::HasSubstr;
-using ::testing::Pair;
 
 const std::string Start =
     "<!--METADATA TYPE=\"DesignerControl\" startspan\r\n"

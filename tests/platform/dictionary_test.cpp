@@ -7,8 +7,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::Pair;
+using namespace ::testing;
 
 Dictionary<std::string> abc() {
     Dictionary<std::string> dictionary;

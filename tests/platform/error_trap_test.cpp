@@ -7,8 +7,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 TEST(ErrorTrapTest, ReportsAFailureUnderTheGivenNameAndKeepsWhatWasDone) {
     testing::RecordingMessageBox messages;

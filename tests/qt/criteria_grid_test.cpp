@@ -29,7 +29,7 @@ class CriteriaGridTest : public SurfaceTest {
 };
 
 TEST_F(CriteriaGridTest, ACriterionIsBuiltInPlace) {
-    clickCell(grid, 2, column::Key);
+    EXPECT_TRUE(clickCell(grid, 2, column::Key)) << "the list drops at once";
     expectOverCell(dtc.EAI.KeyFieldsCombo, 2, column::Key);
     EXPECT_EQ(qtFocused(), "EAIKeyFieldsCombo");
     press(Qt::Key_Down);
@@ -37,7 +37,7 @@ TEST_F(CriteriaGridTest, ACriterionIsBuiltInPlace) {
     EXPECT_EQ(grid.TextMatrix(2, column::Key), "ORDNO");
     expectOverCell(dtc.EAI.OperatorsCombo, 2, column::Operator);
     type(surface, ">");
-    clickCell(grid, 2, column::Value);
+    EXPECT_FALSE(clickCell(grid, 2, column::Value));
     EXPECT_EQ(grid.TextMatrix(2, column::Operator), ">=");
     type(surface, "57");
     expectOverCell(dtc.EAI.KeyFieldValueText, 2, column::Value);
@@ -45,6 +45,17 @@ TEST_F(CriteriaGridTest, ACriterionIsBuiltInPlace) {
     EXPECT_EQ(grid.TextMatrix(2, column::Value), "57");
     EXPECT_EQ(qtFocused(), "EAICriteriaGrid");
     EXPECT_FALSE(widget(dtc.EAI.KeyFieldValueText).isVisible());
+
+    // By keys alone, from the key's cell.
+    for (const Qt::Key key :
+         {Qt::Key_Down, Qt::Key_Left, Qt::Key_Left, Qt::Key_Return, Qt::Key_Down, Qt::Key_Return,
+          Qt::Key_Return, Qt::Key_Down, Qt::Key_Escape})
+        press(key);
+    EXPECT_EQ(qtFocused(), "EAICriteriaGrid");
+    EXPECT_EQ(grid.TextMatrix(3, column::Key), "CUSTNO") << "the one after the last choice";
+    EXPECT_EQ(grid.TextMatrix(3, column::Operator), ">=");
+    EXPECT_EQ(grid.Col(), column::Operator);
+    EXPECT_FALSE(widget(dtc.EAI.OperatorsCombo).isVisible());
 
     doubleClick(*widget<QTableView>(grid).viewport(), cellRect(grid, 2, column::Value).center());
     EXPECT_EQ(widget<QLineEdit>(dtc.EAI.KeyFieldValueText).selectedText(), "57");

@@ -18,8 +18,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::Contains;
-using ::testing::Not;
+using namespace ::testing;
 
 class DialogsTest : public ::testing::Test, protected Person {
   protected:

@@ -44,9 +44,15 @@ class RandomActionsTest : public SurfaceTest, public ::testing::WithParamInterfa
         plainly([&] {
             if (!active) return twin.surface.press(key);
             Grid& criteria = twin.EAI.CriteriaGrid;
+            const bool isEnter = key.kind == Key::Kind::Enter;
             const bool onButton = active == &criteria && criteria.Col() == criteria_column::Script;
-            if (!onButton || key.kind != Key::Kind::Enter) return active->press(key);
-            criteria.clickCell(criteria.Row(), criteria.Col());
+            if (onButton && isEnter) return criteria.clickCell(criteria.Row(), criteria.Col());
+            active->press(key);
+            const bool inList =
+                active == &twin.EAI.KeyFieldsCombo || active == &twin.EAI.OperatorsCombo;
+            if (!inList || (!isEnter && key.kind != Key::Kind::Escape)) return;
+            criteria.focus();
+            if (isEnter) criteria.press(Key::of(Key::Kind::Right));
         });
     }
     void clickItem(ListBox& list, ListBox& twinList, int item) {

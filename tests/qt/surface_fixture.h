@@ -94,8 +94,13 @@ class SurfaceTest : public ::testing::Test, protected FilledControl, protected P
         auto& table = widget<QTableView>(grid);
         return table.visualRect(table.model()->index(row - grid.FixedRows(), column));
     }
-    void clickCell(const Grid& grid, int row, int column) {
+    // Tells whether the click dropped a list, which is closed again.
+    bool clickCell(const Grid& grid, int row, int column) {
         click(*widget<QTableView>(grid).viewport(), cellRect(grid, row, column).center());
+        QWidget* list = QApplication::activePopupWidget();
+        if (list) list->close();
+        settle();
+        return list != nullptr;
     }
     using Person::press;
     void press(Qt::Key key, Qt::KeyboardModifiers held = {}) { press(surface, key, held); }

@@ -3,6 +3,7 @@
 #include "core/header_dtc.h"
 #include "host/automation/automation.h"
 #include "host/automation/property_json.h"
+#include "host/generation/page_failure.h"
 #include "host/odbc/reading_database.h"
 #include "host/page/page_document.h"
 #include "platform/runtime_error.h"
@@ -128,19 +129,11 @@ bool scriptSaves(const std::string& script) {
 ReplayedPage replayOnPage(Sites& sites, const std::filesystem::path& page,
                           const std::string& control, const std::string& script) {
     ReplayedPage result;
-    const auto fail = [&](Outcome outcome, const std::string& why) {
-        result.outcome = outcome;
-        result.failures.push_back(why);
-    };
-    try {
-        replay(sites, page, control, script, result);
-    } catch (const ConfigurationError& error) {
-        fail(Outcome::NotConfigured, error.what());
-    } catch (const FileError& error) {
-        const bool isPages = error.file() == page.string() && error.line() == 0;
-        fail(Outcome::Failed, isPages ? error.problem() : error.what());
-    } catch (const std::exception& error) {
-        fail(Outcome::Failed, error.what());
+    if (const auto failure =
+            failureOf(page, [&] { replay(sites, page, control, script, result); })) {
+        const bool ofConfiguration = failure->of == PageFailure::Of::Configuration;
+        result.outcome = ofConfiguration ? Outcome::NotConfigured : Outcome::Failed;
+        result.failures.push_back(failure->text);
     }
     if (result.outcome != Outcome::Changed) result.after.clear();
     return result;

@@ -1,10 +1,10 @@
 #include "host/generation/page_generation.h"
 
+#include "host/generation/page_failure.h"
 #include "host/page/page_session.h"
 #include "host/page/quiet_host.h"
 
 #include <iterator>
-#include <new>
 #include <utility>
 
 namespace headerdtc {
@@ -18,11 +18,6 @@ std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt) {
            doubt.reason + " (" + control.id + ", line " + std::to_string(control.line) + "); " +
            (isLoss ? "--force writes the new text and keeps what is stored"
                    : "mend that first; 'headerdtc doctor' looks at the whole set-up");
-}
-
-std::string withPlace(const FileError& error) {
-    if (error.line() == 0) return error.problem();
-    return "line " + std::to_string(error.line()) + ": " + error.problem();
 }
 
 void generate(const std::filesystem::path& page, std::optional<std::string> bytes, Sites& sites,
@@ -81,20 +76,11 @@ namespace {
 GeneratedPage generateGuarded(const std::filesystem::path& page, std::optional<std::string> bytes,
                               Sites& sites, LossGuard guard) {
     GeneratedPage result;
-    try {
-        generate(page, std::move(bytes), sites, guard, result);
-    } catch (const ConfigurationError& error) {
-        result.verdict = Verdict::NotConfigured;
-        result.messages.emplace_back(error.what());
-    } catch (const FileError& error) {
-        result.verdict = Verdict::NotReadable;
-        result.messages.push_back(error.file() == page.string() ? withPlace(error) : error.what());
-    } catch (const std::bad_alloc&) {
-        result.verdict = Verdict::NotReadable;
-        result.messages.emplace_back("there is not enough memory for this page");
-    } catch (const std::exception& error) {
-        result.verdict = Verdict::NotReadable;
-        result.messages.emplace_back(error.what());
+    if (const auto failure =
+            failureOf(page, [&] { generate(page, std::move(bytes), sites, guard, result); })) {
+        const bool ofConfiguration = failure->of == PageFailure::Of::Configuration;
+        result.verdict = ofConfiguration ? Verdict::NotConfigured : Verdict::NotReadable;
+        result.messages.push_back(failure->text);
     }
     return result;
 }

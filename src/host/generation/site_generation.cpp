@@ -2,14 +2,7 @@
 
 #include "host/files/file_replacer.h"
 #include "host/files/stray_files.h"
-
-#include <algorithm>
-#include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <optional>
-#include <system_error>
-#include <thread>
+#include "host/generation/ordered_run.h"
 
 namespace headerdtc {
 namespace {
@@ -17,6 +10,7 @@ namespace {
 // Flushing a group costs little more than flushing one page; a group that is too large would keep
 // finished pages waiting.
 constexpr std::size_t PagesOfAGroup = 128;
+constexpr std::size_t GroupsAhead = 4;
 
 // What a killed run left beside pages goes even where this one has nothing to write.
 void removeStrayFilesBeside(const std::vector<std::filesystem::path>& pages) {
@@ -31,62 +25,30 @@ void removeStrayFilesBeside(const std::vector<std::filesystem::path>& pages) {
 
 }  // namespace
 
-// Where the workers take their pages from and put what became of them.
-struct SiteGeneration::Board {
-    explicit Board(const std::vector<std::filesystem::path>& all)
-        : pages(all), results(all.size()) {}
-
-    const std::vector<std::filesystem::path>& pages;
-    std::atomic<std::size_t> next = 0;
-
-    std::mutex mutex;
-    std::condition_variable changed;
-    std::vector<std::optional<Done>> results;  // by page, until told
-    std::size_t finished = 0;
-    std::size_t workers = 0;
-
-    void put(Done done) {
-        const std::lock_guard lock(mutex);
-        const std::size_t index = done.index;
-        results[index] = std::move(done);
-        ++finished;
-        changed.notify_one();
-    }
-};
-
+// Generates pages one after the other, and writes them in groups.
 class SiteGeneration::Worker {
   public:
-    Worker(SiteGeneration& owner, Board& board) : owner_(owner), board_(board) {}
+    Worker(const SiteGeneration& owner, const std::vector<std::filesystem::path>& pages,
+           const Put<Done>& put)
+        : owner_(owner), pages_(pages), put_(put) {}
 
-    void work() {
-        while (!owner_.cancelled_) {
-            const std::size_t index = board_.next++;
-            if (index >= board_.pages.size()) break;
-            take({index, generatePage(board_.pages[index], owner_.sites_, owner_.options_.guard)});
-        }
-        commit();
-        const std::lock_guard lock(board_.mutex);
-        --board_.workers;
-        board_.changed.notify_one();
-    }
-
-  private:
-    void take(Done done) {
+    void take(std::size_t index) {
+        Done done{index, generatePage(pages_[index], owner_.sites_, owner_.options_.guard)};
         const bool write = owner_.options_.mode == Mode::Write &&
                            done.page.verdict == GeneratedPage::Verdict::Stale;
         if (!write) return finish(std::move(done));
         try {
-            replacer_.replace(board_.pages[done.index], done.page.after, done.page.stamp);
+            replacer_.replace(pages_[index], done.page.after, done.page.stamp);
         } catch (const FileError& error) {
             fail(done, error.problem());
             return finish(std::move(done));
         }
         dropBytes(done);
         waiting_.push_back(std::move(done));
-        if (waiting_.size() >= PagesOfAGroup) commit();
+        if (waiting_.size() >= PagesOfAGroup) end();
     }
 
-    void commit() {
+    void end() {
         if (waiting_.empty()) return;
         const auto outcomes = replacer_.commit();
         for (std::size_t i = 0; i < waiting_.size(); ++i) {
@@ -97,6 +59,7 @@ class SiteGeneration::Worker {
         waiting_.clear();
     }
 
+  private:
     static void fail(Done& done, const std::string& problem) {
         done.page.verdict = GeneratedPage::Verdict::NotReadable;
         done.page.messages.push_back(problem);
@@ -110,11 +73,13 @@ class SiteGeneration::Worker {
 
     void finish(Done done) {
         dropBytes(done);
-        board_.put(std::move(done));
+        const std::size_t index = done.index;
+        put_(index, std::move(done));
     }
 
-    SiteGeneration& owner_;
-    Board& board_;
+    const SiteGeneration& owner_;
+    const std::vector<std::filesystem::path>& pages_;
+    const Put<Done>& put_;
     FileReplacer replacer_;
     std::vector<Done> waiting_;
 };
@@ -122,41 +87,16 @@ class SiteGeneration::Worker {
 void SiteGeneration::run(const std::vector<std::filesystem::path>& pages,
                          const std::function<void(const Done&)>& tell,
                          const std::function<void(std::size_t)>& tick) {
+    if (cancelled_) return;
     if (options_.mode == Mode::Write) removeStrayFilesBeside(pages);
-    Board board(pages);
-    std::size_t jobs = options_.jobs > 0 ? static_cast<std::size_t>(options_.jobs)
-                                         : std::max(1U, std::thread::hardware_concurrency());
-    jobs = std::clamp<std::size_t>(jobs, 1, std::max<std::size_t>(1, pages.size()));
-    board.workers = jobs;
-    std::vector<std::jthread> threads;
-    try {
-        while (threads.size() < jobs)
-            threads.emplace_back([this, &board] { Worker(*this, board).work(); });
-    } catch (const std::system_error&) {
-        // With fewer threads it takes longer.
-        if (threads.empty()) throw;
-    }
-
-    std::unique_lock lock(board.mutex);
-    board.workers -= jobs - threads.size();
-    for (std::size_t told = 0;;) {
-        while (told < pages.size() && board.results[told]) {
-            const Done done = std::move(*board.results[told]);
-            board.results[told++].reset();
-            lock.unlock();
-            tell(done);
-            lock.lock();
-        }
-        if (tick) tick(board.finished);
-        if (told == pages.size()) break;
-        if (board.workers == 0) {
-            // Cancelled: what was done is told of, whatever was left out before it.
-            while (told < pages.size() && !board.results[told])
-                ++told;
-            continue;
-        }
-        board.changed.wait_for(lock, std::chrono::milliseconds(100));
-    }
+    runWorkers<Done>(
+        pages.size(), options_.jobs, GroupsAhead * PagesOfAGroup,
+        [&](const Put<Done>& put) { return Worker(*this, pages, put); },
+        [&](std::size_t, const Done& done) { tell(done); },
+        [&](std::size_t finished) {
+            if (tick) tick(finished);
+            return !cancelled_;
+        });
 }
 
 }  // namespace headerdtc

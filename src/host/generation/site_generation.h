@@ -41,7 +41,6 @@ class SiteGeneration {
 
   private:
     class Worker;
-    struct Board;
 
     Sites& sites_;
     Options options_;

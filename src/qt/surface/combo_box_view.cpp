@@ -31,11 +31,7 @@ constexpr int VisibleItems = 15;
 }  // namespace
 
 ComboBoxView::ComboBoxView(ComboBox& model, QComboBox& widget, FormFace face)
-    : ControlView(model, widget, face),
-      model_(model),
-      combo_(widget),
-      items_(model.ListCount(),
-             [&model](int index) -> const std::string& { return model.List(index); }) {
+    : ControlView(model, widget, face), model_(model), combo_(widget), items_(model.items()) {
     combo_.setEditable(model_.isEditable());
     combo_.setInsertPolicy(QComboBox::NoInsert);
     auto* style = new ListPopupStyle;
@@ -46,6 +42,10 @@ ComboBoxView::ComboBoxView(ComboBox& model, QComboBox& widget, FormFace face)
     if (auto* list = qobject_cast<QListView*>(combo_.view())) list->setUniformItemSizes(true);
     if (model_.isEditable()) beEditable();
     connect(&combo_, &QComboBox::activated, this, [this](int item) { choose(item); });
+    subscriptions_ += model_.itemsChanging.subscribe([this](const ItemsChange& change) {
+        const QScopedValueRollback showing(showing_, true);
+        items_.begin(change);
+    });
     subscriptions_ +=
         model_.itemsChanged.subscribe([this](const ItemsChange& change) { applyChange(change); });
     subscriptions_ += model_.contentChanged.subscribe([this] { show(); });

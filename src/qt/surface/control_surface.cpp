@@ -15,8 +15,9 @@
 namespace headerdtc::qt {
 namespace {
 
-// Initials of the menus that a window around the surface has.
-constexpr const char* MenuMnemonics = "FEVH";
+// Letters of the window around the surface: of its menus, of the choice among several controls, and
+// of the bar that finds in the source.
+constexpr const char* WindowMnemonics = "FEVSHCM";
 
 // The twins' pages are drawn once, under the names of the EAI controls.
 void nameFor(Family which, QWidget& page) {
@@ -61,7 +62,7 @@ ControlSurface::ControlSurface(HeaderDTC& dtc, QWidget* parent) : QWidget(parent
     addPages(*tabs);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs);
-    binder_ = std::make_unique<FormBinder>(dtc.surface, *this, MenuMnemonics);
+    binder_ = std::make_unique<FormBinder>(dtc.surface, *this, WindowMnemonics);
     binder_->actions.onFailure = [this](const std::exception_ptr& failure) {
         dtc_.surroundings.messages.showError(failureText(failure));
     };
@@ -75,6 +76,13 @@ QSize ControlSurface::sizeHint() const {
 
 void ControlSurface::act(const std::function<void()>& action) {
     binder_->actions.run(action);
+}
+
+void ControlSurface::enter() {
+    act([this] {
+        if (!dtc_.surface.ActiveControl()) dtc_.SSTab1.focus();
+        binder_->focus.follow();
+    });
 }
 
 void ControlSurface::finishEditing() {

@@ -28,6 +28,9 @@ class ControlSurface : public QWidget {
     // key or the mouse; what a person could not do is left undone.
     void act(const std::function<void()>& action);
 
+    // Moves the focus to the control that has it among the models, or else to the tabs.
+    void enter();
+
     // What is being edited reaches the control (Form::finishEditing). To be called before the page
     // is saved.
     void finishEditing();

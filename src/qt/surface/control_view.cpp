@@ -3,19 +3,19 @@
 #include "controls/control.h"
 #include "qt/surface/action_runner.h"
 #include "qt/surface/focus_keeper.h"
+#include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QWidget>
-#include <algorithm>
 
 namespace headerdtc::qt {
 namespace {
 
-// "/\" and "..." say nothing when read aloud.
-bool canBeReadAloud(const QString& caption) {
-    return std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetter(); });
+QString withoutColon(QString label) {
+    if (label.endsWith(':')) label.chop(1);
+    return label;
 }
 
 std::optional<Key::Kind> kindOf(int qtKey) {
@@ -96,8 +96,8 @@ ControlView::ControlView(Control& control, QWidget& widget, FormFace face)
 
 void ControlView::begin() {
     showAppearance();
-    show();
     describe();
+    show();
 }
 
 void ControlView::act(const std::function<void()>& action) {
@@ -115,14 +115,14 @@ void ControlView::showEnabled(bool enabled) {
     widget_.setEnabled(enabled);
 }
 
-void ControlView::describe() {
-    const QString name = toQt(control_.name());
-    const QString label = toQt(control_.label());
-    const QString own = caption();
-    widget_.setAccessibleName(canBeReadAloud(own)                 ? own
-                              : own.isEmpty() && !label.isEmpty() ? label
-                                                                  : name);
-    widget_.setAccessibleDescription(toQt(control_.toolTip()));
+void ControlView::describe(const QString& count) {
+    QString name = spokenName(control_.name());
+    if (name.isEmpty()) name = caption();
+    if (name.isEmpty()) name = withoutColon(toQt(control_.label()));
+    const QString toolTip = toQt(control_.toolTip());
+    // Qt has a combo box called by its text.
+    widget_.setAccessibleDescription(toolTip.isEmpty() ? name : toolTip);
+    widget_.setAccessibleName(count.isEmpty() ? name : name + QStringLiteral(", ") + count);
 }
 
 // Only with the focus: keys that an in-place editor does not use are passed on to its grid.

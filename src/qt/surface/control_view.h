@@ -55,8 +55,8 @@ class ControlView : public QObject {
     // A key pressed with the widget's focus; tells whether the widget is to be kept from it. Here:
     // Enter and Escape, which are the model's.
     virtual bool keyPressed(const QKeyEvent& event);
-    // Puts the names by which assistive technology knows the control.
-    void describe();
+    // Puts the words by which assistive technology knows the control, and how much is in it.
+    void describe(const QString& count = {});
 
     FormFace face_;
     Subscriptions subscriptions_;

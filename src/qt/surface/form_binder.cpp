@@ -21,7 +21,9 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTableView>
+#include <functional>
 #include <map>
+#include <set>
 
 namespace headerdtc::qt {
 namespace {
@@ -126,7 +128,7 @@ void FormBinder::attachEditors() {
         const auto grid = grids.find(view->widget().parentWidget());
         if (grid == grids.end())
             throw BindingError("No grid stands beside '" + view->control().name() + "'");
-        grid->second->editors().add(view->control(), view->widget());
+        grid->second->addEditor(view->control(), view->widget());
     }
 }
 
@@ -151,30 +153,45 @@ FormBinder::Labels FormBinder::findLabels(QWidget& formWidget) const {
     return labels;
 }
 
-// The tabs are there whatever page is shown, and leave the buttons of the pages their initials;
-// what stands on different pages may share a letter. Buttons come before labels, which get their
-// texts here too.
+// The tabs are there whatever page is shown, and leave the buttons of the pages their initials, and
+// all letters of those that a page has twice; what stands on different pages may share a
+// letter. Labels get their texts here too.
 void FormBinder::assignMnemonics(const Labels& labels, const QString& taken) {
-    QString initials;
-    for (const auto& view : views_)
-        initials += view->caption().left(1);
+    std::set<std::pair<int, QString>> captions;
+    QString wanted;
+    for (const auto& view : views_) {
+        const QString caption = view->caption();
+        const bool isFirst = captions.emplace(view->control().tabPage(), caption).second;
+        wanted += isFirst ? caption.left(1) : caption;
+    }
     QString everywhere = taken;
     for (const auto& view : views_) {
         if (auto* tabs = dynamic_cast<TabStripView*>(view.get()))
-            everywhere += tabs->takeMnemonics(Mnemonics(taken + initials));
+            everywhere += tabs->takeMnemonics(taken + wanted);
     }
-    std::map<int, Mnemonics> pages;
+    struct Page {
+        QStringList texts;
+        std::vector<std::function<void(QChar)>> show;
+    };
+    std::map<int, Page> pages;
     for (const auto& view : views_) {
-        pages.try_emplace(view->control().tabPage(), everywhere);
-        view->useMnemonic(pages.at(view->control().tabPage()).take(view->caption()));
+        Page& page = pages[view->control().tabPage()];
+        page.texts += view->caption();
+        page.show.emplace_back([&view](QChar letter) { view->useMnemonic(letter); });
     }
     for (const auto& [control, label] : labels) {
         const QString text = toQt(control->label());
+        Page& page = pages[control->tabPage()];
         // A mnemonic would press the button that such a label stands beside, and does not say so.
-        const bool besideButton = dynamic_cast<const Button*>(control) != nullptr;
-        label->setText(
-            withMnemonic(text, besideButton ? QChar() : pages.at(control->tabPage()).take(text)));
+        page.texts += dynamic_cast<const Button*>(control) ? QString() : text;
+        page.show.emplace_back(
+            [label = label, text](QChar letter) { label->setText(withMnemonic(text, letter)); });
         label->setVisible(!text.isEmpty());
+    }
+    for (const auto& [number, page] : pages) {
+        const QString letters = mnemonicsOf(page.texts, everywhere);
+        for (std::size_t i = 0; i < page.show.size(); ++i)
+            page.show[i](letters.at(static_cast<qsizetype>(i)));
     }
 }
 

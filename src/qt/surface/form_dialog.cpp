@@ -71,8 +71,12 @@ void FormDialog::run() {
     QEventLoop loop;
     connect(this, &FormDialog::finishedByForm, &loop, &QEventLoop::quit);
     show();
+    // The focus is to be seen from the start, not only once Tab has moved it.
+    setAttribute(Qt::WA_KeyboardFocusChange);
     loop.exec(QEventLoop::DialogExec);
     hide();
+    // Where a message and its dialog close at once, some window managers leave nobody the focus.
+    if (parentWidget()) parentWidget()->activateWindow();
     if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
 }
 

@@ -17,7 +17,6 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-    // Qt may still ask for rows that are being removed.
     if (!index.isValid() || gridRow(index) >= grid_.Rows()) return {};
     if (role == Qt::DisplayRole) return toQt(grid_.TextMatrix(gridRow(index), index.column()));
     return remarks_.data(index, role,
@@ -39,25 +38,23 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     return {};
 }
 
+// The header is never inserted or removed.
+void GridModel::begin(const GridChange& change) {
+    const int first = change.firstRow - grid_.FixedRows();
+    const int last = first + change.rowCount - 1;
+    if (change.kind == GridChange::Kind::RowsInserted) beginInsertRows({}, first, last);
+    if (change.kind == GridChange::Kind::RowsRemoved) beginRemoveRows({}, first, last);
+}
+
 void GridModel::apply(const GridChange& change) {
     const int first = change.firstRow - grid_.FixedRows();
     const int last = first + change.rowCount - 1;
+    rows_ = grid_.Rows() - grid_.FixedRows();
     switch (change.kind) {
         case GridChange::Kind::RowsInserted:
-            beginInsertRows({}, first, last);
-            rows_ += change.rowCount;
             endInsertRows();
             break;
         case GridChange::Kind::RowsRemoved:
-            // With the header gone the rows below have moved into it.
-            if (first < 0) {
-                beginResetModel();
-                rows_ = grid_.Rows() - grid_.FixedRows();
-                endResetModel();
-                break;
-            }
-            beginRemoveRows({}, first, last);
-            rows_ -= change.rowCount;
             endRemoveRows();
             break;
         case GridChange::Kind::CellsChanged:

@@ -18,7 +18,8 @@ class GridModel : public QAbstractTableModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    // Follows a change that the grid has just gone through.
+    // Follows a change that the grid is about to go through, and has gone through.
+    void begin(const GridChange& change);
     void apply(const GridChange& change);
 
     void setRemarks(ItemRemarks remarks);

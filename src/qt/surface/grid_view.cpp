@@ -1,11 +1,16 @@
 #include "qt/surface/grid_view.h"
 
+#include "controls/combo_box.h"
+#include "controls/text_box.h"
 #include "qt/surface/focus_keeper.h"
 
+#include <QComboBox>
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QToolTip>
 #include <algorithm>
@@ -24,6 +29,41 @@ QList<int> columnsOf(const QWidget& table, const char* property) {
     return columns;
 }
 
+// As a press on the box drops it: the mouse being let go of then leaves the list open.
+void dropList(QComboBox& combo) {
+    QStyleOptionComboBox option;
+    option.initFrom(&combo);
+    option.editable = combo.isEditable();
+    const QPoint arrow =
+        combo.style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &combo)
+            .center();
+    QMouseEvent press(QEvent::MouseButtonPress, arrow, combo.mapToGlobal(arrow), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&combo, &press);
+}
+
+// The current cell of a grid that keys do not reach is grey.
+class CellDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (!option->widget || option->widget->hasFocus()) return;
+        constexpr int Parts = 5;  // of the text's colour one, of the ground's the others
+        QPalette& palette = option->palette;
+        const QColor text = palette.color(QPalette::Text);
+        const QColor ground = palette.color(QPalette::Base);
+        const auto mixed = [](int one, int others) { return (one + (Parts - 1) * others) / Parts; };
+        palette.setColor(QPalette::Highlight,
+                         {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
+                          mixed(text.blue(), ground.blue())});
+        palette.setColor(QPalette::HighlightedText, text);
+    }
+};
+
 }  // namespace
 
 GridView::GridView(Grid& model, QTableView& widget, FormFace face)
@@ -40,12 +80,15 @@ GridView::GridView(Grid& model, QTableView& widget, FormFace face)
     });
     connect(&scrollBar, &QScrollBar::valueChanged, this, [this](int row) { scrolled(row); });
     subscriptions_ +=
+        model_.gridChanging.subscribe([this](const GridChange& change) { cells_.begin(change); });
+    subscriptions_ +=
         model_.gridChanged.subscribe([this](const GridChange& change) { applyChange(change); });
 }
 
 void GridView::setUpTable() {
     outlineFocus(table_);
     table_.setModel(&cells_);
+    table_.setItemDelegate(new CellDelegate(&table_));
     // A press is the model's before it moves the focus: the cell is entered first, then an open
     // editor loses the focus.
     table_.setFocusPolicy(Qt::TabFocus);
@@ -62,6 +105,11 @@ void GridView::setUpTable() {
     table_.horizontalHeader()->setHighlightSections(false);
     table_.horizontalHeader()->setSectionsClickable(false);
     table_.horizontalHeader()->setMinimumSectionSize(1);
+}
+
+void GridView::addEditor(Control& editor, QWidget& widget) {
+    editors_.add(editor, widget);
+    widget.installEventFilter(this);
 }
 
 void GridView::show() {
@@ -139,9 +187,11 @@ void GridView::scrolled(int firstRow) {
 
 bool GridView::eventFilter(QObject* watched, QEvent* event) {
     if (watched == table_.viewport()) return viewportEvent(*event);
-    if (watched == &table_ &&
-        (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange))
-        fitCells();
+    if (watched != &table_) {
+        return event->type() == QEvent::KeyPress &&
+               leaveEditor(static_cast<QWidget&>(*watched), static_cast<QKeyEvent&>(*event));
+    }
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitCells();
     return ControlView::eventFilter(watched, event);
 }
 
@@ -194,6 +244,24 @@ void GridView::pressCell(const QModelIndex& cell) {
         }
     });
     face_.focus.follow();
+    if (auto* combo = qobject_cast<QComboBox*>(editors_.over(cell))) dropList(*combo);
+}
+
+// Enter and Escape lead from an editor back to its cell, Enter on to the next one that has an
+// editor. First come the editor's own uses for them, but not the buttons of a dialog.
+bool GridView::leaveEditor(QWidget& widget, const QKeyEvent& event) {
+    const auto key = keyOf(event);
+    if (!key || !isDialogKey(*key) || !widget.hasFocus()) return false;
+    act([&] {
+        Control& editor = editors_.controlOf(widget);
+        if (auto* text = dynamic_cast<TextBox*>(&editor))
+            text->keyDown(*key) && text->keyPress(*key);
+        if (auto* combo = dynamic_cast<ComboBox*>(&editor)) combo->keyPress(*key);
+        if (!model_.hasFocus()) model_.focus();
+        if (key->kind == Key::Kind::Enter && editors_.widthNeeded(model_.Col() + 1) > 0)
+            model_.press(Key::of(Key::Kind::Right));
+    });
+    return true;
 }
 
 bool GridView::keyPressed(const QKeyEvent& event) {

@@ -19,7 +19,7 @@ class GridView : public ControlView {
   public:
     GridView(Grid& model, QTableView& widget, FormFace face);
 
-    InPlaceEditors& editors() { return editors_; }
+    void addEditor(Control& editor, QWidget& widget);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -40,6 +40,7 @@ class GridView : public ControlView {
     bool showCutOffText(const QHelpEvent& event);
     void pressCell(const QModelIndex& cell);
     void pressKey(const Key& key);
+    bool leaveEditor(QWidget& widget, const QKeyEvent& event);
     void scrolled(int firstRow);
 
     Grid& model_;

@@ -62,6 +62,19 @@ void InPlaceEditors::place(Editor& editor) {
     if (editor.cell.isValid()) editor.widget.setGeometry(table_.visualRect(editor.cell));
 }
 
+Control& InPlaceEditors::controlOf(const QWidget& widget) const {
+    const auto found = std::find_if(editors_.begin(), editors_.end(),
+                                    [&](const auto& editor) { return &editor->widget == &widget; });
+    return (*found)->control;
+}
+
+QWidget* InPlaceEditors::over(const QModelIndex& cell) const {
+    for (const auto& editor : editors_) {
+        if (editor->shown && editor->cell == cell) return &editor->widget;
+    }
+    return nullptr;
+}
+
 int InPlaceEditors::widthNeeded(int column) const {
     int width = 0;
     for (const auto& editor : editors_) {

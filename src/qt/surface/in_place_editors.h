@@ -32,6 +32,10 @@ class InPlaceEditors : public QObject {
     void add(Control& control, QWidget& widget);
     // Lays the editors that show over their cells.
     void place();
+    // The control that such a widget is the view of.
+    Control& controlOf(const QWidget& widget) const;
+    // The widget that lies over a cell, nullptr for none.
+    QWidget* over(const QModelIndex& cell) const;
 
     // What the editors need of a column and of every row, in pixels.
     int widthNeeded(int column) const;

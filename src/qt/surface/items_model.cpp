@@ -22,12 +22,14 @@ int ItemsModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant ItemsModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= count_) return {};
-    if (role == Qt::DisplayRole) return withDigitWideMargin(toQt(text_(index.row())));
-    if (role == Qt::EditRole) return toQt(text_(index.row()));
-    return remarks_.data(
-        index, role,
-        role == Qt::AccessibleTextRole ? QVariant(toQt(text_(index.row()))) : QVariant());
+    if (!index.isValid() || !items_.has(index.row())) return {};
+    const ListItems::Item& item = items_.at(index.row());
+    if (role == Qt::CheckStateRole && showsMarks_)
+        return item.selected ? Qt::Checked : Qt::Unchecked;
+    const QString text = toQt(item.text);
+    if (role == Qt::DisplayRole) return withDigitWideMargin(text);
+    if (role == Qt::EditRole) return text;
+    return remarks_.data(index, role, role == Qt::AccessibleTextRole ? QVariant(text) : QVariant());
 }
 
 void ItemsModel::setRemarks(ItemRemarks remarks) {
@@ -35,25 +37,33 @@ void ItemsModel::setRemarks(ItemRemarks remarks) {
     if (count_ > 0) Q_EMIT dataChanged(index(0), index(count_ - 1));
 }
 
-void ItemsModel::apply(const ItemsChange& change) {
+void ItemsModel::begin(const ItemsChange& change) {
     const int last = change.first + change.count - 1;
     switch (change.kind) {
         case ItemsChange::Kind::Inserted:
-            beginInsertRows({}, change.first, last);
-            count_ += change.count;
+            return beginInsertRows({}, change.first, last);
+        case ItemsChange::Kind::Removed:
+            return beginRemoveRows({}, change.first, last);
+        case ItemsChange::Kind::Changed:
+            return;
+        case ItemsChange::Kind::Reset:
+            return beginResetModel();
+    }
+}
+
+void ItemsModel::apply(const ItemsChange& change) {
+    count_ = items_.count();
+    switch (change.kind) {
+        case ItemsChange::Kind::Inserted:
             endInsertRows();
             break;
         case ItemsChange::Kind::Removed:
-            beginRemoveRows({}, change.first, last);
-            count_ -= change.count;
             endRemoveRows();
             break;
         case ItemsChange::Kind::Changed:
-            Q_EMIT dataChanged(index(change.first), index(last));
+            Q_EMIT dataChanged(index(change.first), index(change.first + change.count - 1));
             break;
         case ItemsChange::Kind::Reset:
-            beginResetModel();
-            count_ = change.count;
             endResetModel();
             break;
     }

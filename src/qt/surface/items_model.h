@@ -4,8 +4,6 @@
 #include "qt/surface/item_remarks.h"
 
 #include <QAbstractListModel>
-#include <functional>
-#include <string>
 
 namespace headerdtc::qt {
 
@@ -13,20 +11,22 @@ namespace headerdtc::qt {
 // length opens at once.
 class ItemsModel : public QAbstractListModel {
   public:
-    using ItemText = std::function<const std::string&(int index)>;
-
-    ItemsModel(int count, ItemText text) : count_(count), text_(std::move(text)) {}
+    explicit ItemsModel(const ListItems& items) : items_(items), count_(items.count()) {}
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
-    // Follows a change that the items have just gone through.
+    // Follows a change that the items are about to go through, and have gone through.
+    void begin(const ItemsChange& change);
     void apply(const ItemsChange& change);
+    // Whether marked items show it by a check mark.
+    void showMarks(bool shown) { showsMarks_ = shown; }
     void setRemarks(ItemRemarks remarks);
 
   private:
+    const ListItems& items_;
     int count_;  // as Qt knows it
-    ItemText text_;
+    bool showsMarks_ = false;
     ItemRemarks remarks_;
 };
 

@@ -5,6 +5,7 @@
 #include "qt/surface/items_model.h"
 
 #include <QTimer>
+#include <vector>
 
 namespace headerdtc::qt {
 
@@ -20,9 +21,12 @@ class ListBoxView : public ControlView {
     bool keyPressed(const QKeyEvent& event) override;
 
   private:
+    void beginChange(const ItemsChange& change);
     void applyChange(const ItemsChange& change);
     void showIfPending();
     void select();
+    // Whether these items are others than the selected ones.
+    bool isAnother(const std::vector<int>& items) const;
 
     ListBox& model_;
     SelectionList& list_;

@@ -1,5 +1,9 @@
 #include "qt/surface/mnemonics.h"
 
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
 namespace headerdtc::qt {
 namespace {
 
@@ -7,24 +11,60 @@ bool beginsWord(const QString& text, qsizetype at) {
     return at == 0 || !text.at(at - 1).isLetterOrNumber();
 }
 
-}  // namespace
-
-Mnemonics::Mnemonics(const QString& taken) {
-    for (const QChar c : taken)
-        taken_.insert(c.toUpper());
-}
-
-QChar Mnemonics::take(const QString& text) {
+// Capitals, the first letters of words before others.
+QString lettersOf(const QString& text) {
+    QString letters;
     for (const bool wordsOnly : {true, false}) {
         for (qsizetype at = 0; at < text.size(); ++at) {
             const QChar letter = text.at(at).toUpper();
-            if (!letter.isLetter() || taken_.contains(letter)) continue;
-            if (wordsOnly && !beginsWord(text, at)) continue;
-            taken_.insert(letter);
-            return letter;
+            if (letter.isLetter() && beginsWord(text, at) == wordsOnly) letters += letter;
         }
     }
-    return {};
+    return letters;
+}
+
+// Texts and letters as the two sides of a matching, which grows text by text: where no letter is
+// free, a text that has one goes over to another.
+class Matching {
+  public:
+    Matching(const QStringList& texts, const QString& taken) : letters_(texts.size(), QChar()) {
+        for (const QString& text : texts)
+            wanted_.append(lettersOf(text));
+        std::vector<int> order(static_cast<std::size_t>(texts.size()));
+        std::iota(order.begin(), order.end(), 0);
+        std::stable_sort(order.begin(), order.end(), [this](int one, int other) {
+            return wanted_.at(one).size() < wanted_.at(other).size();
+        });
+        for (const int text : order) {
+            QString tried = taken.toUpper();
+            give(text, tried);
+        }
+    }
+    QString letters() const { return letters_; }
+
+  private:
+    bool give(int text, QString& tried) {
+        for (const bool ofOthers : {false, true}) {
+            for (const QChar letter : wanted_.at(text)) {
+                const auto owner = static_cast<int>(letters_.indexOf(letter));
+                if (tried.contains(letter) || (owner >= 0) != ofOthers) continue;
+                tried += letter;
+                if (ofOthers && !give(owner, tried)) continue;
+                letters_[text] = letter;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    QStringList wanted_;
+    QString letters_;
+};
+
+}  // namespace
+
+QString mnemonicsOf(const QStringList& texts, const QString& taken) {
+    return Matching(texts, taken).letters();
 }
 
 QString withMnemonic(const QString& text, QChar letter) {

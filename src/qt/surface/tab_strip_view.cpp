@@ -2,6 +2,7 @@
 
 #include "qt/surface/focus_keeper.h"
 #include "qt/surface/mnemonics.h"
+#include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
 
 #include <QMouseEvent>
@@ -16,7 +17,7 @@ TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
     const auto& captions = model_.captions();
     for (std::size_t page = 0; page < captions.size(); ++page)
         tabs_.setTabText(static_cast<int>(page), toQt(captions[page]));
-    tabs_.tabBar()->setAccessibleName(toQt(model_.name()));
+    tabs_.tabBar()->setAccessibleName(spokenName(model_.name()));
     tabs_.tabBar()->installEventFilter(this);
     // Ways to turn a page that Qt knows and the filter does not.
     connect(&tabs_, &QTabWidget::currentChanged, this, [this](int page) {
@@ -25,15 +26,13 @@ TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
     subscriptions_ += model_.tabChanged.subscribe([this] { show(); });
 }
 
-QString TabStripView::takeMnemonics(Mnemonics mnemonics) {
-    QString letters;
-    const auto& captions = model_.captions();
-    for (std::size_t page = 0; page < captions.size(); ++page) {
-        const QString caption = toQt(captions[page]);
-        const QChar letter = mnemonics.take(caption);
-        tabs_.setTabText(static_cast<int>(page), withMnemonic(caption, letter));
-        letters += letter;
-    }
+QString TabStripView::takeMnemonics(const QString& taken) {
+    QStringList captions;
+    for (const std::string& caption : model_.captions())
+        captions += toQt(caption);
+    QString letters = mnemonicsOf(captions, taken);
+    for (int page = 0; page < captions.size(); ++page)
+        tabs_.setTabText(page, withMnemonic(captions.at(page), letters.at(page)));
     return letters;
 }
 

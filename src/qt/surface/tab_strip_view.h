@@ -7,14 +7,12 @@ class QTabWidget;
 
 namespace headerdtc::qt {
 
-class Mnemonics;
-
 class TabStripView : public ControlView {
   public:
     TabStripView(TabStrip& model, QTabWidget& widget, FormFace face);
 
-    // Every tab takes a letter of its own; tells which.
-    QString takeMnemonics(Mnemonics mnemonics);
+    // Every tab takes a letter of its own that is not taken; tells which.
+    QString takeMnemonics(const QString& taken);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -11,8 +11,7 @@ namespace {
 
 using testing::TempSite;
 using Json = nlohmann::json;
-using ::testing::Contains;
-using ::testing::HasSubstr;
+using namespace ::testing;
 
 class AutomationTest : public ::testing::Test {
   protected:

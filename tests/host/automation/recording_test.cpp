@@ -30,10 +30,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::IsSupersetOf;
+using namespace ::testing;
 using testing::TempSite;
 using Outcome = ReplayedPage::Outcome;
 

@@ -8,10 +8,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using namespace ::testing;
 using testing::TempSite;
 using Outcome = ReplayedPage::Outcome;
 

@@ -8,8 +8,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 Catalogue parse(const std::string& text) {
     return Catalogue::parse("catalogue.json", text);

@@ -8,8 +8,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::SizeIs;
+using namespace ::testing;
 using testing::TempFolder;
 
 // The text that the hunks make of `before`, taken at the lines that they name.

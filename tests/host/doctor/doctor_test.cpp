@@ -7,11 +7,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::EndsWith;
-using ::testing::HasSubstr;
-using ::testing::Not;
-using ::testing::StartsWith;
+using namespace ::testing;
 using testing::TempSite;
 
 class Doctor : public ::testing::Test {

@@ -8,9 +8,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using namespace ::testing;
 using testing::TempSite;
 using Verdict = GeneratedPage::Verdict;
 

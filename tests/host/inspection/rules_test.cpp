@@ -8,15 +8,8 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::Field;
+using namespace ::testing;
 using testing::HarbourSite;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::UnorderedElementsAre;
 
 // "rule family row property: text", for those that a test is about.
 std::string shown(const Finding& finding) {

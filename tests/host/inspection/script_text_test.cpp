@@ -5,9 +5,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
+using namespace ::testing;
 
 using TextForm = ScriptText::Form;
 

@@ -8,8 +8,7 @@ namespace headerdtc {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::Contains;
-using ::testing::Not;
+using namespace ::testing;
 using testing::TempSite;
 
 class SiteFactsTest : public ::testing::Test {

@@ -10,9 +10,8 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
+using namespace ::testing;
 using testing::HarbourSite;
-using ::testing::IsEmpty;
 
 std::vector<std::string> textsOf(const std::vector<StoredItem>& items) {
     std::vector<std::string> texts;

@@ -7,9 +7,8 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
+using namespace ::testing;
 using testing::HarbourSite;
-using ::testing::IsEmpty;
 using Kind = WhereQuery::Kind;
 
 class Where : public ::testing::Test {

@@ -10,10 +10,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 std::string failureOf(const std::function<void()>& body, int number) {
     try {

@@ -8,12 +8,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
-using ::testing::StartsWith;
+using namespace ::testing;
 
 // Whatever the database does, the dialogs report it and go on, and the page is not touched.
 class DatabaseFaults : public headerdtc::testing::TranslationSite {

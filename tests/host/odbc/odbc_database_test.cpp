@@ -9,10 +9,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::HasSubstr;
-using ::testing::Not;
-using ::testing::ThrowsMessage;
+using namespace ::testing;
 
 constexpr int Unspecified = -1;
 

@@ -11,8 +11,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::StartsWith;
+using namespace ::testing;
 using namespace std::chrono_literals;
 
 // What only a server can do to a client. Runs beside with-server.sh.

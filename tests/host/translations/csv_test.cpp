@@ -9,10 +9,8 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
+using namespace ::testing;
 using testing::errorOf;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 std::vector<std::vector<std::string>> cellsOf(const std::string& text) {
     std::vector<std::vector<std::string>> cells;

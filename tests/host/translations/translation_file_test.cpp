@@ -12,10 +12,8 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
+using namespace ::testing;
 using testing::errorOf;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 using Action = ImportStep::Action;
 
 TranslationTable harbourTexts() {

@@ -5,8 +5,7 @@
 namespace headerdtc {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 // The rules that a pair of texts breaks.
 std::vector<std::string> broken(const char* source, const char* target) {

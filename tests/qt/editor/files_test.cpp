@@ -11,9 +11,7 @@
 namespace headerdtc::qt {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::HasSubstr;
-using ::testing::Not;
+using namespace ::testing;
 
 class Files : public WindowTest {
   protected:

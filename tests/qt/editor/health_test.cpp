@@ -12,12 +12,7 @@
 namespace headerdtc::qt {
 namespace {
 
-using ::testing::AllOf;
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
+using namespace ::testing;
 
 class Health : public WindowTest {
   protected:

@@ -13,9 +13,7 @@
 namespace headerdtc::qt {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 class Lists : public WindowTest {
   protected:

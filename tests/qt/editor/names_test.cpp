@@ -3,6 +3,10 @@
 #include "qt/editor/window_fixture.h"
 
 #include <QAccessible>
+#include <QKeySequence>
+#include <QMenuBar>
+#include <QTabWidget>
+#include <QToolButton>
 
 namespace headerdtc::qt {
 namespace {
@@ -48,6 +52,39 @@ TEST_F(Names, EveryWidgetOfTheWindowHasAName) {
     }
     open("plain.asp", "<html>\n</html>\n");
     EXPECT_THAT(nameless(*window), IsEmpty()) << "without a control";
+}
+
+// Menus, docks, the tabs of the control and what stands on each of them.
+TEST_F(Names, NoTwoThingsInTheWindowHaveTheSameLetter) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    editor.insertControl();
+    editor.find();
+    auto& tabs = *editor.findChild<QTabWidget*>("SSTab1");
+    for (int tab = 0; tab < 6; ++tab) {
+        dtc(editor).SSTab1.clickTab(tab);
+        settle();
+        QStringList texts;
+        for (const QAction* menu : window->menuBar()->actions())
+            texts += menu->text();
+        for (int each = 0; each < tabs.count(); ++each)
+            texts += tabs.tabText(each);
+        for (const QString& text : texts)
+            EXPECT_TRUE(text.contains('&')) << text.toStdString();
+        for (const auto* button : window->findChildren<QAbstractButton*>()) {
+            if (!button->isVisible() || qobject_cast<const QToolButton*>(button)) continue;
+            texts += button->text();
+            EXPECT_FALSE(button->text() == "Add" || button->text() == "Delete") << tab;
+        }
+        for (const auto* label : window->findChildren<QLabel*>()) {
+            if (label->buddy() && label->isVisible()) texts += label->text();
+        }
+        QStringList letters;
+        for (const QString& text : texts) {
+            if (const auto key = QKeySequence::mnemonic(text); !key.isEmpty())
+                letters += key.toString();
+        }
+        EXPECT_EQ(letters.removeDuplicates(), 0) << letters.join(' ').toStdString();
+    }
 }
 
 TEST_F(Names, EveryWidgetOfTheDialogsHasAName) {

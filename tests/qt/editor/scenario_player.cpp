@@ -37,6 +37,11 @@ QWindow* windowOf(QWidget& widget) {
     return widget.window()->windowHandle();
 }
 
+// A list that has dropped down is left as it is.
+void closeList() {
+    if (QWidget* list = QApplication::activePopupWidget()) list->close();
+}
+
 void clickAt(QWidget& widget, QPoint at, Qt::KeyboardModifiers held = {}) {
     if (!widget.rect().contains(at)) cannot("it lies outside of what is shown");
     QTest::mouseClick(windowOf(widget), Qt::LeftButton, held, widget.mapTo(widget.window(), at));
@@ -238,8 +243,9 @@ void ScenarioPlayer::choose(const Command& command) {
     const int item =
         command.has("item") ? command.integer("item") : combo.findText(toQt(command.text("text")));
     if (item < 0 || item >= combo.count()) cannot("there is no such item");
-    clickAt(combo, QPoint(combo.width() - 8, combo.height() / 2));
     QAbstractItemView& list = *combo.view();
+    // The click on a cell has dropped its list already.
+    if (!list.isVisible()) clickAt(combo, QPoint(combo.width() - 8, combo.height() / 2));
     if (!QTest::qWaitFor([&] { return list.isVisible(); }, 1000)) cannot("no list drops down");
     QTest::keyClick(&list, Qt::Key_Home);
     for (int i = 0; i < item; ++i)
@@ -265,16 +271,21 @@ void ScenarioPlayer::select(const Command& command) {
         const QPoint place = itemPlace(list, list.model()->index(item, 0));
         clickAt(*list.viewport(), place, held);
     };
-    if (wanted.size() == 1) return press(last);
+    const bool isToggled = list.selectionMode() == QAbstractItemView::MultiSelection;
+    if (wanted.size() == 1 && !isToggled) return press(last);
     std::vector<int> toggled;
     for (int item = 0; item < list.model()->rowCount(); ++item) {
         if (item != last && wanted.contains(item) != before.contains(item)) toggled.push_back(item);
     }
-    if (wanted.contains(last) == before.contains(last))
-        cannot("the item with the focus stays as it is");
+    if (wanted.contains(last) == before.contains(last)) {
+        // A mark that is to stay has to go first.
+        if (!isToggled) cannot("the item with the focus stays as it is");
+        toggled.push_back(last);
+    }
     toggled.push_back(last);
     for (std::size_t i = 0; i < toggled.size(); ++i)
-        press(toggled[i], i == 0 && before.empty() ? Qt::NoModifier : Qt::ControlModifier);
+        press(toggled[i],
+              isToggled || (i == 0 && before.empty()) ? Qt::NoModifier : Qt::ControlModifier);
 }
 
 void ScenarioPlayer::doubleClick(const Command& command) {
@@ -301,6 +312,7 @@ void ScenarioPlayer::clickCell(const Command& command, bool twice) {
 
 void ScenarioPlayer::type(const Command& command) {
     QWidget& box = widgetOf(command);
+    closeList();
     auto* combo = qobject_cast<QComboBox*>(&box);
     QWidget& edit = combo && combo->lineEdit() ? *combo->lineEdit() : box;
     if (!QApplication::focusWidget() || !edit.isAncestorOf(QApplication::focusWidget()))
@@ -319,6 +331,7 @@ void ScenarioPlayer::type(const Command& command) {
 void ScenarioPlayer::press(const Command& command) {
     QWidget& widget = widgetOf(command);
     const Key key = command.key();
+    closeList();
     const QWidget* focused = QApplication::focusWidget();
     if (focused != &widget && !widget.isAncestorOf(focused)) cannot("it does not have the focus");
     if (key.kind == Key::Kind::Character)

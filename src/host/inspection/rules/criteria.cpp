@@ -210,8 +210,8 @@ void namesAreDefinedOnce(const ControlView& control, Remarks& remarks) {
     std::map<std::string, std::string> defined;  // where, by key
     for (std::size_t i = 0; i <= control.index; ++i) {
         for (const auto& script : configurations[i].scripts) {
-            for (const std::string& name :
-                 ScriptText::read(script.text, ScriptText::Form::Script).declared) {
+            const auto text = ScriptText::read(script.text, ScriptText::Form::Script);
+            for (const std::string& name : text.declared) {
                 const std::string place =
                     "the local script " + inQuotes(script.name.text) +
                     (i < control.index ? " of " + control.page.markup().controls()[i].id : "");

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "host/generation/page_failure.h"
 #include "host/generation/page_generation.h"
 #include "host/inspection/finding.h"
-#include "host/inspection/page_failure.h"
 #include "host/inspection/site_facts.h"
 #include "host/site/site.h"
 

@@ -10,9 +10,9 @@ namespace headerdtc {
 // A rule that pages are checked against.
 struct Rule {
     std::string_view id;
-    Severity severity;
     std::string_view summary;  // one line, what it finds
     void (*check)(const ControlView&, Remarks&);
+    Severity severity;
     // A page may be left alone for what other rules have found already.
     enum class Finds { Fault, CauseOfFailure, Consequence };
     Finds finds = Finds::Fault;

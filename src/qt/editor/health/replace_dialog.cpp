@@ -30,6 +30,8 @@ ReplaceDialog::ReplaceDialog(const std::vector<VanishedField>& vanished, std::si
     connect(ui_->Replacements, &QListWidget::currentRowChanged, this,
             [this](int row) { ui_->ReplaceButton->setEnabled(row >= 0); });
     fill();
+    // Once it can be pressed: while it could not, the window made Cancel what Enter presses.
+    ui_->ReplaceButton->setDefault(true);
     ui_->Replacements->setFocus();
 }
 

@@ -193,7 +193,15 @@ void ControlPane::renewFaulty() {
 }
 
 void ControlPane::focusControl() {
-    if (surface()) surface()->setFocus();
+    if (surface()) {
+        surface()->enter();
+    } else {
+        ui_->InsertControlButton->setFocus();
+    }
+}
+
+void ControlPane::focusProvider() {
+    if (live()) surface()->act([this] { live()->dtc().DataProvidersCombo.focus(); });
 }
 
 void ControlPane::show(std::size_t control) {
@@ -234,7 +242,7 @@ void ControlPane::make(std::size_t control, int tab) {
     ui_->ControlArea->setWidget(shown.surface);
     ui_->ControlStack->setCurrentWidget(ui_->ControlArea);
     ui_->ControlArea->verticalScrollBar()->setValue(scrolled);
-    if (hadFocus) shown.surface->setFocus();
+    if (hadFocus) shown.surface->enter();
     Q_EMIT surfaceMade();
 }
 

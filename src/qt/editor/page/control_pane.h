@@ -34,6 +34,8 @@ class ControlPane : public QWidget {
 
     void select(std::size_t control);
     void focusControl();
+    // Where a new control begins.
+    void focusProvider();
     // The control that is shown, loaded anew from the page as it is.
     void loadAnew();
     // Loads controls again that were loaded with a fault: what was missing may be there now. Waits

@@ -1,7 +1,7 @@
 #include "qt/editor/site/site_run.h"
 
 #include "host/generation/site_pages.h"
-#include "host/inspection/ordered_run.h"
+#include "host/generation/ordered_run.h"
 #include "host/inspection/rules/page_inspection.h"
 
 #include <QMetaObject>

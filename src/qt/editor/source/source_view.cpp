@@ -67,6 +67,7 @@ SourceView::SourceView(QWidget* parent) : QPlainTextEdit(parent) {
     connect(this, &QPlainTextEdit::cursorPositionChanged, gutter_, qOverload<>(&QWidget::update));
     connect(this, &QPlainTextEdit::cursorPositionChanged, this,
             [this] { caretIsPlaced_ = caretIsPlaced_ || !showing_; });
+    setStatusTip(tr("F6 goes to the control; Tab goes on, once something is written it indents"));
     placeGutter();
 }
 
@@ -121,6 +122,7 @@ void SourceView::documentChanged(int position, int removed, int added) {
     const QString inserted = rawText(*document(), position, position + added);
     if (QStringView(lines_->text()).mid(position, removed) == inserted) return;
 
+    setTabChangesFocus(false);
     outOfStep_ = true;
     QMetaObject::invokeMethod(this, &SourceView::synchronize, Qt::QueuedConnection);
     const auto edit = lines_->editOf(position, removed, inserted);
@@ -135,6 +137,16 @@ void SourceView::documentChanged(int position, int removed, int added) {
     Q_EMIT edited(edit->range, edit->bytes, kind);
     // The next letter may be typed before the view shows the new page.
     if (rawText(*document(), 0, length) == lines_->text()) outOfStep_ = false;
+}
+
+void SourceView::focusInEvent(QFocusEvent* event) {
+    const Qt::FocusReason reason = event->reason();
+    // Another window or a menu was in front for a while.
+    const bool isBack = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                        reason == Qt::MenuBarFocusReason;
+    if (!isBack)
+        setTabChangesFocus(reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
+    QPlainTextEdit::focusInEvent(event);
 }
 
 QMimeData* SourceView::createMimeDataFromSelection() const {

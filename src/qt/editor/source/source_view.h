@@ -43,6 +43,9 @@ class SourceView : public QPlainTextEdit {
     void editRefused();
 
   protected:
+    // Whoever goes through the window by Tab goes on by it, and writes a tab only after a click or
+    // a letter.
+    void focusInEvent(QFocusEvent* event) override;
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -164,8 +164,7 @@ void showAbout(QWidget* window) {
     box.setWindowTitle(QMessageBox::tr("About HeaderDTC"));
     box.setIconPixmap(applicationIcon().pixmap(QSize(64, 64), box.devicePixelRatioF()));
     box.setText(
-        QStringLiteral("<b>%1 %2</b>")
-            .arg(QApplication::applicationDisplayName(), QApplication::applicationVersion()));
+        QStringLiteral("<b>HeaderDTC page editor %1</b>").arg(QApplication::applicationVersion()));
     box.setInformativeText(
         QMessageBox::tr(
             "Keeps the data headers of dashboard pages: what a page shows is said once, "

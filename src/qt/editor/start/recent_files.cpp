@@ -6,24 +6,24 @@ namespace headerdtc::qt {
 namespace {
 
 constexpr qsizetype MostFiles = 12;
-constexpr const char* Key = "recentPages";
+constexpr const char* RecentPagesKey = "recentPages";
 
 }  // namespace
 
 QStringList RecentFiles::files() const {
-    return QSettings().value(Key).toStringList();
+    return QSettings().value(RecentPagesKey).toStringList();
 }
 
 void RecentFiles::add(const QString& file) {
     QStringList list = files();
     list.removeAll(file);
     list.prepend(file);
-    QSettings().setValue(Key, QStringList(list.mid(0, MostFiles)));
+    QSettings().setValue(RecentPagesKey, QStringList(list.mid(0, MostFiles)));
     Q_EMIT changed();
 }
 
 void RecentFiles::clear() {
-    QSettings().remove(Key);
+    QSettings().remove(RecentPagesKey);
     Q_EMIT changed();
 }
 

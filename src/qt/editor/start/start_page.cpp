@@ -2,6 +2,7 @@
 
 #include "qt/editor/base/icons.h"
 #include "qt/editor/start/recent_files.h"
+#include "qt/surface/control_view.h"
 #include "ui_start_page.h"
 
 #include <QDir>
@@ -28,6 +29,8 @@ StartPage::StartPage(RecentFiles& recent, QWidget* parent)
     large.setPointSizeF(large.pointSizeF() * 1.8);
     ui_->ProgramTitle->setFont(large);
     for (auto* button : findChildren<QCommandLinkButton*>()) {
+        button->setAutoDefault(true);  // Enter presses it
+        outlineFocus(*button);
         button->setAccessibleName(button->text().remove(QLatin1Char('&')));
         button->setAccessibleDescription(button->description());
     }
@@ -55,6 +58,8 @@ void StartPage::showRecent() {
         auto* button = new QPushButton(name.replace(QLatin1Char('&'), QLatin1String("&&")));
         button->setIcon(editorIcon("text-html"));
         button->setFlat(true);
+        button->setAutoDefault(true);
+        outlineFocus(*button);
         button->setToolTip(shortened(file));
         button->setAccessibleDescription(file);
         button->setCursor(Qt::PointingHandCursor);

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 using namespace headerdtc::qt;
@@ -42,6 +41,14 @@ struct CommandLine {
                                      QStringLiteral("[--] [page...]"));
     }
 
+    // Ends the program where its words ask for help or are wrong.
+    void read(const QCoreApplication& application) {
+        // The program's own name is told; settings and copies lie under the project's.
+        QCoreApplication::setApplicationName(QStringLiteral("headerdtc-editor"));
+        parser.process(application);
+        QCoreApplication::setApplicationName(QStringLiteral("headerdtc"));
+    }
+
     QCommandLineParser parser;
     QCommandLineOption configuration{
         QStringLiteral("config"), QStringLiteral("The site's configuration for every page."),
@@ -50,12 +57,12 @@ struct CommandLine {
 
 int complainOfNoScreen(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    CommandLine().parser.process(application);
+    CommandLine().read(application);
     std::fputs(
         "headerdtc-editor: there is no screen; neither DISPLAY nor WAYLAND_DISPLAY names "
         "one.\nWithout a screen, pages are edited with headerdtc automate.\n",
         stderr);
-    return EXIT_FAILURE;
+    return 2;  // as the command line has it for wrong usage
 }
 
 }  // namespace
@@ -64,22 +71,25 @@ int main(int argc, char** argv) {
     // A file that would become too large is a failure to be reported, not the end.
     std::signal(SIGXFSZ, SIG_IGN);
     QCoreApplication::setApplicationName(QStringLiteral("headerdtc"));
+    QCoreApplication::setOrganizationName(QStringLiteral("headerdtc"));
     QCoreApplication::setApplicationVersion(QStringLiteral(HEADERDTC_VERSION));
     if (!hasScreen(argc, argv)) return complainOfNoScreen(argc, argv);
     const QApplication application(argc, argv);
-    QApplication::setApplicationDisplayName(QStringLiteral("HeaderDTC page editor"));
     QApplication::setDesktopFileName(QStringLiteral("headerdtc-editor"));
     QApplication::setWindowIcon(applicationIcon());
     CommandLine commandLine;
-    commandLine.parser.process(application);
+    commandLine.read(application);
 
     MainWindow::Options options;
     if (const QString file = commandLine.parser.value(commandLine.configuration); !file.isEmpty())
         options.configuration = toPath(file);
     options.recoveryFolder =
-        toPath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)) / "recovery";
+        toPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)) /
+        "headerdtc" / "recovery";
     MainWindow window(options);
     window.show();
+    // The focus is to be seen from the start, not only once Tab has moved it.
+    window.setAttribute(Qt::WA_KeyboardFocusChange);
     for (const QString& page : commandLine.parser.positionalArguments())
         window.opener().openAnything(toPath(page));
     // Once the window is shown and dialogs can open over it.

@@ -29,6 +29,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QThreadPool>
 #include <utility>
 
 namespace headerdtc::qt {

@@ -233,6 +233,12 @@ void PageEditor::insertControl() {
     }
 }
 
+// A page without a control begins with its text.
+void PageEditor::takeFocus() {
+    if (!controls_->current() && source_->isVisibleTo(this)) return source_->setFocus();
+    controls_->focusControl();
+}
+
 void PageEditor::removeControl() {
     finishEditing();
     if (const auto control = controls_->current()) page_->removeControl(*control);

@@ -48,6 +48,8 @@ class PageEditor : public QWidget {
     void redo();
     void insertControl();
     void removeControl();
+    // Moves the focus to where the page is edited first.
+    void takeFocus();
     void goTo(const Place& place);
     void find();
     // Folds or unfolds the shown control in the source.

@@ -1,6 +1,7 @@
 #include "qt/editor/workspace/page_tabs.h"
 
 #include "qt/editor/base/words.h"
+#include "qt/editor/page/control_pane.h"
 #include "qt/editor/workspace/notice_bar.h"
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_saver.h"
@@ -85,6 +86,7 @@ PageEditor* PageTabs::add(std::unique_ptr<EditedPage> page) {
     showTitle(editor);
     Q_EMIT opened(editor);
     setCurrentWidget(editor);
+    editor->takeFocus();
     return editor;
 }
 
@@ -92,6 +94,7 @@ PageEditor* PageTabs::open(const fs::path& file) {
     const fs::path name = spelled(file);
     if (PageEditor* editor = find(name)) {
         setCurrentWidget(editor);
+        editor->takeFocus();
         return editor;
     }
     try {
@@ -107,7 +110,9 @@ PageEditor* PageTabs::open(const fs::path& file) {
 
 PageEditor* PageTabs::openNew(const fs::path& folder) {
     try {
-        return add(EditedPage::makeNew(sites_, freeName(spelled(folder), *this)));
+        PageEditor* editor = add(EditedPage::makeNew(sites_, freeName(spelled(folder), *this)));
+        editor->controls().focusProvider();
+        return editor;
     } catch (const std::exception& error) {
         QMessageBox::critical(this, tr("No new page"), QString::fromStdString(error.what()));
         return nullptr;

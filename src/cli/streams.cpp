@@ -1,6 +1,13 @@
-#include "cli/output.h"
+#include "cli/streams.h"
+
+#include "cli/version.h"
+#include "host/files/whole_file.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
 #include <unistd.h>
 
 namespace headerdtc::cli {
@@ -9,6 +16,15 @@ namespace {
 constexpr const char* Replacement = "\xEF\xBF\xBD";
 
 }  // namespace
+
+std::string readInput(const std::string& file) {
+    if (file == "-") return {std::istreambuf_iterator<char>(std::cin), {}};
+    std::error_code ignored;
+    const auto kind = std::filesystem::status(file, ignored);
+    if (!is_fifo(kind) && !is_character_file(kind)) return readWholeFile(file).bytes;
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
 
 void printLine(std::FILE* stream, std::string_view line) {
     std::fwrite(line.data(), 1, line.size(), stream);
@@ -53,6 +69,15 @@ std::string visible(std::string_view text) {
         }
     }
     return shown;
+}
+
+void JsonLines::begin(const std::string& command, int schema) {
+    write({{"type", "run"}, {"command", command}, {"schema", schema}, {"version", Version}});
+}
+
+void JsonLines::write(const Json& object) {
+    printLine(stdout, object.dump(-1, ' ', false, Json::error_handler_t::replace));
+    std::fflush(stdout);  // whoever reads follows the run
 }
 
 }  // namespace headerdtc::cli

@@ -1,10 +1,15 @@
 #pragma once
 
 #include <cstdio>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
 namespace headerdtc::cli {
+
+// All of a file, of standard input ("-") or of a pipe, which is what a shell makes of <(command).
+// Throws FileError.
+std::string readInput(const std::string& file);
 
 void printLine(std::FILE* stream, std::string_view line);
 
@@ -22,5 +27,17 @@ bool wantsColour(std::FILE* stream);
 // UTF-8 text as a terminal may be given it: control characters, which it might obey, as ^X, those
 // beyond ASCII as the replacement character.
 std::string visible(std::string_view text);
+
+// Machine output: one JSON object a line on standard output, each with a "type", beginning with
+// one of type "run". What is no UTF-8 (a file's name can be anything) is replaced in it.
+class JsonLines {
+  public:
+    using Json = nlohmann::ordered_json;
+
+    // The version of a command's schema is raised when a field changes its meaning or goes away;
+    // new fields and types may come without that.
+    void begin(const std::string& command, int schema = 1);
+    void write(const Json& object);
+};
 
 }  // namespace headerdtc::cli

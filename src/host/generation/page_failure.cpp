@@ -1,4 +1,4 @@
-#include "host/inspection/page_failure.h"
+#include "host/generation/page_failure.h"
 
 #include "host/files/file_error.h"
 
