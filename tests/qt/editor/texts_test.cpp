@@ -1,5 +1,6 @@
 // Aligned texts, places in messages, the text of the site's configuration.
 
+#include "host/site/site_configuration.h"
 #include "qt/editor/base/message.h"
 #include "qt/editor/page/aligned_texts.h"
 #include "qt/editor/settings/configuration_text.h"
@@ -30,12 +31,17 @@ TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {
 
 TEST(Message, StandsAtThePlaceOfWhatWasFound) {
     const auto placeOf = [](const char* property, int row) {
-        const Remark remark{Family::ZEKO, row, property, "text", "advice", 0};
-        return describe(
-            messageOf({"rule", Severity::Error, "page.asp", 4, "HeaderDTC1", remark}).place);
+        InspectedPage page;
+        page.findings = {{"rule",
+                          Severity::Error,
+                          "page.asp",
+                          4,
+                          "HeaderDTC1",
+                          {Family::ZEKO, row, property, "text", "advice", 0}}};
+        return describe(messagesOf("page.asp", page).at(0).place);
     };
     EXPECT_EQ("HeaderDTC1, ZEKO tab, row 2", placeOf("ZEKOCriteria2_3", 2));
-    EXPECT_EQ("HeaderDTC1, EAI tab", placeOf("EAIReturnFields0", 1));
+    EXPECT_EQ("HeaderDTC1, EAI tab, row 1", placeOf("EAIReturnFields0", 1));
     EXPECT_EQ("HeaderDTC1, General tab", placeOf("DataProvider", 0));
     EXPECT_EQ("HeaderDTC1, ZEKO tab", placeOf("", 0));
 }
@@ -53,19 +59,12 @@ constexpr const char* Toml =
     "[datasource]\n"
     "catalogue = \"caf\\u00e9.json\"";
 
-TEST(ConfigurationText, ReadsWhatItKnowsAndWritesBackTheSame) {
-    const ConfigurationText text(Toml);
-    EXPECT_EQ(Toml, text.bytes());
-    EXPECT_EQ("windows-1252", text.get("", "code_page"));
-    EXPECT_EQ(".", text.get("project", "root"));
-    EXPECT_EQ("caf\xC3\xA9.json", text.get("datasource", "catalogue"));
-    EXPECT_EQ(std::nullopt, text.get("", "registry"));
+TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
+    ConfigurationText text("file", Toml);
     const std::vector<std::pair<std::string, std::string>> drives{{"C", "drive_c"}, {"D", "d\\x"}};
     EXPECT_EQ(drives, text.entries("drives"));
-}
-
-TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
-    ConfigurationText text(Toml);
+    EXPECT_EQ("caf\xC3\xA9.json", text.get("datasource", "catalogue"));
+    EXPECT_EQ(std::nullopt, text.get("", "registry"));
     text.set("", "code_page", "utf-8");
     text.set("project", "root", "C:\\web");
     text.remove("drives", "C");
@@ -89,11 +88,29 @@ TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
         "[translations]\n"
         "odbc_ini = \"odbc.ini\"\n",
         text.bytes());
+}
 
-    ConfigurationText fresh("");
-    fresh.set("project", "root", ".");
-    fresh.set("", "registry", "v.reg");
-    EXPECT_EQ("registry = \"v.reg\"\n[project]\nroot = \".\"\n", fresh.bytes());
+// Whichever way a section is written.
+TEST(ConfigurationText, FindsTheWayAFileIsWritten) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "[drives]\nC = \"c\"\n"},
+        {"# ours\n\n[project]", "# ours\n\n[project]\n\n[drives]\nC = \"c\"\n"},
+        {"\xEF\xBB\xBF\"drives\".\"D\" = '''\nd'''",
+         "\xEF\xBB\xBF"
+         "drives.C = \"c\"\n"},
+        {"[drives] \r\n# none\r\n", "[drives] \r\nC = \"c\"\r\n# none\r\n"},
+        {"drives = {D = 'd', \"C\" = \"\xC3\xA9\"} # \xC3\xA9",
+         "drives = {\"C\" = \"c\"} # \xC3\xA9"},
+        {"drives = {D = \"d\"}", "drives = {C = \"c\"}"},
+        {"[ drives ]\nD = 'd' # d\nC = 1\n", "[ drives ]\nC = \"c\"\n"},
+    };
+    for (const auto& [before, after] : cases) {
+        ConfigurationText text("file", before);
+        text.set("drives", "C", "c");
+        text.remove("drives", "D");
+        EXPECT_EQ(after, text.bytes());
+    }
+    EXPECT_THROW(ConfigurationText("file", "[drives"), ConfigurationError);
 }
 
 }  // namespace

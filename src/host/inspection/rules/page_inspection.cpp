@@ -51,6 +51,7 @@ void inspectControl(const ControlView& control, const std::string& page,
 void inspect(const std::filesystem::path& page, const GeneratedPage& generated, Sites& sites,
              SiteFactsCache& cache, InspectedPage& result) {
     result.verdict = generated.verdict;
+    result.doubts = generated.doubts;
     result.hasControl = generated.verdict != Verdict::NoControl;
     if (!result.hasControl) return;
     if (generated.verdict == Verdict::NotConfigured || generated.verdict == Verdict::NotReadable) {
@@ -72,7 +73,10 @@ InspectedPage inspected(const std::filesystem::path& page, const GeneratedPage& 
                         Sites& sites, SiteFactsCache& facts) {
     InspectedPage result;
     const auto failure = failureOf(page, [&] { inspect(page, generated, sites, facts, result); });
-    if (failure) result.failure = failure;
+    if (failure) {
+        result.failure = failure;
+        result.verdict = std::max(result.verdict, Verdict::Failing);
+    }
     return result;
 }
 
@@ -84,12 +88,8 @@ InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteF
 
 InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
                           SiteFactsCache& facts) {
-    GeneratedPage generated = generatePage(page, std::move(bytes), sites, LossGuard::RefuseLosses);
-    if (generated.verdict == Verdict::Stale) {
-        generated.before = std::move(generated.after);
-        generated.verdict = Verdict::UpToDate;
-    }
-    return inspected(page, generated, sites, facts);
+    return inspected(page, generatePage(page, std::move(bytes), sites, LossGuard::RefuseLosses),
+                     sites, facts);
 }
 
 }  // namespace headerdtc

@@ -16,6 +16,7 @@ namespace headerdtc {
 struct InspectedPage {
     bool hasControl = false;
     GeneratedPage::Verdict verdict = GeneratedPage::Verdict::NoControl;
+    std::vector<GeneratedPage::Doubt> doubts;
     std::vector<Finding> findings;       // by line
     std::optional<PageFailure> failure;  // nothing when it was checked
 };
@@ -23,8 +24,7 @@ struct InspectedPage {
 // Checks a page against every rule; writes nothing. Never throws for the page's sake. Thread-safe.
 InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts);
 
-// The same for a page that is being edited: what `check` would say once it is saved, with its text
-// made anew. Lines are those of the saved page.
+// The same for bytes that are not written yet: of a page that is being edited.
 InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
                           SiteFactsCache& facts);
 

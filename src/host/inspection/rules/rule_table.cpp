@@ -38,8 +38,8 @@ constexpr Rule Rules[] = {
     {"nul-character",            "a value or script has a NUL character",                                     rules::valuesHaveNoNul,          Error},
     {"outside-code-page",        "a value has a character that the page's code page lacks",                   rules::valuesFitTheCodePage,     Error},
     {"long-statement",           "a statement has more lines than a script engine takes",                     rules::statementsFitTheEngine,   Error},
-    {"not-generated",            "the page would be left as it is by a generation",                           rules::pageCanBeGenerated,       Error, Consequence},
-    {"stale",                    "the text is not what would be generated",                                   rules::textIsUpToDate,           Warning},
+    {NotGeneratedRule,           "the page would be left as it is by a generation",                           rules::pageCanBeGenerated,       Error, Consequence},
+    {StaleRule,                  "the text is not what would be generated",                                   rules::textIsUpToDate,           Warning},
 };
 // clang-format on
 

@@ -1,29 +1,83 @@
 #include "qt/editor/base/message.h"
 
 #include "core/stored_keys.h"
+#include "host/inspection/rules/rule_table.h"
 #include "qt/surface/text.h"
 
 #include <QCoreApplication>
 #include <QStringList>
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace headerdtc::qt {
 
-Message messageOf(const Finding& finding) {
+namespace {
+
+using Verdict = GeneratedPage::Verdict;
+
+struct StateLook {
+    const char* word;
+    const char* icon;
+};
+
+// In the order of the verdicts.
+constexpr StateLook StateLooks[] = {
+    {QT_TRANSLATE_NOOP("PageState", "no control"), ""},
+    {QT_TRANSLATE_NOOP("PageState", "up to date"), "dialog-ok"},
+    {QT_TRANSLATE_NOOP("PageState", "out of date"), "view-refresh"},
+    {QT_TRANSLATE_NOOP("PageState", "would lose something"), "dialog-warning"},
+    {QT_TRANSLATE_NOOP("PageState", "cannot be generated"), "dialog-error"},
+    {QT_TRANSLATE_NOOP("PageState", "cannot be read"), "dialog-error"},
+    {QT_TRANSLATE_NOOP("PageState", "wrong configuration"), "dialog-error"},
+};
+static_assert(std::size(StateLooks) == static_cast<std::size_t>(Verdict::NotConfigured) + 1);
+
+const StateLook& lookOf(Verdict state) {
+    return StateLooks[static_cast<std::size_t>(state)];
+}
+
+Place placeOf(const Finding& finding) {
     const Remark& remark = finding.remark;
-    Message message;
-    message.severity =
-        finding.severity == Severity::Error ? Message::Severity::Error : Message::Severity::Warning;
-    message.text = toQt(remark.text + ": " + remark.advice);
-    message.page = finding.page;
-    message.place = {.control = finding.control, .line = finding.line};
+    Place place{.control = finding.control, .item = remark.row, .line = finding.line};
     const auto part = partOf(remark.property);
     if (part) {
-        message.place.tab = part->tabPage();
-        if (part->part == StoredPart::Criteria && remark.row > 0) message.place.row = remark.row;
+        place.tab = part->tabPage();
+        if (part->part == StoredPart::Criteria && remark.row > 0)
+            place.row = std::exchange(place.item, 0);
     } else if (remark.family) {
-        message.place.tab = traitsOf(*remark.family).tabPage;
+        place.tab = traitsOf(*remark.family).tabPage;
     }
-    return message;
+    return place;
+}
+
+}  // namespace
+
+QString wordOf(Verdict state) {
+    return QCoreApplication::translate("PageState", lookOf(state).word);
+}
+
+const char* iconOf(Verdict state) {
+    return lookOf(state).icon;
+}
+
+std::vector<Message> messagesOf(const std::filesystem::path& page, const InspectedPage& inspected) {
+    std::vector<Message> messages;
+    for (const Finding& finding : inspected.findings) {
+        if (finding.rule == StaleRule) continue;
+        const bool isError = finding.severity == Severity::Error;
+        messages.push_back(
+            {isError ? Message::Severity::Error : Message::Severity::Warning,
+             toQt(finding.remark.text + ": " + finding.remark.advice), page, placeOf(finding),
+             finding.rule == NotGeneratedRule && inspected.verdict == Verdict::Failing});
+    }
+    if (const auto& failure = inspected.failure)
+        messages.push_back({Message::Severity::Error,
+                            toQt(failure->text),
+                            page,
+                            {},
+                            failure->of != PageFailure::Of::Page});
+    return messages;
 }
 
 QString describe(const Place& place) {
@@ -31,7 +85,8 @@ QString describe(const Place& place) {
     if (!place.control.empty()) words += QString::fromStdString(place.control);
     if (place.tab >= 0)
         words += QCoreApplication::translate("Place", "%1 tab").arg(toQt(TabPages[place.tab]));
-    if (place.row >= 0) words += QCoreApplication::translate("Place", "row %1").arg(place.row);
+    if (const int row = std::max(place.row, place.item); row > 0)
+        words += QCoreApplication::translate("Place", "row %1").arg(row);
     if (place.tab < 0 && place.line > 0)
         words += QCoreApplication::translate("Place", "line %1").arg(place.line);
     return words.join(QLatin1String(", "));

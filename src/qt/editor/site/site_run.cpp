@@ -1,27 +1,16 @@
 #include "qt/editor/site/site_run.h"
 
-#include "host/generation/site_pages.h"
 #include "host/generation/ordered_run.h"
-#include "host/inspection/rules/page_inspection.h"
+#include "host/generation/site_pages.h"
+#include "qt/surface/text.h"
 
 #include <QMetaObject>
 #include <QStringList>
-#include <set>
 #include <utility>
 
 namespace headerdtc::qt {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-using Verdict = GeneratedPage::Verdict;
-
-Message errorOf(const fs::path& page, const std::string& text) {
-    return {Message::Severity::Error, QString::fromStdString(text), page, {}};
-}
-
-}  // namespace
 
 SiteRun::SiteRun(Sites& sites, QObject* parent) : QObject(parent), sites_(sites) {}
 
@@ -96,20 +85,11 @@ void SiteRun::tellProgress(std::size_t finished, std::size_t all) {
 
 void SiteRun::check(const std::vector<fs::path>& pages) {
     SiteFactsCache facts;
-    std::set<std::string> told;  // what a whole site lacks is said once
     runInOrder<InspectedPage>(
         pages.size(), 0, [&](std::size_t page) { return inspectPage(pages[page], sites_, facts); },
         [&](std::size_t page, const InspectedPage& inspected) {
-            PageResult result{pages[page], inspected.verdict, false, {}};
-            for (const Finding& finding : inspected.findings)
-                result.messages.push_back(messageOf(finding));
-            if (inspected.failure) {
-                if (result.verdict < Verdict::LeftAlone) result.verdict = Verdict::LeftAlone;
-                const bool isPages = inspected.failure->of == PageFailure::Of::Page;
-                if (isPages || told.insert(inspected.failure->text).second)
-                    result.messages.push_back(errorOf(pages[page], inspected.failure->text));
-            }
-            results_.push_back(std::move(result));
+            results_.push_back(
+                {pages[page], inspected.verdict, false, messagesOf(pages[page], inspected)});
         },
         [&](std::size_t finished) {
             tellProgress(finished, pages.size());
@@ -118,6 +98,7 @@ void SiteRun::check(const std::vector<fs::path>& pages) {
 }
 
 void SiteRun::generate(const std::vector<fs::path>& pages) {
+    SiteFactsCache facts;
     SiteGeneration generation(sites_, {.mode = mode_, .guard = LossGuard::RefuseLosses});
     {
         const std::lock_guard lock(mutex_);
@@ -127,12 +108,14 @@ void SiteRun::generate(const std::vector<fs::path>& pages) {
     generation.run(
         pages,
         [&](const SiteGeneration::Done& done) {
-            PageResult result{pages[done.index], done.page.verdict, done.written, {}};
-            for (const std::string& text : done.page.messages) {
-                // The reason for a bad verdict stands last.
-                const bool isReason = done.page.isFailure() && &text == &done.page.messages.back();
-                result.messages.push_back(errorOf(pages[done.index], text));
-                if (!isReason) result.messages.back().severity = Message::Severity::Warning;
+            const fs::path& page = pages[done.index];
+            PageResult result{page, done.page.verdict, done.written, {}};
+            if (done.page.verdict == GeneratedPage::Verdict::NotReadable) {
+                result.messages.push_back(
+                    {Message::Severity::Error, toQt(done.page.messages.back()), page, {}});
+            } else if (!done.page.messages.empty()) {
+                // What a generation reports is told in the words of a check.
+                result.messages = messagesOf(page, inspectPage(page, sites_, facts));
             }
             results_.push_back(std::move(result));
         },

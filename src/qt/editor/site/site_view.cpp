@@ -176,8 +176,10 @@ void SiteView::showState() {
     parts += tr("%1 up to date").arg(model_->count(Verdict::UpToDate));
     const int stale = model_->count(Verdict::Stale);
     if (stale > 0) parts += tr("%1 out of date").arg(stale);
-    const int failed = model_->count(Verdict::LeftAlone) + model_->count(Verdict::NotReadable) +
-                       model_->count(Verdict::NotConfigured);
+    int failed = 0;
+    for (const Verdict verdict :
+         {Verdict::Losing, Verdict::Failing, Verdict::NotReadable, Verdict::NotConfigured})
+        failed += model_->count(verdict);
     if (failed > 0) parts += tr("%1 not done").arg(failed);
     ui_->SiteSummary->setText(any ? parts.join(QLatin1String(", ")) : QString());
 }
