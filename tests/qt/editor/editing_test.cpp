@@ -252,6 +252,7 @@ TEST_F(Editing, ControlsAreInsertedChosenAndTakenOut) {
 }
 
 TEST_F(Editing, MarkupThatCannotBeReadIsSaidAndMendedInTheSource) {
+    site.write("xsl/Generic.xsl", "");
     PageEditor& editor = open("page.asp", ordersPage() +
                                               "<!--METADATA TYPE=\"DesignerControl\" "
                                               "startspan\n<OBJECT ID=\"X\">\n");
@@ -320,6 +321,7 @@ TEST_F(Editing, UndoEndsARecordingAndIsSaid) {
 }
 
 TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {
+    site.write("xsl/Generic.xsl", "");
     PageEditor& editor = open(
         "page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO")));
     ASSERT_TRUE(eventually([&] { return window->messages().rowCount() > 0; }));

@@ -15,9 +15,12 @@ constexpr std::string_view Mark = "\xEF\xBB\xBF";
 
 std::string quoted(std::string_view value) {
     const toml::value text{std::string(value)};
+    auto flags = toml::format_flags::allow_unicode_strings;
+    // Windows paths read better without escapes.
+    if (value.find_first_of("\\\"") != std::string_view::npos)
+        flags = flags | toml::format_flags::allow_literal_strings;
     std::ostringstream out;
-    out << toml::toml_formatter(text, toml::format_flags::allow_literal_strings |
-                                          toml::format_flags::allow_unicode_strings);
+    out << toml::toml_formatter(text, flags);
     return out.str();
 }
 
@@ -167,7 +170,8 @@ void ConfigurationText::replace(std::size_t begin, std::size_t end, std::string_
 
 std::size_t ConfigurationText::lineBegin(std::size_t at) const {
     const std::size_t feed = at == 0 ? std::string::npos : bytes_.rfind('\n', at - 1);
-    return feed == std::string::npos ? 0 : feed + 1;
+    if (feed != std::string::npos) return feed + 1;
+    return bytes_.starts_with(Mark) ? Mark.size() : 0;
 }
 
 std::size_t ConfigurationText::nextLine(std::size_t at) const {
