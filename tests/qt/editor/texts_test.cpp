@@ -64,7 +64,6 @@ TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
     const std::vector<std::pair<std::string, std::string>> drives{{"C", "drive_c"}, {"D", "d\\x"}};
     EXPECT_EQ(drives, text.entries("drives"));
     EXPECT_EQ("caf\xC3\xA9.json", text.get("datasource", "catalogue"));
-    EXPECT_EQ(std::nullopt, text.get("", "registry"));
     text.set("", "code_page", "utf-8");
     text.set("project", "root", "C:\\web");
     text.remove("drives", "C");
@@ -94,14 +93,12 @@ TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
 TEST(ConfigurationText, FindsTheWayAFileIsWritten) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "[drives]\nC = \"c\"\n"},
-        {"# ours\n\n[project]", "# ours\n\n[project]\n\n[drives]\nC = \"c\"\n"},
         {"\xEF\xBB\xBF\"drives\".\"D\" = '''\nd'''",
          "\xEF\xBB\xBF"
          "drives.C = \"c\"\n"},
         {"[drives] \r\n# none\r\n", "[drives] \r\nC = \"c\"\r\n# none\r\n"},
         {"drives = {D = 'd', \"C\" = \"\xC3\xA9\"} # \xC3\xA9",
          "drives = {\"C\" = \"c\"} # \xC3\xA9"},
-        {"drives = {D = \"d\"}", "drives = {C = \"c\"}"},
         {"[ drives ]\nD = 'd' # d\nC = 1\n", "[ drives ]\nC = \"c\"\n"},
     };
     for (const auto& [before, after] : cases) {
