@@ -238,7 +238,7 @@ void drawChange(MainWindow& window) {
     drawCompare(window, editor);
     drawRecovery(window, editor);
     inDialogs([&] { window.commands()[Command::Settings]->trigger(); },
-              {pressed("TestConnectionButton"), drawn("settings")});
+              {pressed("LookAgainButton"), drawn("settings")});
     drawDialog("about", [&] { showAbout(&window); });
     window.activateWindow();
     settle();

@@ -144,7 +144,8 @@ class GenerateJson : public GenerateReport {
                 return "up-to-date";
             case Verdict::Stale:
                 return "stale";
-            case Verdict::LeftAlone:
+            case Verdict::Losing:
+            case Verdict::Failing:
                 return "left-alone";
             case Verdict::NotReadable:
                 return "not-readable";

@@ -3,6 +3,9 @@
 #include "host/doctor/examination.h"
 #include "host/odbc/secrets.h"
 
+#include <span>
+#include <utility>
+
 namespace headerdtc {
 namespace {
 
@@ -57,6 +60,14 @@ std::vector<Diagnosis> examineSite(const std::filesystem::path& place,
     seen.named = named;
     seen.namedBy = namedBy;
     for (const auto step : Steps)
+        step(seen);
+    return std::move(seen.diagnoses);
+}
+
+std::vector<Diagnosis> examineSite(SiteConfiguration configuration) {
+    Examination seen;
+    seen.configuration = std::move(configuration);
+    for (const auto step : std::span(Steps).subspan<1>())
         step(seen);
     return std::move(seen.diagnoses);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/doctor/diagnosis.h"
+#include "host/site/site_configuration.h"
 
 #include <filesystem>
 #include <string>
@@ -14,5 +15,8 @@ namespace headerdtc {
 // of the one found from there. Never throws for the site's sake.
 std::vector<Diagnosis> examineSite(const std::filesystem::path& place,
                                    const std::filesystem::path& named, const std::string& namedBy);
+
+// The same for a configuration that is not written yet.
+std::vector<Diagnosis> examineSite(SiteConfiguration configuration);
 
 }  // namespace headerdtc

@@ -4,6 +4,7 @@
 #include "host/page/page_session.h"
 #include "host/page/quiet_host.h"
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -41,7 +42,10 @@ void generate(const std::filesystem::path& page, std::optional<std::string> byte
         result.after = markup.readableWith(contents);
         if (result.after != markup.bytes()) result.verdict = Verdict::Stale;
     }
-    if (!result.doubts.empty()) result.verdict = Verdict::LeftAlone;
+    for (const auto& doubt : result.doubts) {
+        const bool isLoss = doubt.doubt.kind == SaveDoubt::Kind::Loss;
+        result.verdict = std::max(isLoss ? Verdict::Losing : Verdict::Failing, result.verdict);
+    }
     if (!result.isFailure())
         std::move(references.begin(), references.end(), std::back_inserter(result.messages));
     if (result.verdict != Verdict::Stale) result.after.clear();

@@ -18,7 +18,8 @@ struct GeneratedPage {
         NoControl,      // nothing of ours in it
         UpToDate,       // the bytes would be the same
         Stale,          // other bytes
-        LeftAlone,      // something would be lost, or a failure was reported
+        Losing,         // left alone: something would be lost
+        Failing,        // left alone: loading or generating reported a failure
         NotReadable,    // the page itself cannot be read or written to
         NotConfigured,  // its site's configuration is wrong
     };
@@ -35,7 +36,7 @@ struct GeneratedPage {
     std::string before, after;  // the page's bytes; after: only of a stale page
     FileStamp stamp;            // of the file that was read
 
-    bool isFailure() const { return verdict >= Verdict::LeftAlone; }
+    bool isFailure() const { return verdict >= Verdict::Losing; }
 };
 
 // What is told of a control whose runtime text has characters that the page's code page lacks.

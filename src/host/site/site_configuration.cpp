@@ -235,10 +235,6 @@ const std::array<ConfigurationReader::Key, 7> ConfigurationReader::Keys{{
     {"translations", "odbc_ini", &ConfigurationReader::setPath<&SiteConfiguration::odbcIni>},
 }};
 
-SiteConfiguration parse(const std::string& file, std::string_view bytes) {
-    return ConfigurationReader(file, bytes).read();
-}
-
 [[noreturn]] void failToRead(const FileError& error) {
     throw ConfigurationError(error.file(), error.problem() +
                                                "; the site's configuration has to be a file like "
@@ -259,9 +255,13 @@ fs::path folderOf(const fs::path& page) {
 
 }  // namespace
 
+SiteConfiguration readSiteConfiguration(const fs::path& file, std::string_view bytes) {
+    return ConfigurationReader(file, bytes).read();
+}
+
 SiteConfiguration readSiteConfiguration(const fs::path& file) {
     try {
-        return parse(absoluteFile(file), readWholeFile(file).bytes);
+        return readSiteConfiguration(absoluteFile(file), readWholeFile(file).bytes);
     } catch (const ConfigurationError&) {
         throw;
     } catch (const FileError& error) {
@@ -339,7 +339,10 @@ std::shared_ptr<const SiteConfiguration> SiteConfigurations::forPage(const fs::p
         }
         return configuration;
     }
-    auto& known = cache_->files.try_emplace(*file, *file, parse).first->second;
+    const auto read = [](const fs::path& name, std::string_view bytes) {
+        return readSiteConfiguration(name, bytes);
+    };
+    auto& known = cache_->files.try_emplace(*file, *file, read).first->second;
     lock.unlock();
     try {
         return known.current();

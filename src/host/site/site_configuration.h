@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace headerdtc {
 
@@ -38,6 +39,9 @@ struct SiteConfiguration {
 // Reads one. Throws ConfigurationError with file, line and column for a malformed file, an unknown
 // key, a value of a wrong type or out of range.
 SiteConfiguration readSiteConfiguration(const std::filesystem::path& file);
+
+// The same for bytes that are not written yet. The file's name is an absolute one.
+SiteConfiguration readSiteConfiguration(const std::filesystem::path& file, std::string_view bytes);
 
 // The configuration of a site that has no headerdtc.toml.
 SiteConfiguration defaultSiteConfiguration(const std::filesystem::path& folder);

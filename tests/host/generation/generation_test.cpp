@@ -82,7 +82,7 @@ TEST_F(Generation, LeavesAPageAloneThatWouldLoseSomething) {
     for (const auto& [page, bad] : pages) {
         site.write(page, TempSite::page(TempSite::params(bad.params)));
         const GeneratedPage made = generate(page);
-        EXPECT_EQ(made.verdict, Verdict::LeftAlone) << page;
+        EXPECT_EQ(made.verdict, bad.canBeForced ? Verdict::Losing : Verdict::Failing) << page;
         EXPECT_THAT(made.messages.back(), HasSubstr(bad.reason));
         EXPECT_EQ(made.messages.back().find("--force") != std::string::npos, bad.canBeForced);
     }
@@ -92,7 +92,7 @@ TEST_F(Generation, LeavesAPageAloneThatWouldLoseSomething) {
     // The text is made anew, the properties stay as they are stored.
     for (const auto& [page, bad] : pages) {
         const GeneratedPage forced = generate(page, LossGuard::SaveAnyway);
-        EXPECT_EQ(forced.verdict, bad.canBeForced ? Verdict::Stale : Verdict::LeftAlone) << page;
+        EXPECT_EQ(forced.verdict, bad.canBeForced ? Verdict::Stale : Verdict::Failing) << page;
         EXPECT_THAT(forced.after, HasSubstr(bad.canBeForced ? TempSite::params(bad.params) : ""));
     }
 }
@@ -103,7 +103,7 @@ TEST_F(Generation, MissingPiecesOfTheSiteFailThePageAndSayWhichFile) {
         const std::string bytes = site.read(piece);
         std::filesystem::remove(site / piece);
         const GeneratedPage made = generate("page.asp");
-        EXPECT_EQ(made.verdict, Verdict::LeftAlone) << piece;
+        EXPECT_EQ(made.verdict, Verdict::Failing) << piece;
         site.write(piece, bytes);
     }
     site.write("catalogue.json", "{\"providers\": [\n  {\"name\": 5}]}");
@@ -121,7 +121,7 @@ TEST_F(Generation, SeesAChangedTemplateAndCatalogueWithTheNextPage) {
     site.writeTemplate("<% ' new <DATAPROVIDER>\n");
     EXPECT_THAT(generate("page.asp").after, HasSubstr("<% ' new Orders"));
     site.write("catalogue.json", R"({"providers": [{"name": "Other"}]})");
-    EXPECT_EQ(generate("page.asp").verdict, Verdict::LeftAlone);
+    EXPECT_EQ(generate("page.asp").verdict, Verdict::Losing);
 }
 
 TEST_F(Generation, SeveralControlsOfAPageAreEachDoneAndTheWayToTheRootIsCounted) {

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QTextBlock>
+#include <QToolButton>
 
 namespace headerdtc::qt::editing_test {
 
@@ -201,6 +202,7 @@ TEST_F(Editing, ControlsAreInsertedChosenAndTakenOut) {
 }
 
 TEST_F(Editing, MarkupThatCannotBeReadIsSaidAndMendedInTheSource) {
+    site.write("xsl/Generic.xsl", "");
     PageEditor& editor = open("page.asp", ordersPage() +
                                               "<!--METADATA TYPE=\"DesignerControl\" "
                                               "startspan\n<OBJECT ID=\"X\">\n");
@@ -238,7 +240,7 @@ TEST_F(Editing, ThePreviewFollowsAtOnceAndTheAuthorsControlStaysAsItIs) {
     EXPECT_THAT(generated(editor), HasSubstr("mReturnFields.Add 1, \"ORDNO\"\n<% ' Stock\n"));
     EXPECT_EQ("Saving adds 2 lines and removes 2 lines.", summary->text());
     EXPECT_EQ(nullptr, QApplication::activeModalWidget());
-    EXPECT_THAT(messages(), Contains(HasSubstr("Unknown operator '<>' on criterion 1")));
+    EXPECT_THAT(messages(), Contains(HasSubstr("the operator \"<>\" of criterion 1 is unknown")));
     dtc(editor).DataProvidersCombo.choose("Orders");
     generated(editor);
     EXPECT_EQ(before, bag());
@@ -250,11 +252,11 @@ TEST_F(Editing, TheStatusLineSaysHowThePageIsWritten) {
     const auto says = [&](const char* words) {
         return eventually([&] { return status->text().contains(QLatin1String(words)); });
     };
-    EXPECT_TRUE(says("utf-8 with byte-order mark   CR LF   1 control   text out of date"))
+    EXPECT_TRUE(says("utf-8 with byte-order mark   CR LF   1 control   out of date"))
         << status->text().toStdString();
     EXPECT_TRUE(status->toolTip().contains("ZEKO fields: ORDNO"));
     command(Command::Save);
-    EXPECT_TRUE(says("text up to date"));
+    EXPECT_TRUE(says("up to date"));
     EXPECT_FALSE(editor.isModified());
 }
 
@@ -271,10 +273,17 @@ TEST_F(Editing, UndoEndsARecordingAndIsSaid) {
 }
 
 TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {
+    site.write("xsl/Generic.xsl", "");
     PageEditor& editor = open(
         "page.asp", Site::page(Site::ordersParams() + Site::param("ZEKOCriteria1_1", "ORDNO")));
     ASSERT_TRUE(eventually([&] { return window->messages().rowCount() > 0; }));
-    EXPECT_THAT(messages(), ElementsAre("Incomplete criterion on line 1 on the ZEKO tab"));
+    EXPECT_THAT(messages(), ElementsAre(HasSubstr("criterion 1 has no operator")));
+    auto* panel = window->findChild<QWidget*>("MessagesDock");
+    auto* count = window->findChild<QToolButton*>("MessageCount");
+    EXPECT_EQ("1 warning", count->text());
+    EXPECT_FALSE(panel->isVisible());
+    count->click();
+    EXPECT_TRUE(panel->isVisible());
     dtc(editor).SSTab1.clickTab(0);
     editor.goTo(window->messages().message(0).place);
     EXPECT_EQ(2, dtc(editor).SSTab1.Tab());
@@ -283,6 +292,7 @@ TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {
     // Where the page is closed, its messages go.
     command(Command::Close);
     EXPECT_THAT(messages(), ElementsAre());
+    EXPECT_FALSE(panel->isVisible());
 }
 
 }  // namespace headerdtc::qt::editing_test

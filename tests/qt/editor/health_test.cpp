@@ -61,9 +61,10 @@ TEST_F(Health, AVanishedFieldStaysAndIsMarkedByTextToo) {
     EXPECT_THAT(cells.index(0, criteria_column::Key).data(Qt::ToolTipRole).toString().toStdString(),
                 HasSubstr("choose a key field that is offered"));
 
-    EXPECT_THAT(messages(), AllOf(Contains(HasSubstr("Return field \"2 - CUSTOMER\" is not "
+    ASSERT_TRUE(eventually([&] { return window->messages().rowCount() > 0; }));
+    EXPECT_THAT(messages(), AllOf(Contains(HasSubstr("return field \"2 - CUSTOMER\" is not "
                                                      "offered by \"Orders\"")),
-                                  Contains(HasSubstr("Key of criterion \"CUSTOMER\""))));
+                                  Contains(HasSubstr("key of criterion \"CUSTOMER\""))));
     command(Command::Save);
     EXPECT_THAT(site.read("page.asp"), HasSubstr("VALUE=\"2 - CUSTOMER\""));
 }
@@ -86,7 +87,6 @@ TEST_F(Health, AReturnFieldIsReplacedInItsPlaceAsOneStep) {
     EXPECT_EQ(0, zeko.FieldsList.ListCount());
     EXPECT_EQ("&Undo: ZEKO return fields", window->commands()[Command::Undo]->text());
     ASSERT_TRUE(eventually([&] { return vanished(editor).size() == 1; }));
-    EXPECT_THAT(messages(), Not(Contains(HasSubstr("Return field"))));
     command(Command::Undo);
     EXPECT_EQ(pageWithOldFields(), editor.page().content()->bytes());
     EXPECT_TRUE(eventually([&] { return vanished(editor).size() == 2; }));
@@ -116,7 +116,9 @@ TEST_F(Health, TheCatalogueOfTodayDecides) {
     command(Command::Refresh);
     ASSERT_TRUE(eventually([&] { return editor.health().hasVanished(); }));
     EXPECT_TRUE(window->commands()[Command::ReplaceField]->isEnabled());
-    EXPECT_THAT(messages(), Contains(HasSubstr("Return field \"1 - ORDNO\"")));
+    // A catalogue without fields is one cause.
+    EXPECT_TRUE(eventually([&] { return window->messages().rowCount() > 0; }));
+    EXPECT_THAT(messages(), Contains(HasSubstr("\"Orders\" offers nothing to ZEKO")));
 }
 
 TEST_F(Health, EmptyListsSayWhy) {

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTreeView>
+#include <QTreeWidget>
 
 namespace headerdtc::qt::site_test {
 
@@ -147,20 +148,36 @@ TEST_F(Settings, WhatCannotBeReadAgainIsNotWritten) {
                     dialog.findChild<QComboBox*>("CodePageCombo")->setEditText("windows-12520");
                 }),
                 HasSubstr("windows-12520"));
-    // A file of another form is left to its author.
-    site.write("headerdtc.toml", "translations = {connect_string = \"DSN=Own\"}\n");
-    EXPECT_THAT(refusal([](QWidget& dialog) { set(dialog, "project.root", "web"); }),
-                HasSubstr("text editor"));
 }
 
-TEST_F(Settings, AConnectionThatFailsSaysWhy) {
+// Of what the form says, not the file.
+TEST_F(Settings, TellWhatIsNotFoundAndLeadToWhereItIsMended) {
     SettingsDialog dialog(site / "headerdtc.toml");
     set(dialog, "translations.connect_string", "DSN=NoSuchSource");
-    press(dialog, "Test connection");
-    auto* result = dialog.findChild<QLabel*>("TestConnectionResult");
-    ASSERT_TRUE(eventually([&] { return result->property("connected").isValid(); }));
-    EXPECT_FALSE(result->property("connected").toBool());
-    EXPECT_THAT(result->text().toStdString(), HasSubstr("ata source name not found"));
+    auto* again = dialog.findChild<QPushButton*>("LookAgainButton");
+    ASSERT_TRUE(eventually([&] { return again->isEnabled(); }));
+    again->click();
+    ASSERT_TRUE(eventually([&] { return again->isEnabled(); }));
+    auto& list = *dialog.findChild<QTreeWidget*>("SetupList");
+    const auto found = list.findItems("data source", Qt::MatchExactly);
+    ASSERT_EQ(1, found.size());
+    EXPECT_THAT(found[0]->text(1).toStdString(), HasSubstr("NoSuchSource"));
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    static_cast<QPushButton*>(list.itemWidget(found[0], 2))->click();
+    EXPECT_TRUE(dialog.findChild<QLineEdit*>("translations.connect_string")->hasFocus());
+}
+
+// Asked for where there is none: nothing of a page could be made.
+TEST_F(WindowTest, ANewPageWithoutASiteAsksForOne) {
+    std::filesystem::remove(site / "headerdtc.toml");
+    std::filesystem::remove(site / "catalogue.json");
+    open("plain.asp", "<html>");
+    answerDialogs([](QWidget& dialog) { press(dialog, "Cancel"); });
+    command(Command::New);
+    EXPECT_THAT(said, HasSubstr("Which site"));
+    EXPECT_EQ(1, window->tabs().count());
 }
 
 TEST_F(WindowTest, TheDemoIsCopiedAndOpenedWithoutComplaints) {

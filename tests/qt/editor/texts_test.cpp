@@ -1,5 +1,6 @@
 // Aligned texts, places in messages, the text of the site's configuration.
 
+#include "host/site/site_configuration.h"
 #include "qt/editor/base/message.h"
 #include "qt/editor/page/aligned_texts.h"
 #include "qt/editor/settings/configuration_text.h"
@@ -26,29 +27,21 @@ TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {
         shown);
 }
 
-TEST(Message, FindsItsPlaceInItsText) {
-    ControlSpan stored;
-    stored.id = "HeaderDTC1";
-    stored.line = 4;
-    stored.properties = {{"EAICriteria2_1", "A"},   {"EAICriteria2_2", "=="},
-                         {"EAICriteria2_3", "1"},   {"ZEKOCriteria2_1", "B"},
-                         {"ZEKOCriteria2_2", "<>"}, {"ZEKOCriteria2_3", "2"}};
-    const auto placeOf = [&](const char* text) {
-        return describe(messageOf(text, "page.asp", stored).place);
+TEST(Message, StandsAtThePlaceOfWhatWasFound) {
+    const auto placeOf = [](const char* property, int row) {
+        InspectedPage page;
+        page.findings = {{"rule",
+                          Severity::Error,
+                          "page.asp",
+                          4,
+                          "HeaderDTC1",
+                          {Family::ZEKO, row, property, "text", "advice", 0}}};
+        return describe(messagesOf("page.asp", page).at(0).place);
     };
-    EXPECT_EQ("HeaderDTC1, EAI tab, row 3",
-              placeOf("Incomplete criterion on line 3 on the EAI tab"));
-    EXPECT_EQ("HeaderDTC1, ZEKO tab, row 2", placeOf("Unknown operator '<>' on criterion 2"));
-    EXPECT_EQ(
-        "HeaderDTC1, General tab",
-        describe(messageOf(SaveDoubt{SaveDoubt::Kind::Loss,
-                                     "lost",
-                                     {{StoredLoss::What::Value, "DataProvider", {}, {}, {}, {}}}},
-                           "page.asp", stored)
-                     .place));
-    EXPECT_EQ("HeaderDTC1, line 4", placeOf("Error in 'GetInstallDir': x (5)"));
-    EXPECT_EQ(Message::Severity::Error,
-              messageOf("Error in 'GetInstallDir': x (5)", "p", stored).severity);
+    EXPECT_EQ("HeaderDTC1, ZEKO tab, row 2", placeOf("ZEKOCriteria2_3", 2));
+    EXPECT_EQ("HeaderDTC1, EAI tab, row 1", placeOf("EAIReturnFields0", 1));
+    EXPECT_EQ("HeaderDTC1, General tab", placeOf("DataProvider", 0));
+    EXPECT_EQ("HeaderDTC1, ZEKO tab", placeOf("", 0));
 }
 
 constexpr const char* Toml =
@@ -64,19 +57,11 @@ constexpr const char* Toml =
     "[datasource]\n"
     "catalogue = \"caf\\u00e9.json\"";
 
-TEST(ConfigurationText, ReadsWhatItKnowsAndWritesBackTheSame) {
-    const ConfigurationText text(Toml);
-    EXPECT_EQ(Toml, text.bytes());
-    EXPECT_EQ("windows-1252", text.get("", "code_page"));
-    EXPECT_EQ(".", text.get("project", "root"));
-    EXPECT_EQ("caf\xC3\xA9.json", text.get("datasource", "catalogue"));
-    EXPECT_EQ(std::nullopt, text.get("", "registry"));
+TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
+    ConfigurationText text("file", Toml);
     const std::vector<std::pair<std::string, std::string>> drives{{"C", "drive_c"}, {"D", "d\\x"}};
     EXPECT_EQ(drives, text.entries("drives"));
-}
-
-TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
-    ConfigurationText text(Toml);
+    EXPECT_EQ("caf\xC3\xA9.json", text.get("datasource", "catalogue"));
     text.set("", "code_page", "utf-8");
     text.set("project", "root", "C:\\web");
     text.remove("drives", "C");
@@ -100,11 +85,27 @@ TEST(ConfigurationText, ChangesAValueAndLeavesTheRestAlone) {
         "[translations]\n"
         "odbc_ini = \"odbc.ini\"\n",
         text.bytes());
+}
 
-    ConfigurationText fresh("");
-    fresh.set("project", "root", ".");
-    fresh.set("", "registry", "v.reg");
-    EXPECT_EQ("registry = \"v.reg\"\n[project]\nroot = \".\"\n", fresh.bytes());
+// Whichever way a section is written.
+TEST(ConfigurationText, FindsTheWayAFileIsWritten) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "[drives]\nC = \"c\"\n"},
+        {"\xEF\xBB\xBF\"drives\".\"D\" = '''\nd'''",
+         "\xEF\xBB\xBF"
+         "drives.C = \"c\"\n"},
+        {"[drives] \r\n# none\r\n", "[drives] \r\nC = \"c\"\r\n# none\r\n"},
+        {"drives = {D = 'd', \"C\" = \"\xC3\xA9\"} # \xC3\xA9",
+         "drives = {\"C\" = \"c\"} # \xC3\xA9"},
+        {"[ drives ]\nD = 'd' # d\nC = 1\n", "[ drives ]\nC = \"c\"\n"},
+    };
+    for (const auto& [before, after] : cases) {
+        ConfigurationText text("file", before);
+        text.set("drives", "C", "c");
+        text.remove("drives", "D");
+        EXPECT_EQ(after, text.bytes());
+    }
+    EXPECT_THROW(ConfigurationText("file", "[drives"), ConfigurationError);
 }
 
 }  // namespace headerdtc::qt::texts_test

@@ -151,15 +151,13 @@ void valueTypesAreRead(const ControlView& control, Remarks& remarks) {
                 own.criteria.begin(), own.criteria.end(),
                 [&](const auto& criterion) { return criterion.value.text == type.value; });
             if (user == own.criteria.end() || type.type == CONSTANT) continue;
-            remarks.push_back(
-                {family, user->row, type.property,
-                 "the value " + inQuotes(type.value) + " of " + nameOfCriterion(*user) +
-                     " is stored as " + wordOf(type.type) +
-                     " under a number above that of the criteria, where it is not "
-                     "read, and becomes a constant",
-                 "number the properties of its kind from 1 without a gap, by hand, or "
-                 "set the kind anew in the script dialog",
-                 0});
+            remarks.push_back({family, user->row, type.property,
+                               "the value " + inQuotes(type.value) + " of " +
+                                   nameOfCriterion(*user) + " is stored as " + wordOf(type.type) +
+                                   " under a number above that of the criteria, where it is not "
+                                   "read, and becomes a constant",
+                               "add an empty criterion, or set the kind anew in the script dialog",
+                               0});
         }
     }
 }

@@ -14,8 +14,7 @@ void textIsUpToDate(const ControlView& control, Remarks& remarks) {
                                         after.textOf(after.controls().at(control.index).whole));
     if (line == 0) return;
     remarks.push_back({std::nullopt, 0, "", "the text is not what would be generated",
-                       "run 'headerdtc generate', or see the difference with 'headerdtc generate "
-                       "--check --diff'",
+                       "generate the page, or look at the difference first",
                        control.span().line + line - 1});
 }
 
@@ -25,11 +24,11 @@ void pageCanBeGenerated(const ControlView& control, Remarks& remarks) {
         const bool isLoss = doubt.doubt.kind == SaveDoubt::Kind::Loss;
         remarks.push_back(
             {std::nullopt, 0, "",
-             "'headerdtc generate' would leave the page as it is: " + doubt.doubt.reason,
-             isLoss
-                 ? "put back what is missing, or write the new text and keep what is stored with "
-                   "'headerdtc generate --force'"
-                 : "mend what is missing; 'headerdtc doctor' looks at the whole set-up",
+             (isLoss ? "a generation would lose something: " : "the page cannot be generated: ") +
+                 doubt.doubt.reason,
+             isLoss ? "put back what is missing, or generate it all the same, which keeps what is "
+                      "stored and writes the new text"
+                    : "mend what is missing in the set-up of the site",
              0});
     }
 }
@@ -37,7 +36,7 @@ void pageCanBeGenerated(const ControlView& control, Remarks& remarks) {
 void propertiesCanBeRead(const ControlView& control, Remarks& remarks) {
     for (const auto& fault : control.configuration().faults) {
         remarks.push_back({std::nullopt, 0, fault.property,
-                           "the stored property " + fault.property + " is " + inQuotes(fault.text) +
+                           "the stored number " + fault.property + " is " + inQuotes(fault.text) +
                                ", " + std::string(fault.reason),
                            "put the number back by hand: of the list's items, or of the grid's "
                            "rows with its header",

@@ -60,6 +60,8 @@ void inspectControl(const ControlView& control, const std::string& page,
 
 void inspect(const std::filesystem::path& page, const GeneratedPage& generated, Sites& sites,
              SiteFactsCache& cache, InspectedPage& result) {
+    result.verdict = generated.verdict;
+    result.doubts = generated.doubts;
     result.hasControl = generated.verdict != Verdict::NoControl;
     if (!result.hasControl) return;
     if (generated.verdict == Verdict::NotConfigured || generated.verdict == Verdict::NotReadable) {
@@ -82,7 +84,10 @@ InspectedPage inspected(const std::filesystem::path& page, const GeneratedPage& 
                         Sites& sites, SiteFactsCache& facts) {
     InspectedPage result;
     const auto failure = failureOf(page, [&] { inspect(page, generated, sites, facts, result); });
-    if (failure) result.failure = failure;
+    if (failure) {
+        result.failure = failure;
+        result.verdict = std::max(result.verdict, Verdict::Failing);
+    }
     return result;
 }
 

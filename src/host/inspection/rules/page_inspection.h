@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/generation/page_failure.h"
+#include "host/generation/page_generation.h"
 #include "host/inspection/finding.h"
 #include "host/inspection/site_facts.h"
 #include "host/site/site.h"
@@ -14,6 +15,8 @@ namespace headerdtc {
 // What checking one page came to.
 struct InspectedPage {
     bool hasControl = false;
+    GeneratedPage::Verdict verdict = GeneratedPage::Verdict::NoControl;
+    std::vector<GeneratedPage::Doubt> doubts;
     std::vector<Finding> findings;       // by line
     std::optional<PageFailure> failure;  // nothing when it was checked
 };
@@ -21,7 +24,7 @@ struct InspectedPage {
 // Checks a page against every rule; writes nothing. Never throws for the page's sake. Thread-safe.
 InspectedPage inspectPage(const std::filesystem::path& page, Sites& sites, SiteFactsCache& facts);
 
-// The same for a page as it is being edited: what `check` would say once these bytes are written.
+// The same for bytes that are not written yet: of a page that is being edited.
 InspectedPage inspectPage(const std::filesystem::path& page, std::string bytes, Sites& sites,
                           SiteFactsCache& facts);
 

@@ -143,12 +143,12 @@ constexpr Rule Rules[] = {
      "A script engine takes 25 lines joined by \" _\" as one statement. Break the "
      "statement of a local script into several; translate fewer fields.",
      rules::statementsFitTheEngine, Error, Fault},
-    {"not-generated", "the page would be left as it is by a generation",
+    {NotGeneratedRule, "the page would be left as it is by a generation",
      "Loading or generating the page reports an error, or something stored would be "
      "lost. It stands only where no other rule has found the cause. Mend what is named; "
      "'headerdtc doctor' looks at the set-up.",
      rules::pageCanBeGenerated, Error, Consequence},
-    {"stale", "the text is not what would be generated",
+    {StaleRule, "the text is not what would be generated",
      "The script is not what would be generated now: what is stored, the template or a "
      "script was changed since, or the script was edited by hand. 'headerdtc generate "
      "--check --diff' shows the difference, 'headerdtc generate' writes it.",

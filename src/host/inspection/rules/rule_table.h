@@ -19,6 +19,10 @@ struct Rule {
     Finds finds = Finds::Fault;
 };
 
+// Those of the page as a whole: what they find is its state, too.
+inline constexpr std::string_view NotGeneratedRule = "not-generated";
+inline constexpr std::string_view StaleRule = "stale";
+
 // All of them, in the order in which they are applied.
 std::span<const Rule> inspectionRules();
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "host/page/page_session.h"
+#include "host/inspection/rules/page_inspection.h"
 
 #include <QString>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace headerdtc::qt {
 
@@ -13,6 +14,7 @@ struct Place {
     std::string control;  // its ID; empty: the page itself
     int tab = -1;         // page of the control's tab strip, from 0; -1: none
     int row = -1;         // row of that tab's criteria grid; -1: none
+    int item = 0;         // position in a list or another grid of that tab, from 1; 0: none
     int line = 0;         // of the source, from 1; 0: none
     bool operator==(const Place&) const = default;
 };
@@ -24,16 +26,17 @@ struct Message {
     QString text;
     std::filesystem::path page;
     Place place;
+    // Its cause is the set-up of the site: every page says the same.
+    bool isOfSite = false;
 };
 
-// A message of a control's expansion or loading: how grave it is, and the place that its text
-// names. `stored` tells which family a numbered criterion belongs to where the text does not.
-Message messageOf(const std::string& text, const std::filesystem::path& page,
-                  const ControlSpan& stored);
+// What the rules of `headerdtc check` have found in a page, in the same words. That its text is out
+// of date is its state.
+std::vector<Message> messagesOf(const std::filesystem::path& page, const InspectedPage& inspected);
 
-// Why a page should not be saved, at the tab of what would be lost.
-Message messageOf(const SaveDoubt& doubt, const std::filesystem::path& page,
-                  const ControlSpan& stored);
+// The state of a page, in the words and with the icon ("" for none) of every part of the window.
+QString wordOf(GeneratedPage::Verdict state);
+const char* iconOf(GeneratedPage::Verdict state);
 
 // A place in words: "HeaderDTC1, ZEKO tab, row 2".
 QString describe(const Place& place);

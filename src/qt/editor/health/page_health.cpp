@@ -24,12 +24,6 @@ bool isSame(const VanishedField& left, const VanishedField& right) {
            left.item.text == right.item.text && left.item.row == right.item.row;
 }
 
-QString capitalised(const std::string& text) {
-    QString words = toQt(text);
-    if (!words.isEmpty()) words[0] = words.at(0).toUpper();
-    return words;
-}
-
 int tabOf(const VanishedField& field) {
     const bool isLink = field.role == StoredRole::LinkFrom || field.role == StoredRole::LinkTo ||
                         field.role == StoredRole::LinkedField;
@@ -78,25 +72,11 @@ void PageHealth::judge() {
     const auto before = vanished_.size();
     vanished_.clear();
     configuration_ = {};
-    std::set<std::string> ids;
-    const auto& spans = page_.content()->controls();
-    for (std::size_t i = 0; i < spans.size(); ++i) {
-        const StoredConfiguration configuration = readStoredConfiguration(spans[i].properties);
-        const auto vanished = vanishedFields(configuration, lookup);
-        ids.insert(spans[i].id);
-        // What nobody complains about is not told of again.
-        if (!vanished.empty() || judged_.contains(spans[i].id))
-            Q_EMIT judged(spans[i].id, messagesOf(vanished, spans[i]));
-        if (!vanished.empty()) judged_.insert(spans[i].id);
-        if (controls_.current() != i) continue;
-        vanished_ = vanished;
-        configuration_ = configuration;
+    const auto current = controls_.current();
+    if (current && *current < page_.content()->controls().size()) {
+        configuration_ = readStoredConfiguration(page_.content()->controls()[*current].properties);
+        vanished_ = vanishedFields(configuration_, lookup);
     }
-    std::erase_if(judged_, [&](const std::string& id) {
-        if (ids.contains(id)) return false;
-        Q_EMIT judged(id, {});
-        return true;
-    });
     mark();
     if (before != vanished_.size()) Q_EMIT changed();
 }
@@ -112,24 +92,6 @@ void PageHealth::mark() {
         }
     }
     marks_->show(vanished_, offers_);
-}
-
-std::vector<Message> PageHealth::messagesOf(const std::vector<VanishedField>& vanished,
-                                            const ControlSpan& span) const {
-    std::vector<Message> messages;
-    for (const VanishedField& field : vanished) {
-        Message message;
-        message.severity = Message::Severity::Warning;
-        message.text = tr("%1. %2, or replace it with Edit > Replace missing field.")
-                           .arg(capitalised(field.text), capitalised(field.advice));
-        message.page = page_.file();
-        message.place.control = span.id;
-        message.place.tab = tabOf(field);
-        message.place.row = field.role == StoredRole::CriterionKey ? field.item.row : -1;
-        message.place.line = span.line;
-        messages.push_back(std::move(message));
-    }
-    return messages;
 }
 
 // ---- replacing ----------------------------------------------------------------------------------

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "qt/editor/base/message.h"
 #include "qt/editor/health/field_offers.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -42,8 +40,6 @@ class PageHealth : public QObject {
     QString replace(const VanishedField& vanished, const std::string& with);
 
   Q_SIGNALS:
-    // What there is to say of the fields of a control, replacing what was said before.
-    void judged(const std::string& control, const std::vector<headerdtc::qt::Message>& messages);
     // Another set of fields has vanished from the control that is shown.
     void changed();
 
@@ -52,8 +48,6 @@ class PageHealth : public QObject {
     void mark();
     void openMenu(const VanishedField& vanished, const QPoint& at);
     bool replaceByPerson(const VanishedField& vanished, const std::string& with);
-    std::vector<Message> messagesOf(const std::vector<VanishedField>& vanished,
-                                    const ControlSpan& span) const;
 
     EditedPage& page_;
     ControlPane& controls_;
@@ -61,7 +55,6 @@ class PageHealth : public QObject {
     QPointer<SurfaceMarks> marks_;  // of the surface that is shown
     std::vector<VanishedField> vanished_;
     StoredConfiguration configuration_;  // in which they were found
-    std::set<std::string> judged_;
     QTimer soon_;
 };
 

@@ -36,6 +36,8 @@ class EditedPage : public QObject {
     // Of the file as it was last read or saved.
     const FileStamp& stamp() const { return stamp_; }
     const std::shared_ptr<Site>& site() const { return site_; }
+    // Where its site comes from.
+    Sites& sites() const { return *sites_; }
     const PageContentPtr& content() const { return history_.current(); }
     // As the file holds it.
     const PageContentPtr& saved() const { return saved_; }

@@ -1,9 +1,8 @@
 #include "qt/editor/settings/settings_dialog.h"
 
+#include "host/doctor/doctor.h"
 #include "host/files/file_replacer.h"
-#include "host/odbc/odbc_database.h"
 #include "host/site/site_configuration.h"
-#include "platform/runtime_error.h"
 #include "qt/editor/base/icons.h"
 #include "qt/editor/base/words.h"
 #include "ui_settings_dialog.h"
@@ -12,8 +11,8 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QThreadPool>
+#include <algorithm>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -30,35 +29,8 @@ WholeFile readOrNothing(const std::filesystem::path& file) {
     return readWholeFile(file);
 }
 
-struct ConnectionResult {
-    bool connected;
-    QString text;
-};
-
-// Whether the connect string leads to a translation database.
-ConnectionResult tryToConnect(const OdbcDatabase::Settings& settings) {
-    constexpr int Unspecified = -1;
-    OdbcDatabase database(settings);
-    bool connected = false;
-    try {
-        const auto connection = database.createConnection();
-        connection->Open(settings.connectString, {}, {}, Unspecified);
-        connected = true;
-        const auto rows =
-            connection->Execute("SELECT COUNT(*) AS TEXTS FROM I18NTEXT", nullptr, Unspecified);
-        const QString count = QString::fromStdString(rows->Item("TEXTS").Value());
-        connection->Close();
-        return {true, SettingsDialog::tr("Connected; the table I18NTEXT has %1 rows.").arg(count)};
-    } catch (const RuntimeError& error) {
-        const QString text = QString::fromStdString(error.description()) +
-                             QStringLiteral(" (%1)").arg(error.number());
-        return {
-            false,
-            connected
-                ? SettingsDialog::tr("Connected, but this is no translation database: %1").arg(text)
-                : text};
-    }
-}
+// In the order of Health.
+constexpr const char* HealthIcons[] = {"dialog-ok", "dialog-warning", "dialog-error", ""};
 
 }  // namespace
 
@@ -66,7 +38,7 @@ SettingsDialog::SettingsDialog(std::filesystem::path file, QWidget* parent)
     : QDialog(parent),
       file_(std::move(file)),
       old_(readOrNothing(file_)),
-      text_(old_.bytes),
+      text_(file_, old_.bytes),
       ui_(std::make_unique<Ui::SettingsDialog>()) {
     ui_->setupUi(this);
     setIcons(*this);
@@ -80,11 +52,14 @@ SettingsDialog::SettingsDialog(std::filesystem::path file, QWidget* parent)
     connectChoice(*ui_->ChooseRegistry, *ui_->RegistryFile, false);
     connectChoice(*ui_->ChooseCatalogue, *ui_->CatalogueFile, false);
     connectChoice(*ui_->ChooseOdbcIni, *ui_->OdbcIni, false);
-    connect(ui_->TestConnectionButton, &QPushButton::clicked, this,
-            &SettingsDialog::testConnection);
+    connect(ui_->LookAgainButton, &QPushButton::clicked, this, &SettingsDialog::examine);
+    ui_->SetupList->header()->setStretchLastSection(false);
+    ui_->SetupList->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    ui_->SetupList->header()->setSectionResizeMode(1, QHeaderView::Stretch);
     connect(ui_->AnswerButtons, &QDialogButtonBox::accepted, this, &SettingsDialog::accept);
     connect(ui_->AnswerButtons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    resize(640, sizeHint().height());
+    resize(760, sizeHint().height());
+    examine();
 }
 
 SettingsDialog::~SettingsDialog() = default;
@@ -127,7 +102,9 @@ void SettingsDialog::connectDrives() {
         if (drives.currentRow() < 0) return;
         const QString folder = QFileDialog::getExistingDirectory(this, tr("Folder of the drive"),
                                                                  toName(file_.parent_path()));
-        if (!folder.isEmpty()) drives.item(drives.currentRow(), 1)->setText(relative(folder));
+        if (folder.isEmpty()) return;
+        drives.item(drives.currentRow(), 1)->setText(relative(folder));
+        examine();
     });
 }
 
@@ -137,7 +114,9 @@ void SettingsDialog::connectChoice(QToolButton& button, QLineEdit& edit, bool fo
         const QString chosen =
             folder ? QFileDialog::getExistingDirectory(this, tr("Choose a folder"), begin)
                    : QFileDialog::getOpenFileName(this, tr("Choose a file"), begin);
-        if (!chosen.isEmpty()) edit.setText(relative(chosen));
+        if (chosen.isEmpty()) return;
+        edit.setText(relative(chosen));
+        examine();
     });
 }
 
@@ -156,32 +135,76 @@ void SettingsDialog::addDrive(const QString& letter, const QString& folder) {
 
 // ---- what it does -------------------------------------------------------------------------------
 
-std::string SettingsDialog::valueOf(const char* section, const char* key) const {
-    for (const Field& field : fields_) {
-        if (field.section == section && field.key == key) return field.edit->text().toStdString();
-    }
-    return {};
-}
-
-void SettingsDialog::testConnection() {
-    OdbcDatabase::Settings settings;
-    settings.connectString = valueOf(Translations, "connect_string");
-    settings.labelConnectString = valueOf(Translations, "label_connect_string");
-    settings.siteFolder = file_.parent_path();
-    const std::string odbcIni = valueOf(Translations, "odbc_ini");
-    if (!odbcIni.empty()) settings.odbcIni = settings.siteFolder / odbcIni;
-    ui_->TestConnectionButton->setEnabled(false);
-    ui_->TestConnectionResult->setText(tr("Connecting..."));
-    // A server that does not answer keeps only the test waiting.
-    QThreadPool::globalInstance()->start([settings, self = QPointer<SettingsDialog>(this)] {
-        const ConnectionResult result = tryToConnect(settings);
-        QMetaObject::invokeMethod(QCoreApplication::instance(), [result, self] {
-            if (!self) return;
-            self->ui_->TestConnectionButton->setEnabled(true);
-            self->ui_->TestConnectionResult->setText(result.text);
-            self->ui_->TestConnectionResult->setProperty("connected", result.connected);
+// Looks at the site as it would be with what the form says.
+void SettingsDialog::examine() {
+    const std::string bytes = changed();
+    if (const QString problem = problemOf(bytes); !problem.isEmpty())
+        return showSetup({{"configuration", Health::Broken, fromQt(problem), {}}});
+    ui_->LookAgainButton->setEnabled(false);
+    ui_->SetupSummary->setText(tr("Looking..."));
+    // A server that does not answer keeps only the look waiting.
+    QThreadPool::globalInstance()->start([configuration = readSiteConfiguration(file_, bytes),
+                                          self = QPointer<SettingsDialog>(this)] {
+        const auto setup = examineSite(configuration);
+        QMetaObject::invokeMethod(QCoreApplication::instance(), [setup, self] {
+            if (self) self->showSetup(setup);
         });
     });
+}
+
+// What is to be done comes first.
+void SettingsDialog::showSetup(std::vector<Diagnosis> setup) {
+    std::stable_sort(setup.begin(), setup.end(), [](const Diagnosis& one, const Diagnosis& other) {
+        const auto weight = [](Health health) {
+            return health == Health::NotLookedAt ? Health::Whole : health;
+        };
+        return weight(one.health) > weight(other.health);
+    });
+    int toDo = 0;
+    ui_->SetupList->clear();
+    for (const Diagnosis& diagnosis : setup) {
+        const bool isToDo =
+            diagnosis.health == Health::Broken || diagnosis.health == Health::Doubtful;
+        toDo += isToDo ? 1 : 0;
+        QWidget* mend = isToDo ? mendOf(diagnosis.link) : nullptr;
+        QString text = toQt(diagnosis.detail);
+        if (isToDo && !mend && !diagnosis.nextStep.empty())
+            text += tr("; %1").arg(toQt(diagnosis.nextStep));
+        auto* item = new QTreeWidgetItem(ui_->SetupList, {toQt(diagnosis.link), text});
+        item->setIcon(0, editorIcon(HealthIcons[static_cast<std::size_t>(diagnosis.health)]));
+        item->setToolTip(1, diagnosis.nextStep.empty()
+                                ? text
+                                : text + QLatin1Char('\n') + toQt(diagnosis.nextStep));
+        if (!mend) continue;
+        auto* button = new QPushButton(tr("Mend..."));
+        button->setAccessibleName(tr("Mend: %1").arg(toQt(diagnosis.link)));
+        connect(button, &QPushButton::clicked, mend, [mend] {
+            mend->setFocus();
+            if (auto* chooser = qobject_cast<QAbstractButton*>(mend)) chooser->click();
+        });
+        ui_->SetupList->setItemWidget(item, 2, button);
+    }
+    ui_->LookAgainButton->setEnabled(true);
+    ui_->SetupSummary->setText(toDo == 0 ? tr("Everything is there.")
+                                         : counted(toDo, "thing", "things") + tr(" to mend"));
+}
+
+// What of the form mends a link of the set-up: a button that chooses, or a field to write in.
+QWidget* SettingsDialog::mendOf(const std::string& link) {
+    const std::pair<const char*, QWidget*> mends[] = {
+        {"project root", ui_->ChooseProject},
+        {"registry export", ui_->ChooseRegistry},
+        {"catalogue", ui_->ChooseCatalogue},
+        {"drive ", ui_->DrivesTable},
+        {"install directory", ui_->DrivesTable},
+        {"data source for labels", ui_->LabelConnectString},
+        {"log-on for labels", ui_->LabelConnectString},
+        {"data source", ui_->ConnectString},
+        {"log-on", ui_->ConnectString}};
+    for (const auto& [begin, mend] : mends) {
+        if (link.starts_with(begin)) return mend;
+    }
+    return nullptr;
 }
 
 std::string SettingsDialog::changed() const {
@@ -215,36 +238,17 @@ std::string SettingsDialog::changed() const {
 }
 
 QString SettingsDialog::problemOf(const std::string& bytes) const {
-    const QTemporaryDir folder;
-    const std::filesystem::path trial = toPath(folder.path()) / file_.filename();
     try {
-        FileReplacer replacer;
-        replacer.create(trial, bytes);
-        replacer.commit();
-        const SiteConfiguration read = readSiteConfiguration(trial);
-        // A file that says the same in a form which this form does not know is not to be guessed
-        // at.
-        const std::string connectString = valueOf(Translations, "connect_string");
-        if ((!connectString.empty() && read.connectString != connectString) ||
-            read.codePage.name() !=
-                CodePage(ui_->CodePageCombo->currentText().toStdString()).name())
-            return tr(
-                "The file is written in a form that this window does not know; please change "
-                "it in a text editor.");
+        readSiteConfiguration(file_, bytes);
         return {};
     } catch (const FileError& error) {
-        return error.line() > 0 ? tr("line %1: %2")
-                                      .arg(error.line())
-                                      .arg(QString::fromStdString(error.problem()))
-                                : QString::fromStdString(error.problem());
-    } catch (const std::exception& error) {
-        return QString::fromStdString(error.what());
+        return tr("line %1: %2").arg(error.line()).arg(toQt(error.problem()));
     }
 }
 
 void SettingsDialog::accept() {
     const std::string bytes = changed();
-    if (bytes == old_.bytes) return QDialog::accept();
+    if (old_.stamp.size >= 0 && bytes == old_.bytes) return QDialog::accept();
     if (const QString problem = problemOf(bytes); !problem.isEmpty()) {
         QMessageBox::warning(this, windowTitle(),
                              tr("The settings were not saved.\n\n%1").arg(problem));

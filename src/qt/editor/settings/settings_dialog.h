@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/doctor/diagnosis.h"
 #include "host/files/whole_file.h"
 #include "qt/editor/settings/configuration_text.h"
 
@@ -20,6 +21,7 @@ namespace headerdtc::qt {
 
 // A site's configuration as a form over its headerdtc.toml. Saving changes the values in the file
 // and leaves all else in it as it is; a file that could not be read afterwards is not written.
+// Beside them stands what is found with them, and where to mend what is not.
 class SettingsDialog : public QDialog {
     Q_OBJECT
 
@@ -43,11 +45,12 @@ class SettingsDialog : public QDialog {
     void connectChoice(QToolButton& button, QLineEdit& edit, bool folder);
     QString relative(const QString& path) const;
     void addDrive(const QString& letter, const QString& folder);
-    void testConnection();
+    void examine();
+    void showSetup(std::vector<Diagnosis> setup);
+    QWidget* mendOf(const std::string& link);
     std::string changed() const;
     // Why a text cannot be the file's; empty when it can.
     QString problemOf(const std::string& bytes) const;
-    std::string valueOf(const char* section, const char* key) const;
 
     std::filesystem::path file_;
     WholeFile old_;

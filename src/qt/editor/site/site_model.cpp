@@ -11,26 +11,6 @@ namespace {
 namespace fs = std::filesystem;
 using Verdict = GeneratedPage::Verdict;
 
-struct VerdictLook {
-    Verdict verdict;
-    const char* icon;
-    const char* word;
-};
-
-constexpr VerdictLook VerdictLooks[] = {
-    {Verdict::NoControl, "", QT_TRANSLATE_NOOP("SiteModel", "no control")},
-    {Verdict::UpToDate, "dialog-ok", QT_TRANSLATE_NOOP("SiteModel", "up to date")},
-    {Verdict::Stale, "view-refresh", QT_TRANSLATE_NOOP("SiteModel", "out of date")},
-    {Verdict::LeftAlone, "dialog-warning", QT_TRANSLATE_NOOP("SiteModel", "would lose something")},
-    {Verdict::NotReadable, "dialog-error", QT_TRANSLATE_NOOP("SiteModel", "failed")},
-    {Verdict::NotConfigured, "dialog-error", QT_TRANSLATE_NOOP("SiteModel", "wrong configuration")},
-};
-
-const VerdictLook& lookOf(Verdict verdict) {
-    return *std::find_if(std::begin(VerdictLooks), std::end(VerdictLooks),
-                         [&](const VerdictLook& look) { return look.verdict == verdict; });
-}
-
 // A page that was written is as it should be now.
 Verdict nowOf(const PageResult& result) {
     return result.written ? Verdict::UpToDate : result.verdict;
@@ -167,13 +147,13 @@ QVariant SiteModel::stateOf(const Node& node, int role) const {
         case NeedsWorkRole:
             return now != Verdict::NoControl && now != Verdict::UpToDate;
         case Qt::DisplayRole:
-            return tr(lookOf(now).word);
+            return wordOf(now);
         case Qt::DecorationRole:
-            return *lookOf(now).icon ? editorIcon(lookOf(now).icon) : QVariant();
+            return *iconOf(now) ? editorIcon(iconOf(now)) : QVariant();
         case Qt::ToolTipRole: {
-            QStringList lines{tr(lookOf(now).word)};
-            for (const std::string& message : node.result->messages)
-                lines += QString::fromStdString(message);
+            QStringList lines{wordOf(now)};
+            for (const Message& message : node.result->messages)
+                lines += message.text;
             return lines.join(QLatin1Char('\n'));
         }
         default:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/generation/site_generation.h"
+#include "qt/editor/base/message.h"
 
 #include <QObject>
 #include <filesystem>
@@ -15,10 +16,11 @@ struct PageResult {
     std::filesystem::path page;
     GeneratedPage::Verdict verdict = GeneratedPage::Verdict::NoControl;
     bool written = false;
-    std::vector<std::string> messages;
+    std::vector<Message> messages;
 };
 
-// Checks or generates pages of a site on another thread. One run at a time.
+// Checks pages of a site by the rules of `headerdtc check`, or generates them, on another thread.
+// One run at a time.
 class SiteRun : public QObject {
     Q_OBJECT
 
@@ -47,6 +49,10 @@ class SiteRun : public QObject {
   private:
     void begin(Mode mode);
     void work(const std::vector<std::filesystem::path>& pages);
+    void check(const std::vector<std::filesystem::path>& pages);
+    void generate(const std::vector<std::filesystem::path>& pages);
+    void tellResults();
+    void tellProgress(std::size_t finished, std::size_t all);
     template <class Tell>
     void post(Tell tell);
 
@@ -56,6 +62,7 @@ class SiteRun : public QObject {
     std::atomic<bool> cancelled_ = false;
     std::mutex mutex_;                      // of generation_
     SiteGeneration* generation_ = nullptr;  // the one at work
+    std::vector<PageResult> results_;       // not told yet; of the worker
     std::thread worker_;
 };
 

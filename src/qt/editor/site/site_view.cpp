@@ -15,19 +15,6 @@ using Verdict = GeneratedPage::Verdict;
 // Sites with up to this many pages are shown fully expanded.
 constexpr std::size_t MostExpanded = 200;
 
-// A page's messages after a run.
-std::vector<Message> messagesOf(const PageResult& result) {
-    std::vector<Message> messages;
-    const bool failed = result.verdict >= Verdict::LeftAlone;
-    for (std::size_t i = 0; i < result.messages.size(); ++i) {
-        Message message = messageOf(result.messages[i], result.page, {});
-        // The reason for a bad verdict stands last.
-        if (failed && i + 1 == result.messages.size()) message.severity = Message::Severity::Error;
-        messages.push_back(std::move(message));
-    }
-    return messages;
-}
-
 }  // namespace
 
 void SiteFilter::setShow(Show show) {
@@ -158,7 +145,7 @@ void SiteView::takeResults(const std::vector<PageResult>& results) {
     model_->setResults(results);
     for (const PageResult& result : results) {
         written_ += result.written ? 1 : 0;
-        Q_EMIT pageMessages(result.page, messagesOf(result));
+        Q_EMIT pageMessages(result.page, result.messages);
     }
 }
 
@@ -189,8 +176,10 @@ void SiteView::showState() {
     parts += tr("%1 up to date").arg(model_->count(Verdict::UpToDate));
     const int stale = model_->count(Verdict::Stale);
     if (stale > 0) parts += tr("%1 out of date").arg(stale);
-    const int failed = model_->count(Verdict::LeftAlone) + model_->count(Verdict::NotReadable) +
-                       model_->count(Verdict::NotConfigured);
+    int failed = 0;
+    for (const Verdict verdict :
+         {Verdict::Losing, Verdict::Failing, Verdict::NotReadable, Verdict::NotConfigured})
+        failed += model_->count(verdict);
     if (failed > 0) parts += tr("%1 not done").arg(failed);
     ui_->SiteSummary->setText(any ? parts.join(QLatin1String(", ")) : QString());
 }

@@ -29,6 +29,8 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QThreadPool>
+#include <QToolButton>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -64,10 +66,11 @@ MainWindow::MainWindow(const Options& options)
     messagesDock_ =
         addDock(tr("Messages"), "MessagesDock", panel, Qt::BottomDockWidgetArea, "Ctrl+4");
     addRecording();
-    opener_ = new Opener(*tabs_, *site_, recent_, *this);
+    opener_ = new Opener(sites_, *tabs_, *site_, recent_, *this);
     commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
     status_ = new PageStatus;
     statusBar()->addPermanentWidget(status_);
+    addMessageCount();
 
     connect(panel, &MessagesPanel::activated, this, &MainWindow::activate);
     connect(start, &StartPage::demoRequested, opener_, &Opener::chooseDemoFolder);
@@ -86,6 +89,7 @@ MainWindow::MainWindow(const Options& options)
     const QSettings settings;
     restoreGeometry(settings.value(GeometryKey).toByteArray());
     restoreState(settings.value(StateKey).toByteArray());
+    messagesDock_->hide();
     showRecent();
     follow();
 }
@@ -94,6 +98,8 @@ MainWindow::~MainWindow() {
     // The pages emit signals while they are deleted, when this window is already going.
     tabs_->disconnect(this);
     recorder_.disconnect(this);
+    // Pages are still being checked against the sites, which go with this window.
+    QThreadPool::globalInstance()->waitForDone();
 }
 
 QDockWidget* MainWindow::addDock(const QString& title, const char* name, QWidget* content,
@@ -112,7 +118,7 @@ void MainWindow::connectCommands() {
     const auto on = [this](Command command, auto act) {
         connect((*commands_)[command], &QAction::triggered, this, act);
     };
-    on(Command::New, [this] { tabs_->openNew(opener_->workFolder()); });
+    on(Command::New, [this] { opener_->newPage(); });
     on(Command::Open, [this] { opener_->choosePages(); });
     on(Command::OpenSite, [this] { opener_->chooseSite(); });
     on(Command::OpenDemo, [this] { opener_->chooseDemoFolder(); });
@@ -130,7 +136,10 @@ void MainWindow::connectCommands() {
         site_->openFolder(editor.page().site()->configuration->projectRoot);
         siteDock_->show();
     });
-    on(Command::Settings, [this] { editSettings(); });
+    on(Command::Settings, [this] {
+        PageEditor* editor = tabs_->current();
+        editSettings(editor ? editor->page().file() : site_->folder());
+    });
     on(Command::Guide, [this] { showGuide(); });
     on(Command::About, [this] { showAbout(this); });
 }
@@ -139,12 +148,13 @@ void MainWindow::connectParts() {
     connect(tabs_, &PageTabs::opened, this, [this](PageEditor* editor) {
         showParts(*commands_, *editor);
         connect(editor, &PageEditor::messagesChanged, this,
-                [this, editor](const QString& source, const std::vector<Message>& messages) {
+                [this, editor](const std::vector<Message>& messages) {
                     // What the open page reports replaces what the last run over the site found.
                     messages_.setMessages(toName(editor->page().file()), {});
-                    messages_.setMessages(source, messages);
+                    messages_.setMessages(editor->messageSource(), messages);
                 });
-        connect(editor, &PageEditor::settingsRequested, this, &MainWindow::editSettings);
+        connect(editor, &PageEditor::settingsRequested, this,
+                [this, editor] { editSettings(editor->page().file()); });
         if (editor->page().hasFile()) recent_.add(toName(editor->page().file()));
         const SiteConfiguration& configuration = *editor->page().site()->configuration;
         if (site_->folder().empty() && !configuration.file.empty())
@@ -152,7 +162,7 @@ void MainWindow::connectParts() {
     });
     connect(tabs_, &PageTabs::closed, this, [this](PageEditor* editor) {
         recovery_.forget(editor);
-        messages_.removeSources(editor->messageSources());
+        messages_.setMessages(editor->messageSource(), {});
     });
     connect(tabs_, &PageTabs::stateChanged, this, &MainWindow::follow);
     connect(tabs_, &PageTabs::stateChanged, &recovery_, &RecoveryKeeper::keepSoon);
@@ -162,6 +172,7 @@ void MainWindow::connectParts() {
         site_->recheck(editor->page().file());
         statusBar()->showMessage(tr("%1 is saved.").arg(editor->title()), 4000);
     });
+    connect(opener_, &Opener::setupRequested, this, &MainWindow::editSettings);
     connect(opener_, &Opener::pageOpened, this, &MainWindow::follow);
     connect(opener_, &Opener::siteOpened, this, [this] {
         follow();
@@ -182,6 +193,32 @@ void MainWindow::connectParts() {
             [this](const fs::path& page, const std::vector<Message>& messages) {
                 if (!tabs_->find(page)) messages_.setMessages(toName(page), messages);
             });
+}
+
+// The panel is there while it has something to show and somebody wants to see it.
+void MainWindow::addMessageCount() {
+    auto* count = new QToolButton;
+    count->setObjectName(QStringLiteral("MessageCount"));
+    count->setAutoRaise(true);
+    count->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    count->setToolTip(tr("Show or hide the messages"));
+    QAction* toggle = messagesDock_->toggleViewAction();
+    connect(count, &QToolButton::clicked, toggle, &QAction::trigger);
+    statusBar()->addPermanentWidget(count);
+    const auto follow = [this, count, toggle] {
+        const int errors = messages_.count(Message::Severity::Error);
+        const int others = messages_.rowCount() - errors;
+        QStringList words;
+        if (errors > 0) words += counted(errors, "error", "errors");
+        if (others > 0) words += counted(others, "warning", "warnings");
+        count->setText(words.join(QLatin1String(", ")));
+        count->setIcon(editorIcon(errors > 0 ? "dialog-error" : "dialog-warning"));
+        count->setVisible(!words.isEmpty());
+        toggle->setEnabled(!words.isEmpty());
+        if (words.isEmpty()) messagesDock_->hide();
+    };
+    connect(&messages_, &MessageModel::changed, count, follow);
+    follow();
 }
 
 // What is recorded is shown beside the messages.
@@ -276,7 +313,6 @@ void MainWindow::generateAll() {
         if (answer == QMessageBox::SaveAll) saveAll();
     }
     siteDock_->show();
-    messagesDock_->show();
     site_->generateAll();
 }
 
@@ -291,20 +327,15 @@ void MainWindow::revert() {
     }
 }
 
-// The configuration that holds for the current page, or else for the open site; where there is
-// none, the place for one.
-fs::path MainWindow::settingsFile() const {
-    PageEditor* editor = tabs_->current();
-    if (editor && !editor->page().site()->configuration->file.empty())
-        return editor->page().site()->configuration->file;
-    const fs::path folder = editor ? editor->page().file().parent_path() : site_->folder();
-    return findSiteConfiguration(folder).value_or(folder / "headerdtc.toml");
-}
-
-void MainWindow::editSettings() {
-    fs::path file;
+// Of the site of a page or folder; where it has no configuration, there will be one.
+void MainWindow::editSettings(const fs::path& place) {
     try {
-        file = settingsFile();
+        PageEditor* editor = tabs_->find(place);
+        fs::path file;
+        if (editor) file = editor->page().site()->configuration->file;
+        std::error_code failure;
+        const fs::path folder = fs::is_directory(place, failure) ? place : place.parent_path();
+        if (file.empty()) file = findSiteConfiguration(folder).value_or(folder / "headerdtc.toml");
         SettingsDialog dialog(file, this);
         if (dialog.exec() != QDialog::Accepted) return;
     } catch (const FileError& error) {
@@ -336,6 +367,7 @@ void MainWindow::showGuide() {
 }
 
 void MainWindow::activate(const Message& message) {
+    if (message.isOfSite) return editSettings(message.page);
     std::error_code failure;
     if (fs::is_directory(message.page, failure)) return;
     if (PageEditor* editor = tabs_->open(message.page)) editor->goTo(message.place);

@@ -61,12 +61,12 @@ class MainWindow : public QMainWindow {
                          Qt::DockWidgetArea area, const char* keys);
     void connectCommands();
     void connectParts();
+    void addMessageCount();
     void addRecording();
     void saveAll();
     void generateAll();
     void revert();
-    std::filesystem::path settingsFile() const;
-    void editSettings();
+    void editSettings(const std::filesystem::path& place);
     void showGuide();
     void activate(const Message& message);
     void follow();

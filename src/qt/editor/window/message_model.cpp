@@ -1,9 +1,10 @@
 #include "qt/editor/window/message_model.h"
 
 #include "qt/editor/base/icons.h"
+#include "qt/editor/base/words.h"
 
 #include <algorithm>
-#include <utility>
+#include <map>
 
 namespace headerdtc::qt {
 namespace {
@@ -20,36 +21,60 @@ constexpr MessageLook MessageLooks[] = {
     {"dialog-error", QT_TRANSLATE_NOOP("MessageModel", "Error")},
 };
 
+constexpr int MostNamed = 20;  // pages in a tool tip
+
 }  // namespace
 
-void MessageModel::setMessages(const QString& source, std::vector<Message> messages) {
-    const auto isOfSource = [&](const Entry& entry) { return entry.source == source; };
-    if (messages.empty() && std::none_of(entries_.begin(), entries_.end(), isOfSource)) return;
-    beginResetModel();
+MessageModel::MessageModel(QObject* parent) : QAbstractTableModel(parent) {
+    soon_.setSingleShot(true);
+    soon_.setInterval(0);
+    connect(&soon_, &QTimer::timeout, this, &MessageModel::layRows);
+}
+
+void MessageModel::setMessages(const QString& source, const std::vector<Message>& messages) {
     // The source keeps its place in the list.
-    auto at = std::find_if(entries_.begin(), entries_.end(), isOfSource) - entries_.begin();
-    std::erase_if(entries_, isOfSource);
-    for (Message& message : messages)
-        entries_.insert(entries_.begin() + at++, {source, std::move(message)});
-    endResetModel();
-    Q_EMIT changed();
+    auto found = std::find_if(sources_.begin(), sources_.end(),
+                              [&](const Source& known) { return known.name == source; });
+    if (found == sources_.end()) {
+        if (messages.empty()) return;
+        found = sources_.insert(found, {source, {}});
+    }
+    found->messages = messages;
+    if (messages.empty()) sources_.erase(found);
+
+    soon_.start();
 }
 
-void MessageModel::removeSources(const QString& prefix) {
+void MessageModel::layRows() {
     beginResetModel();
-    std::erase_if(entries_, [&](const Entry& entry) { return entry.source.startsWith(prefix); });
+    rows_.clear();
+    std::map<QString, std::size_t> ofSite;  // rows, by text
+    for (const Source& each : sources_) {
+        for (const Message& message : each.messages) {
+            const QString page = toName(message.page);
+            if (message.isOfSite) {
+                const auto [row, isNew] = ofSite.emplace(message.text, rows_.size());
+                if (!isNew) {
+                    QStringList& pages = rows_[row->second].pages;
+                    if (!pages.contains(page)) pages += page;
+                    continue;
+                }
+            }
+            rows_.push_back({message, {page}});
+        }
+    }
     endResetModel();
     Q_EMIT changed();
 }
 
-int MessageModel::count(Message::Severity atLeast) const {
-    return static_cast<int>(
-        std::count_if(entries_.begin(), entries_.end(),
-                      [&](const Entry& entry) { return entry.message.severity >= atLeast; }));
+int MessageModel::count(Message::Severity severity) const {
+    return static_cast<int>(std::count_if(rows_.begin(), rows_.end(), [&](const Row& row) {
+        return row.message.severity == severity;
+    }));
 }
 
 int MessageModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
 int MessageModel::columnCount(const QModelIndex& parent) const {
@@ -57,13 +82,13 @@ int MessageModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant MessageModel::data(const QModelIndex& index, int role) const {
-    const Message& shown = message(index.row());
+    const auto& [shown, pages] = rows_[static_cast<std::size_t>(index.row())];
     const MessageLook& look = MessageLooks[static_cast<std::size_t>(shown.severity)];
     switch (role) {
         case Qt::DecorationRole:
             return index.column() == Text ? editorIcon(look.icon) : QVariant();
         case Qt::ToolTipRole:
-            return index.column() == Page ? QString::fromStdString(shown.page.string())
+            return index.column() == Page ? pages.mid(0, MostNamed).join(QLatin1Char('\n'))
                                           : shown.text;
         case Qt::AccessibleTextRole:
             if (index.column() == Text) return tr(look.word) + QLatin1String(": ") + shown.text;
@@ -77,9 +102,10 @@ QVariant MessageModel::data(const QModelIndex& index, int role) const {
         case Text:
             return shown.text;
         case Page:
-            return QString::fromStdString(shown.page.filename().string());
+            return pages.size() == 1 ? toName(shown.page.filename())
+                                     : tr("%1 pages").arg(pages.size());
         default:
-            return describe(shown.place);
+            return pages.size() == 1 ? describe(shown.place) : QString();
     }
 }
 

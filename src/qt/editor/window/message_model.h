@@ -3,27 +3,27 @@
 #include "qt/editor/base/message.h"
 
 #include <QAbstractTableModel>
+#include <QStringList>
+#include <QTimer>
 #include <vector>
 
 namespace headerdtc::qt {
 
-// The messages of all pages. Each belongs to a source, the preview of a control, say, which
-// replaces its messages as a whole.
+// The messages of all pages. Each belongs to a source, an open page, say, which replaces its
+// messages as a whole. What the site lacks stands in one row for all its pages.
 class MessageModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
     enum Column { Text, Page, Where, ColumnCount };
 
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit MessageModel(QObject* parent = nullptr);
 
-    void setMessages(const QString& source, std::vector<Message> messages);
-    // The messages of all sources whose names begin so.
-    void removeSources(const QString& prefix);
-    const Message& message(int row) const {
-        return entries_[static_cast<std::size_t>(row)].message;
-    }
-    int count(Message::Severity atLeast) const;
+    // To be seen in the rows a moment later: a run over a site tells of thousands of pages.
+    void setMessages(const QString& source, const std::vector<Message>& messages);
+    // Of a row's first page.
+    const Message& message(int row) const { return rows_[static_cast<std::size_t>(row)].message; }
+    int count(Message::Severity severity) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -34,11 +34,20 @@ class MessageModel : public QAbstractTableModel {
     void changed();
 
   private:
-    struct Entry {
-        QString source;
-        Message message;
+    struct Source {
+        QString name;
+        std::vector<Message> messages;
     };
-    std::vector<Entry> entries_;
+    struct Row {
+        Message message;
+        QStringList pages;
+    };
+
+    void layRows();
+
+    std::vector<Source> sources_;
+    std::vector<Row> rows_;
+    QTimer soon_;
 };
 
 }  // namespace headerdtc::qt

@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QLabel>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -34,22 +33,9 @@ MessagesPanel::MessagesPanel(MessageModel& messages, QWidget* parent)
     view_->addAction(copy);
     view_->setContextMenuPolicy(Qt::ActionsContextMenu);
 
-    empty_ = new QLabel(tr("Nothing to complain about."));
-    empty_->setAlignment(Qt::AlignCenter);
-    empty_->setForegroundRole(QPalette::PlaceholderText);
-
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view_);
-    layout->addWidget(empty_);
-    connect(&messages, &MessageModel::changed, this, &MessagesPanel::showCount);
-    showCount();
-}
-
-void MessagesPanel::showCount() {
-    const bool any = messages_.rowCount() > 0;
-    view_->setVisible(any);
-    empty_->setVisible(!any);
 }
 
 void MessagesPanel::copySelected() {

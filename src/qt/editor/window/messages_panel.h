@@ -4,12 +4,11 @@
 
 #include <QWidget>
 
-class QLabel;
 class QTreeView;
 
 namespace headerdtc::qt {
 
-// What generating the open pages, or the site, would complain about. A message leads to its place.
+// What a check of the open pages, and of the site, has found. A message leads to its place.
 class MessagesPanel : public QWidget {
     Q_OBJECT
 
@@ -20,12 +19,10 @@ class MessagesPanel : public QWidget {
     void activated(const headerdtc::qt::Message& message);
 
   private:
-    void showCount();
     void copySelected();
 
     MessageModel& messages_;
     QTreeView* view_;
-    QLabel* empty_;
 };
 
 }  // namespace headerdtc::qt

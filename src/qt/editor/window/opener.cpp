@@ -10,18 +10,61 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <optional>
 
 namespace headerdtc::qt {
 
 namespace fs = std::filesystem;
 
-Opener::Opener(PageTabs& tabs, SiteView& site, const RecentFiles& recent, QWidget& window)
-    : QObject(&window), tabs_(tabs), site_(site), recent_(recent), window_(window) {}
+Opener::Opener(Sites& sites, PageTabs& tabs, SiteView& site, const RecentFiles& recent,
+               QWidget& window)
+    : QObject(&window), sites_(sites), tabs_(tabs), site_(site), recent_(recent), window_(window) {}
 
 void Opener::openPage(const fs::path& file) {
     tabs_.open(file);
     Q_EMIT pageOpened();
+}
+
+// A wrong configuration is one all the same; what is wrong is said when the page is opened.
+bool Opener::isSite(const fs::path& folder) {
+    if (folder.empty()) return false;
+    try {
+        const SiteConfiguration& found = *sites_.forPage(folder)->configuration;
+        std::error_code failure;
+        return !found.file.empty() || fs::exists(found.catalogue, failure);
+    } catch (const ConfigurationError&) {
+        return true;
+    }
+}
+
+void Opener::newPage() {
+    fs::path folder = workFolder();
+    if (!isSite(folder)) {
+        QMessageBox box(QMessageBox::Question, tr("New page"),
+                        tr("Which site is the new page for?\n\nThe data providers come from the "
+                           "site's catalogue, the script from its template."),
+                        QMessageBox::Cancel, &window_);
+        box.setObjectName(QStringLiteral("SiteNeededBox"));
+        const QAbstractButton* open = box.addButton(tr("&Open a site..."), QMessageBox::AcceptRole);
+        const QAbstractButton* make =
+            box.addButton(tr("&Set up a site..."), QMessageBox::AcceptRole);
+        const QAbstractButton* demo =
+            box.addButton(tr("Try the &demo..."), QMessageBox::AcceptRole);
+        box.exec();
+        const QAbstractButton* answer = box.clickedButton();
+        if (answer == demo) return chooseDemoFolder();
+        if (answer == open) {
+            chooseSite();
+            folder = site_.folder();
+        } else if (answer == make) {
+            folder = toPath(QFileDialog::getExistingDirectory(
+                &window_, tr("Folder of the new site"), toName(folder)));
+            if (!folder.empty()) Q_EMIT setupRequested(folder);
+        }
+        if (!isSite(folder)) return;
+    }
+    tabs_.openNew(folder);
 }
 
 void Opener::openAnything(const fs::path& path) {

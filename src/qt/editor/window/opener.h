@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/site/site.h"
+
 #include <QObject>
 #include <filesystem>
 
@@ -17,9 +19,12 @@ class Opener : public QObject {
 
   public:
     // All of them outlive it; dialogs open over the window.
-    Opener(PageTabs& tabs, SiteView& site, const RecentFiles& recent, QWidget& window);
+    Opener(Sites& sites, PageTabs& tabs, SiteView& site, const RecentFiles& recent,
+           QWidget& window);
 
     void openPage(const std::filesystem::path& file);
+    // A page in the work folder; where that belongs to no site, one is asked for first.
+    void newPage();
     // A folder is a site, anything else a page.
     void openAnything(const std::filesystem::path& path);
     // Copies the demo to a folder and opens it.
@@ -35,8 +40,13 @@ class Opener : public QObject {
   Q_SIGNALS:
     void pageOpened();
     void siteOpened();
+    // A folder is to become a site.
+    void setupRequested(const std::filesystem::path& folder);
 
   private:
+    bool isSite(const std::filesystem::path& folder);
+
+    Sites& sites_;
     PageTabs& tabs_;
     SiteView& site_;
     const RecentFiles& recent_;

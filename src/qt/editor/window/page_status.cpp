@@ -18,22 +18,6 @@ QString encodingName(const PageContent& content) {
     return hasMark ? name + PageStatus::tr(" with byte-order mark") : name;
 }
 
-QString freshnessName(PageEditor::Freshness freshness) {
-    switch (freshness) {
-        case PageEditor::Freshness::Fresh:
-            return PageStatus::tr("text up to date");
-        case PageEditor::Freshness::Stale:
-            return PageStatus::tr("text out of date");
-        case PageEditor::Freshness::Losing:
-            return PageStatus::tr("saving would lose something");
-        case PageEditor::Freshness::Failing:
-            return PageStatus::tr("text cannot be generated");
-        case PageEditor::Freshness::Unknown:
-            break;
-    }
-    return {};
-}
-
 QString inWordsOf(const PageContent& content) {
     QStringList lines;
     for (const ControlSpan& control : content.controls()) {
@@ -58,7 +42,7 @@ void PageStatus::follow(const PageEditor* editor) {
     QStringList words{encodingName(content), lineEndName(content.lineEnd()),
                       content.problem() ? tr("controls cannot be read")
                                         : counted(controls, "control", "controls")};
-    if (controls > 0) words += freshnessName(editor->freshness());
+    if (controls > 0 && editor->state()) words += wordOf(*editor->state());
     if (!page.hasFile()) words += tr("not saved yet");
     words.removeAll(QString());
     setToolTip(inWordsOf(content));

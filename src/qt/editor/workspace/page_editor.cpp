@@ -8,7 +8,6 @@
 #include "qt/editor/source/find_bar.h"
 #include "qt/editor/source/source_view.h"
 #include "qt/editor/workspace/notice_bar.h"
-#include "qt/editor/workspace/site_files.h"
 #include "qt/surface/control_surface.h"
 
 #include <QApplication>
@@ -22,7 +21,7 @@ namespace headerdtc::qt {
 namespace {
 
 // Milliseconds after the last change: the text is to follow an edit within 300.
-constexpr int PreviewDelay = 60;
+constexpr int FollowDelay = 60;
 constexpr int SealDelay = 1000;  // a pause this long ends a step of typing
 
 // Numbers the editors: a page can be renamed, but its messages have to keep their source name.
@@ -47,8 +46,9 @@ QWidget* titled(const QString& title, QWidget* content) {
 
 PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     : QWidget(parent),
-      messageSources_(QStringLiteral("page %1 ").arg(++editorsMade)),
-      page_(std::move(page)) {
+      messageSource_(QStringLiteral("page %1").arg(++editorsMade)),
+      page_(std::move(page)),
+      judge_(page_->sites()) {
     notices_ = new NoticeBar;
     controls_ = new ControlPane(*page_);
     health_ = new PageHealth(*page_, *controls_, this);
@@ -83,16 +83,17 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     layout->addWidget(notices_);
     layout->addWidget(whole, 1);
 
-    previewTimer_.setSingleShot(true);
-    previewTimer_.setInterval(PreviewDelay);
-    connect(&previewTimer_, &QTimer::timeout, this, &PageEditor::requestPreviews);
+    followTimer_.setSingleShot(true);
+    followTimer_.setInterval(FollowDelay);
+    connect(&followTimer_, &QTimer::timeout, this, &PageEditor::requestPreviews);
+    connect(&followTimer_, &QTimer::timeout, this, &PageEditor::judge);
     sealTimer_.setSingleShot(true);
     sealTimer_.setInterval(SealDelay);
     connect(&sealTimer_, &QTimer::timeout, this, [this] { page_->sealStep(); });
     connect(&worker_, &PreviewWorker::ready, this, &PageEditor::takePreview);
     connect(page_.get(), &EditedPage::contentChanged, this, &PageEditor::followPage);
     connect(page_.get(), &EditedPage::stateChanged, this, [this] {
-        previewTimer_.start();  // the saved text may be another
+        followTimer_.start();  // the saved text may be another
         Q_EMIT stateChanged();
     });
     connect(page_.get(), &EditedPage::placeChanged, this, &PageEditor::lookAgain);
@@ -108,10 +109,8 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
                        tr("The marked lines belong to the control: change them at the control, or "
                           "take it out with Edit > Remove control."));
     });
-    connect(health_, &PageHealth::judged, this,
-            [this](const std::string& control, const std::vector<Message>& messages) {
-                Q_EMIT messagesChanged(sourceName("fields " + control), messages);
-            });
+    connect(&judge_, &PageJudge::judged, this,
+            [this](const std::shared_ptr<const InspectedPage>& page) { tell(*page); });
     connect(health_, &PageHealth::changed, this, &PageEditor::stateChanged);
     followPage();
 }
@@ -133,50 +132,75 @@ bool PageEditor::isBusy() const {
 void PageEditor::followPage() {
     source_->showPage(page_->content());
     sealTimer_.start();
-    previewTimer_.start();
+    followTimer_.start();
 }
 
-void PageEditor::tellMarkupProblem() {
-    std::vector<Message> messages;
+// ---- what there is to say of the page -----------------------------------------------------------
+
+void PageEditor::judge() {
+    if (judged_ == page_->content()) return;
+    judged_ = page_->content();
+    judge_.request({page_->file(), judged_->bytes()});
+}
+
+void PageEditor::tell(const InspectedPage& inspected) {
+    state_ = inspected.verdict;
+    std::vector<Message> messages = messagesOf(page_->file(), inspected);
     if (const auto& problem = page_->content()->problem()) {
-        Message message;
-        message.severity = Message::Severity::Error;
-        message.text = QString::fromStdString(problem->problem());
-        message.page = page_->file();
-        message.place.line = problem->line();
-        messages.push_back(std::move(message));
+        Place place;
+        place.line = problem->line();
+        messages = {{Message::Severity::Error, toQt(problem->problem()), page_->file(), place}};
     }
-    Q_EMIT messagesChanged(sourceName("markup"), messages);
+    showRefusal(inspected);
+    Q_EMIT messagesChanged(messages);
+    Q_EMIT stateChanged();
 }
 
-// Shows why a save would be refused, according to the current previews; the notice goes with its
-// cause.
-void PageEditor::showRefusal() {
+// Shows why a save would be refused and what can be done; goes with its cause.
+void PageEditor::showRefusal(const InspectedPage& inspected) {
     const QString key = QStringLiteral("refusal");
+    const auto worst = std::max_element(
+        inspected.doubts.begin(), inspected.doubts.end(),
+        [](const auto& one, const auto& other) { return one.doubt.kind < other.doubt.kind; });
     QString text;
-    bool failed = false;
-    for (const ControlSpan& span : page_->content()->controls()) {
-        const auto found = previews_.find(span.id);
-        if (found == previews_.end() || !found->second->expansion.doubt) continue;
-        const Expansion& expansion = found->second->expansion;
-        failed = expansion.failed();
-        const QString reason = QString::fromStdString(span.id + ": " + expansion.doubt->reason);
-        const QString missing = failed ? missingFiles(*page_->site()) : QString();
-        text = !failed ? tr("Saving this page would lose something. %1").arg(reason)
-                       : tr("This page cannot be saved as long as it cannot be generated. %1")
-                             .arg(missing.isEmpty() ? reason : missing);
-        if (failed) break;
+    std::vector<NoticeBar::Choice> choices;
+    const NoticeBar::Choice settings{tr("Settings..."), [this] { Q_EMIT settingsRequested(); }};
+    if (inspected.failure && inspected.failure->of != PageFailure::Of::Page) {
+        text = toQt(inspected.failure->text);
+        choices = {settings};
+    } else if (worst != inspected.doubts.end()) {
+        const SaveDoubt& doubt = worst->doubt;
+        const bool isLoss = doubt.kind == SaveDoubt::Kind::Loss;
+        text = (isLoss ? tr("Saving this page would lose something: %1.")
+                       : tr("This page cannot be generated: %1."))
+                   .arg(toQt(doubt.reason));
+        if (!isLoss) choices = {settings};
+        const auto kind = std::find_if(
+            doubt.losses.begin(), doubt.losses.end(),
+            [](const StoredLoss& loss) { return loss.what == StoredLoss::What::Kind; });
+        if (kind != doubt.losses.end())
+            choices = {{tr("Add a row"), [this, control = worst->control, family = *kind->family] {
+                            controls_->select(control);
+                            addRow(family);
+                        }}};
     }
     // A notice that the author has closed comes back only with another text.
     if (text == std::exchange(refusal_, text)) return;
-    if (text.isEmpty()) {
-        notices_->remove(key);
-    } else if (failed) {
-        notices_->show(key, Message::Severity::Error, text,
-                       {{tr("Settings..."), [this] { Q_EMIT settingsRequested(); }}});
-    } else {
-        notices_->show(key, Message::Severity::Warning, text);
-    }
+    if (text.isEmpty()) return notices_->remove(key);
+    const bool isError = inspected.verdict >= GeneratedPage::Verdict::Failing;
+    notices_->show(key, isError ? Message::Severity::Error : Message::Severity::Warning, text,
+                   choices);
+}
+
+// Where the kinds of values go beyond the rows, one more row keeps one more.
+void PageEditor::addRow(Family family) {
+    if (!controls_->live() || isBusy()) return;
+    HeaderDTC& dtc = controls_->live()->dtc();
+    controls_->surface()->act([&] {
+        dtc.SSTab1.clickTab(traitsOf(family).tabPage);
+        dtc.family(family).AddCriteriumCommand.press();
+    });
+    controls_->takeChanges();
 }
 
 // ---- what the author does -----------------------------------------------------------------------
@@ -266,19 +290,15 @@ void PageEditor::showParts(bool source, bool preview) {
 
 // ---- previews -----------------------------------------------------------------------------------
 
-QString PageEditor::sourceName(const std::string& part) const {
-    return messageSources_ + QString::fromStdString(part);
-}
-
 void PageEditor::lookAgain() {
     controls_->renewFaulty();
     previewed_.clear();
-    previewTimer_.start();
+    judged_.reset();
+    followTimer_.start();
     health_->judgeSoon();
 }
 
 void PageEditor::requestPreviews() {
-    tellMarkupProblem();
     const PageContentPtr& content = page_->content();
     std::set<std::string> ids;
     for (const ControlSpan& span : content->controls()) {
@@ -293,52 +313,15 @@ void PageEditor::requestPreviews() {
     }
     // Forget controls that are no longer in the page.
     std::erase_if(previewed_, [&](const auto& entry) { return !ids.contains(entry.first); });
-    std::erase_if(previews_, [&](const auto& entry) {
-        if (ids.contains(entry.first)) return false;
-        Q_EMIT messagesChanged(sourceName(entry.first), {});
-        return true;
-    });
+    std::erase_if(previews_, [&](const auto& entry) { return !ids.contains(entry.first); });
     if (ids.empty()) showPreviewOfCurrent();
-    showRefusal();
 }
 
 void PageEditor::takePreview(const std::shared_ptr<const Preview>& preview) {
     previews_[preview->controlId] = preview;
-    showRefusal();
-    Q_EMIT stateChanged();
-    const auto index = page_->content()->indexOf(preview->controlId);
-    if (!index) return;
-    const ControlSpan& span = page_->content()->controls()[*index];
-    std::vector<Message> messages;
-    for (const std::string& text : preview->expansion.messages)
-        messages.push_back(messageOf(text, page_->file(), span));
-    // A doubt beside a failure would only repeat it.
-    const bool failed = std::any_of(messages.begin(), messages.end(), [](const Message& message) {
-        return message.severity == Message::Severity::Error;
-    });
-    if (preview->expansion.doubt && !failed)
-        messages.push_back(messageOf(*preview->expansion.doubt, page_->file(), span));
-    if (!preview->problem.empty())
-        messages.push_back(messageOf(preview->problem, page_->file(), span));
-    Q_EMIT messagesChanged(sourceName(preview->controlId), messages);
     const auto current = controls_->current();
     if (current && page_->content()->controls()[*current].id == preview->controlId)
         showPreviewOfCurrent();
-}
-
-PageEditor::Freshness PageEditor::freshness() const {
-    Freshness worst = Freshness::Fresh;
-    for (const ControlSpan& span : page_->content()->controls()) {
-        const auto found = previews_.find(span.id);
-        if (found == previews_.end()) return Freshness::Unknown;
-        const Preview& preview = *found->second;
-        if (!preview.problem.empty() || preview.expansion.failed()) return Freshness::Failing;
-        if (preview.expansion.doubt) worst = Freshness::Losing;
-        const bool changes = std::any_of(preview.changes.begin(), preview.changes.end(),
-                                         [](const DiffRun& run) { return !run.same; });
-        if (changes) worst = std::max(worst, Freshness::Stale);
-    }
-    return worst;
 }
 
 void PageEditor::showPreviewOfCurrent() {

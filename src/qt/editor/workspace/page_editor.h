@@ -3,11 +3,13 @@
 #include "qt/editor/base/message.h"
 #include "qt/editor/page/edited_page.h"
 #include "qt/editor/preview/preview_worker.h"
+#include "qt/editor/workspace/page_judge.h"
 
 #include <QTimer>
 #include <QWidget>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -61,34 +63,37 @@ class PageEditor : public QWidget {
     void lookAgain();
     void showParts(bool source, bool preview);
     bool isBusy() const;
-    // Whether the file holds the text that would be generated; Losing: saving would be refused.
-    enum class Freshness { Unknown, Fresh, Stale, Losing, Failing };
-    Freshness freshness() const;
-    // What the names of all its message sources begin with.
-    QString messageSources() const { return messageSources_; }
+    // Whether the page holds the text that would be generated, and whether a save would be refused;
+    // nothing until that is known.
+    std::optional<GeneratedPage::Verdict> state() const { return state_; }
+    // What the messages of the page are kept under, whatever its file's name becomes.
+    const QString& messageSource() const { return messageSource_; }
 
   Q_SIGNALS:
     // Title, modified mark, undo or redo have changed.
     void stateChanged();
     // The author wants to look at the settings of the page's site.
     void settingsRequested();
-    // The messages of one part of the page, in place of those it had before.
-    void messagesChanged(const QString& source,
-                         const std::vector<headerdtc::qt::Message>& messages);
+    // In place of those it had before.
+    void messagesChanged(const std::vector<headerdtc::qt::Message>& messages);
 
   private:
     void followPage();
     void requestPreviews();
     void takePreview(const std::shared_ptr<const Preview>& preview);
     void showPreviewOfCurrent();
-    void showRefusal();
-    void tellMarkupProblem();
+    void judge();
+    void tell(const InspectedPage& inspected);
+    void showRefusal(const InspectedPage& inspected);
+    void addRow(Family family);
     void step(void (EditedPage::*move)(), const std::string& control);
-    QString sourceName(const std::string& part) const;
 
-    const QString messageSources_;
+    const QString messageSource_;
     std::unique_ptr<EditedPage> page_;
     PreviewWorker worker_;
+    PageJudge judge_;
+    PageContentPtr judged_;  // what was asked of the judge last
+    std::optional<GeneratedPage::Verdict> state_;
     struct Asked {
         StoredProperties properties;
         PageContentPtr saved;
@@ -97,7 +102,7 @@ class PageEditor : public QWidget {
     std::map<std::string, Asked> previewed_;  // what was asked for, by control
     std::map<std::string, std::shared_ptr<const Preview>> previews_;
     QString refusal_;  // why a save would be refused, in words
-    QTimer previewTimer_;
+    QTimer followTimer_;
     QTimer sealTimer_;
 
     NoticeBar* notices_;

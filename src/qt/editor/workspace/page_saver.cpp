@@ -5,7 +5,6 @@
 #include "qt/editor/page/page_changes.h"
 #include "qt/editor/workspace/notice_bar.h"
 #include "qt/editor/workspace/page_editor.h"
-#include "qt/editor/workspace/site_files.h"
 
 #include <QFileDialog>
 #include <QMessageBox>
@@ -32,7 +31,6 @@ bool askToSaveAnyway(QWidget& window, const QString& title, const QString& reaso
 
 // Offers no "Save anyway": without generated text there is nothing worth saving.
 void tellFailure(QWidget& window, PageEditor& editor, const QString& reason) {
-    const QString missing = missingFiles(*editor.page().site());
     QMessageBox box(
         QMessageBox::Critical, PageSaver::tr("Not saved"),
         PageSaver::tr("%1 was not saved, because it cannot be generated. Your changes are "
@@ -40,11 +38,9 @@ void tellFailure(QWidget& window, PageEditor& editor, const QString& reason) {
             .arg(editor.title()),
         QMessageBox::Close, &window);
     box.setObjectName(QStringLiteral("NotGeneratedBox"));
-    box.setInformativeText(missing.isEmpty()
-                               ? reason
-                               : PageSaver::tr("%1\n\nPut the file there, or name its place in the "
-                                               "settings of the site.\n\n%2")
-                                     .arg(missing, reason));
+    box.setInformativeText(
+        PageSaver::tr("%1\n\nMend what is missing, or correct the settings of the site.")
+            .arg(reason));
     box.setTextFormat(Qt::PlainText);
     auto* settings = box.addButton(PageSaver::tr("Se&ttings..."), QMessageBox::ActionRole);
     box.setDefaultButton(QMessageBox::Close);

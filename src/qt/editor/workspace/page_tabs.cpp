@@ -1,11 +1,13 @@
 #include "qt/editor/workspace/page_tabs.h"
 
+#include "platform/runtime_error.h"
 #include "qt/editor/base/words.h"
 #include "qt/editor/page/control_pane.h"
 #include "qt/editor/workspace/notice_bar.h"
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_saver.h"
-#include "qt/editor/workspace/site_files.h"
+#include "runtime/runtime_text.h"
+#include "scripts/install_directory.h"
 
 #include <QAbstractButton>
 #include <QMessageBox>
@@ -29,6 +31,22 @@ fs::path freeName(const fs::path& folder, const PageTabs& tabs) {
         std::error_code failure;
         if (!fs::exists(name, failure) && !tabs.find(name)) return name;
     }
+}
+
+// What every page of a site is made with. A file whose place is not known is left out.
+std::vector<fs::path> filesOf(Site& site) {
+    const SiteConfiguration& configuration = *site.configuration;
+    std::vector<fs::path> files{
+        configuration.file.empty() ? configuration.folder / "headerdtc.toml" : configuration.file,
+        configuration.catalogue, configuration.registry};
+    const std::string directory = installDirectoryOf(site.registry);
+    if (directory.empty()) return files;
+    try {
+        files.push_back(configuration.drives.toLocal(directory + std::string(TemplateFile)));
+    } catch (const RuntimeError&) {
+        // A drive that the configuration lacks.
+    }
+    return files;
 }
 
 }  // namespace
@@ -204,7 +222,7 @@ std::set<fs::path> PageTabs::filesToWatch() {
     std::map<fs::path, FileStamp> ofSites;
     for (PageEditor* editor : editors()) {
         files.insert(editor->page().file());
-        for (const auto& [_, file] : filesOf(*editor->page().site())) {
+        for (const fs::path& file : filesOf(*editor->page().site())) {
             files.insert(file);
             const auto known = siteFiles_.find(file);
             ofSites.emplace(file, known != siteFiles_.end() ? known->second : FileStamp::of(file));
