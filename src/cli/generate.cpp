@@ -62,7 +62,8 @@ class GenerateText : public GenerateReport {
     void page(const PageRun::Page& page, const SiteGeneration::Done& done) override {
         const Verdict verdict = done.page.verdict;
         if (isToldAlready(done.page)) return;
-        if (verdict == Verdict::LeftAlone) lines_.printMissingConfiguration(sites(), page.name);
+        if (verdict == Verdict::Losing || verdict == Verdict::Failing)
+            lines_.printMissingConfiguration(sites(), page.name);
         const auto of = verdict == Verdict::NotConfigured ? PageFailure::Of::Configuration
                                                           : PageFailure::Of::Page;
         for (const std::string& message : done.page.messages)

@@ -35,6 +35,7 @@ TEST(Message, StandsAtThePlaceOfWhatWasFound) {
                           "page.asp",
                           4,
                           "HeaderDTC1",
+                          "",
                           {Family::ZEKO, row, property, "text", "advice", 0}}};
         return describe(messagesOf("page.asp", page).at(0).place);
     };

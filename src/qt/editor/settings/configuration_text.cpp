@@ -1,8 +1,8 @@
 #include "qt/editor/settings/configuration_text.h"
 
-#include "host/files/utf8_scan.h"
 #include "host/site/site_configuration.h"
 #include "host/site/toml.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 #include <sstream>
@@ -11,7 +11,6 @@ namespace headerdtc::qt {
 namespace {
 
 constexpr std::string_view Blanks = " \t";
-constexpr std::string_view Mark = "\xEF\xBB\xBF";
 
 std::string quoted(std::string_view value) {
     const toml::value text{std::string(value)};
@@ -40,12 +39,12 @@ struct ConfigurationText::Reading {
     }
     // The library counts lines, and characters in a line, both from 1.
     std::size_t offset(const toml::source_position& place) const {
-        std::size_t at = bytes.starts_with(Mark) ? Mark.size() : 0;
+        std::size_t at = bytes.starts_with(utf8::ByteOrderMark) ? utf8::ByteOrderMark.size() : 0;
         for (toml::source_index line = 1; line < place.line; ++line)
             at = std::min(bytes.find('\n', at), bytes.size() - 1) + 1;
         for (toml::source_index column = 1; column < place.column && at < bytes.size(); ++column)
             at += std::max<std::size_t>(
-                characterLength(std::string_view(bytes).substr(at, MostBytes)), 1);
+                utf8::characterLength(std::string_view(bytes).substr(at, MostBytes)), 1);
         return at;
     }
     std::size_t begin(const toml::node& node) const { return offset(node.source().begin); }
@@ -156,7 +155,7 @@ void ConfigurationText::add(std::string_view section, const std::string& entry) 
         at = nextLine(last.value_or(opened));
     } else {
         // At the top of the file the first comment is about the file.
-        at = bytes_.starts_with(Mark) ? Mark.size() : 0;
+        at = bytes_.starts_with(utf8::ByteOrderMark) ? utf8::ByteOrderMark.size() : 0;
         while (at < bytes_.size() && bytes_[at] == '#')
             at = nextLine(at);
     }
@@ -171,7 +170,7 @@ void ConfigurationText::replace(std::size_t begin, std::size_t end, std::string_
 std::size_t ConfigurationText::lineBegin(std::size_t at) const {
     const std::size_t feed = at == 0 ? std::string::npos : bytes_.rfind('\n', at - 1);
     if (feed != std::string::npos) return feed + 1;
-    return bytes_.starts_with(Mark) ? Mark.size() : 0;
+    return bytes_.starts_with(utf8::ByteOrderMark) ? utf8::ByteOrderMark.size() : 0;
 }
 
 std::size_t ConfigurationText::nextLine(std::size_t at) const {
