@@ -90,9 +90,9 @@ ExitStatus run(const std::vector<std::string>& words) {
                    "the site's configuration (headerdtc.toml)")
         ->envname("HEADERDTC_CONFIG")
         ->type_name(FileType);
-    for (const auto add :
-         {addInit, addGenerate, addCheck, addExplain, addWhere, addRename, addDoctor, addNew, addShow,
-          addReport, addEdit, addAutomate, addTranslations, addCatalogue, addCompletion, addHelp})
+    for (const auto add : {addInit, addGenerate, addCheck, addExplain, addWhere, addRename,
+                           addDoctor, addNew, addShow, addReport, addEdit, addAutomate,
+                           addTranslations, addCatalogue, addCompletion, addHelp})
         add(app, line);
     return obey(app, line, words);
 }

@@ -126,8 +126,8 @@ bool scriptSaves(const std::string& script) {
     });
 }
 
-PageChange replayOnPage(Sites& sites, const std::filesystem::path& page,
-                          const std::string& control, const std::string& script) {
+PageChange replayOnPage(Sites& sites, const std::filesystem::path& page, const std::string& control,
+                        const std::string& script) {
     PageChange result;
     if (const auto failure =
             failureOf(page, [&] { replay(sites, page, control, script, result); })) {

@@ -76,8 +76,7 @@ TEST_F(Doctor, SaysWhichConfigurationHoldsAndWhy) {
     EXPECT_THAT(broken.front().detail, HasSubstr("headerdtc.toml:1:1:"));
 
     std::filesystem::remove(site / "headerdtc.toml");
-    EXPECT_THAT(look("configuration"),
-                says("warning: no headerdtc.toml", "-> make a site with "));
+    EXPECT_THAT(look("configuration"), says("warning: no headerdtc.toml", "-> make a site with "));
 }
 
 TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
