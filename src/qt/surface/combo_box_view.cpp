@@ -27,6 +27,7 @@ class ListPopupStyle : public QProxyStyle {
 };
 
 constexpr int VisibleItems = 15;
+constexpr int LeastLetters = 12;
 
 }  // namespace
 
@@ -38,6 +39,9 @@ ComboBoxView::ComboBoxView(ComboBox& model, QComboBox& widget, FormFace face)
     style->setParent(&combo_);
     combo_.setStyle(style);
     combo_.setMaxVisibleItems(VisibleItems);
+    // An item may have a long name; the box has the width that its tab leaves it.
+    combo_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    if (combo_.minimumContentsLength() == 0) combo_.setMinimumContentsLength(LeastLetters);
     combo_.setModel(&items_);
     if (auto* list = qobject_cast<QListView*>(combo_.view())) list->setUniformItemSizes(true);
     if (model_.isEditable()) beEditable();

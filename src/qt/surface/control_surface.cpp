@@ -89,4 +89,8 @@ void ControlSurface::finishEditing() {
     act([this] { dtc_.surface.finishEditing(); });
 }
 
+void ControlSurface::markChanged(const std::set<const Control*>& changed) {
+    binder_->markChanged(changed);
+}
+
 }  // namespace headerdtc::qt

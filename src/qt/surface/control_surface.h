@@ -3,10 +3,12 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <set>
 
 namespace headerdtc {
+class Control;
 class HeaderDTC;
-}
+}  // namespace headerdtc
 
 namespace headerdtc::qt {
 
@@ -34,6 +36,9 @@ class ControlSurface : public QWidget {
     // What is being edited reaches the control (Form::finishEditing). To be called before the page
     // is saved.
     void finishEditing();
+
+    // Marks these controls as other than in the page's file, and no others.
+    void markChanged(const std::set<const Control*>& changed);
 
   private:
     HeaderDTC& dtc_;

@@ -84,12 +84,46 @@ class FocusOutline : public QWidget {
     }
 };
 
+// A bar in the margin beside a widget.
+class ChangeBar : public QWidget {
+  public:
+    explicit ChangeBar(QWidget& marked) : QWidget(marked.parentWidget()), marked_(marked) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        marked.installEventFilter(this);
+        follow();
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto type = event->type();
+        if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show ||
+            type == QEvent::Hide)
+            follow();
+        return QWidget::eventFilter(watched, event);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter(this).fillRect(rect(), palette().color(QPalette::Highlight));
+    }
+
+  private:
+    void follow() {
+        constexpr int Width = 3;
+        constexpr int Distance = 2;
+        const QRect place = marked_.geometry();
+        setGeometry(place.left() - Distance - Width, place.top(), Width, place.height());
+        setVisible(!marked_.isHidden());
+        raise();
+    }
+
+    QWidget& marked_;
+};
+
 }  // namespace
 
 ControlView::ControlView(Control& control, QWidget& widget, FormFace face)
     : face_(face), control_(control), widget_(widget) {
     face_.focus.add(control, widget);
-    widget_.setToolTip(toQt(control_.toolTip()));
     widget_.installEventFilter(this);
     subscriptions_ += control_.appearanceChanged.subscribe([this] { showAppearance(); });
 }
@@ -115,14 +149,36 @@ void ControlView::showEnabled(bool enabled) {
     widget_.setEnabled(enabled);
 }
 
+QString ControlView::spokenWords() const {
+    QString words = spokenName(control_.name());
+    if (words.isEmpty()) words = caption();
+    return words.isEmpty() ? withoutColon(toQt(control_.label())) : words;
+}
+
 void ControlView::describe(const QString& count) {
-    QString name = spokenName(control_.name());
-    if (name.isEmpty()) name = caption();
-    if (name.isEmpty()) name = withoutColon(toQt(control_.label()));
-    const QString toolTip = toQt(control_.toolTip());
-    // Qt has a combo box called by its text.
-    widget_.setAccessibleDescription(toolTip.isEmpty() ? name : toolTip);
+    const QString name = spokenWords();
     widget_.setAccessibleName(count.isEmpty() ? name : name + QStringLiteral(", ") + count);
+    explain();
+}
+
+void ControlView::explain() {
+    QStringList words;
+    if (!control_.toolTip().empty()) words += toQt(control_.toolTip());
+    if (changeBar_) words += tr("Differs from the saved page");
+    widget_.setToolTip(words.join('\n'));
+    // Qt has a combo box called by its text.
+    if (control_.toolTip().empty()) words.prepend(spokenWords());
+    widget_.setAccessibleDescription(words.join(QStringLiteral(". ")));
+}
+
+void ControlView::markChanged(bool changed) {
+    if (changed == !changeBar_.isNull()) return;
+    if (changed) {
+        changeBar_ = new ChangeBar(widget_);
+    } else {
+        delete changeBar_;
+    }
+    explain();
 }
 
 // Only with the focus: keys that an in-place editor does not use are passed on to its grid.

@@ -5,6 +5,7 @@
 
 #include <QChar>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -44,6 +45,8 @@ class ControlView : public QObject {
     virtual QString caption() const { return {}; }
     // The letter of the caption that Alt presses the control with.
     virtual void useMnemonic(QChar) {}
+    // Marks a control that is another than in the page's file, to the eye and in words.
+    void markChanged(bool changed);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -63,9 +66,12 @@ class ControlView : public QObject {
 
   private:
     void showAppearance();
+    QString spokenWords() const;
+    void explain();
 
     Control& control_;
     QWidget& widget_;
+    QPointer<QWidget> changeBar_;  // goes with the widgets of the form
 };
 
 // The key as the models know it; nothing for keys that they do not know (Home, function keys) and

@@ -116,6 +116,16 @@ FormBinder::FormBinder(Form& form, QWidget& formWidget, const QString& takenMnem
 
 FormBinder::~FormBinder() = default;
 
+void FormBinder::markChanged(const std::set<const Control*>& changed) {
+    std::set<int> pages;
+    for (const Control* control : changed)
+        pages.insert(control->tabPage());
+    for (const auto& view : views_) {
+        view->markChanged(changed.contains(&view->control()));
+        if (auto* tabs = dynamic_cast<TabStripView*>(view.get())) tabs->markPages(pages);
+    }
+}
+
 // An editor's grid is the table beside it.
 void FormBinder::attachEditors() {
     std::map<const QWidget*, GridView*> grids;

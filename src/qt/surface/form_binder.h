@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <memory>
+#include <set>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -38,6 +39,9 @@ class FormBinder {
     ~FormBinder();
     FormBinder(const FormBinder&) = delete;
     FormBinder& operator=(const FormBinder&) = delete;
+
+    // Marks these controls, and the tabs that they are on, as other than in the page's file.
+    void markChanged(const std::set<const Control*>& changed);
 
     ActionRunner actions;
     FocusKeeper focus;

@@ -18,16 +18,16 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || gridRow(index) >= grid_.Rows()) return {};
-    if (role == Qt::DisplayRole) return toQt(grid_.TextMatrix(gridRow(index), index.column()));
-    return remarks_.data(index, role,
-                         role == Qt::AccessibleTextRole
-                             ? QVariant(toQt(grid_.TextMatrix(gridRow(index), index.column())))
-                             : QVariant());
+    const bool isText = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+    const QVariant text =
+        isText ? toQt(grid_.TextMatrix(gridRow(index), index.column())) : QVariant();
+    const auto remarks = remarks_.find(index.column());
+    return remarks == remarks_.end() ? text : remarks->second.data(index, role, text);
 }
 
-void GridModel::setRemarks(ItemRemarks remarks) {
-    remarks_ = std::move(remarks);
-    if (rows_ > 0) Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, grid_.Cols() - 1));
+void GridModel::setRemarks(int column, ItemRemarks remarks) {
+    remarks_[column] = std::move(remarks);
+    if (rows_ > 0) Q_EMIT dataChanged(index(0, column), index(rows_ - 1, column));
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -4,6 +4,7 @@
 #include "qt/surface/item_remarks.h"
 
 #include <QAbstractTableModel>
+#include <map>
 
 namespace headerdtc::qt {
 
@@ -22,7 +23,8 @@ class GridModel : public QAbstractTableModel {
     void begin(const GridChange& change);
     void apply(const GridChange& change);
 
-    void setRemarks(ItemRemarks remarks);
+    // Of the cells of a column.
+    void setRemarks(int column, ItemRemarks remarks);
 
     QModelIndex currentCell() const;
     int gridRow(const QModelIndex& index) const { return index.row() + grid_.FixedRows(); }
@@ -30,7 +32,7 @@ class GridModel : public QAbstractTableModel {
   private:
     const Grid& grid_;
     int rows_;  // as Qt knows them
-    ItemRemarks remarks_;
+    std::map<int, ItemRemarks> remarks_;
 };
 
 }  // namespace headerdtc::qt

@@ -3,6 +3,7 @@
 #include "controls/combo_box.h"
 #include "controls/text_box.h"
 #include "qt/surface/focus_keeper.h"
+#include "qt/surface/shades.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -52,14 +53,9 @@ class CellDelegate : public QStyledItemDelegate {
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         if (!option->widget || option->widget->hasFocus()) return;
-        constexpr int Parts = 5;  // of the text's colour one, of the ground's the others
         QPalette& palette = option->palette;
         const QColor text = palette.color(QPalette::Text);
-        const QColor ground = palette.color(QPalette::Base);
-        const auto mixed = [](int one, int others) { return (one + (Parts - 1) * others) / Parts; };
-        palette.setColor(QPalette::Highlight,
-                         {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
-                          mixed(text.blue(), ground.blue())});
+        palette.setColor(QPalette::Highlight, mixed(text, palette.color(QPalette::Base), 0.2));
         palette.setColor(QPalette::HighlightedText, text);
     }
 };
@@ -224,14 +220,16 @@ bool GridView::viewportEvent(const QEvent& event) {
     }
 }
 
-// A text that its cell is too narrow for shows as a tool tip.
+// A text that its cell is too narrow for shows as a tool tip, before what else there is to say.
 bool GridView::showCutOffText(const QHelpEvent& event) {
     const QModelIndex cell = table_.indexAt(event.pos());
-    if (!cell.data(Qt::ToolTipRole).toString().isEmpty()) return false;
     const QString text = cell.data().toString();
-    const int room = table_.visualRect(cell).width() - cellMargin();
+    const QString remark = cell.data(Qt::ToolTipRole).toString();
+    const int icon = remark.isEmpty() ? 0 : table_.style()->pixelMetric(QStyle::PM_SmallIconSize);
+    const int room = table_.visualRect(cell).width() - cellMargin() - icon;
     if (table_.fontMetrics().horizontalAdvance(text) <= room) return false;
-    QToolTip::showText(event.globalPos(), text, table_.viewport());
+    QToolTip::showText(event.globalPos(), remark.isEmpty() ? text : text + '\n' + remark,
+                       table_.viewport());
     return true;
 }
 

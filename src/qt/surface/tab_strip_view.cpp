@@ -6,14 +6,51 @@
 #include "qt/surface/text.h"
 
 #include <QMouseEvent>
+#include <QPainter>
 #include <QShortcutEvent>
 #include <QTabBar>
 #include <QTabWidget>
 
 namespace headerdtc::qt {
 
+// Lies over the tabs and has a dot in the corner of each that is marked.
+class TabStripView::Dots : public QWidget {
+  public:
+    explicit Dots(QTabBar& bar) : QWidget(&bar), bar_(bar) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        bar.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Resize) resize(bar_.size());
+        return QWidget::eventFilter(watched, event);
+    }
+
+    std::set<int> pages;
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr int Size = 5;
+        constexpr int Margin = 4;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().color(QPalette::Highlight));
+        for (const int page : pages) {
+            const QRect tab = bar_.tabRect(page);
+            painter.drawEllipse(tab.right() - Margin - Size, tab.top() + Margin, Size, Size);
+        }
+    }
+
+  private:
+    QTabBar& bar_;
+};
+
 TabStripView::TabStripView(TabStrip& model, QTabWidget& widget, FormFace face)
-    : ControlView(model, widget, face), model_(model), tabs_(widget) {
+    : ControlView(model, widget, face),
+      model_(model),
+      tabs_(widget),
+      dots_(new Dots(*widget.tabBar())) {
     const auto& captions = model_.captions();
     for (std::size_t page = 0; page < captions.size(); ++page)
         tabs_.setTabText(static_cast<int>(page), toQt(captions[page]));
@@ -34,6 +71,18 @@ QString TabStripView::takeMnemonics(const QString& taken) {
     for (int page = 0; page < captions.size(); ++page)
         tabs_.setTabText(page, withMnemonic(captions.at(page), letters.at(page)));
     return letters;
+}
+
+void TabStripView::markPages(const std::set<int>& pages) {
+    if (pages == dots_->pages) return;
+    dots_->pages = pages;
+    dots_->update();
+    for (int page = 0; page < tabs_.count(); ++page) {
+        const QString caption = toQt(model_.captions().at(static_cast<std::size_t>(page)));
+        tabs_.tabBar()->setAccessibleTabName(
+            page,
+            pages.contains(page) ? tr("%1, differs from the saved page").arg(caption) : QString());
+    }
 }
 
 void TabStripView::show() {

@@ -3,6 +3,8 @@
 #include "controls/tab_strip.h"
 #include "qt/surface/control_view.h"
 
+#include <set>
+
 class QTabWidget;
 
 namespace headerdtc::qt {
@@ -13,6 +15,8 @@ class TabStripView : public ControlView {
 
     // Every tab takes a letter of its own that is not taken; tells which.
     QString takeMnemonics(const QString& taken);
+    // Marks the tabs of these pages, and no others, as holding what is not in the page's file.
+    void markPages(const std::set<int>& pages);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -25,8 +29,11 @@ class TabStripView : public ControlView {
     bool turnPage(const QKeyEvent& event);
     void clickTab(int page);
 
+    class Dots;
+
     TabStrip& model_;
     QTabWidget& tabs_;
+    Dots* dots_;
 };
 
 }  // namespace headerdtc::qt

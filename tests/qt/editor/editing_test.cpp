@@ -29,15 +29,21 @@ TEST_F(Editing, AChangeAtTheControlIsAStepThatIsSavedAndTakenBack) {
     PageEditor& editor = open("page.asp", ordersPage());
     change(editor);
     EXPECT_TRUE(window->isWindowModified());
-    EXPECT_EQ("&Undo: extra filters", window->commands()[Command::Undo]->text());
+    EXPECT_EQ("&Undo: switch extra filters", window->commands()[Command::Undo]->text());
 
     command(Command::Save);
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_THAT(site.read("page.asp"), HasSubstr("NAME=\"EnableExtraFilters\" VALUE=\"-1\""));
     EXPECT_EQ(GeneratedPage::Verdict::UpToDate, check("page.asp").verdict);
 
+    const auto isMarked = [&] {
+        const auto* box = editor.findChild<QCheckBox*>("EnableExtraFiltersCheck");
+        return box->toolTip().contains("Differs from the saved page");
+    };
+    EXPECT_FALSE(isMarked());
     dtc(editor).SSTab1.clickTab(2);
     command(Command::Undo);
+    EXPECT_TRUE(isMarked());
     EXPECT_EQ(2, dtc(editor).SSTab1.Tab()) << "the author is led to no other tab";
     EXPECT_EQ(CheckState::Unchecked, dtc(editor).EnableExtraFiltersCheck.Value());
     EXPECT_TRUE(window->isWindowModified());

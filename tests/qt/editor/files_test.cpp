@@ -240,6 +240,24 @@ TEST_F(Files, ANewPageIsSavedUnderTheNameThatIsGiven) {
     EXPECT_EQ(GeneratedPage::Verdict::UpToDate, check("fresh.asp").verdict);
 }
 
+TEST_F(Files, SeveralUnsavedPagesAreOneQuestionAtTheEnd) {
+    change(open("one.asp", ordersPage()));
+    change(open("two.asp", ordersPage()));
+    for (const char* button : {"Cancel", "Save all"}) {
+        answerDialogs([&](QWidget& dialog) {
+            printf("NOW %s\n", said.c_str());
+            fflush(stdout);
+            press(dialog, button);
+        });
+        printf("SAID %s\n", said.c_str());
+        fflush(stdout);
+        EXPECT_EQ(window->close(), button == std::string_view("Save all"));
+    }
+    EXPECT_THAT(said, HasSubstr("one.asp\n\u2022 two.asp"));
+    for (const char* page : {"one.asp", "two.asp"})
+        EXPECT_THAT(site.read(page), HasSubstr("EnableExtraFilters"));
+}
+
 // ---- recovery -----------------------------------------------------------------------------------
 
 class Recovery : public Files {

@@ -85,7 +85,8 @@ TEST_F(Health, AReturnFieldIsReplacedInItsPlaceAsOneStep) {
     EXPECT_EQ("2 - CUSTNO", zeko.I18NFieldnamesList.List(1));
     EXPECT_TRUE(zeko.I18NFieldnamesList.Selected(1));
     EXPECT_EQ(0, zeko.FieldsList.ListCount());
-    EXPECT_EQ("&Undo: ZEKO return fields", window->commands()[Command::Undo]->text());
+    EXPECT_EQ("&Undo: replace 2 - CUSTOMER by 2 - CUSTNO in ZEKO return fields",
+              window->commands()[Command::Undo]->text());
     ASSERT_TRUE(eventually([&] { return vanished(editor).size() == 1; }));
     command(Command::Undo);
     EXPECT_EQ(pageWithOldFields(), editor.page().content()->bytes());
@@ -99,7 +100,8 @@ TEST_F(Health, AKeyIsReplacedByWhatAPersonDoes) {
     EXPECT_EQ(live, editor.controls().live());
     EXPECT_EQ("ORDNO", dtc(editor).ZEKO.CriteriaGrid.TextMatrix(1, criteria_column::Key));
     EXPECT_FALSE(dtc(editor).ZEKO.KeyFieldsCombo.Visible());
-    EXPECT_EQ("&Undo: ZEKO criteria", window->commands()[Command::Undo]->text());
+    EXPECT_EQ("&Undo: replace CUSTOMER == 1 by ORDNO == 1 in ZEKO criteria",
+              window->commands()[Command::Undo]->text());
     // CUSTNO is a key of today, which this control was never told of.
     command(Command::Undo);
     settle();

@@ -118,17 +118,29 @@ TEST(PageContent, TellsThePagesOwnLineEnd) {
     EXPECT_EQ("\r\n", content("no line")->lineEnd());
 }
 
-TEST(StepName, NamesWhatTheAuthorChoseAndNotWhatFollowedFromIt) {
-    const StoredProperties before{{"DataProvider", "Orders"}, {"ZEKOAvailableFields0", "1 - A"}};
-    const StoredProperties after{{"DataProvider", "Stock"}, {"ZEKOAvailableFields0", "1 - B"}};
-    EXPECT_EQ("data provider", describeChange(before, after));
-    EXPECT_EQ("ZEKO criteria", describeChange({}, {{"ZEKOCriteria2_1", "ORDNO"}}));
-    EXPECT_EQ("EAI return fields",
-              describeChange({{"EAIReturnFields0", "A.B"}, {"NrOfEAII18NFieldnames", "1"}},
-                             {{"NrOfEAII18NFieldnames", "0"}}));
-    EXPECT_EQ("ZEKO links", describeChange({}, {{"NrOfLinkedZEKOFields", "3"}}));
-    // An author's name for a script may be like a property's.
-    EXPECT_EQ("scripts", describeChange({}, {{"GetDataProviderUserDefinedScript", "x"}}));
+TEST(StepName, SaysWhatTheAuthorDidAndNotWhatFollowedFromIt) {
+    const struct {
+        StoredProperties before, after;
+        const char* name;
+    } cases[] = {
+        {{{"DataProvider", "Orders"}, {"ZEKOAvailableFields0", "1 - A"}},
+         {{"DataProvider", "Stock"}, {"ZEKOAvailableFields0", "1 - B"}},
+         "choose Stock as data provider"},
+        {{{"ZEKOCriteriaCount", "2"}},
+         {{"ZEKOCriteriaCount", "2"}, {"ZEKOCriteria1_1", "ORDNO"}, {"ZEKOCriteria1_2", "=="}},
+         "replace an empty row by ORDNO == in ZEKO criteria"},
+        {{{"EAIReturnFields0", "A.B"}, {"NrOfEAII18NFieldnames", "1"}},
+         {{"NrOfEAII18NFieldnames", "0"}},
+         "remove A.B from EAI return fields"},
+        {{},
+         {{"ZEKOReturnFields0", " 1 - A"}, {"ZEKOReturnFields1", " 2 - B"}},
+         "add 2 to ZEKO return fields"},
+        {{}, {{"NrOfLinkedZEKOFields", "3"}}, "add an empty row to ZEKO links"},
+        // An author's name for a script may be like a property's.
+        {{}, {{"GetDataProviderUserDefinedScript", "x"}}, "add GetDataProvider to scripts"},
+    };
+    for (const auto& [before, after, name] : cases)
+        EXPECT_EQ(name, describeChange(before, after).toStdString());
 }
 
 // What a history has after some strokes: "+a" is a step to the page a, "*a" one of the kind that
@@ -161,8 +173,8 @@ TEST(UndoHistory, GoesBackAndForthAndForgetsWhatWasUndoneWithANewStep) {
 }
 
 TEST(UndoHistory, JoinsStepsOfOneKindUntilAPause) {
-    EXPECT_EQ(after("*a *ab | *abc <"), "ab, undo a, redo abc");
-    EXPECT_EQ(after("*a *ab | *abc < <"), "start, undo none, redo a");
+    EXPECT_EQ(after("*a *ab | *abc <"), "ab, undo ab, redo abc");
+    EXPECT_EQ(after("*a *ab | *abc < <"), "start, undo none, redo ab");
 }
 
 TEST(UndoHistory, ASavedPageTakesThePlaceOfTheOneThatWasSaved) {

@@ -27,14 +27,15 @@ class SiteWindow : public WindowTest {
         EXPECT_TRUE(eventually([&] { return !window->site().run().isRunning(); }));
         settle();
     }
+    static std::string state(const QModelIndex& row) {
+        return row.siblingAtColumn(SiteModel::State).data().toString().toStdString();
+    }
     std::string stateOf(const std::string& page) {
-        return window->site()
-            .model()
-            .indexOf(site / page)
-            .siblingAtColumn(SiteModel::State)
-            .data()
-            .toString()
-            .toStdString();
+        return state(window->site().model().indexOf(site / page));
+    }
+    std::string stateOfFolder(const std::string& folder) {
+        const SiteModel& model = window->site().model();
+        return state(model.match(model.index(0, 0), Qt::DisplayRole, folder.c_str()).at(0));
     }
     std::string summary() {
         return window->findChild<QLabel*>("SiteSummary")->text().toStdString();
@@ -47,12 +48,13 @@ TEST_F(SiteWindow, ShowsWhatACheckFindsAndWritesNothing) {
     EXPECT_EQ("no control", stateOf("sub/plain.inc"));
     EXPECT_EQ("would lose something", stateOf("lost.asp"));
     EXPECT_EQ("1 up to date, 1 out of date, 1 not done", summary());
+    EXPECT_EQ("1 out of date", stateOfFolder("sub"));
     EXPECT_THAT(site.read("sub/stale.asp"), HasSubstr("old"));
 }
 
 TEST_F(SiteWindow, ShowsOnlyThePagesAskedFor) {
     auto* tree = window->findChild<QTreeView*>("SiteTree");
-    EXPECT_EQ(4, tree->model()->rowCount()) << "with the template's folder";
+    EXPECT_EQ(3, tree->model()->rowCount()) << "without the template's folder";
     window->findChild<QComboBox*>("SiteShow")->setCurrentIndex(SiteFilter::NeedingWork);
     EXPECT_EQ(2, tree->model()->rowCount());
     window->findChild<QLineEdit*>("SiteSearch")->setText("lost");
@@ -65,6 +67,7 @@ TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
     press(*window, "Generate all");
     finish();
     EXPECT_EQ("up to date", stateOf("sub/stale.asp"));
+    EXPECT_EQ("", stateOfFolder("sub"));
     EXPECT_EQ("1 written, 2 up to date, 1 not done", summary());
     EXPECT_EQ(Verdict::UpToDate, check("sub/stale.asp").verdict);
     EXPECT_EQ(site.read("sub/stale.asp"), window->tabs().current()->page().content()->bytes());

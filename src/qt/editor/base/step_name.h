@@ -1,30 +1,37 @@
 #pragma once
 
+#include "core/stored_keys.h"
 #include "host/page/page_markup.h"
 
 #include <QString>
 #include <QStringList>
-#include <string_view>
+#include <set>
 #include <vector>
 
 namespace headerdtc::qt {
 
-// What of a control became another, by the first stored property that differs in what an author
-// chooses; lists that only follow from a choice (the available fields of a provider) come last.
-QString describeChange(const StoredProperties& before, const StoredProperties& after);
+// The parts of a control that are others, what only follows from those among them. The "..." of a
+// criteria row is stored too, but it only says that somebody has been in the row.
+std::set<ControlPart> differingParts(const StoredProperties& before, const StoredProperties& after);
 
-// One thing of a control that became another, as an author calls it, and which texts came and went
-// by that. What only follows from a choice is left out, unless nothing else changed.
+// One part of a control that became another, and what came and went by that: items of a list, rows
+// of a grid, texts. What only follows from a choice (the available fields of a provider) is left
+// out, unless nothing else changed.
 struct ChangedPart {
-    QString caption;
+    ControlPart part;
     QStringList added, removed;
+
+    QString caption() const { return QString::fromStdString(part.caption()); }
 };
 // In the order of the tabs.
 std::vector<ChangedPart> changedParts(const StoredProperties& before,
                                       const StoredProperties& after);
 
-// Whether two states of a control are the same to an author. The "..." of a criteria row is stored
-// too, but it only says that somebody has been in the row.
+// What an author did to a control, as "Undo" is followed by it: "add 8 - DELNAME to ZEKO return
+// fields".
+QString describeChange(const StoredProperties& before, const StoredProperties& after);
+
+// Whether two states of a control are the same to an author.
 bool isSameConfiguration(const StoredProperties& left, const StoredProperties& right);
 
 // The stored properties that differ, for telling whether two changes are of one kind: their names,

@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QString>
+#include <algorithm>
 #include <filesystem>
 
 namespace headerdtc::qt {
@@ -16,6 +17,11 @@ inline std::filesystem::path toPath(const QString& name) {
 
 inline QString toName(const std::filesystem::path& path) {
     return QFile::decodeName(path.c_str());
+}
+
+inline bool isBelow(const std::filesystem::path& file, const std::filesystem::path& folder) {
+    return std::mismatch(folder.begin(), folder.end(), file.begin(), file.end()).first ==
+           folder.end();
 }
 
 }  // namespace headerdtc::qt

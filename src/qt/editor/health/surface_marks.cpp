@@ -64,17 +64,16 @@ const VanishedField* SurfaceMarks::vanishedAt(const QAbstractItemView& view,
 void SurfaceMarks::show(const std::vector<VanishedField>& vanished, FieldOffers& offers) {
     vanished_ = vanished;
     for (const Place& place : places_) {
-        QAbstractItemView* view = place.view;
-        const ItemRemarks remarks{[this, view](const QModelIndex& index) {
-                                      const VanishedField* field = vanishedAt(*view, index);
-                                      return field ? tr("Not offered by %1: %2")
-                                                         .arg(toQt(field->provider),
-                                                              toQt(field->advice))
-                                                   : QString();
-                                  },
-                                  editorIcon("dialog-warning")};
-        if (auto* items = dynamic_cast<ItemsModel*>(view->model())) items->setRemarks(remarks);
-        if (auto* cells = dynamic_cast<GridModel*>(view->model())) cells->setRemarks(remarks);
+        const ItemRemarks remarks{[this, place](const QModelIndex& index) -> ItemRemark {
+            const VanishedField* field = vanishedAt(place, index);
+            if (!field) return {};
+            return {tr("Not offered by %1: %2").arg(toQt(field->provider), toQt(field->advice)),
+                    editorIcon("dialog-warning")};
+        }};
+        if (auto* items = dynamic_cast<ItemsModel*>(place.view->model()))
+            items->setRemarks(remarks);
+        if (auto* cells = dynamic_cast<GridModel*>(place.view->model()))
+            cells->setRemarks(place.column, remarks);
     }
     explainEmptyLists(offers);
 }

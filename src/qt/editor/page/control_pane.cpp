@@ -4,6 +4,7 @@
 #include "platform/runtime_error.h"
 #include "qt/editor/base/words.h"
 #include "qt/editor/lists/list_tools.h"
+#include "qt/editor/page/page_marks.h"
 #include "qt/surface/control_surface.h"
 #include "ui_control_pane.h"
 
@@ -70,6 +71,7 @@ ControlPane::ControlPane(EditedPage& page, QWidget* parent)
     });
     connect(&page_, &EditedPage::contentChanged, this, &ControlPane::followPage);
     connect(&page_, &EditedPage::placeChanged, this, &ControlPane::rebuildAll);
+    connect(&page_, &EditedPage::stateChanged, this, &ControlPane::mark);
     qApp->installEventFilter(this);
     followPage();
 }
@@ -211,6 +213,7 @@ void ControlPane::show(std::size_t control) {
         if (QWidget* before = ui_->ControlArea->takeWidget()) before->hide();
         ui_->ControlArea->setWidget(shown_[control].surface);
         shown_[control].surface->show();
+        mark();
     } else {
         make(control, 0);
     }
@@ -243,7 +246,17 @@ void ControlPane::make(std::size_t control, int tab) {
     ui_->ControlStack->setCurrentWidget(ui_->ControlArea);
     ui_->ControlArea->verticalScrollBar()->setValue(scrolled);
     if (hadFocus) shown.surface->enter();
+    mark();
     Q_EMIT surfaceMade();
+}
+
+void ControlPane::mark() {
+    if (!live()) return;
+    showKinds(live()->dtc(), *surface());
+    const auto saved = page_.saved()->indexOf(live()->id());
+    const StoredProperties& now = live()->properties();
+    showChanges(live()->dtc(), *surface(),
+                saved ? page_.saved()->controls()[*saved].properties : now, now);
 }
 
 void ControlPane::drop(Shown& shown) {

@@ -71,6 +71,7 @@ class ControlPane : public QWidget {
     void show(std::size_t control);
     void make(std::size_t control, int tab);
     void drop(Shown& shown);
+    void mark();
     void fillSelector();
     bool belongsToControl(const QObject* object) const;
 

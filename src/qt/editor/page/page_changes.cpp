@@ -68,7 +68,7 @@ void addChangesAround(const PageContent& before, const PageContent& now, QString
 
 void addChangesOf(const ControlSpan& before, const ControlSpan& now, QStringList& changes) {
     for (const ChangedPart& part : changedParts(before.properties, now.properties))
-        changes += Tr::tr("%1 of %2").arg(part.caption, toQt(now.id)) +
+        changes += Tr::tr("%1 of %2").arg(part.caption(), toQt(now.id)) +
                    detailsOf(part.added, part.removed);
 }
 

@@ -9,6 +9,7 @@ void UndoHistory::push(PageContentPtr next, Step step) {
     steps_.resize(index_);
     if (open_ && !step.kind.isEmpty() && undoStep() && undoStep()->kind == step.kind) {
         states_.back() = std::move(next);
+        steps_.back() = std::move(step);
         return;
     }
     states_.push_back(std::move(next));

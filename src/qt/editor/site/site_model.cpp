@@ -4,12 +4,22 @@
 #include "qt/editor/base/words.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace headerdtc::qt {
 namespace {
 
 namespace fs = std::filesystem;
 using Verdict = GeneratedPage::Verdict;
+
+// From the best to the worst.
+constexpr Verdict Verdicts[] = {Verdict::NoControl,    Verdict::UpToDate, Verdict::Stale,
+                                Verdict::Losing,       Verdict::Failing,  Verdict::NotReadable,
+                                Verdict::NotConfigured};
+
+bool needsWork(Verdict verdict) {
+    return verdict != Verdict::NoControl && verdict != Verdict::UpToDate;
+}
 
 // A page that was written is as it should be now.
 Verdict nowOf(const PageResult& result) {
@@ -23,10 +33,33 @@ struct SiteModel::Node {
     QString name;
     fs::path path;
     bool isPage = false;
+    bool isInstalled = false;
     const PageResult* result = nullptr;
     int row = 0;
     std::vector<std::unique_ptr<Node>> children;
     std::map<fs::path, Node*> folders;
+    std::map<Verdict, int> counts;  // of the pages in it
+
+    int count(Verdict verdict) const {
+        const auto found = counts.find(verdict);
+        return found == counts.end() ? 0 : found->second;
+    }
+    QString work() const {
+        QStringList parts;
+        if (const int stale = count(Verdict::Stale); stale > 0)
+            parts += tr("%1 out of date").arg(stale);
+        int failed = 0;
+        for (const Verdict verdict : Verdicts)
+            if (verdict > Verdict::Stale) failed += count(verdict);
+        if (failed > 0) parts += tr("%1 not done").arg(failed);
+        return parts.join(QLatin1String(", "));
+    }
+    // The icon of the worst page in it.
+    const char* icon() const {
+        for (auto verdict = std::rbegin(Verdicts); verdict != std::rend(Verdicts); ++verdict)
+            if (needsWork(*verdict) && count(*verdict) > 0) return iconOf(*verdict);
+        return "";
+    }
 };
 
 SiteModel::SiteModel(QObject* parent)
@@ -49,7 +82,8 @@ SiteModel::Node& SiteModel::folderOf(const fs::path& folder) {
     return *found;
 }
 
-void SiteModel::setPages(const fs::path& root, const std::vector<fs::path>& pages) {
+void SiteModel::setPages(const fs::path& root, const std::vector<fs::path>& pages,
+                         const fs::path& installed) {
     beginResetModel();
     rootFolder_ = root;
     root_ = std::make_unique<Node>();
@@ -61,22 +95,31 @@ void SiteModel::setPages(const fs::path& root, const std::vector<fs::path>& page
         node->name = toName(page.filename());
         node->path = page;
         node->isPage = true;
+        node->isInstalled = !installed.empty() && isBelow(page, installed);
         node->row = static_cast<int>(folder.children.size());
         pages_[page] = node.get();
         folder.children.push_back(std::move(node));
     }
     std::erase_if(results_, [&](const auto& result) { return !pages_.contains(result.first); });
     for (const auto& [page, result] : results_)
-        pages_[page]->result = &result;
+        setResult(*pages_[page], &result);
     endResetModel();
+}
+
+void SiteModel::setResult(Node& page, const PageResult* result) {
+    page.result = result;
+    for (Node* folder = page.parent; folder; folder = folder->parent)
+        ++folder->counts[nowOf(*result)];
 }
 
 void SiteModel::setResults(const std::vector<PageResult>& results) {
     for (const PageResult& result : results) {
-        const PageResult& kept = results_[result.page] = result;
         const QModelIndex changed = indexOf(result.page);
         if (!changed.isValid()) continue;
-        nodeOf(changed).result = &kept;
+        Node& page = nodeOf(changed);
+        for (Node* folder = page.parent; page.result && folder; folder = folder->parent)
+            --folder->counts[nowOf(*page.result)];
+        setResult(page, &(results_[result.page] = result));
         // Folders tell of what is in them, too.
         for (QModelIndex node = changed; node.isValid(); node = parent(node))
             Q_EMIT dataChanged(node.siblingAtColumn(Name), node.siblingAtColumn(State));
@@ -84,9 +127,24 @@ void SiteModel::setResults(const std::vector<PageResult>& results) {
 }
 
 int SiteModel::count(Verdict verdict) const {
-    return static_cast<int>(std::count_if(results_.begin(), results_.end(), [&](const auto& entry) {
-        return nowOf(entry.second) == verdict;
-    }));
+    return root_->count(verdict);
+}
+
+QString SiteModel::work() const {
+    return root_->work();
+}
+
+QStringList SiteModel::states() const {
+    QStringList words;
+    for (const Verdict verdict : Verdicts)
+        if (root_->count(verdict) > 0) words += wordOf(verdict);
+    const std::function<void(const Node&)> addFolder = [&](const Node& folder) {
+        if (!folder.work().isEmpty()) words += folder.work();
+        for (const auto& [_, inner] : folder.folders)
+            addFolder(*inner);
+    };
+    addFolder(*root_);
+    return words;
 }
 
 QModelIndex SiteModel::indexOf(const fs::path& page) const {
@@ -139,13 +197,20 @@ QVariant SiteModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant SiteModel::stateOf(const Node& node, int role) const {
+    if (role == InstalledRole) return node.isInstalled;
+    if (!node.isPage) {
+        const QString work = node.work();
+        if (work.isEmpty()) return {};
+        if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return work;
+        return role == Qt::DecorationRole ? QVariant(editorIcon(node.icon())) : QVariant();
+    }
     if (!node.result) return {};
     const Verdict now = nowOf(*node.result);
     switch (role) {
         case HasControlRole:
             return now != Verdict::NoControl;
         case NeedsWorkRole:
-            return now != Verdict::NoControl && now != Verdict::UpToDate;
+            return needsWork(now);
         case Qt::DisplayRole:
             return wordOf(now);
         case Qt::DecorationRole:

@@ -2,6 +2,8 @@
 
 #include "qt/editor/base/icons.h"
 #include "qt/editor/base/words.h"
+#include "runtime/runtime_text.h"
+#include "scripts/install_directory.h"
 #include "ui_site_view.h"
 
 #include <algorithm>
@@ -15,6 +17,23 @@ using Verdict = GeneratedPage::Verdict;
 // Sites with up to this many pages are shown fully expanded.
 constexpr std::size_t MostExpanded = 200;
 
+// The folder of the installed suite, as far as it lies below another; where that is the installed
+// site itself, the folder of the template.
+std::filesystem::path installedBelow(const std::filesystem::path& folder, Sites& sites) {
+    try {
+        const auto site = sites.forPage(folder / "page.asp");
+        const std::string directory = installDirectoryOf(site->registry);
+        if (directory.empty()) return {};
+        const WindowsPaths& drives = site->configuration->drives;
+        const auto installed = (drives.toLocal(directory) / "page.asp").parent_path();
+        if (!isBelow(folder, installed)) return installed;
+        const std::filesystem::path file = drives.toLocal(directory + std::string(TemplateFile));
+        return file.parent_path();
+    } catch (const std::exception&) {
+        return {};  // What is wrong with the site is told of its pages.
+    }
+}
+
 }  // namespace
 
 void SiteFilter::setShow(Show show) {
@@ -26,13 +45,17 @@ bool SiteFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
     const QModelIndex index = sourceModel()->index(row, SiteModel::Name, parent);
     // A folder is shown when something in it is.
     if (index.data(SiteModel::PageRole).isNull()) return false;
+    // The suite's own files are nobody's to edit here.
+    if (index.data(SiteModel::InstalledRole).toBool() &&
+        !index.data(SiteModel::HasControlRole).toBool())
+        return false;
     if (show_ == WithControl && !index.data(SiteModel::HasControlRole).toBool()) return false;
     if (show_ == NeedingWork && !index.data(SiteModel::NeedsWorkRole).toBool()) return false;
     return QSortFilterProxyModel::filterAcceptsRow(row, parent);
 }
 
 SiteView::SiteView(Sites& sites, QWidget* parent)
-    : QWidget(parent), ui_(std::make_unique<Ui::SiteView>()) {
+    : QWidget(parent), sites_(sites), ui_(std::make_unique<Ui::SiteView>()) {
     ui_->setupUi(this);
     setIcons(*this);
     model_ = new SiteModel(this);
@@ -45,19 +68,15 @@ SiteView::SiteView(Sites& sites, QWidget* parent)
     tree.setModel(filter_);
     tree.setIndentation(fontMetrics().height());
     tree.header()->setSectionResizeMode(SiteModel::Name, QHeaderView::Stretch);
-    // Measured once: to fit the contents all rows would be asked with each result that comes in.
-    tree.header()->resizeSection(
-        SiteModel::State,
-        fontMetrics().horizontalAdvance(tr("out of date")) + 2 * fontMetrics().height());
 
     connect(ui_->OpenFolderButton, &QToolButton::clicked, this, &SiteView::folderRequested);
     connect(ui_->SiteSearch, &QLineEdit::textChanged, this, [this](const QString& text) {
         filter_->setFilterFixedString(text);
-        ui_->SiteTree->expandAll();
+        expand();
     });
     connect(ui_->SiteShow, &QComboBox::currentIndexChanged, this, [this](int index) {
         filter_->setShow(static_cast<SiteFilter::Show>(index));
-        ui_->SiteTree->expandAll();
+        expand();
     });
     connect(&tree, &QTreeView::activated, this, [this](const QModelIndex& index) {
         const QString page = index.data(SiteModel::PageRole).toString();
@@ -75,12 +94,8 @@ SiteView::~SiteView() = default;
 void SiteView::connectRun() {
     connect(run_, &SiteRun::found, this,
             [this](const std::vector<std::filesystem::path>& pages, const QStringList& problems) {
-                model_->setPages(folder_, pages);
-                if (pages.size() <= MostExpanded) {
-                    ui_->SiteTree->expandAll();
-                } else {
-                    ui_->SiteTree->expandToDepth(0);
-                }
+                model_->setPages(folder_, pages, installedBelow(folder_, sites_));
+                expand();
                 std::vector<Message> messages;
                 for (const QString& problem : problems)
                     messages.push_back({Message::Severity::Error, problem, folder_, {}});
@@ -92,6 +107,27 @@ void SiteView::connectRun() {
         ui_->SiteProgress->setValue(finished);
     });
     connect(run_, &SiteRun::finished, this, &SiteView::finish);
+}
+
+// What was asked for lies open; of a large site as a whole, the first folders.
+void SiteView::expand() {
+    const bool isAsked = !ui_->SiteSearch->text().isEmpty() || ui_->SiteShow->currentIndex() != 0;
+    const bool isLarge = model_->pageCount() > MostExpanded;
+    ui_->SiteTree->collapseAll();
+    isLarge && !isAsked ? ui_->SiteTree->expandToDepth(0) : ui_->SiteTree->expandAll();
+}
+
+// Wide enough for every state, beside names that can be read. Not by Qt's own way to fit a column,
+// which would ask all rows with each result that comes in.
+void SiteView::fitStates() {
+    constexpr int LettersOfName = 14;
+    int width = ui_->SiteTree->header()->sectionSizeHint(SiteModel::State);
+    for (const QString& state : model_->states())
+        width =
+            std::max(width, fontMetrics().horizontalAdvance(state) + 2 * fontMetrics().height());
+    ui_->SiteTree->header()->resizeSection(SiteModel::State, width);
+    ui_->SiteTree->setMinimumWidth(width + LettersOfName * fontMetrics().averageCharWidth() +
+                                   2 * ui_->SiteTree->indentation());
 }
 
 void SiteView::openFolder(const std::filesystem::path& folder) {
@@ -124,8 +160,7 @@ void SiteView::start(SiteRun::Mode mode) {
 }
 
 void SiteView::recheck(const std::filesystem::path& page) {
-    const auto below = std::mismatch(folder_.begin(), folder_.end(), page.begin(), page.end());
-    if (folder_.empty() || below.first != folder_.end()) return;
+    if (folder_.empty() || !isBelow(page, folder_)) return;
     waiting_.push_back(page);
     if (!run_->isRunning()) recheckWaiting();
 }
@@ -157,6 +192,7 @@ void SiteView::finish(bool cancelled) {
 }
 
 void SiteView::showState() {
+    fitStates();
     const bool running = run_->isRunning();
     const bool any = !folder_.empty();
     if (!any) ui_->SiteTitle->setText(tr("No site open"));
@@ -174,13 +210,7 @@ void SiteView::showState() {
     QStringList parts;
     if (written_ > 0) parts += tr("%1 written").arg(written_);
     parts += tr("%1 up to date").arg(model_->count(Verdict::UpToDate));
-    const int stale = model_->count(Verdict::Stale);
-    if (stale > 0) parts += tr("%1 out of date").arg(stale);
-    int failed = 0;
-    for (const Verdict verdict :
-         {Verdict::Losing, Verdict::Failing, Verdict::NotReadable, Verdict::NotConfigured})
-        failed += model_->count(verdict);
-    if (failed > 0) parts += tr("%1 not done").arg(failed);
+    if (!model_->work().isEmpty()) parts += model_->work();
     ui_->SiteSummary->setText(any ? parts.join(QLatin1String(", ")) : QString());
 }
 

@@ -68,8 +68,11 @@ class SiteView : public QWidget {
     void recheckWaiting();
     void takeResults(const std::vector<PageResult>& results);
     void showState();
+    void fitStates();
+    void expand();
     void finish(bool cancelled);
 
+    Sites& sites_;
     std::filesystem::path folder_;
     std::unique_ptr<Ui::SiteView> ui_;
     SiteModel* model_;

@@ -10,11 +10,13 @@
 #include "qt/editor/workspace/page_tabs.h"
 
 #include <QAction>
-#include <QCoreApplication>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -31,7 +33,8 @@ constexpr const char* MenuTitles[] = {
 // When a command can be given.
 enum class Needs { Nothing, Page, Control, Site, Own };
 
-enum : unsigned { Plain = 0, Separated = 1, InToolBar = 2, Checkable = 4 };
+// Keys that are "passed on" are those of the widget with the focus.
+enum : unsigned { Plain = 0, Separated = 1, InToolBar = 2, Checkable = 4, PassedOn = 8 };
 
 struct Info {
     Command command;
@@ -59,9 +62,13 @@ constexpr Info Table[] = {
     {Command::Quit, Menu::File, TEXT("&Quit"), "application-exit", "Ctrl+Q", Needs::Nothing, Plain, TEXT("Close all pages and end")},
     {Command::Undo, Menu::Edit, TEXT("&Undo"), "edit-undo", "Ctrl+Z", Needs::Own, InToolBar | Separated, TEXT("Take the last change of the page back; what was written to the translation database stays")},
     {Command::Redo, Menu::Edit, TEXT("&Redo"), "edit-redo", "Ctrl+Shift+Z", Needs::Own, InToolBar, TEXT("Make the change again")},
+    {Command::Cut, Menu::Edit, TEXT("Cu&t"), "edit-cut", "Ctrl+X", Needs::Own, Separated | PassedOn, TEXT("Move the selected text to the clipboard")},
+    {Command::Copy, Menu::Edit, TEXT("&Copy"), "edit-copy", "Ctrl+C", Needs::Own, PassedOn, TEXT("Copy what is selected to the clipboard")},
+    {Command::Paste, Menu::Edit, TEXT("&Paste"), "edit-paste", "Ctrl+V", Needs::Own, PassedOn, TEXT("Insert the text of the clipboard")},
+    {Command::SelectAll, Menu::Edit, TEXT("Select &all"), "", "Ctrl+A", Needs::Own, PassedOn, TEXT("Select everything in the text or list")},
     {Command::Find, Menu::Edit, TEXT("&Find in source..."), "edit-find", "Ctrl+F", Needs::Page, Separated, TEXT("Find text in the page's source")},
     {Command::InsertControl, Menu::Edit, TEXT("&Insert control"), "list-add", "Ctrl+I", Needs::Page, Separated | InToolBar, TEXT("Insert a new control before the line of the caret, or at the head of the page where you have chosen none")},
-    {Command::RemoveControl, Menu::Edit, TEXT("Remove &control"), "list-remove", "", Needs::Control, Plain, TEXT("Take the shown control out of the page")},
+    {Command::RemoveControl, Menu::Edit, TEXT("Remove c&ontrol"), "list-remove", "", Needs::Control, Plain, TEXT("Take the shown control out of the page")},
     {Command::ReplaceField, Menu::Edit, TEXT("Replace &missing field..."), "", "Ctrl+Shift+R", Needs::Own, Plain, TEXT("Put another field into the place of one that the catalogue no longer offers; can be given when there is one")},
     {Command::Record, Menu::Edit, TEXT("R&ecord what I do"), "media-record", "Ctrl+R", Needs::Own, Separated | Checkable, TEXT("Write down what is done at the control, as a script that does it again on any page")},
     {Command::ShowSource, Menu::View, TEXT("&Source"), "", "Ctrl+1", Needs::Nothing, Checkable, TEXT("Show the page's source beside the control")},
@@ -83,6 +90,11 @@ constexpr Info Table[] = {
 };
 // clang-format on
 #undef TEXT
+
+// "&" is a letter in the name of a file.
+QString ofMenu(QString text) {
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
 constexpr bool isComplete() {
     for (std::size_t i = 0; i < std::size(Table); ++i) {
@@ -114,6 +126,10 @@ Commands::Commands(QMainWindow& window) : QObject(&window) {
                 QStringLiteral(" (%1)").arg(action->shortcut().toString(QKeySequence::NativeText));
         action->setToolTip(toolTip);
         action->setCheckable((info.flags & Checkable) != 0);
+        if ((info.flags & PassedOn) != 0) {
+            action->setShortcutContext(Qt::WidgetShortcut);
+            connect(action, &QAction::triggered, this, [this, action] { passOn(*action); });
+        }
         QMenu* menu = menus[static_cast<std::size_t>(info.menu)];
         if ((info.flags & Separated) != 0) {
             if (!menu->isEmpty()) menu->addSeparator();
@@ -126,11 +142,30 @@ Commands::Commands(QMainWindow& window) : QObject(&window) {
         }
         actions_[static_cast<std::size_t>(info.command)] = action;
     }
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (now && !qobject_cast<QMenuBar*>(now)) focused_ = now;
+    });
+    connect(menus[static_cast<std::size_t>(Menu::Edit)], &QMenu::aboutToShow, this, [this] {
+        const bool writes = focused_ && focused_->testAttribute(Qt::WA_InputMethodEnabled);
+        (*this)[Command::Cut]->setEnabled(writes);
+        (*this)[Command::Paste]->setEnabled(writes);
+    });
     // Redo has two usual keys.
     (*this)[Command::Redo]->setShortcuts(
         {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
-    (*this)[Command::ShowSource]->setChecked(true);
-    (*this)[Command::ShowPreview]->setChecked(true);
+}
+
+// To a view that has a use of its own for the keys, or else as if they had been pressed.
+void Commands::passOn(const QAction& action) {
+    if (!focused_) return;
+    const auto own = focused_->actions();
+    const auto uses = std::find_if(own.begin(), own.end(), [&](const QAction* each) {
+        return each->shortcut() == action.shortcut();
+    });
+    if (uses != own.end()) return (*uses)->trigger();
+    const QKeyCombination key = action.shortcut()[0];
+    QKeyEvent press(QEvent::KeyPress, key.key(), key.keyboardModifiers());
+    QCoreApplication::sendEvent(focused_, &press);
 }
 
 void Commands::follow(const State& state) {
@@ -156,10 +191,10 @@ void Commands::follow(const State& state) {
     (*this)[Command::Settings]->setEnabled(state.page || state.site);
     QAction* undo = (*this)[Command::Undo];
     undo->setEnabled(!state.undo.isEmpty());
-    undo->setText(state.undo.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(state.undo));
+    undo->setText(state.undo.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(ofMenu(state.undo)));
     QAction* redo = (*this)[Command::Redo];
     redo->setEnabled(!state.redo.isEmpty());
-    redo->setText(state.redo.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(state.redo));
+    redo->setText(state.redo.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(ofMenu(state.redo)));
 }
 
 // ---- on the page in front -----------------------------------------------------------------------
@@ -195,7 +230,7 @@ void connectPageCommands(const Commands& commands, PageTabs& tabs, PageSaver& sa
     on(Command::NextChange, [](PageEditor& editor) { editor.preview().goToNextChange(); });
     on(Command::PreviousChange, [](PageEditor& editor) { editor.preview().goToPreviousChange(); });
     on(Command::FocusControl, [](PageEditor& editor) { editor.controls().focusControl(); });
-    on(Command::FocusSource, [](PageEditor& editor) { editor.source().setFocus(); });
+    on(Command::FocusSource, [](PageEditor& editor) { editor.focusSource(); });
     const auto turn = [&tabs](int by) {
         tabs.setCurrentIndex((tabs.currentIndex() + by + tabs.count()) % tabs.count());
     };

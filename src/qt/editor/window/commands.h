@@ -2,6 +2,7 @@
 
 #include <QKeySequence>
 #include <QObject>
+#include <QPointer>
 #include <array>
 #include <functional>
 
@@ -9,6 +10,7 @@ class QAction;
 class QMainWindow;
 class QMenu;
 class QToolBar;
+class QWidget;
 
 namespace headerdtc::qt {
 
@@ -30,6 +32,10 @@ enum class Command {
     Quit,
     Undo,
     Redo,
+    Cut,
+    Copy,
+    Paste,
+    SelectAll,
     Find,
     InsertControl,
     RemoveControl,
@@ -76,9 +82,12 @@ class Commands : public QObject {
     void follow(const State& state);
 
   private:
+    void passOn(const QAction& action);
+
     std::array<QAction*, static_cast<std::size_t>(Command::Count)> actions_{};
     QMenu* recent_ = nullptr;
     QMenu* view_ = nullptr;
+    QPointer<QWidget> focused_;  // last, a menu apart
 };
 
 // Runs `act` on the current page whenever the command is given, unless there is no page or it is

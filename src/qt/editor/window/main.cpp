@@ -6,16 +6,20 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 
 using namespace headerdtc::qt;
 
 namespace {
+
+constexpr int WrongUsage = 2;  // as the command line has it
 
 // Without a screen Qt would abort, before it has looked at --help.
 bool hasScreen(int argc, char** argv) {
@@ -45,6 +49,11 @@ struct CommandLine {
     void read(const QCoreApplication& application) {
         // The program's own name is told; settings and copies lie under the project's.
         QCoreApplication::setApplicationName(QStringLiteral("headerdtc-editor"));
+        if (!parser.parse(QCoreApplication::arguments())) {
+            std::fprintf(stderr, "headerdtc-editor: %s\nSee headerdtc-editor --help.\n",
+                         qPrintable(parser.errorText()));
+            std::exit(WrongUsage);
+        }
         parser.process(application);
         QCoreApplication::setApplicationName(QStringLiteral("headerdtc"));
     }
@@ -55,6 +64,15 @@ struct CommandLine {
         QStringLiteral("file"), qEnvironmentVariable("HEADERDTC_CONFIG")};
 };
 
+// Earlier versions kept the settings where Qt does without the name of an organization.
+void takeOldSettingsOver() {
+    QSettings settings;
+    const QSettings old(QStringLiteral("Unknown Organization"), settings.applicationName());
+    if (!settings.allKeys().isEmpty()) return;
+    for (const QString& key : old.allKeys())
+        settings.setValue(key, old.value(key));
+}
+
 int complainOfNoScreen(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     CommandLine().read(application);
@@ -62,7 +80,7 @@ int complainOfNoScreen(int argc, char** argv) {
         "headerdtc-editor: there is no screen; neither DISPLAY nor WAYLAND_DISPLAY names "
         "one.\nWithout a screen, pages are edited with headerdtc automate.\n",
         stderr);
-    return 2;  // as the command line has it for wrong usage
+    return WrongUsage;
 }
 
 }  // namespace
@@ -80,6 +98,7 @@ int main(int argc, char** argv) {
     CommandLine commandLine;
     commandLine.read(application);
 
+    takeOldSettingsOver();
     MainWindow::Options options;
     if (const QString file = commandLine.parser.value(commandLine.configuration); !file.isEmpty())
         options.configuration = toPath(file);

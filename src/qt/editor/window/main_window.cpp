@@ -15,14 +15,16 @@
 #include "qt/editor/workspace/notice_bar.h"
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_tabs.h"
-#include "qt/editor/workspace/recording_panel.h"
+#include "qt/editor/workspace/recording_dialog.h"
 #include "qt/editor/workspace/recovery_dialog.h"
 #include "qt/surface/control_surface.h"
+#include "qt/surface/shades.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -41,6 +43,17 @@ namespace fs = std::filesystem;
 constexpr const char* GeometryKey = "window/geometry";
 constexpr const char* StateKey = "window/state";
 
+struct RememberedPart {
+    Command command;
+    const char* key;
+    bool otherwise;
+};
+// The source is seldom needed, and leaves the control half the room.
+constexpr RememberedPart RememberedParts[] = {
+    {Command::ShowSource, "window/source", false},
+    {Command::ShowPreview, "window/generatedText", true},
+};
+
 }  // namespace
 
 MainWindow::MainWindow(const Options& options)
@@ -50,6 +63,7 @@ MainWindow::MainWindow(const Options& options)
       tabs_(new PageTabs(sites_, saver_)),
       recovery_(store_, [this] { return tabs_->editors(); }) {
     setObjectName(QStringLiteral("MainWindow"));
+    QApplication::setPalette(withReadableGrey(QApplication::palette()));
     setWindowIcon(applicationIcon());
     setAcceptDrops(true);
     setDockOptions(AnimatedDocks | AllowTabbedDocks);
@@ -65,10 +79,10 @@ MainWindow::MainWindow(const Options& options)
     auto* panel = new MessagesPanel(messages_);
     messagesDock_ =
         addDock(tr("Messages"), "MessagesDock", panel, Qt::BottomDockWidgetArea, "Ctrl+4");
+    status_ = new PageStatus;
     addRecording();
     opener_ = new Opener(sites_, *tabs_, *site_, recent_, *this);
     commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
-    status_ = new PageStatus;
     statusBar()->addPermanentWidget(status_);
     addMessageCount();
 
@@ -90,6 +104,8 @@ MainWindow::MainWindow(const Options& options)
     restoreGeometry(settings.value(GeometryKey).toByteArray());
     restoreState(settings.value(StateKey).toByteArray());
     messagesDock_->hide();
+    for (const auto& [command, key, otherwise] : RememberedParts)
+        (*commands_)[command]->setChecked(settings.value(key, otherwise).toBool());
     showRecent();
     follow();
 }
@@ -155,6 +171,10 @@ void MainWindow::connectParts() {
                 });
         connect(editor, &PageEditor::settingsRequested, this,
                 [this, editor] { editSettings(editor->page().file()); });
+        connect(editor, &PageEditor::sourceRequested, this, [this] {
+            QAction* source = (*commands_)[Command::ShowSource];
+            if (!source->isChecked()) source->trigger();
+        });
         if (editor->page().hasFile()) recent_.add(toName(editor->page().file()));
         const SiteConfiguration& configuration = *editor->page().site()->configuration;
         if (site_->folder().empty() && !configuration.file.empty())
@@ -221,28 +241,33 @@ void MainWindow::addMessageCount() {
     follow();
 }
 
-// What is recorded is shown beside the messages.
+// While it runs, a recording only says so; what was recorded is shown at its end.
 void MainWindow::addRecording() {
-    QAction* record = (*commands_)[Command::Record];
-    auto* panel = new RecordingPanel(recorder_, *record);
-    recordingDock_ =
-        addDock(tr("Recording"), "RecordingDock", panel, Qt::BottomDockWidgetArea, "Ctrl+5");
-    tabifyDockWidget(messagesDock_, recordingDock_);
-    recordingDock_->hide();
-    connect(record, &QAction::triggered, this, [this] {
+    auto* state = new QLabel;
+    state->setObjectName(QStringLiteral("RecordingState"));
+    statusBar()->addPermanentWidget(state);
+    connect(&recorder_, &Recorder::changed, state, [this, state] {
+        state->setVisible(recorder_.isRecording());
+        state->setText(
+            tr("Recording %1: %2")
+                .arg(recorder_.subject(), counted(recorder_.lineCount(), "line", "lines")));
+    });
+    const auto showScript = [this] { RecordingDialog(recorder_, this).exec(); };
+    connect((*commands_)[Command::Record], &QAction::triggered, this, [this, showScript] {
         PageEditor* editor = tabs_->current();
         if (recorder_.isRecording()) {
             recorder_.stop();
+            follow();
+            showScript();
         } else if (editor && !editor->isBusy()) {
-            recordingDock_->show();
-            recordingDock_->raise();
             recorder_.start(*editor);
         }
         follow();
     });
-    connect(&recorder_, &Recorder::ended, this, [this](const QString& reason) {
+    connect(&recorder_, &Recorder::ended, this, [this, showScript](const QString& reason) {
         if (PageEditor* editor = tabs_->current())
-            editor->notices().show(QStringLiteral("recording"), Message::Severity::Note, reason);
+            editor->notices().show(QStringLiteral("recording"), Message::Severity::Note, reason,
+                                   {{tr("Show script..."), showScript}});
         follow();
     });
 }
@@ -261,6 +286,15 @@ void MainWindow::offerRecovery() {
         }
         RecoveryStore::discard(copy);
     }
+}
+
+// Another palette of the desktop's may have another grey.
+void MainWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) {
+        const QPalette readable = withReadableGrey(QApplication::palette());
+        if (readable != QApplication::palette()) QApplication::setPalette(readable);
+    }
+    QMainWindow::changeEvent(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
@@ -355,6 +389,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QSettings settings;
     settings.setValue(GeometryKey, saveGeometry());
     settings.setValue(StateKey, atStart_ ? docksBesidePages_ : saveState());
+    for (const RememberedPart& part : RememberedParts)
+        settings.setValue(part.key, (*commands_)[part.command]->isChecked());
     if (guide_) guide_->close();
     event->accept();
 }

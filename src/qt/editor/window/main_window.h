@@ -52,6 +52,7 @@ class MainWindow : public QMainWindow {
     void offerRecovery();
 
   protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -88,7 +89,6 @@ class MainWindow : public QMainWindow {
     Opener* opener_;
     QDockWidget* siteDock_;
     QDockWidget* messagesDock_;
-    QDockWidget* recordingDock_;
     // The layout of the docks beside pages, kept while the start page hides them.
     QByteArray docksBesidePages_;
     bool atStart_ = false;

@@ -74,7 +74,7 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     whole->addWidget(beside_);
     whole->setStretchFactor(0, 0);
     whole->setStretchFactor(1, 1);
-    // Room for the names of fields; the source gets what is left.
+    // Room for the names of fields; the texts get what is left.
     whole->setSizes({ControlSurface::DesignedWidth, ControlSurface::DesignedWidth});
     whole->setChildrenCollapsible(false);
     auto* layout = new QVBoxLayout(this);
@@ -265,20 +265,26 @@ void PageEditor::goTo(const Place& place) {
     if (place.tab >= 0) {
         controls_->goTo(place);
     } else if (place.line > 0) {
+        focusSource();
         source_->goToLine(place.line);
-        source_->setFocus();
     }
+}
+
+void PageEditor::focusSource() {
+    Q_EMIT sourceRequested();
+    source_->setFocus();
 }
 
 void PageEditor::toggleFold() {
     const auto control = controls_->current();
     if (!control) return;
+    Q_EMIT sourceRequested();
     const std::string& id = page_->content()->controls()[*control].id;
     source_->setFolded(id, !source_->isFolded(id));
 }
 
 void PageEditor::find() {
-    sourcePart_->show();
+    Q_EMIT sourceRequested();
     findBar_->open();
 }
 

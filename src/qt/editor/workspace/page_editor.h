@@ -51,6 +51,8 @@ class PageEditor : public QWidget {
     void removeControl();
     // Moves the focus to where the page is edited first.
     void takeFocus();
+    // Shows the source, if need be, and moves the focus to it.
+    void focusSource();
     void goTo(const Place& place);
     void find();
     // Folds or unfolds the shown control in the source.
@@ -72,6 +74,8 @@ class PageEditor : public QWidget {
   Q_SIGNALS:
     // Title, modified mark, undo or redo have changed.
     void stateChanged();
+    // The source is to be shown.
+    void sourceRequested();
     // The author wants to look at the settings of the page's site.
     void settingsRequested();
     // In place of those it had before.

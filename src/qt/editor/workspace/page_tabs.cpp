@@ -3,6 +3,7 @@
 #include "platform/runtime_error.h"
 #include "qt/editor/base/words.h"
 #include "qt/editor/page/control_pane.h"
+#include "qt/editor/page/page_changes.h"
 #include "qt/editor/workspace/notice_bar.h"
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_saver.h"
@@ -189,16 +190,51 @@ bool PageTabs::close(PageEditor* editor) {
         if (answer == QMessageBox::Cancel) return false;
         if (answer == QMessageBox::Save && !saver_.save(*editor)) return false;
     }
+    remove(editor);
+    return true;
+}
+
+void PageTabs::remove(PageEditor* editor) {
     Q_EMIT closed(editor);
     removeTab(indexOf(editor));
     delete editor;
     Q_EMIT stateChanged();
-    return true;
 }
 
 bool PageTabs::closeAll() {
+    QStringList unsaved;
     for (PageEditor* editor : editors()) {
-        if (!close(editor)) return false;
+        if (editor->isBusy()) return false;
+        editor->finishEditing();
+        if (editor->isModified()) unsaved += editor->title();
+    }
+    using Box = QMessageBox;
+    int answer = Box::No;  // one by one
+    if (unsaved.size() > 1) {
+        Box box(Box::Question, tr("Unsaved changes"),
+                tr("Save the changes of %1 pages?").arg(unsaved.size()),
+                Box::SaveAll | Box::Discard | Box::No | Box::Cancel, this);
+        box.setObjectName(QStringLiteral("UnsavedPagesBox"));
+        box.setInformativeText(bulleted(unsaved));
+        box.setTextFormat(Qt::PlainText);
+        box.setDefaultButton(Box::SaveAll);
+        box.button(Box::SaveAll)->setText(tr("&Save all"));
+        box.button(Box::Discard)->setText(tr("&Discard all"));
+        box.button(Box::No)->setText(tr("&Ask for each"));
+        box.button(Box::Cancel)->setText(tr("&Cancel"));
+        answer = box.exec();
+        if (answer == Box::Cancel) return false;
+    }
+    for (PageEditor* editor : editors()) {
+        if (answer == Box::SaveAll && editor->isModified()) {
+            setCurrentWidget(editor);
+            if (!saver_.save(*editor)) return false;
+        }
+        if (answer == Box::Discard) {
+            remove(editor);
+        } else if (!close(editor)) {
+            return false;
+        }
     }
     return true;
 }

@@ -35,7 +35,8 @@ class PageTabs : public QTabWidget {
     PageEditor* openNew(const std::filesystem::path& folder);
     // Opens a page with the changes that a copy has of it; nullptr when it cannot be opened.
     PageEditor* recover(const RecoveryCopy& copy);
-    // Closes after asking about changes. Each tells whether it is closed now.
+    // Closes after asking about changes, of several pages at once. Each tells whether it is closed
+    // now.
     bool close(PageEditor* editor);
     bool closeAll();
     // Checks whether files have changed: pages without changes are read again, others show a
@@ -57,6 +58,7 @@ class PageTabs : public QTabWidget {
   private:
     PageEditor* add(std::unique_ptr<EditedPage> page);
     void showTitle(PageEditor* editor);
+    void remove(PageEditor* editor);
     void checkDisk(PageEditor& editor);
 
     Sites& sites_;
