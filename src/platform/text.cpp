@@ -119,10 +119,11 @@ std::string replaceAll(std::string_view text, std::string_view from, std::string
 std::string replaceAllIgnoringCase(std::string_view text, std::string_view from,
                                    std::string_view to) {
     return replaceFound(text, from, to, [&](std::size_t start) {
-        const auto hit =
-            std::ranges::search(text.substr(start), from, {}, ascii::lower, ascii::lower);
-        return hit.empty() ? std::string_view::npos
-                           : static_cast<std::size_t>(hit.begin() - text.begin());
+        const auto* hit =
+            std::search(text.begin() + start, text.end(), from.begin(), from.end(),
+                        [](char a, char b) { return ascii::lower(a) == ascii::lower(b); });
+        return hit == text.end() ? std::string_view::npos
+                                 : static_cast<std::size_t>(hit - text.begin());
     });
 }
 
