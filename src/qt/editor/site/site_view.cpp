@@ -25,7 +25,7 @@ std::filesystem::path installedBelow(const std::filesystem::path& folder, Sites&
         const std::string directory = installDirectoryOf(site->registry);
         if (directory.empty()) return {};
         const WindowsPaths& drives = site->configuration->drives;
-        const auto installed = (drives.toLocal(directory) / "page.asp").parent_path();
+        auto installed = (drives.toLocal(directory) / "page.asp").parent_path();
         if (!isBelow(folder, installed)) return installed;
         const std::filesystem::path file = drives.toLocal(directory + std::string(TemplateFile));
         return file.parent_path();

@@ -23,7 +23,9 @@ QString inWordsOf(const PageContent& content) {
     for (const ControlSpan& control : content.controls()) {
         lines += "<b>" + QString::fromStdString(control.id).toHtmlEscaped() + "</b>";
         for (const auto& [subject, text] : inWords(readStoredConfiguration(control.properties)))
-            lines += QString::fromStdString(subject + ": " + text).toHtmlEscaped();
+            lines += QStringLiteral("%1: %2")
+                         .arg(QString::fromStdString(subject), QString::fromStdString(text))
+                         .toHtmlEscaped();
     }
     return lines.join(QStringLiteral("<br>"));
 }
