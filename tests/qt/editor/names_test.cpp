@@ -1,6 +1,7 @@
 // What assistive technology reads aloud of the windows around the control.
 
 #include "qt/editor/window_fixture.h"
+#include "qt/surface/shades.h"
 
 #include <QAccessible>
 #include <QMenuBar>
@@ -94,6 +95,17 @@ TEST_F(Names, EveryWidgetOfTheDialogsHasAName) {
     site.write("page.asp", "<!-- theirs -->" + ordersPage());
     command(Command::Save);
     command(Command::Close);
+}
+
+// A desktop that names no such grey leaves a dark window with 1.6.
+TEST(Shades, AGreyThatCannotBeReadIsMixedAnewAndOthersAreKept) {
+    EXPECT_NEAR(21, contrast(Qt::black, Qt::white), 0.01);
+    QPalette dark(QColor(0x40, 0x44, 0x49));
+    dark.setColor(QPalette::PlaceholderText, QColor(0x20, 0x22, 0x24));
+    const QPalette readable = withReadableGrey(dark);
+    for (const auto ground : {QPalette::Window, QPalette::Base})
+        EXPECT_GE(contrast(readable.color(QPalette::PlaceholderText), readable.color(ground)), 4.5);
+    EXPECT_EQ(readable, withReadableGrey(readable));
 }
 
 }  // namespace headerdtc::qt::names_test

@@ -6,6 +6,7 @@
 #include "scripts/install_directory.h"
 #include "ui_site_view.h"
 
+#include <QStyle>
 #include <algorithm>
 #include <utility>
 
@@ -121,13 +122,17 @@ void SiteView::expand() {
 // which would ask all rows with each result that comes in.
 void SiteView::fitStates() {
     constexpr int LettersOfName = 14;
+    // Left and right of the icon, of the text and of the cell.
+    const int margins = 6 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
     int width = ui_->SiteTree->header()->sectionSizeHint(SiteModel::State);
     for (const QString& state : model_->states())
-        width =
-            std::max(width, fontMetrics().horizontalAdvance(state) + 2 * fontMetrics().height());
+        width = std::max(width, fontMetrics().horizontalAdvance(state) + icon + margins);
     ui_->SiteTree->header()->resizeSection(SiteModel::State, width);
+    // Before a name stand the branches of the tree and an icon.
+    constexpr int Depth = 4;
     ui_->SiteTree->setMinimumWidth(width + LettersOfName * fontMetrics().averageCharWidth() +
-                                   2 * ui_->SiteTree->indentation());
+                                   Depth * ui_->SiteTree->indentation());
 }
 
 void SiteView::openFolder(const std::filesystem::path& folder) {
