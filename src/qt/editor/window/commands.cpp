@@ -15,6 +15,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QToolBar>
 #include <algorithm>
 #include <optional>
@@ -212,12 +213,28 @@ void showParts(const Commands& commands, PageEditor& editor) {
                      commands[Command::ShowPreview]->isChecked());
 }
 
+namespace {
+
+void reload(PageEditor& editor) {
+    if (!editor.page().hasFile()) return;
+    editor.finishEditing();
+    try {
+        editor.page().takeTheirs(editor.page().readTheirs());
+    } catch (const FileError& error) {
+        QMessageBox::critical(editor.window(), Commands::tr("Reload from disk"),
+                              QString::fromStdString(error.what()));
+    }
+}
+
+}  // namespace
+
 void connectPageCommands(const Commands& commands, PageTabs& tabs, PageSaver& saver) {
     const auto on = [&](Command command, std::function<void(PageEditor&)> act) {
         onPage(commands, command, tabs, std::move(act));
     };
     on(Command::Save, [&saver](PageEditor& editor) { saver.save(editor); });
     on(Command::SaveAs, [&saver](PageEditor& editor) { saver.saveAs(editor); });
+    on(Command::Revert, reload);
     on(Command::Close, [&tabs](PageEditor& editor) { tabs.close(&editor); });
     on(Command::Undo, [](PageEditor& editor) { editor.undo(); });
     on(Command::Redo, [](PageEditor& editor) { editor.redo(); });

@@ -25,14 +25,12 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QLabel>
-#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QThreadPool>
-#include <QToolButton>
 #include <utility>
 
 namespace headerdtc::qt {
@@ -84,7 +82,7 @@ MainWindow::MainWindow(const Options& options)
     opener_ = new Opener(sites_, *tabs_, *site_, recent_, *this);
     commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
     statusBar()->addPermanentWidget(status_);
-    addMessageCount();
+    statusBar()->addPermanentWidget(new MessageCount(messages_, *messagesDock_));
 
     connect(panel, &MessagesPanel::activated, this, &MainWindow::activate);
     connect(start, &StartPage::demoRequested, opener_, &Opener::chooseDemoFolder);
@@ -106,7 +104,7 @@ MainWindow::MainWindow(const Options& options)
     messagesDock_->hide();
     for (const auto& [command, key, otherwise] : RememberedParts)
         (*commands_)[command]->setChecked(settings.value(key, otherwise).toBool());
-    showRecent();
+    opener_->fillRecentMenu(*commands_->recentMenu());
     follow();
 }
 
@@ -139,7 +137,6 @@ void MainWindow::connectCommands() {
     on(Command::OpenSite, [this] { opener_->chooseSite(); });
     on(Command::OpenDemo, [this] { opener_->chooseDemoFolder(); });
     on(Command::SaveAll, [this] { saveAll(); });
-    on(Command::Revert, [this] { revert(); });
     on(Command::Quit, [this] { close(); });
     on(Command::Refresh, [this] {
         tabs_->checkDisk();
@@ -200,7 +197,8 @@ void MainWindow::connectParts() {
     });
     connect(&watcher_, &FileWatcher::mayHaveChanged, tabs_, qOverload<>(&PageTabs::checkDisk));
     connect(tabs_, &PageTabs::siteFileChanged, site_, &SiteView::checkAll);
-    connect(&recent_, &RecentFiles::changed, this, &MainWindow::showRecent);
+    connect(&recent_, &RecentFiles::changed, this,
+            [this] { opener_->fillRecentMenu(*commands_->recentMenu()); });
     connect(site_, &SiteView::pageActivated, this,
             [this](const QString& file) { opener_->openPage(toPath(file)); });
     connect(site_, &SiteView::folderRequested, opener_, &Opener::chooseSite);
@@ -213,32 +211,6 @@ void MainWindow::connectParts() {
             [this](const fs::path& page, const std::vector<Message>& messages) {
                 if (!tabs_->find(page)) messages_.setMessages(toName(page), messages);
             });
-}
-
-// The panel is there while it has something to show and somebody wants to see it.
-void MainWindow::addMessageCount() {
-    auto* count = new QToolButton;
-    count->setObjectName(QStringLiteral("MessageCount"));
-    count->setAutoRaise(true);
-    count->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    count->setToolTip(tr("Show or hide the messages"));
-    QAction* toggle = messagesDock_->toggleViewAction();
-    connect(count, &QToolButton::clicked, toggle, &QAction::trigger);
-    statusBar()->addPermanentWidget(count);
-    const auto follow = [this, count, toggle] {
-        const int errors = messages_.count(Message::Severity::Error);
-        const int others = messages_.rowCount() - errors;
-        QStringList words;
-        if (errors > 0) words += counted(errors, "error", "errors");
-        if (others > 0) words += counted(others, "warning", "warnings");
-        count->setText(words.join(QLatin1String(", ")));
-        count->setIcon(editorIcon(errors > 0 ? "dialog-error" : "dialog-warning"));
-        count->setVisible(!words.isEmpty());
-        toggle->setEnabled(!words.isEmpty());
-        if (words.isEmpty()) messagesDock_->hide();
-    };
-    connect(&messages_, &MessageModel::changed, count, follow);
-    follow();
 }
 
 // While it runs, a recording only says so; what was recorded is shown at its end.
@@ -309,19 +281,6 @@ void MainWindow::dropEvent(QDropEvent* event) {
     }
 }
 
-void MainWindow::showRecent() {
-    QMenu* menu = commands_->recentMenu();
-    menu->clear();
-    for (const QString& file : recent_.files()) {
-        QString text = file;
-        menu->addAction(text.replace(QLatin1Char('&'), QLatin1String("&&")), this,
-                        [this, file] { opener_->openPage(toPath(file)); });
-    }
-    menu->addSeparator();
-    menu->addAction(tr("&Clear list"), &recent_, &RecentFiles::clear);
-    menu->setEnabled(!recent_.files().isEmpty());
-}
-
 // ---- saving, generating, closing ----------------------------------------------------------------
 
 void MainWindow::saveAll() {
@@ -348,17 +307,6 @@ void MainWindow::generateAll() {
     }
     siteDock_->show();
     site_->generateAll();
-}
-
-void MainWindow::revert() {
-    PageEditor* editor = tabs_->current();
-    if (!editor || editor->isBusy() || !editor->page().hasFile()) return;
-    editor->finishEditing();
-    try {
-        editor->page().takeTheirs(editor->page().readTheirs());
-    } catch (const FileError& error) {
-        QMessageBox::critical(this, tr("Reload from disk"), QString::fromStdString(error.what()));
-    }
 }
 
 // Of the site of a page or folder; where it has no configuration, there will be one.

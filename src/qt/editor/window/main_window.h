@@ -62,17 +62,14 @@ class MainWindow : public QMainWindow {
                          Qt::DockWidgetArea area, const char* keys);
     void connectCommands();
     void connectParts();
-    void addMessageCount();
     void addRecording();
     void saveAll();
     void generateAll();
-    void revert();
     void editSettings(const std::filesystem::path& place);
     void showGuide();
     void activate(const Message& message);
     void follow();
     void layDocks(bool atStart);
-    void showRecent();
 
     Sites sites_;
     MessageModel messages_;

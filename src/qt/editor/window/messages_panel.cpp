@@ -1,7 +1,11 @@
 #include "qt/editor/window/messages_panel.h"
 
+#include "qt/editor/base/icons.h"
+#include "qt/editor/base/words.h"
+
 #include <QAction>
 #include <QClipboard>
+#include <QDockWidget>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QTreeView>
@@ -44,6 +48,30 @@ void MessagesPanel::copySelected() {
     const Message& message = messages_.message(index.row());
     QGuiApplication::clipboard()->setText(QString::fromStdString(message.page.string()) +
                                           QLatin1String(": ") + message.text);
+}
+
+MessageCount::MessageCount(MessageModel& messages, QDockWidget& panel, QWidget* parent)
+    : QToolButton(parent), messages_(messages), panel_(panel) {
+    setObjectName(QStringLiteral("MessageCount"));
+    setAutoRaise(true);
+    setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    setToolTip(tr("Show or hide the messages"));
+    connect(this, &QToolButton::clicked, panel.toggleViewAction(), &QAction::trigger);
+    connect(&messages, &MessageModel::changed, this, &MessageCount::follow);
+    follow();
+}
+
+void MessageCount::follow() {
+    const int errors = messages_.count(Message::Severity::Error);
+    const int others = messages_.rowCount() - errors;
+    QStringList words;
+    if (errors > 0) words += counted(errors, "error", "errors");
+    if (others > 0) words += counted(others, "warning", "warnings");
+    setText(words.join(QLatin1String(", ")));
+    setIcon(editorIcon(errors > 0 ? "dialog-error" : "dialog-warning"));
+    setVisible(!words.isEmpty());
+    panel_.toggleViewAction()->setEnabled(!words.isEmpty());
+    if (words.isEmpty()) panel_.hide();
 }
 
 }  // namespace headerdtc::qt

@@ -2,8 +2,10 @@
 
 #include "qt/editor/window/message_model.h"
 
+#include <QToolButton>
 #include <QWidget>
 
+class QDockWidget;
 class QTreeView;
 
 namespace headerdtc::qt {
@@ -23,6 +25,22 @@ class MessagesPanel : public QWidget {
 
     MessageModel& messages_;
     QTreeView* view_;
+};
+
+// How many messages there are; pressed, it shows or hides the panel that has them. That is there
+// while it has something to show and somebody wants to see it.
+class MessageCount : public QToolButton {
+    Q_OBJECT
+
+  public:
+    // Both outlive it.
+    MessageCount(MessageModel& messages, QDockWidget& panel, QWidget* parent = nullptr);
+
+  private:
+    void follow();
+
+    MessageModel& messages_;
+    QDockWidget& panel_;
 };
 
 }  // namespace headerdtc::qt

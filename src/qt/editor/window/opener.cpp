@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <optional>
@@ -17,13 +18,24 @@ namespace headerdtc::qt {
 
 namespace fs = std::filesystem;
 
-Opener::Opener(Sites& sites, PageTabs& tabs, SiteView& site, const RecentFiles& recent,
-               QWidget& window)
+Opener::Opener(Sites& sites, PageTabs& tabs, SiteView& site, RecentFiles& recent, QWidget& window)
     : QObject(&window), sites_(sites), tabs_(tabs), site_(site), recent_(recent), window_(window) {}
 
 void Opener::openPage(const fs::path& file) {
     tabs_.open(file);
     Q_EMIT pageOpened();
+}
+
+void Opener::fillRecentMenu(QMenu& menu) {
+    menu.clear();
+    for (const QString& file : recent_.files()) {
+        QString text = file;
+        menu.addAction(text.replace(QLatin1Char('&'), QLatin1String("&&")), this,
+                       [this, file] { openPage(toPath(file)); });
+    }
+    menu.addSeparator();
+    menu.addAction(tr("&Clear list"), &recent_, &RecentFiles::clear);
+    menu.setEnabled(!recent_.files().isEmpty());
 }
 
 // A wrong configuration is one all the same; what is wrong is said when the page is opened.

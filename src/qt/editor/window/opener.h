@@ -5,6 +5,7 @@
 #include <QObject>
 #include <filesystem>
 
+class QMenu;
 class QWidget;
 
 namespace headerdtc::qt {
@@ -19,8 +20,7 @@ class Opener : public QObject {
 
   public:
     // All of them outlive it; dialogs open over the window.
-    Opener(Sites& sites, PageTabs& tabs, SiteView& site, const RecentFiles& recent,
-           QWidget& window);
+    Opener(Sites& sites, PageTabs& tabs, SiteView& site, RecentFiles& recent, QWidget& window);
 
     void openPage(const std::filesystem::path& file);
     // A page in the work folder; where that belongs to no site, one is asked for first.
@@ -33,6 +33,8 @@ class Opener : public QObject {
     void choosePages();
     void chooseSite();
     void chooseDemoFolder();
+    // The pages that were opened lately, as entries that open them again.
+    void fillRecentMenu(QMenu& menu);
 
     // Where a person is likely to look for the next page.
     std::filesystem::path workFolder() const;
@@ -49,7 +51,7 @@ class Opener : public QObject {
     Sites& sites_;
     PageTabs& tabs_;
     SiteView& site_;
-    const RecentFiles& recent_;
+    RecentFiles& recent_;
     QWidget& window_;
 };
 
