@@ -109,10 +109,12 @@ MainWindow::MainWindow(const Options& options)
 }
 
 MainWindow::~MainWindow() {
-    // The pages emit signals while they are deleted, when this window is already going.
+    // The pages emit signals while they are deleted.
     tabs_->disconnect(this);
     recorder_.disconnect(this);
-    // Pages are still being checked against the sites, which go with this window.
+    // What checks pages goes before the sites that it checks them against.
+    delete tabs_;
+    delete site_;
     QThreadPool::globalInstance()->waitForDone();
 }
 
