@@ -90,12 +90,7 @@ void tell(const Comparison& comparison, const char* command, bool json, bool wri
 
 void writeCatalogue(const Comparison& comparison) {
     const std::string text = catalogueText(comparison.merged.catalogue);
-    if (comparison.stamp.size >= 0)
-        return replaceWholeFile(comparison.file, text, comparison.stamp);
-    FileReplacer replacer;
-    replacer.create(comparison.file, text);
-    const std::string problem = replacer.commit().front().problem;
-    if (!problem.empty()) throw FileError(comparison.file.string(), problem);
+    replaceWholeFile(comparison.file, text, comparison.stamp);
 }
 
 ExitStatus checkCatalogue(const CommonOptions& common, const CatalogueOptions& options) {

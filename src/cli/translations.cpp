@@ -202,15 +202,8 @@ ExitStatus exportTranslations(const CommonOptions& common, const TranslationOpti
         std::fwrite(text.data(), 1, text.size(), stdout);
         return Done;
     }
-    FileReplacer replacer;
-    const FileStamp stamp = FileStamp::of(std::filesystem::path(options.file));
-    if (stamp.size < 0) {
-        replacer.create(options.file, text);
-    } else {
-        replacer.replace(options.file, text, stamp);
-    }
-    const std::string problem = replacer.commit().front().problem;
-    if (!problem.empty()) throw FileError(options.file, problem);
+    const std::filesystem::path file(options.file);
+    replaceWholeFile(file, text, FileStamp::of(file));
     printLine(stdout, options.file);
     return Done;
 }

@@ -171,7 +171,11 @@ std::vector<FileReplacer::Outcome> FileReplacer::commit() {
 
 void replaceWholeFile(const fs::path& path, std::string_view bytes, const FileStamp& expected) {
     FileReplacer replacer;
-    replacer.replace(path, bytes, expected);
+    if (expected == FileStamp()) {
+        replacer.create(path, bytes);
+    } else {
+        replacer.replace(path, bytes, expected);
+    }
     const auto outcomes = replacer.commit();
     if (!outcomes.front().problem.empty()) throw FileError(path, outcomes.front().problem);
 }

@@ -51,10 +51,7 @@ std::string newPage(const std::filesystem::path& file, const CodePage& codePage)
 }
 
 void makeNewPage(const std::filesystem::path& file, const CodePage& codePage) {
-    FileReplacer replacer;
-    replacer.create(file, newPage(file, codePage));
-    const std::string problem = replacer.commit().front().problem;
-    if (!problem.empty()) throw FileError(file.string(), problem);
+    replaceWholeFile(file, newPage(file, codePage), FileStamp());
 }
 
 void addNewControl(const PageDocument& page, std::optional<int> line) {
