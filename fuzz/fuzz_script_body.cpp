@@ -1,7 +1,7 @@
 // A stored script whose body was read and stored again stays the same from then on.
 
 #include "fuzz/fuzz_tools.h"
-#include "scripts/script_text.h"
+#include "scripts/specify_criterium_dialog.h"
 
 using namespace headerdtc;
 

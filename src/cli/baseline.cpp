@@ -2,6 +2,7 @@
 
 #include "cli/command.h"
 #include "host/files/file_error.h"
+#include "host/files/file_replacer.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -105,7 +106,8 @@ void Baseline::end(bool quiet) {
     for (const std::string& entry : found_)
         text += (text.empty() ? "[\n" : ",\n") + entry;
     text += text.empty() ? "[]\n" : "\n]\n";
-    writeOutput(options_.file, text, FileStamp::of(fs::path(options_.file)));
+    const fs::path file(options_.file);
+    replaceWholeFile(file, text, FileStamp::of(file));
     if (!quiet) printLine(stderr, options_.file + ": " + counted(written, "finding") + " written");
 }
 

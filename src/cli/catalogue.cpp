@@ -4,7 +4,7 @@
 #include "cli/streams.h"
 #include "host/catalogue_import/catalogue_text.h"
 #include "host/catalogue_import/database_tables.h"
-#include "host/files/whole_file.h"
+#include "host/files/file_replacer.h"
 #include "host/site/site.h"
 
 #include <CLI/CLI.hpp>
@@ -98,7 +98,8 @@ ExitStatus importCatalogue(const CommonOptions& common, const CatalogueOptions& 
     const Comparison comparison = compare(common, options);
     const bool isWanted = !options.dryRun && !comparison.merged.changes.empty();
     if (isWanted)
-        writeOutput(comparison.file, catalogueText(comparison.merged.catalogue), comparison.stamp);
+        replaceWholeFile(comparison.file, catalogueText(comparison.merged.catalogue),
+                         comparison.stamp);
     tell(comparison, "catalogue import", options.json, isWanted, Done);
     if (!options.json)
         printLine(stderr, comparison.file.string() +

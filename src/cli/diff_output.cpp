@@ -2,6 +2,7 @@
 
 #include "cli/streams.h"
 #include "host/diff/unified_diff.h"
+#include "platform/utf8.h"
 
 namespace headerdtc::cli {
 namespace {
@@ -11,8 +12,6 @@ constexpr const char* Red = "\033[31m";
 constexpr const char* Green = "\033[32m";
 constexpr const char* Cyan = "\033[36m";
 constexpr const char* Plain = "\033[0m";
-
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
 
 const char* colourOf(DiffLine::Kind kind) {
     switch (kind) {
@@ -56,7 +55,7 @@ void printForTerminal(const std::string& page, std::string_view before, std::str
 }  // namespace
 
 const CodePage& codePageOf(std::string_view page, const CodePage& siteCodePage) {
-    return page.starts_with(Utf8Mark) ? CodePage::utf8() : siteCodePage;
+    return page.starts_with(utf8::ByteOrderMark) ? CodePage::utf8() : siteCodePage;
 }
 
 void printDiff(const std::string& page, std::string_view before, std::string_view after,

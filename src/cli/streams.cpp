@@ -1,8 +1,7 @@
 #include "cli/streams.h"
 
 #include "cli/version.h"
-#include "host/files/file_error.h"
-#include "host/files/file_replacer.h"
+#include "host/files/whole_file.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -26,14 +25,6 @@ std::string readInput(const std::string& file) {
     if (!is_fifo(kind) && !is_character_file(kind)) return readWholeFile(file).bytes;
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-void writeOutput(const std::filesystem::path& file, std::string_view text, const FileStamp& stamp) {
-    if (stamp.size >= 0) return replaceWholeFile(file, text, stamp);
-    FileReplacer replacer;
-    replacer.create(file, text);
-    const std::string problem = replacer.commit().front().problem;
-    if (!problem.empty()) throw FileError(file.string(), problem);
 }
 
 void printLine(std::FILE* stream, std::string_view line) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "host/files/whole_file.h"
-
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -13,10 +11,6 @@ namespace headerdtc::cli {
 // All of a file, of standard input ("-") or of a pipe, which is what a shell makes of <(command).
 // Throws FileError.
 std::string readInput(const std::string& file);
-
-// Puts a text into a file, whole: over what is there, unless that is another than `stamp` by now.
-// Throws FileError.
-void writeOutput(const std::filesystem::path& file, std::string_view text, const FileStamp& stamp);
 
 void printLine(std::FILE* stream, std::string_view line);
 

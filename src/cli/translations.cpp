@@ -3,7 +3,7 @@
 #include "cli/baseline.h"
 #include "cli/command.h"
 #include "cli/streams.h"
-#include "host/files/whole_file.h"
+#include "host/files/file_replacer.h"
 #include "host/inspection/rules/rule_settings.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/site/site.h"
@@ -229,7 +229,8 @@ ExitStatus exportTranslations(const CommonOptions& common, const TranslationOpti
         std::fwrite(text.data(), 1, text.size(), stdout);
         return Done;
     }
-    writeOutput(options.file, text, FileStamp::of(std::filesystem::path(options.file)));
+    const std::filesystem::path file(options.file);
+    replaceWholeFile(file, text, FileStamp::of(file));
     printLine(stdout, options.file);
     return Done;
 }

@@ -4,11 +4,15 @@
 #include "core/header_dtc.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace headerdtc {
+
+// Something that a control does by itself: it listens to the control for as long as this is kept.
+using Behaviour = std::shared_ptr<void>;
 
 // The stored properties that one run of a handler has changed, by their public names.
 class ChangedProperties {

@@ -1,6 +1,8 @@
 #include "core/handler_tools.h"
 
+#include "controls/keys.h"
 #include "core/family_controls.h"
+#include "platform/utf8.h"
 
 #include <string>
 
@@ -11,6 +13,18 @@ void selectAfterRemoval(ListBox& list, int rememberedIndex) {
     list.ListIndex(list.ListCount() <= rememberedIndex ? list.ListCount() - 1 : rememberedIndex);
     list.Selected(list.ListIndex(), true);
     list.SetFocus();
+}
+
+void removeSelected(ListBox& list) {
+    for (int i = list.ListCount() - 1; i >= 0; --i) {
+        if (list.Selected(i)) list.RemoveItem(i);
+    }
+}
+
+void selectEqualItems(ComboBox& combo, const std::string& text) {
+    for (int i = 0; i < combo.ListCount(); ++i) {
+        if (combo.List(i) == text) combo.ListIndex(i);
+    }
 }
 
 void refreshFieldButtons(const ListBox& available, const ListBox& selected, Button& add,
@@ -63,6 +77,17 @@ void moveAsterisk(Grid& grid, RowTracker& tracker, int row) {
 
 bool isInAuthorsHands(const Control& control) {
     return control.hasFocus();
+}
+
+void startEditing(TextBox& editor, const std::string& cellText, int keyCode) {
+    if (keyCode == key_code::Enter) {
+        editor.Text(cellText);
+        editor.SelStart(0);
+        editor.SelLength(utf8::length(cellText));
+    } else {
+        editor.Text(utf8::encode(static_cast<char32_t>(keyCode)));
+        editor.SelStart(1);
+    }
 }
 
 void layOverCell(Control& editor, const Grid& grid) {

@@ -1,13 +1,15 @@
 #pragma once
 
-#include <cstdint>
+#include <string>
 
 namespace headerdtc {
 
 class Button;
+class ComboBox;
 class Control;
 class Grid;
 class ListBox;
+class TextBox;
 struct RowTracker;
 
 // Small steps that handlers of several rooms share.
@@ -17,6 +19,13 @@ struct RowTracker;
 // else the index; that item is marked selected and the list gets the focus. Raises 381 for an
 // index of -1.
 void selectAfterRemoval(ListBox& list, int rememberedIndex);
+
+// Removes every selected item, from the last to the first.
+void removeSelected(ListBox& list);
+
+// Selects every equal item, one after the other, so that the last one stays; without one the combo
+// keeps what it shows.
+void selectEqualItems(ComboBox& combo, const std::string& text);
 
 // Remove is enabled when something is selected, Add when something is available.
 void refreshFieldButtons(const ListBox& available, const ListBox& selected, Button& add,
@@ -51,6 +60,10 @@ void moveAsterisk(Grid& grid, RowTracker& tracker, int row);
 // Whether it is the author who works at a control. Loading a page and a write of a public
 // property come through the same events; the first is no change, the second gives its own notice.
 bool isInAuthorsHands(const Control& control);
+
+// Gives an in-place editor its text: Enter (13) that of the cell, all of it selected; another key
+// code starts a text with its character.
+void startEditing(TextBox& editor, const std::string& cellText, int keyCode);
 
 // Lays an in-place editor over the grid's current cell, as wide as its column, shows it and gives
 // it the focus.

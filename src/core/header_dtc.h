@@ -2,9 +2,9 @@
 
 #include "controls/form.h"
 #include "controls/tab_strip.h"
-#include "core/common_dialog.h"
 #include "core/family_controls.h"
 #include "platform/design_time_site.h"
+#include "platform/file_dialog.h"
 #include "platform/property_bag.h"
 #include "platform/surroundings.h"
 
@@ -18,6 +18,28 @@
 namespace headerdtc {
 
 using ScriptDictionary = Dictionary<std::string>;
+
+// The common file dialog as a control of the surface: its settings and the last chosen file
+// survive from one showing to the next; cancelling leaves FileName as it was.
+class CommonDialog {
+  public:
+    CommonDialog(FileDialog& dialog, std::string title)
+        : dialog_(dialog), DialogTitle(std::move(title)) {}
+
+    void ShowOpen() {
+        const std::string chosen = dialog_.open({DialogTitle, InitDir, Filter});
+        if (!chosen.empty()) FileName = chosen;
+    }
+
+  private:
+    FileDialog& dialog_;
+
+  public:
+    std::string DialogTitle;
+    std::string InitDir;   // a Windows path
+    std::string Filter;    // "description|pattern"
+    std::string FileName;  // full Windows path, empty until a file was chosen
+};
 
 // One design-time control on one page. Its editor's controls *are* the configuration: what an
 // author sees, what a page stores and what is generated are the same models. HeaderDTC knows none

@@ -1,21 +1,26 @@
 #pragma once
 
-#include "editor/criteria_grids.h"
-#include "editor/editor_tabs.h"
-#include "editor/family_tab.h"
-#include "editor/field_selection.h"
+#include "core/handler.h"
 
 namespace headerdtc {
 
-// All behaviours of the editor, listening to one control. Make it before the control's
-// UserControl_Initialize; the control outlives it.
-struct Editor {
-    explicit Editor(HeaderDTC& dtc) : tabs(dtc), familyTab(dtc), fields(dtc), criteria(dtc) {}
+// The behaviours of the editor, each in the source that its comment names.
 
-    EditorTabs tabs;
-    FamilyTab familyTab;
-    FieldSelection fields;
-    CriteriaGrids criteria;
+// editor_tabs.cpp: moving between the tabs, the General tab's own controls, and the families' tabs
+// following the data provider. Fills in the control's PrepareGeneralTab and PrepareFamilyTab.
+Behaviour moveBetweenTabs(HeaderDTC& dtc);
+// field_selection.cpp: choosing and ordering the return fields.
+Behaviour chooseFields(HeaderDTC& dtc);
+// criteria_grids.cpp: adding, removing and editing criteria.
+Behaviour editCriteria(HeaderDTC& dtc);
+
+// All of them, listening to one control. Make it before the control's UserControl_Initialize; the
+// control outlives it.
+struct Editor {
+    explicit Editor(HeaderDTC& dtc)
+        : tabs(moveBetweenTabs(dtc)), fields(chooseFields(dtc)), criteria(editCriteria(dtc)) {}
+
+    Behaviour tabs, fields, criteria;
 };
 
 }  // namespace headerdtc

@@ -1,6 +1,5 @@
-#include "editor/field_selection.h"
-
 #include "core/handler_tools.h"
+#include "editor/editor.h"
 #include "editor/translation_removal.h"
 
 namespace headerdtc {
@@ -53,7 +52,22 @@ void finishMove(FamilyControls& family, ChangedProperties& changed) {
     fields.SetFocus();
 }
 
-}  // namespace
+// Choosing and ordering the return fields on the families' tabs. A field that is added is offered
+// for translation and as the from side of a link too; one that is removed is no longer offered for
+// translation, but stays a from side until the data provider changes.
+class FieldSelection {
+  public:
+    explicit FieldSelection(HeaderDTC& dtc);
+
+  private:
+    void AddField_Click(FamilyControls& family, ChangedProperties& changed);
+    void FieldsList_DblClick(FamilyControls& family, ChangedProperties& changed);
+    void RemoveField_Click(FamilyControls& family, ChangedProperties& changed);
+    void MoveUpCommand_Click(FamilyControls& family, ChangedProperties& changed);
+    void MoveDownCommand_Click(FamilyControls& family, ChangedProperties& changed);
+
+    Subscriptions subscriptions_;
+};
 
 FieldSelection::FieldSelection(HeaderDTC& dtc) {
     for (const Family which : BothFamilies) {
@@ -79,9 +93,7 @@ void FieldSelection::AddField_Click(FamilyControls& family, ChangedProperties& c
     for (int i = 0; i < available.ListCount(); ++i) {
         if (available.Selected(i)) addReturnField(family, available.List(i), changed);
     }
-    for (int i = available.ListCount() - 1; i >= 0; --i) {
-        if (available.Selected(i)) available.RemoveItem(i);
-    }
+    removeSelected(available);
     selectAfterRemoval(available, focus);
     refreshButtons(family);
 }
@@ -123,6 +135,12 @@ void FieldSelection::MoveUpCommand_Click(FamilyControls& family, ChangedProperti
 
 void FieldSelection::MoveDownCommand_Click(FamilyControls& family, ChangedProperties& changed) {
     if (moveItemDown(family.SelectedFieldsList)) finishMove(family, changed);
+}
+
+}  // namespace
+
+Behaviour chooseFields(HeaderDTC& dtc) {
+    return std::make_shared<FieldSelection>(dtc);
 }
 
 }  // namespace headerdtc

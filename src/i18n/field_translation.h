@@ -2,10 +2,7 @@
 
 #include "controls/event.h"
 #include "core/header_dtc.h"
-#include "i18n/add_i18n_field_question_dialog.h"
-#include "i18n/add_label_dialog.h"
-#include "i18n/specify_i18n_fieldname_dialog.h"
-#include "i18n/specify_i18n_fieldvalue_dialog.h"
+#include "i18n/translation_dialogs.h"
 #include "i18n/translation_store.h"
 
 #include <memory>

@@ -1,6 +1,5 @@
-#include "i18n/specify_i18n_fieldvalue_dialog.h"
-
 #include "core/handler_tools.h"
+#include "i18n/translation_dialogs.h"
 #include "i18n/translation_store.h"
 #include "platform/error_trap.h"
 #include "platform/text.h"
@@ -145,14 +144,7 @@ void SpecifyI18NFieldValueDialog::I18NFieldValuesGrid_Edit(int row, int column, 
 
 void SpecifyI18NFieldValueDialog::editValue(const std::string& cellText, int keyCode) {
     layOverCell(EditText, I18NFieldValuesGrid);
-    if (keyCode == key_code::Enter) {
-        EditText.Text(cellText);
-        EditText.SelStart(0);
-        EditText.SelLength(utf8::length(cellText));
-    } else {
-        EditText.Text(utf8::encode(static_cast<char32_t>(keyCode)));
-        EditText.SelStart(1);
-    }
+    startEditing(EditText, cellText, keyCode);
 }
 
 void SpecifyI18NFieldValueDialog::editLabel(const std::string& cellText, int keyCode) {

@@ -1,11 +1,16 @@
-#include "links/link_grids.h"
-
 #include "core/handler_tools.h"
+#include "links/links.h"
 #include "platform/error_trap.h"
 
-namespace headerdtc {
+#include <string>
+#include <string_view>
+#include <vector>
 
-struct LinkGrids::Editor {
+namespace headerdtc {
+namespace {
+
+// One in-place editor of one family.
+struct LinkEditor {
     Family family;
     ComboBox FamilyControls::*combo;
     int column;
@@ -16,26 +21,23 @@ struct LinkGrids::Editor {
     bool testsRow;
 };
 
-namespace {
-
 using F = FamilyControls;
-using Editor = LinkGrids::Editor;
 
 // The width of a scroll bar, in twips.
 constexpr int ScrollBarWidth = 255;
 
 // clang-format off
-constexpr Editor EaiFrom {Family::EAI,  &F::FromLinkFieldsCombo, links_column::From, "LinkFromFields", true,  true};
-constexpr Editor EaiTo   {Family::EAI,  &F::ToLinkFieldsCombo,   links_column::To,   "LinkToFields",   true,  false};
-constexpr Editor ZekoFrom{Family::ZEKO, &F::FromLinkFieldsCombo, links_column::From, "LinkFromFields", false, true};
-constexpr Editor ZekoTo  {Family::ZEKO, &F::ToLinkFieldsCombo,   links_column::To,   "LinkToFields",   true,  false};
+constexpr LinkEditor EaiFrom {Family::EAI,  &F::FromLinkFieldsCombo, links_column::From, "LinkFromFields", true,  true};
+constexpr LinkEditor EaiTo   {Family::EAI,  &F::ToLinkFieldsCombo,   links_column::To,   "LinkToFields",   true,  false};
+constexpr LinkEditor ZekoFrom{Family::ZEKO, &F::FromLinkFieldsCombo, links_column::From, "LinkFromFields", false, true};
+constexpr LinkEditor ZekoTo  {Family::ZEKO, &F::ToLinkFieldsCombo,   links_column::To,   "LinkToFields",   true,  false};
 
-constexpr const Editor* Editors[] = {&EaiFrom, &EaiTo, &ZekoFrom, &ZekoTo};
+constexpr const LinkEditor* Editors[] = {&EaiFrom, &EaiTo, &ZekoFrom, &ZekoTo};
 
 // What completes an edit, and under which name that reports. Some names are a sister's.
 enum class Trigger { Click, KeyPress, LostFocus };
 struct Completion {
-    const Editor& editor;
+    const LinkEditor& editor;
     Trigger trigger;
     const char* reportedAs;
 };
@@ -51,8 +53,8 @@ constexpr Completion Completions[] = {
 };
 // clang-format on
 
-const Editor* editorOf(Family family, int column) {
-    for (const Editor* editor : Editors) {
+const LinkEditor* editorOf(Family family, int column) {
+    for (const LinkEditor* editor : Editors) {
         if (editor->family == family && editor->column == column) return editor;
     }
     return nullptr;
@@ -73,17 +75,31 @@ std::vector<std::string> linkTexts(const Grid& grid, int column) {
     return texts;
 }
 
-}  // namespace
+// The links grid of each link tab: pairs of a field of the query's own provider (From) and a key
+// field of the linked provider (To). A combo box laid over a cell edits it; what it shows goes
+// into the row held as the previous one of the grid's tracker, which is the edited row.
+class LinkGrids {
+  public:
+    explicit LinkGrids(HeaderDTC& dtc);
 
-void noteDiscardedLinks(const FamilyControls& family, ChangedProperties& changed) {
-    const Grid& grid = family.LinksGrid;
-    for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-        if (!grid.TextMatrix(row, links_column::From).empty())
-            changed.add(familyName(family.family, "LinkFromFields"));
-        if (!grid.TextMatrix(row, links_column::To).empty())
-            changed.add(familyName(family.family, "LinkToFields"));
-    }
-}
+    // Moves the "*" to the grid's current row.
+    void MoveLinksAsterisk(Family family);
+    // Opens the editor of the grid's current column over the current cell. Enter (13) as the key
+    // selects the cell's text in it; when that is none of its items, it shows what it showed
+    // before.
+    void LinksGridEdit(Family family, int key);
+
+  private:
+    void subscribeGrid(FamilyControls& family);
+    void subscribeEditors();
+    void enterCell(FamilyControls& family);
+    void addLink(FamilyControls& family, ChangedProperties& changed);
+    void removeLink(FamilyControls& family, ChangedProperties& changed);
+    void completeEdit(const LinkEditor& editor, ChangedProperties& changed);
+
+    HeaderDTC& dtc_;
+    Subscriptions subscriptions_;
+};
 
 LinkGrids::LinkGrids(HeaderDTC& dtc) : dtc_(dtc) {
     for (const Family which : BothFamilies)
@@ -142,7 +158,7 @@ void LinkGrids::LinksGridEdit(Family which, int key) {
     trapErrors(dtc_.surroundings.messages, "LinksGridEdit", [&] {
         FamilyControls& family = dtc_.family(which);
         Grid& grid = family.LinksGrid;
-        const Editor* editor = editorOf(which, grid.Col());
+        const LinkEditor* editor = editorOf(which, grid.Col());
         if (!editor) return;
         // However the cell was entered, its row is the previous one from here on: the row that
         // the edit will be written into.
@@ -151,10 +167,7 @@ void LinkGrids::LinksGridEdit(Family which, int key) {
         if (key == key_code::Enter) {
             // Each selection clicks the combo and so completes an edit: it writes what the cell
             // has already, before the editor shows.
-            const std::string text = grid.Text();
-            for (int i = 0; i < combo.ListCount(); ++i) {
-                if (combo.List(i) == text) combo.ListIndex(i);
-            }
+            selectEqualItems(combo, std::string(grid.Text()));
         }
         layOverCell(combo, grid);
     });
@@ -163,7 +176,7 @@ void LinkGrids::LinksGridEdit(Family which, int key) {
 // An editor that is still open over the cell left behind is closed while its row is the marked
 // one, so that moving the "*" first, as most editors do, leaves that row as the previous one.
 void LinkGrids::enterCell(FamilyControls& family) {
-    for (const Editor* editor : Editors) {
+    for (const LinkEditor* editor : Editors) {
         if (editor->family != family.family) continue;
         ComboBox& combo = family.*editor->combo;
         if (combo.hasFocus()) combo.Visible(false);
@@ -203,7 +216,7 @@ void LinkGrids::removeLink(FamilyControls& family, ChangedProperties& changed) {
     MoveLinksAsterisk(family.family);
 }
 
-void LinkGrids::completeEdit(const Editor& editor, ChangedProperties& changed) {
+void LinkGrids::completeEdit(const LinkEditor& editor, ChangedProperties& changed) {
     FamilyControls& family = dtc_.family(editor.family);
     Grid& grid = family.LinksGrid;
     ComboBox& combo = family.*editor.combo;
@@ -217,6 +230,22 @@ void LinkGrids::completeEdit(const Editor& editor, ChangedProperties& changed) {
         }
     }
     combo.Visible(false);
+}
+
+}  // namespace
+
+void noteDiscardedLinks(const FamilyControls& family, ChangedProperties& changed) {
+    const Grid& grid = family.LinksGrid;
+    for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+        if (!grid.TextMatrix(row, links_column::From).empty())
+            changed.add(familyName(family.family, "LinkFromFields"));
+        if (!grid.TextMatrix(row, links_column::To).empty())
+            changed.add(familyName(family.family, "LinkToFields"));
+    }
+}
+
+Behaviour editLinks(HeaderDTC& dtc) {
+    return std::make_shared<LinkGrids>(dtc);
 }
 
 }  // namespace headerdtc

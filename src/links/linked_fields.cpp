@@ -1,6 +1,5 @@
-#include "links/linked_fields.h"
-
 #include "core/handler_tools.h"
+#include "links/links.h"
 
 namespace headerdtc {
 namespace {
@@ -39,7 +38,21 @@ void refreshButtons(FamilyControls& family) {
                         family.AddLinkedField, family.RemoveLinkedField);
 }
 
-}  // namespace
+// Choosing the fields of the linked provider that the page returns: moving them between the
+// available and the selected list of each link tab, and ordering the selected ones.
+class LinkedFields {
+  public:
+    explicit LinkedFields(HeaderDTC& dtc);
+
+  private:
+    void AddLinkedField_Click(FamilyControls& family, ChangedProperties& changed);
+    void LinkedFieldsList_DblClick(FamilyControls& family, ChangedProperties& changed);
+    void RemoveLinkedField_Click(FamilyControls& family, ChangedProperties& changed);
+    void MoveUpLinkedField_Click(FamilyControls& family, ChangedProperties& changed);
+    void MoveDownLinkedField_Click(FamilyControls& family, ChangedProperties& changed);
+
+    Subscriptions subscriptions_;
+};
 
 LinkedFields::LinkedFields(HeaderDTC& dtc) {
     for (const Family which : BothFamilies) {
@@ -76,9 +89,7 @@ void LinkedFields::AddLinkedField_Click(FamilyControls& family, ChangedPropertie
         selected.AddItem(available.List(i));
         lastAdded = i;
     }
-    for (int i = available.ListCount() - 1; i >= 0; --i) {
-        if (available.Selected(i)) available.RemoveItem(i);
-    }
+    removeSelected(available);
     selectAfterRemoval(available,
                        traits.remembers == AddTraits::Remembers::Focused ? focused : lastAdded);
     refreshButtons(family);
@@ -118,6 +129,12 @@ void LinkedFields::MoveUpLinkedField_Click(FamilyControls& family, ChangedProper
 
 void LinkedFields::MoveDownLinkedField_Click(FamilyControls& family, ChangedProperties& changed) {
     if (moveItemDown(family.SelectedLinkedFieldsList)) changed.add(selectedFieldsOf(family));
+}
+
+}  // namespace
+
+Behaviour chooseLinkedFields(HeaderDTC& dtc) {
+    return std::make_shared<LinkedFields>(dtc);
 }
 
 }  // namespace headerdtc

@@ -1,8 +1,6 @@
-#include "links/linked_provider.h"
-
 #include "core/field_entries.h"
 #include "core/handler_tools.h"
-#include "links/link_grids.h"
+#include "links/links.h"
 #include "platform/data_source.h"
 #include "platform/error_trap.h"
 
@@ -25,7 +23,25 @@ void clearLinkLists(FamilyControls& family, ChangedProperties& changed) {
     clear(family.ToLinkFieldsCombo, ToLinkKeyFields);
 }
 
-}  // namespace
+// The linked data provider, one for both link tabs: choosing it on either tab, showing what it
+// offers on both, and deleting the whole link.
+class LinkedProvider {
+  public:
+    // Fills in the control's PrepareLinkTab.
+    explicit LinkedProvider(HeaderDTC& dtc);
+
+    // A link tab is entered: its combo takes over a provider that was chosen on the other tab.
+    // Reports as "PrepareZEKOLinkTab" or "PrepareEAILinkTab".
+    void prepare(Family family);
+
+  private:
+    void LinkedDataProvidersCombo_Click(FamilyControls& family, ChangedProperties& changed);
+    void deleteLink(FamilyControls& family, ChangedProperties& changed);
+    void updateLinkTab(Family family, ChangedProperties& changed);
+
+    HeaderDTC& dtc_;
+    Subscriptions subscriptions_;
+};
 
 LinkedProvider::LinkedProvider(HeaderDTC& dtc) : dtc_(dtc) {
     dtc_.procedures.PrepareLinkTab = [this](Family family) { prepare(family); };
@@ -56,9 +72,7 @@ void LinkedProvider::prepare(Family which) {
     runHandler(dtc_, name, [&](ChangedProperties& changed) {
         ComboBox& combo = family.LinkedDataProvidersCombo;
         if (combo.Text() == dtc_.linkedDataProvider) return;
-        for (int i = 0; i < combo.ListCount(); ++i) {
-            if (combo.List(i) == dtc_.linkedDataProvider) combo.ListIndex(i);
-        }
+        selectEqualItems(combo, dtc_.linkedDataProvider);
         updateLinkTab(which, changed);
     });
 }
@@ -115,6 +129,12 @@ void LinkedProvider::deleteLink(FamilyControls& family, ChangedProperties& chang
     family.LinksGrid.Clear();
     family.LinkedDataProvidersCombo.ListIndex(-1);
     dtc_.deletingLink = false;
+}
+
+}  // namespace
+
+Behaviour chooseLinkedProvider(HeaderDTC& dtc) {
+    return std::make_shared<LinkedProvider>(dtc);
 }
 
 }  // namespace headerdtc

@@ -1,30 +1,116 @@
 #include "runtime/expansion.h"
 
+#include "platform/ascii.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 
 #include <algorithm>
+#include <cassert>
+#include <cstring>
 #include <utility>
 
 namespace headerdtc {
+namespace {
+
+constexpr std::uint8_t LetterBit = 0x20;
+
+std::uint64_t eightBytes(const char* at) {
+    std::uint64_t bytes;
+    std::memcpy(&bytes, at, sizeof bytes);
+    return bytes;
+}
+
+// The placeholders each once, and for every one of them the number of its tag.
+std::vector<std::string> numbered(std::span<const std::string_view> placeholders,
+                                  std::vector<int>& tagOfStep) {
+    std::vector<std::string> tags;
+    for (const std::string_view placeholder : placeholders) {
+        const auto same = std::ranges::find_if(
+            tags, [&](const std::string& tag) { return equalIgnoringCase(tag, placeholder); });
+        tagOfStep.push_back(static_cast<int>(same - tags.begin()));
+        if (same == tags.end()) tags.emplace_back(placeholder);
+    }
+    return tags;
+}
+
+}  // namespace
+
+TagMatcher::TagMatcher(std::vector<std::string> tags) {
+    for (std::string& text : tags) {
+        assert(text.size() >= 2 && text.front() == '<' &&
+               text.find_first_of("<>", 1) == text.size() - 1 && text.back() == '>');
+        Tag tag;
+        for (char& c : text) {
+            tag.letterBits += ascii::isLetter(c) ? static_cast<char>(LetterBit) : '\0';
+            c = ascii::lower(c);
+            auto& column = column_[static_cast<std::uint8_t>(c)];
+            if (column == 0) column = static_cast<std::uint8_t>(width_++);
+        }
+        longest_ = std::max(longest_, text.size());
+        tag.text = std::move(text);
+        tags_.push_back(std::move(tag));
+    }
+    for (int c = 'A'; c <= 'Z'; ++c)
+        column_[static_cast<std::size_t>(c)] = column_[static_cast<std::size_t>(c | LetterBit)];
+
+    tree_.resize(2 * width_);  // row 0 is "no tag", row 1 the lone '<'
+    for (std::size_t number = 0; number < tags_.size(); ++number) {
+        std::size_t row = width_;
+        for (const char c : std::string_view(tags_[number].text).substr(1)) {
+            const std::size_t entry = row + column_[static_cast<std::uint8_t>(c)];
+            if (c == '>') {
+                tree_[entry] = static_cast<OpenTag>(number + 1);
+            } else if (tree_[entry] == 0) {
+                tree_[entry] = static_cast<OpenTag>(tree_.size());
+                tree_.resize(tree_.size() + width_);
+            }
+            row = tree_[entry];
+        }
+    }
+}
+
+TagReading TagMatcher::read(std::string_view text, int guess) const {
+    if (guess != TagReading::None) {
+        const Tag& tag = tags_[static_cast<std::size_t>(guess)];
+        if (quicklyBegins(text, tag)) return {tag.text.size(), guess, 0};
+    }
+    TagReading reading = readOn(static_cast<OpenTag>(width_), text.substr(1));
+    ++reading.length;
+    return reading;
+}
+
+TagReading TagMatcher::readOn(OpenTag open, std::string_view text) const {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const OpenTag next = tree_[open + column_[static_cast<std::uint8_t>(text[i])]];
+        if (next == 0) return {i, TagReading::None, text[i] == '<' ? open : 0};
+        if (text[i] == '>') return {i + 1, static_cast<int>(next) - 1, 0};
+        open = next;
+    }
+    return {text.size(), TagReading::None, open};
+}
+
+bool TagMatcher::quicklyBegins(std::string_view text, const Tag& tag) {
+    constexpr std::size_t Step = sizeof(std::uint64_t);
+    const std::size_t length = tag.text.size();
+    if (length < Step || text.size() < length) return false;
+    const auto differs = [&](std::size_t at) {
+        return (eightBytes(text.data() + at) | eightBytes(tag.letterBits.data() + at)) !=
+               eightBytes(tag.text.data() + at);
+    };
+    for (std::size_t at = 0; at + Step <= length; at += Step) {
+        if (differs(at)) return false;
+    }
+    return !differs(length - Step);
+}
+
+// ---- expansion ---------------------------------------------------------------------------------
 
 ExpansionSteps::ExpansionSteps(std::span<const std::string_view> placeholders)
-    : placeholders_(placeholders.begin(), placeholders.end()) {
-    std::vector<std::string> tags;
-    for (const std::string& placeholder : placeholders_) {
-        const auto same = std::find_if(tags.begin(), tags.end(), [&](const std::string& tag) {
-            return equalIgnoringCase(tag, placeholder);
-        });
-        tagOfStep_.push_back(static_cast<int>(same - tags.begin()));
-        if (same == tags.end()) tags.push_back(placeholder);
-    }
-    if (std::all_of(tags.begin(), tags.end(), isTag)) matcher_.emplace(std::move(tags));
-}
+    : matcher_(numbered(placeholders, tagOfStep_)) {}
 
 Expansion::Expansion(std::string text, const ExpansionSteps& steps) : steps_(steps) {
     sources_.push_back(std::move(text));
-    if (!steps_.matcher()) return;
-    const auto tags = static_cast<std::size_t>(steps_.matcher()->count());
+    const auto tags = static_cast<std::size_t>(steps_.matcher().count());
     occurrences_.resize(tags);
     stepsLeft_.resize(tags);
     for (std::size_t step = 0; step < steps_.count(); ++step)
@@ -38,13 +124,7 @@ Expansion::Expansion(std::string text, const ExpansionSteps& steps) : steps_(ste
 }
 
 void Expansion::replace(std::string value) {
-    const std::size_t step = step_++;
-    if (!steps_.matcher()) {
-        std::string& text = sources_.front();
-        text = replaceAllIgnoringCase(text, steps_.placeholder(step), value);
-        return;
-    }
-    const auto tag = static_cast<std::size_t>(steps_.tagOf(step));
+    const auto tag = static_cast<std::size_t>(steps_.tagOf(step_++));
     --stepsLeft_[tag];
     // Taken out first: an occurrence that the values bring in belongs to a later step.
     const std::vector<PieceIndex> places = std::exchange(occurrences_[tag], {});
@@ -76,7 +156,6 @@ void Expansion::checkRoom(std::size_t places, std::size_t lengthNow, std::size_t
 }
 
 std::string Expansion::text() const {
-    if (!steps_.matcher()) return sources_.front();
     std::string text;
     text.reserve(size_);
     for (PieceIndex at = pieces_[0].next; at != 0; at = pieces_[at].next)
@@ -87,7 +166,7 @@ std::string Expansion::text() const {
 // Cuts a text into pieces. Nothing is known of its surroundings yet: `open` is what each piece
 // breaks off in by itself.
 void Expansion::scan(std::string_view text) {
-    const TagMatcher& matcher = *steps_.matcher();
+    const TagMatcher& matcher = steps_.matcher();
     scanned_.clear();
     std::size_t literalStart = 0;
     std::size_t readEnd = 0;
@@ -153,7 +232,7 @@ void Expansion::followOn(PieceIndex from) {
     OpenTag open = pieces_[from].open;
     PieceIndex at = pieces_[from].next;
     while (open != 0 && pieces_[at].tag == Piece::Literal) {
-        const TagReading reading = steps_.matcher()->readOn(open, pieces_[at].text);
+        const TagReading reading = steps_.matcher().readOn(open, pieces_[at].text);
         if (reading.tag != TagReading::None) {
             if (stillReplaced(reading.tag)) form(reading.tag, at, reading.length);
             return;
@@ -166,7 +245,7 @@ void Expansion::followOn(PieceIndex from) {
 
 // Makes one piece of a placeholder that is spread over several; it ends within piece `last`.
 void Expansion::form(int tag, PieceIndex last, std::size_t bytesOfLast) {
-    const std::size_t length = steps_.matcher()->lengthOf(tag);
+    const std::size_t length = steps_.matcher().lengthOf(tag);
     std::string& spelling = sources_.emplace_back(length, '\0');
     std::size_t missing = length - bytesOfLast;
     pieces_[last].text.copy(spelling.data() + missing, bytesOfLast);
@@ -197,7 +276,7 @@ void Expansion::form(int tag, PieceIndex last, std::size_t bytesOfLast) {
 }
 
 OpenTag Expansion::openAtEnd(PieceIndex piece) const {
-    const TagMatcher& matcher = *steps_.matcher();
+    const TagMatcher& matcher = steps_.matcher();
     const std::string_view text = pieces_[piece].text;
     const std::string_view tail =
         text.substr(text.size() - std::min(text.size(), matcher.longest()));
@@ -205,17 +284,6 @@ OpenTag Expansion::openAtEnd(PieceIndex piece) const {
     if (start != std::string_view::npos) return matcher.read(tail.substr(start)).open;
     if (tail.size() < text.size()) return 0;
     return matcher.readOn(pieces_[pieces_[piece].previous].open, text).open;
-}
-
-std::string expandSteps(std::string_view text, std::span<const ReplacementStep> steps) {
-    std::vector<std::string_view> placeholders;
-    for (const ReplacementStep& step : steps)
-        placeholders.push_back(step.placeholder);
-    const ExpansionSteps prepared(placeholders);
-    Expansion expansion(std::string(text), prepared);
-    for (const ReplacementStep& step : steps)
-        expansion.replace(std::string(step.value));
-    return expansion.text();
 }
 
 }  // namespace headerdtc

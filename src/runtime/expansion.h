@@ -1,11 +1,9 @@
 #pragma once
 
-#include "runtime/tag_matcher.h"
-
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,23 +11,71 @@
 
 namespace headerdtc {
 
-// The placeholders of a sequence of replacement steps, prepared for finding them; made once for
-// any number of expansions. A placeholder may serve several steps.
+// A tag is a text that begins with '<', ends in '>' and has neither in between. So two tags never
+// overlap in a text, and at any '<' at most one tag of a set can stand.
+
+// The beginning of a tag, '<' included, that a text breaks off in; 0 when it breaks off in none.
+using OpenTag = std::uint32_t;
+
+// What came of reading a text against a set of tags.
+struct TagReading {
+    static constexpr int None = -1;
+
+    std::size_t length = 0;  // bytes read
+    int tag = None;          // the tag that the last of them completed
+    OpenTag open = 0;        // the tag begun but cut short, by the end of the text or by a '<'
+};
+
+// Recognises a set of tags without regard to the case of ASCII letters.
+class TagMatcher {
+  public:
+    // Every text must be a tag; they are numbered from 0 in the order given, and none is given
+    // twice.
+    explicit TagMatcher(std::vector<std::string> tags);
+
+    int count() const { return static_cast<int>(tags_.size()); }
+    std::size_t lengthOf(int tag) const { return tags_[static_cast<std::size_t>(tag)].text.size(); }
+    std::size_t longest() const { return longest_; }
+
+    // Reads a text that begins with '<'. The guess is a tag that is tried first, or None: whoever
+    // meets the same tag line after line finds it at the price of one comparison.
+    TagReading read(std::string_view text, int guess = TagReading::None) const;
+    // Reads a text on from a tag begun before it.
+    TagReading readOn(OpenTag open, std::string_view text) const;
+
+  private:
+    struct Tag {
+        std::string text;        // letters in lower case
+        std::string letterBits;  // 0x20 under every letter: the bit that its two cases differ in
+    };
+
+    // Compares eight bytes at a time; shorter tags are left to the tree.
+    static bool quicklyBegins(std::string_view text, const Tag& tag);
+
+    std::vector<Tag> tags_;
+    std::size_t longest_ = 0;
+    // The tags as a tree: row after row of `width_` entries, one for each kind of character.
+    // An OpenTag is where a row starts; an entry is the row of the tag so continued, or 0. In the
+    // column of '>' stands the number of the tag completed, counted from 1.
+    std::vector<OpenTag> tree_;
+    std::array<std::uint8_t, 256> column_{};
+    std::size_t width_ = 1;
+};
+
+// The placeholders of a sequence of replacement steps, each a tag, prepared for finding them; made
+// once for any number of expansions. A placeholder may serve several steps.
 class ExpansionSteps {
   public:
     explicit ExpansionSteps(std::span<const std::string_view> placeholders);
 
-    std::size_t count() const { return placeholders_.size(); }
-    const std::string& placeholder(std::size_t step) const { return placeholders_[step]; }
+    std::size_t count() const { return tagOfStep_.size(); }
     // The tag that a step replaces, as the matcher numbers it.
     int tagOf(std::size_t step) const { return tagOfStep_[step]; }
-    // Empty unless every placeholder is a tag.
-    const std::optional<TagMatcher>& matcher() const { return matcher_; }
+    const TagMatcher& matcher() const { return matcher_; }
 
   private:
-    std::vector<std::string> placeholders_;
     std::vector<int> tagOfStep_;
-    std::optional<TagMatcher> matcher_;
+    TagMatcher matcher_;
 };
 
 // A text in which placeholders are replaced step by step. Each step replaces all occurrences of
@@ -43,9 +89,6 @@ class ExpansionSteps {
 // Template and values are searched for placeholders once; after that only the joints at which
 // pieces newly meet need a look, and of those only the ones where a piece breaks off inside a
 // possible placeholder. The whole takes time in proportion to the text put in.
-//
-// Where some placeholder is not a tag, occurrences could overlap; such steps are done one by one
-// over the whole text.
 class Expansion {
   public:
     // The steps must outlive the expansion.
@@ -88,8 +131,7 @@ class Expansion {
 
     const ExpansionSteps& steps_;
     std::size_t step_ = 0;
-    // The template and everything put in since; pieces are views of these. Where the placeholders
-    // are no tags, only the first is used, and it is the text itself.
+    // The template and everything put in since; pieces are views of these.
     std::deque<std::string> sources_;
     // The chain is a ring closed by piece 0, its end.
     std::vector<Piece> pieces_;
@@ -98,14 +140,5 @@ class Expansion {
     std::vector<int> stepsLeft_;                        // by tag
     std::vector<Piece> scanned_;                        // the pieces of the text scanned last
 };
-
-// One replacement step.
-struct ReplacementStep {
-    std::string_view placeholder;
-    std::string_view value;
-};
-
-// The template after all the steps.
-std::string expandSteps(std::string_view text, std::span<const ReplacementStep> steps);
 
 }  // namespace headerdtc

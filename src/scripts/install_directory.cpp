@@ -17,16 +17,14 @@ std::string installDirectoryOf(Registry& registry) {
     }
 }
 
-InstallDirectory::InstallDirectory(HeaderDTC& dtc) : dtc_(dtc) {
-    dtc_.procedures.GetInstallDir = [this] { return GetInstallDir(); };
-}
-
-std::string InstallDirectory::GetInstallDir() {
-    std::string directory = installDirectoryOf(dtc_.surroundings.registry);
-    if (directory.empty())
-        dtc_.surroundings.messages.show("Can not find REGKEY '" + std::string(InstallDirValue) +
-                                        "'");
-    return directory;
+void provideInstallDirectory(HeaderDTC& dtc) {
+    dtc.procedures.GetInstallDir = [&dtc] {
+        std::string directory = installDirectoryOf(dtc.surroundings.registry);
+        if (directory.empty())
+            dtc.surroundings.messages.show("Can not find REGKEY '" + std::string(InstallDirValue) +
+                                           "'");
+        return directory;
+    };
 }
 
 }  // namespace headerdtc

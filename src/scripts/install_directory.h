@@ -15,20 +15,8 @@ inline constexpr std::string_view InstallDirValue =
 // empty when it cannot be read.
 std::string installDirectoryOf(Registry& registry);
 
-// The root of the web site: the suite's install directory, as the registry has it.
-class InstallDirectory {
-  public:
-    // Fills in the control's GetInstallDir.
-    explicit InstallDirectory(HeaderDTC& dtc);
-    InstallDirectory(const InstallDirectory&) = delete;
-    InstallDirectory& operator=(const InstallDirectory&) = delete;
-
-    // installDirectoryOf the control's registry, read anew by every call; when it is empty, a
-    // message says so.
-    std::string GetInstallDir();
-
-  private:
-    HeaderDTC& dtc_;
-};
+// Fills in the control's GetInstallDir, the root of the web site: installDirectoryOf the control's
+// registry, read anew by every call. When it is empty, a message says so.
+void provideInstallDirectory(HeaderDTC& dtc);
 
 }  // namespace headerdtc

@@ -1,18 +1,18 @@
-#include "scripts/page_files.h"
-
-#include "core/handler.h"
 #include "core/handler_tools.h"
 #include "platform/message_box.h"
 #include "platform/text.h"
 #include "platform/utf8.h"
+#include "scripts/scripts.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace headerdtc {
+namespace {
 
-struct PageFiles::Browsing {
+// One of the browse buttons.
+struct Browsing {
     const char* handler;
     Button HeaderDTC::*button;
     TextBox HeaderDTC::*target;
@@ -22,13 +22,11 @@ struct PageFiles::Browsing {
     bool refusalNamesRoot;
 };
 
-namespace {
-
 constexpr const char* ExtraIncludesProperty = "ExtraIncludes";
 constexpr const char* StylesheetProperty = "XSLFilename";
 
 // The title of the dialog is the designed one for both.
-constexpr PageFiles::Browsing BrowsingTable[] = {
+constexpr Browsing BrowsingTable[] = {
     {"BrowseForIncludeASPCommand_Click", &HeaderDTC::BrowseForIncludeASPCommand,
      &HeaderDTC::IncludeASPText, "", "", "ASP files (*.asp)|*.asp", false},
     {"BrowseForXSLFileCommand_Click", &HeaderDTC::BrowseForXSLFileCommand,
@@ -44,13 +42,27 @@ std::optional<std::string> siteRelativePath(std::string_view file, std::string_v
     return replaceAll(file.substr(length), "\\", "/");
 }
 
-std::string refusal(const PageFiles::Browsing& browsing, const std::string& root) {
+std::string refusal(const Browsing& browsing, const std::string& root) {
     std::string text = "Can not include a file outside the Velmora site";
     if (browsing.refusalNamesRoot) text += " '" + root + "'";
     return text;
 }
 
-}  // namespace
+// The files of the site that a page names, by their paths from the site's root: the extra include
+// files and the stylesheet. Both are typed or browsed for; the includes form a list.
+class PageFiles {
+  public:
+    explicit PageFiles(HeaderDTC& dtc);
+
+  private:
+    void browse(const Browsing& browsing);
+    void IncludeASPAddCommand_Click();
+    void IncludeASPDeleteCommand_Click();
+    void IncludeASPList_Click();
+
+    HeaderDTC& dtc_;
+    Subscriptions subscriptions_;
+};
 
 PageFiles::PageFiles(HeaderDTC& dtc) : dtc_(dtc) {
     for (const Browsing& browsing : BrowsingTable) {
@@ -115,6 +127,12 @@ void PageFiles::IncludeASPDeleteCommand_Click() {
 
 void PageFiles::IncludeASPList_Click() {
     dtc_.IncludeASPText.Text(dtc_.IncludeASPList.Text());
+}
+
+}  // namespace
+
+Behaviour namePageFiles(HeaderDTC& dtc) {
+    return std::make_shared<PageFiles>(dtc);
 }
 
 }  // namespace headerdtc

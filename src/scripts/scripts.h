@@ -1,19 +1,24 @@
 #pragma once
 
+#include "core/handler.h"
 #include "scripts/install_directory.h"
-#include "scripts/page_files.h"
-#include "scripts/script_criteria.h"
 
 namespace headerdtc {
 
-// Script criteria, the General tab's include files and stylesheet, and the site's root, listening
-// to one control. Make it before the control's UserControl_Initialize; the control outlives it.
-struct Scripts {
-    explicit Scripts(HeaderDTC& dtc) : installDirectory(dtc), criteria(dtc), files(dtc) {}
+// specify_criterium_dialog.cpp: fills in the control's ShowSpecifyCriteriumDialog.
+void provideScriptDialog(HeaderDTC& dtc);
+// page_files.cpp: the General tab's include files and stylesheet.
+Behaviour namePageFiles(HeaderDTC& dtc);
 
-    InstallDirectory installDirectory;
-    ScriptCriteria criteria;
-    PageFiles files;
+// All of these, and the install directory, for one control. Make it before the control's
+// UserControl_Initialize; the control outlives it.
+struct Scripts {
+    explicit Scripts(HeaderDTC& dtc) : files(namePageFiles(dtc)) {
+        provideInstallDirectory(dtc);
+        provideScriptDialog(dtc);
+    }
+
+    Behaviour files;
 };
 
 }  // namespace headerdtc

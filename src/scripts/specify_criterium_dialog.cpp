@@ -1,6 +1,9 @@
 #include "scripts/specify_criterium_dialog.h"
 
-#include "scripts/script_text.h"
+#include "platform/text.h"
+#include "scripts/scripts.h"
+
+#include <functional>
 
 namespace headerdtc {
 namespace {
@@ -17,6 +20,24 @@ constexpr KindOption KindOptions[] = {
     {&SpecifyCriteriumDialog::IncludedScriptOption, INCLUDEFUNCTION},
     {&SpecifyCriteriumDialog::ConstantOption, CONSTANT},
 };
+
+constexpr std::string_view LineEnd = "\r\n";
+constexpr std::string_view FunctionTemplate =
+    "Function <NAME>()\r\n\r\n<BODY>\r\nEnd Function '<NAME>()";
+
+// The dialog for one row of a criteria grid. tab: 1 = EAI, 2 = ZEKO; the row's value name, the
+// script stored under it and its value type. Returns when the dialog is closed; OK has then stored
+// the value. Traps nothing.
+void ShowSpecifyCriteriumDialog(HeaderDTC& dtc, int tab, int row, const std::string& name,
+                                const std::string& script, std::int32_t valueType) {
+    SpecifyCriteriumDialog dialog(dtc);
+    dialog.TabValue = tab;
+    dialog.RowValue = row;
+    dialog.ValueType(valueType);
+    dialog.NameValue(name);
+    dialog.TextValue(name.empty() ? std::string() : script);
+    dialog.form.ShowModal();
+}
 
 }  // namespace
 
@@ -103,6 +124,26 @@ void SpecifyCriteriumDialog::CancelButton_Click() {
     ScriptText.Text("");
     ScriptBodyText.Text("");
     form.Hide();
+}
+
+std::string scriptFunction(std::string_view name, std::string_view body) {
+    return replaceAllIgnoringCase(replaceAllIgnoringCase(FunctionTemplate, "<NAME>", name),
+                                  "<BODY>", body);
+}
+
+std::string scriptBody(std::string_view function) {
+    const std::string text = replaceAll(replaceAll(function, LineEnd, "\r"), "\r", LineEnd);
+    const auto lines = splitText(text, LineEnd);
+    std::string body;
+    for (std::size_t i = 1; i + 1 < lines.size(); ++i) {
+        if (!trimBlanks(lines[i]).empty()) body.append(lines[i]).append(LineEnd);
+    }
+    return body;
+}
+
+void provideScriptDialog(HeaderDTC& dtc) {
+    dtc.procedures.ShowSpecifyCriteriumDialog =
+        std::bind_front(ShowSpecifyCriteriumDialog, std::ref(dtc));
 }
 
 }  // namespace headerdtc

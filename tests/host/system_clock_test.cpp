@@ -1,4 +1,4 @@
-#include "host/site/short_date.h"
+#include "host/site/site.h"
 #include "support/prologue.h"
 
 namespace headerdtc::system_clock_test {

@@ -1,4 +1,4 @@
-#include "i18n/add_label_dialog.h"
+#include "i18n/translation_dialogs.h"
 #include "i18n/translation_store.h"
 #include "qt/surface/form_binder.h"
 #include "qt/surface/form_dialog.h"

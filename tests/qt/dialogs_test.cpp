@@ -1,6 +1,4 @@
-#include "i18n/add_i18n_field_question_dialog.h"
-#include "i18n/add_label_dialog.h"
-#include "i18n/specify_i18n_fieldname_dialog.h"
+#include "i18n/translation_dialogs.h"
 #include "i18n/translation_store.h"
 #include "qt/surface/qt_faces.h"
 #include "qt/surface_fixture.h"

@@ -1,4 +1,4 @@
-#include "scripts/script_text.h"
+#include "scripts/specify_criterium_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 #include "host/files/file_error.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace headerdtc {
@@ -19,6 +20,14 @@ FileError::FileError(std::string file, int line, int column, const std::string& 
       problem_(problem),
       line_(line),
       column_(column) {}
+
+FileError FileError::at(std::string file, std::string_view text, std::size_t place,
+                        const std::string& problem) {
+    const auto before = text.substr(0, place);
+    const auto line = 1 + std::ranges::count(before, '\n');
+    const auto column = place - (before.rfind('\n') + 1);  // npos + 1 is 0
+    return {std::move(file), static_cast<int>(line), static_cast<int>(column) + 1, problem};
+}
 
 SystemFileError::SystemFileError(std::string file, const std::string& failure, int error)
     : FileError(std::move(file), failure + ": " + std::generic_category().message(error)),

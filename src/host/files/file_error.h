@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace headerdtc {
 
@@ -16,6 +18,9 @@ class FileError : public std::runtime_error {
     FileError(std::string file, const std::string& problem)
         : std::runtime_error(file + ": " + problem), file_(std::move(file)), problem_(problem) {}
     FileError(std::string file, int line, int column, const std::string& problem);
+    // At a byte of the file's text.
+    static FileError at(std::string file, std::string_view text, std::size_t place,
+                        const std::string& problem);
 
     const std::string& file() const { return file_; }
     int line() const { return line_; }      // 0 where there is none

@@ -169,25 +169,19 @@ std::vector<FileReplacer::Outcome> FileReplacer::commit() {
     return outcomes;
 }
 
-namespace {
-
-void commitOne(FileReplacer& replacer, const fs::path& path) {
+void replaceWholeFile(const fs::path& path, std::string_view bytes, const FileStamp& expected) {
+    FileReplacer replacer;
+    if (expected == FileStamp()) {
+        replacer.create(path, bytes);
+    } else {
+        replacer.replace(path, bytes, expected);
+    }
     const auto outcomes = replacer.commit();
     if (!outcomes.front().problem.empty()) throw FileError(path, outcomes.front().problem);
 }
 
-}  // namespace
-
-void replaceWholeFile(const fs::path& path, std::string_view bytes, const FileStamp& expected) {
-    FileReplacer replacer;
-    replacer.replace(path, bytes, expected);
-    commitOne(replacer, path);
-}
-
 void createWholeFile(const fs::path& path, std::string_view bytes) {
-    FileReplacer replacer;
-    replacer.create(path, bytes);
-    commitOne(replacer, path);
+    replaceWholeFile(path, bytes, FileStamp());
 }
 
 }  // namespace headerdtc

@@ -52,10 +52,10 @@ class FileReplacer {
     std::size_t flushed_ = 0;  // of these, from the first on
 };
 
-// One file at once: replace() and commit(). Throws FileError.
+// One file at once: replace() and commit(), or create() for the stamp of a file that is not there.
+// Throws FileError.
 void replaceWholeFile(const std::filesystem::path& path, std::string_view bytes,
                       const FileStamp& expected);
-// The same for one that is not there yet: create() and commit().
 void createWholeFile(const std::filesystem::path& path, std::string_view bytes);
 
 }  // namespace headerdtc

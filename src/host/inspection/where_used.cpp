@@ -4,7 +4,7 @@
 #include "host/files/whole_file.h"
 #include "host/inspection/property_line.h"
 #include "host/inspection/provider_fields.h"
-#include "host/translations/translation_rows.h"
+#include "host/translations/translation_table.h"
 #include "platform/text.h"
 
 #include <algorithm>

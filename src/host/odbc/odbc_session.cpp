@@ -1,6 +1,5 @@
 #include "host/odbc/odbc_session.h"
 
-#include "host/odbc/odbc_bound_values.h"
 #include "host/odbc/odbc_data_source.h"
 #include "platform/text.h"
 #include "platform/utf8.h"
@@ -8,6 +7,7 @@
 #include <algorithm>
 #include <clocale>
 #include <cstdint>
+#include <deque>
 #include <sqlext.h>
 #include <sqlucode.h>
 
@@ -55,6 +55,76 @@ class PlainThread {
     locale_t plain_;
     locale_t before_;
 };
+
+// Values for the marks of one statement, kept where the driver finds them until it is executed.
+class OdbcBoundValues {
+  public:
+    OdbcBoundValues(const std::vector<OdbcParameter>& values, OdbcText form);
+
+    SQLRETURN bindTo(SQLHANDLE statement);
+
+  private:
+    struct Value {
+        std::string utf8;
+        std::u16string utf16;
+        SQLINTEGER number = 0;
+        SQLSMALLINT type = 0;     // in which it lies here
+        SQLSMALLINT sqlType = 0;  // which the database gets
+        SQLLEN bytes = 0;
+
+        SQLPOINTER data();
+    };
+
+    std::deque<Value> values_;
+};
+
+OdbcBoundValues::OdbcBoundValues(const std::vector<OdbcParameter>& values, OdbcText form) {
+    for (const OdbcParameter& given : values) {
+        Value& value = values_.emplace_back();
+        if (const auto* number = std::get_if<std::int32_t>(&given)) {
+            value.number = *number;
+            value.type = SQL_C_SLONG;
+            value.sqlType = SQL_INTEGER;
+            value.bytes = sizeof value.number;
+        } else if (form == OdbcText::Utf16) {
+            value.utf16 = utf8::toUtf16Replacing(std::get<std::string>(given));
+            value.type = SQL_C_WCHAR;
+            value.sqlType = SQL_WVARCHAR;
+            value.bytes = static_cast<SQLLEN>(value.utf16.size() * sizeof(char16_t));
+        } else {
+            value.utf8 = std::get<std::string>(given);
+            value.type = SQL_C_CHAR;
+            value.sqlType = SQL_VARCHAR;
+            value.bytes = static_cast<SQLLEN>(value.utf8.size());
+        }
+    }
+}
+
+SQLPOINTER OdbcBoundValues::Value::data() {
+    switch (type) {
+        case SQL_C_SLONG:
+            return &number;
+        case SQL_C_WCHAR:
+            return utf16.data();
+        default:
+            return utf8.data();
+    }
+}
+
+SQLRETURN OdbcBoundValues::bindTo(SQLHANDLE statement) {
+    SQLUSMALLINT place = 0;
+    for (Value& value : values_) {
+        const std::size_t units =
+            value.type == SQL_C_WCHAR ? value.utf16.size() : value.utf8.size();
+        // The size of a text is in characters; an empty one has some all the same.
+        const auto size = static_cast<SQLULEN>(std::max<std::size_t>(units, 1));
+        const SQLRETURN result =
+            SQLBindParameter(statement, ++place, SQL_PARAM_INPUT, value.type, value.sqlType, size,
+                             0, value.data(), value.bytes, &value.bytes);
+        if (!SQL_SUCCEEDED(result)) return result;
+    }
+    return SQL_SUCCESS;
+}
 
 }  // namespace
 

@@ -10,12 +10,10 @@
 namespace headerdtc {
 
 struct ControlInstance::Behaviours {
-    explicit Behaviours(HeaderDTC& dtc)
-        : binding(dtc), editor(dtc), links(dtc), scripts(dtc), translation(dtc) {
+    explicit Behaviours(HeaderDTC& dtc) : editor(dtc), links(dtc), scripts(dtc), translation(dtc) {
         provideRuntimeText(dtc);
     }
 
-    HostBinding binding;
     Editor editor;
     Links links;
     Scripts scripts;
@@ -25,7 +23,7 @@ struct ControlInstance::Behaviours {
 ControlInstance::ControlInstance(const Surroundings& surroundings, ModalLoop& modalLoop,
                                  DesignTimeControlSite& site)
     : dtc(surroundings, modalLoop), behaviours_(std::make_unique<Behaviours>(dtc)) {
-    behaviours_->binding.IDesignTimeControl_DesignTimeControlSite(&site);
+    HostBinding(dtc).IDesignTimeControl_DesignTimeControlSite(&site);
     dtc.UserControl_Initialize();
 }
 

@@ -1,12 +1,13 @@
-#include "host/page/markup_reader.h"
-
 #include "host/page/character_references.h"
+#include "host/page/page_markup.h"
 #include "host/page/property_index.h"
 #include "host/page/tag_reader.h"
 #include "platform/text.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 namespace headerdtc {
@@ -14,6 +15,17 @@ namespace {
 
 constexpr std::string_view CommentStart = "<!--";
 constexpr std::string_view CommentEnd = "-->";
+
+// The places in a page where a designer control, ours or another's, begins and ends: comments like
+//     <!--METADATA TYPE="DesignerControl" startspan ...   and   <!--METADATA ... endspan-->
+// All positions are bytes from the page's start.
+struct SpanMarker {
+    enum class Kind { Start, End };
+    Kind kind;
+    std::size_t begin;  // of the '<'
+    // Start: of what follows the comment's own attributes. End: behind the comment.
+    std::size_t end;
+};
 
 std::optional<SpanMarker> markerAt(std::string_view page, std::size_t begin) {
     TagReader reader(page, begin + CommentStart.size());
@@ -40,6 +52,17 @@ std::optional<SpanMarker> markerAt(std::string_view page, std::size_t begin) {
         return std::nullopt;
     }
     return SpanMarker{*kind, begin, reader.at()};
+}
+
+// The first marker at or behind a place.
+std::optional<SpanMarker> findSpanMarker(std::string_view page, std::size_t from) {
+    // A page is full of '<'; its '!' are few.
+    for (auto at = page.find('!', from + 1); at != std::string_view::npos;
+         at = page.find('!', at + 1)) {
+        if (!page.substr(at - 1).starts_with(CommentStart)) continue;
+        if (auto marker = markerAt(page, at - 1)) return marker;
+    }
+    return std::nullopt;
 }
 
 enum class Owner { Ours, Another, Nobody };
@@ -106,6 +129,13 @@ ObjectTag readObjectTag(std::string_view page, const SpanMarker& start) {
     }
     return tag;
 }
+
+// Where the controls are.
+struct ControlsOfPage {
+    std::vector<ControlSpan> ours;
+    std::vector<ByteRange> others;
+    std::vector<std::string> otherIds;
+};
 
 class PageReader {
   public:
@@ -290,10 +320,7 @@ class PageReader {
     }
 
     [[noreturn]] void fail(std::size_t place, const std::string& problem) {
-        const auto before = page_.substr(0, place);
-        const auto lineEnd = before.rfind('\n');
-        const auto column = lineEnd == std::string_view::npos ? place : place - lineEnd - 1;
-        throw FileError(file_, lineOf(place), static_cast<int>(column) + 1, problem);
+        throw FileError::at(file_, page_, place, problem);
     }
 
     const std::string& file_;
@@ -306,17 +333,7 @@ class PageReader {
 
 }  // namespace
 
-std::optional<SpanMarker> findSpanMarker(std::string_view page, std::size_t from) {
-    // A page is full of '<'; its '!' are few.
-    for (auto at = page.find('!', from + 1); at != std::string_view::npos;
-         at = page.find('!', at + 1)) {
-        if (!page.substr(at - 1).starts_with(CommentStart)) continue;
-        if (auto marker = markerAt(page, at - 1)) return marker;
-    }
-    return std::nullopt;
-}
-
-bool breaksSpan(std::string_view text) {
+bool PageMarkup::breaksSpan(std::string_view text) {
     std::size_t at = 0;
     while (const auto marker = findSpanMarker(text, at)) {
         if (marker->kind == SpanMarker::Kind::End) return true;
@@ -326,9 +343,14 @@ bool breaksSpan(std::string_view text) {
     return false;
 }
 
-ControlsOfPage readControls(const std::string& file, std::string_view page,
-                            const CodePage& codePage) {
-    return PageReader(file, page, codePage).read();
+PageMarkup::PageMarkup(std::string file, std::string bytes, const CodePage& siteCodePage)
+    : file_(std::move(file)),
+      bytes_(std::move(bytes)),
+      codePage_(bytes_.starts_with(utf8::ByteOrderMark) ? CodePage::utf8() : siteCodePage) {
+    auto controls = PageReader(file_, bytes_, codePage_).read();
+    controls_ = std::move(controls.ours);
+    foreignSpans_ = std::move(controls.others);
+    foreignIds_ = std::move(controls.otherIds);
 }
 
 }  // namespace headerdtc

@@ -2,7 +2,6 @@
 
 #include "core/stored_keys.h"
 #include "host/page/character_references.h"
-#include "host/page/markup_reader.h"
 #include "host/page/tag_reader.h"
 #include "platform/text.h"
 #include "platform/utf8.h"
@@ -19,10 +18,6 @@ constexpr std::string_view LineEnd = "\r\n";
 constexpr std::string_view EndComment = "<!--METADATA TYPE=\"DesignerControl\" endspan-->";
 
 constexpr std::size_t LongestUsualParam = 100;  // bytes
-
-const CodePage& codePageOf(std::string_view bytes, const CodePage& siteCodePage) {
-    return bytes.starts_with(utf8::ByteOrderMark) ? CodePage::utf8() : siteCodePage;
-}
 
 std::string attribute(const std::string& text, const CodePage& codePage) {
     return '"' + codePage.encodeWithReferences(escapeReferences(text)) + '"';
@@ -76,7 +71,7 @@ std::string writeMarkup(const ControlContent& content, const CodePage& codePage,
 std::string writeRuntimeText(const std::string& file, int line, const ControlContent& content,
                              const CodePage& codePage) {
     std::string bytes = codePage.encodeWithReferences(content.runtimeText);
-    if (!breaksSpan(bytes)) return bytes;
+    if (!PageMarkup::breaksSpan(bytes)) return bytes;
     const std::string problem =
         "the runtime text of " + content.id +
         " holds the start or end comment of a designer control (<!--METADATA "
@@ -87,16 +82,6 @@ std::string writeRuntimeText(const std::string& file, int line, const ControlCon
 }
 
 }  // namespace
-
-PageMarkup::PageMarkup(std::string file, std::string bytes, const CodePage& siteCodePage)
-    : file_(std::move(file)),
-      bytes_(std::move(bytes)),
-      codePage_(codePageOf(bytes_, siteCodePage)) {
-    auto controls = readControls(file_, bytes_, codePage_);
-    controls_ = std::move(controls.ours);
-    foreignSpans_ = std::move(controls.others);
-    foreignIds_ = std::move(controls.otherIds);
-}
 
 std::string_view PageMarkup::textOf(const ByteRange& range) const {
     return std::string_view(bytes_).substr(range.begin, range.size());

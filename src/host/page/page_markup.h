@@ -85,6 +85,9 @@ class PageMarkup {
     // the end), or, for no line, behind the directive, else at the page's start. Throws FileError
     // for a line that is not there or lies inside a control's span of any kind.
     std::string withNewControl(std::optional<int> line, const ControlContent& content) const;
+    // Whether a text, put between the two comments of a control, would not be read as its text
+    // alone: it has an end marker, or the start of another control.
+    static bool breaksSpan(std::string_view text);
     // "HeaderDTC1", or the first number that no control of the page has.
     std::string freeId() const;
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/rename/stored_rename.h"
-#include "host/translations/translation_rows.h"
+#include "host/translations/translation_table.h"
 
 #include <cstddef>
 #include <memory>

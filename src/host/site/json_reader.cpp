@@ -1,7 +1,5 @@
 #include "host/site/json_reader.h"
 
-#include "host/site/text_cursor.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
@@ -142,7 +140,7 @@ void readJson(const std::string& file, std::string_view text, JsonHandler& handl
 
 void failAtPlace(const std::string& file, std::string_view text, std::size_t place,
                  const std::string& problem) {
-    TextCursor(file, text).failAt(place, problem);
+    throw FileError::at(file, text, place, problem);
 }
 
 }  // namespace headerdtc

@@ -1,10 +1,7 @@
-#include "host/site/short_date.h"
 #include "host/site/site.h"
 #include "platform/text.h"
 
 #include <array>
-#include <clocale>
-#include <ctime>
 #include <langinfo.h>
 #include <memory>
 

@@ -1,12 +1,17 @@
 #include "host/site/windows_paths.h"
 
 #include "host/files/code_page.h"
-#include "host/site/folder_listings.h"
+#include "host/files/whole_file.h"
 #include "platform/ascii.h"
 #include "platform/runtime_error.h"
+#include "platform/text.h"
 
 #include <algorithm>
+#include <mutex>
+#include <new>
 #include <optional>
+#include <system_error>
+#include <unordered_map>
 #include <vector>
 
 namespace headerdtc {
@@ -72,7 +77,63 @@ fs::path behindLinks(const fs::path& path) {
     return error ? path : real;
 }
 
+std::unordered_map<std::string, std::string> namesIn(const fs::path& folder) {
+    std::unordered_map<std::string, std::string> names;
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const auto name = entry->path().filename().string();
+        const auto [known, isNew] = names.emplace(foldCase(name), name);
+        if (!isNew && name < known->second) known->second = name;
+    }
+    // Names that there was no memory to read are not missing.
+    if (error == std::errc::not_enough_memory) throw std::bad_alloc();
+    return names;
+}
+
 }  // namespace
+
+// Finds names in folders without regard to case. What a folder holds is read again only when the
+// folder changed. Thread-safe.
+class WindowsPaths::FolderListings {
+  public:
+    // The name as it stands in the folder; of several the first in byte order.
+    std::optional<std::string> find(const std::filesystem::path& folder, const std::string& name);
+
+  private:
+    using Names = std::unordered_map<std::string, std::string>;  // by folded name
+    struct Listing {
+        FileStamp stamp;
+        Names names;
+    };
+
+    std::mutex mutex_;
+    std::map<std::filesystem::path, Listing> listings_;
+};
+
+std::optional<std::string> WindowsPaths::FolderListings::find(const fs::path& folder,
+                                                              const std::string& name) {
+    const auto stamp = FileStamp::of(folder);
+    const bool settled = stamp.isSettled();
+    const auto folded = foldCase(name);
+    const auto in = [&folded](const Names& names) -> std::optional<std::string> {
+        const auto found = names.find(folded);
+        return found == names.end() ? std::nullopt : std::optional(found->second);
+    };
+
+    const std::lock_guard lock(mutex_);
+    if (const auto known = listings_.find(folder);
+        known != listings_.end() && known->second.stamp == stamp)
+        return in(known->second.names);
+
+    auto names = namesIn(folder);
+    auto result = in(names);
+    // A folder that changed a moment ago may get one more file without another stamp.
+    constexpr std::size_t Folders = 256;
+    if (listings_.size() >= Folders) listings_.clear();
+    if (settled) listings_.insert_or_assign(folder, Listing{stamp, std::move(names)});
+    return result;
+}
 
 WindowsPaths::WindowsPaths(const std::map<char, fs::path>& drives)
     : listings_(std::make_shared<FolderListings>()) {

@@ -8,8 +8,6 @@
 
 namespace headerdtc {
 
-class FolderListings;
-
 // The suite's Windows paths and this machine's, by a table of drives.
 class WindowsPaths {
   public:
@@ -30,6 +28,8 @@ class WindowsPaths {
     std::string toWindows(const std::filesystem::path& file) const;
 
   private:
+    class FolderListings;
+
     std::map<char, std::filesystem::path> drives_;
     std::shared_ptr<FolderListings> listings_;  // shared by copies
 };
