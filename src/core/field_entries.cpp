@@ -1,6 +1,6 @@
 #include "core/field_entries.h"
 
-#include "platform/data_source.h"
+#include "platform/surroundings.h"
 #include "platform/utf8.h"
 
 namespace headerdtc {

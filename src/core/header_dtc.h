@@ -3,8 +3,6 @@
 #include "controls/form.h"
 #include "controls/tab_strip.h"
 #include "core/family_controls.h"
-#include "platform/design_time_site.h"
-#include "platform/file_dialog.h"
 #include "platform/property_bag.h"
 #include "platform/surroundings.h"
 

@@ -1,9 +1,7 @@
 #include "core/field_entries.h"
 #include "core/handler_tools.h"
 #include "editor/editor.h"
-#include "platform/data_source.h"
-#include "platform/message_box.h"
-#include "platform/text_files.h"
+#include "platform/surroundings.h"
 
 #include <memory>
 #include <string>

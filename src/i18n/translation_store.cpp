@@ -1,8 +1,7 @@
 #include "i18n/translation_store.h"
 
-#include "platform/clock.h"
 #include "platform/database.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 
 #include <algorithm>
 #include <cassert>

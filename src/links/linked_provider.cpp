@@ -1,7 +1,7 @@
 #include "core/field_entries.h"
 #include "core/handler_tools.h"
 #include "links/links.h"
-#include "platform/data_source.h"
+#include "platform/surroundings.h"
 #include "platform/error_trap.h"
 
 namespace headerdtc {

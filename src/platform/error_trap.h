@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
 
 #include <string>

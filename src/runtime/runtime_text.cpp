@@ -2,7 +2,7 @@
 
 #include "core/header_dtc.h"
 #include "platform/error_trap.h"
-#include "platform/text_files.h"
+#include "platform/surroundings.h"
 #include "runtime/expansion.h"
 #include "runtime/fragments.h"
 #include "runtime/host_binding.h"

@@ -1,7 +1,6 @@
 #include "scripts/install_directory.h"
 
-#include "platform/message_box.h"
-#include "platform/registry.h"
+#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 

@@ -1,5 +1,5 @@
 #include "core/handler_tools.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 #include "platform/text.h"
 #include "platform/utf8.h"
 #include "scripts/scripts.h"

@@ -1,17 +1,10 @@
 #pragma once
 
 #include "controls/form.h"
-#include "platform/clock.h"
-#include "platform/data_source.h"
-#include "platform/design_time_site.h"
-#include "platform/file_dialog.h"
-#include "platform/message_box.h"
 #include "platform/property_bag.h"
-#include "platform/registry.h"
 #include "platform/runtime_error.h"
 #include "platform/surroundings.h"
 #include "platform/text.h"
-#include "platform/text_files.h"
 #include "support/fake_database.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "host/automation/automation.h"
 #include "host/automation/property_json.h"
 #include "host/page/page_document.h"
-#include "platform/text_files.h"
+#include "platform/surroundings.h"
 
 namespace headerdtc {
 namespace {

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "platform/design_time_site.h"
-#include "platform/file_dialog.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 
 #include <deque>
 #include <nlohmann/json.hpp>

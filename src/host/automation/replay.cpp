@@ -8,7 +8,7 @@
 #include "host/page/page_document.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
-#include "platform/text_files.h"
+#include "platform/surroundings.h"
 
 #include <algorithm>
 #include <sstream>

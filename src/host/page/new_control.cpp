@@ -4,12 +4,9 @@
 #include "host/files/file_replacer.h"
 #include "host/page/quiet_host.h"
 #include "host/page/text_property_bag.h"
-#include "platform/clock.h"
-#include "platform/data_source.h"
 #include "platform/database.h"
-#include "platform/registry.h"
+#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
-#include "platform/text_files.h"
 
 namespace headerdtc {
 namespace {

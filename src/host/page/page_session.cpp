@@ -4,9 +4,8 @@
 #include "host/page/control_instance.h"
 #include "host/page/quiet_host.h"
 #include "host/page/text_property_bag.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
-#include "platform/text_files.h"
 #include "platform/utf8.h"
 
 #include <algorithm>

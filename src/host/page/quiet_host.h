@@ -2,9 +2,7 @@
 
 #include "controls/form.h"
 #include "host/page/page_session.h"
-#include "platform/design_time_site.h"
-#include "platform/file_dialog.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 
 #include <string>
 #include <vector>

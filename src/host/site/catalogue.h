@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/data_source.h"
+#include "platform/surroundings.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/files/code_page.h"
-#include "platform/registry.h"
+#include "platform/surroundings.h"
 
 #include <filesystem>
 #include <map>

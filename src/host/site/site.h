@@ -5,7 +5,7 @@
 #include "host/site/registry_export.h"
 #include "host/site/site_configuration.h"
 #include "host/site/site_text_files.h"
-#include "platform/clock.h"
+#include "platform/surroundings.h"
 
 #include <clocale>
 #include <ctime>

@@ -2,7 +2,7 @@
 
 #include "host/files/code_page.h"
 #include "host/site/windows_paths.h"
-#include "platform/text_files.h"
+#include "platform/surroundings.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #include "qt/surface/control_surface.h"
 
 #include "core/header_dtc.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 #include "qt/surface/form_binder.h"
 #include "qt/surface/text.h"
 #include "ui_eai_link_tab.h"

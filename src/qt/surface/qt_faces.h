@@ -1,8 +1,7 @@
 #pragma once
 
 #include "controls/form.h"
-#include "platform/file_dialog.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 
 #include <QMessageBox>
 #include <QPointer>

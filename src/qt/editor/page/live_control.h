@@ -2,9 +2,7 @@
 
 #include "controls/event.h"
 #include "host/page/page_session.h"
-#include "platform/design_time_site.h"
-#include "platform/file_dialog.h"
-#include "platform/message_box.h"
+#include "platform/surroundings.h"
 #include "qt/surface/qt_faces.h"
 
 #include <QObject>
