@@ -2,7 +2,6 @@
 #include "cli/page_changes.h"
 #include "cli/streams.h"
 #include "host/automation/automation_session.h"
-#include "host/automation/replay.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>

@@ -2,7 +2,7 @@
 
 #include "cli/command.h"
 #include "cli/streams.h"
-#include "host/catalogue_import/catalogue_text.h"
+#include "host/catalogue_import/catalogue_merge.h"
 #include "host/catalogue_import/database_tables.h"
 #include "host/files/file_replacer.h"
 #include "host/site/site.h"

@@ -1,7 +1,7 @@
 #include "cli/diff_output.h"
 
 #include "cli/streams.h"
-#include "host/diff/unified_diff.h"
+#include "host/diff/line_diff.h"
 #include "platform/utf8.h"
 
 namespace headerdtc::cli {

@@ -2,7 +2,7 @@
 #include "cli/diff_output.h"
 #include "cli/page_run.h"
 #include "cli/streams.h"
-#include "host/diff/unified_diff.h"
+#include "host/diff/line_diff.h"
 #include "host/generation/site_generation.h"
 #include "host/page/page_session.h"
 #include "host/page/quiet_host.h"

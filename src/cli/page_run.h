@@ -2,7 +2,7 @@
 
 #include "cli/command.h"
 #include "host/generation/ordered_run.h"
-#include "host/generation/page_failure.h"
+#include "host/generation/page_change.h"
 #include "host/generation/site_pages.h"
 
 #include <cstddef>

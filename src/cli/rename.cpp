@@ -1,8 +1,8 @@
+#include "host/rename/rename.h"
+
 #include "cli/command.h"
 #include "cli/page_changes.h"
 #include "cli/streams.h"
-#include "host/rename/page_rename.h"
-#include "host/rename/translation_rename.h"
 
 #include <CLI/CLI.hpp>
 #include <memory>

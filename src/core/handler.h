@@ -45,4 +45,69 @@ template <class Owner, class... Args>
     });
 }
 
+class Button;
+class ComboBox;
+class Control;
+class Grid;
+class ListBox;
+class TextBox;
+struct RowTracker;
+
+// Small steps that handlers of several rooms share.
+
+// Selection after a removal from a list, given a remembered index: nothing when the list is
+// empty; otherwise ListIndex becomes the last item when the list is now too short for the index,
+// else the index; that item is marked selected and the list gets the focus. Raises 381 for an
+// index of -1.
+void selectAfterRemoval(ListBox& list, int rememberedIndex);
+
+// Removes every selected item, from the last to the first.
+void removeSelected(ListBox& list);
+
+// Selects every equal item, one after the other, so that the last one stays; without one the combo
+// keeps what it shows.
+void selectEqualItems(ComboBox& combo, const std::string& text);
+
+// Remove is enabled when something is selected, Add when something is available.
+void refreshFieldButtons(const ListBox& available, const ListBox& selected, Button& add,
+                         Button& remove);
+
+// Move up: the item at ListIndex, and no other, goes one place up and keeps the index. Tells
+// whether it moved; moveItemDown is its mirror.
+bool moveItemUp(ListBox& list);
+bool moveItemDown(ListBox& list);
+
+// True when a grid's rows no longer fit: RowHeightMin * Rows is at least Height.
+bool GridNeedsScrollBar(const Grid& grid);
+
+// Notes whether a grid needs its scroll bar and, on adjust(), narrows or widens a column by the
+// given width in twips when that has become another.
+class ScrollBarRoom {
+  public:
+    ScrollBarRoom(Grid& grid, int column, int width);
+    void adjust();
+
+  private:
+    Grid& grid_;
+    int column_;
+    int width_;
+    bool before_;
+};
+
+// Moves the "*" of a grid: the tracker takes the row, the marker column of the row left behind is
+// emptied when that is a data row still there, and the row gets the "*".
+void moveAsterisk(Grid& grid, RowTracker& tracker, int row);
+
+// Whether it is the author who works at a control. Loading a page and a write of a public
+// property come through the same events; the first is no change, the second gives its own notice.
+bool isInAuthorsHands(const Control& control);
+
+// Gives an in-place editor its text: Enter (13) that of the cell, all of it selected; another key
+// code starts a text with its character.
+void startEditing(TextBox& editor, const std::string& cellText, int keyCode);
+
+// Lays an in-place editor over the grid's current cell, as wide as its column, shows it and gives
+// it the focus.
+void layOverCell(Control& editor, const Grid& grid);
+
 }  // namespace headerdtc

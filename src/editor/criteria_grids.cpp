@@ -1,5 +1,5 @@
 #include "controls/keys.h"
-#include "core/handler_tools.h"
+#include "core/handler.h"
 #include "editor/editor.h"
 #include "platform/error_trap.h"
 #include "platform/text.h"

@@ -1,5 +1,5 @@
 #include "core/field_entries.h"
-#include "core/handler_tools.h"
+#include "core/handler.h"
 #include "editor/editor.h"
 #include "platform/surroundings.h"
 

@@ -1,4 +1,4 @@
-#include "core/handler_tools.h"
+#include "core/handler.h"
 #include "editor/editor.h"
 #include "editor/translation_removal.h"
 

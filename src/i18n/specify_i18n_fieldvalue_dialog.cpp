@@ -1,4 +1,4 @@
-#include "core/handler_tools.h"
+#include "core/handler.h"
 #include "i18n/translation_dialogs.h"
 #include "i18n/translation_store.h"
 #include "platform/error_trap.h"

@@ -1,4 +1,4 @@
-#include "core/handler_tools.h"
+#include "core/handler.h"
 #include "links/links.h"
 #include "platform/error_trap.h"
 

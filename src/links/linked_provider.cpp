@@ -1,8 +1,8 @@
 #include "core/field_entries.h"
-#include "core/handler_tools.h"
+#include "core/handler.h"
 #include "links/links.h"
-#include "platform/surroundings.h"
 #include "platform/error_trap.h"
+#include "platform/surroundings.h"
 
 namespace headerdtc {
 namespace {

@@ -1,8 +1,7 @@
-#include "scripts/install_directory.h"
-
-#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
+#include "platform/surroundings.h"
 #include "platform/text.h"
+#include "scripts/scripts.h"
 
 namespace headerdtc {
 

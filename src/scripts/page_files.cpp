@@ -1,4 +1,4 @@
-#include "core/handler_tools.h"
+#include "core/handler.h"
 #include "platform/surroundings.h"
 #include "platform/text.h"
 #include "platform/utf8.h"

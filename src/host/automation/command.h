@@ -47,4 +47,9 @@ struct Automation::Command {
     [[noreturn]] void wrong(const char* field, const std::string& what) const;
 };
 
+// A key as automation names it: "Enter", "Up", or one character. Nothing for a name that is none.
+std::optional<Key> keyNamed(const std::string& name);
+// The other way; whether shift is held is not part of the name.
+std::string nameOfKey(const Key& key);
+
 }  // namespace headerdtc

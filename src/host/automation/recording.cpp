@@ -4,8 +4,8 @@
 #include "controls/grid.h"
 #include "controls/list_box.h"
 #include "controls/text_box.h"
+#include "host/automation/command.h"
 #include "host/automation/control_state.h"
-#include "host/automation/key_names.h"
 
 #include <algorithm>
 

@@ -46,4 +46,7 @@ struct MergedCatalogue {
 MergedCatalogue mergeTables(const Catalogue& before, const std::vector<DatabaseTable>& tables,
                             const MergeOptions& options);
 
+// A catalogue as its file has it, for people to read and to compare: several fields a line.
+std::string catalogueText(const Catalogue& catalogue);
+
 }  // namespace headerdtc

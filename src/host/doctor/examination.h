@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/doctor/diagnosis.h"
+#include "host/doctor/doctor.h"
 #include "host/site/site_configuration.h"
 
 #include <filesystem>

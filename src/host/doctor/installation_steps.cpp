@@ -6,7 +6,7 @@
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "runtime/runtime_text.h"
-#include "scripts/install_directory.h"
+#include "scripts/scripts.h"
 
 #include <algorithm>
 #include <set>

@@ -1,6 +1,7 @@
 #include "host/files/file_error.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <system_error>
 
 namespace headerdtc {
@@ -32,5 +33,36 @@ FileError FileError::at(std::string file, std::string_view text, std::size_t pla
 SystemFileError::SystemFileError(std::string file, const std::string& failure, int error)
     : FileError(std::move(file), failure + ": " + std::generic_category().message(error)),
       error_(error) {}
+
+ErrorNumber errorNumberOf(int error) {
+    switch (error) {
+        case ENOENT:
+            return ErrorNumber::FileNotFound;
+        case ENOTDIR:
+            return ErrorNumber::PathNotFound;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return ErrorNumber::PermissionDenied;
+        case EISDIR:
+        case ELOOP:
+        case ENAMETOOLONG:
+            return ErrorNumber::PathFileAccessError;
+        case EDQUOT:
+        case EFBIG:
+        case ENOSPC:
+            return ErrorNumber::DiskFull;
+        default:
+            return ErrorNumber::DeviceIoError;
+    }
+}
+
+RuntimeError runtimeErrorOf(const FileError& error, const std::string& remedy) {
+    const auto* system = dynamic_cast<const SystemFileError*>(&error);
+    if (!system) return {ErrorNumber::DeviceIoError, error.what()};
+    if (system->error() != ENOENT && system->error() != ENOTDIR)
+        return {errorNumberOf(system->error()), error.what()};
+    return {ErrorNumber::FileNotFound, error.what() + ("; " + remedy)};
+}
 
 }  // namespace headerdtc

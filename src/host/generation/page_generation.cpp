@@ -1,6 +1,6 @@
 #include "host/generation/page_generation.h"
 
-#include "host/generation/page_failure.h"
+#include "host/generation/page_change.h"
 #include "host/page/page_session.h"
 #include "host/page/quiet_host.h"
 

@@ -1,7 +1,7 @@
 #include "host/generation/site_generation.h"
 
 #include "host/files/file_replacer.h"
-#include "host/files/stray_files.h"
+#include "host/files/new_file.h"
 #include "host/generation/ordered_run.h"
 
 namespace headerdtc {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/generation/page_failure.h"
+#include "host/generation/page_change.h"
 #include "host/inspection/stored_configuration.h"
 #include "host/site/site.h"
 

@@ -1,7 +1,7 @@
 #include "host/page/character_references.h"
 #include "host/page/page_markup.h"
-#include "host/page/property_index.h"
 #include "host/page/tag_reader.h"
+#include "host/page/text_property_bag.h"
 #include "platform/text.h"
 #include "platform/utf8.h"
 

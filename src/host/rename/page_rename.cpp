@@ -1,10 +1,9 @@
-#include "host/rename/page_rename.h"
-
-#include "host/generation/page_failure.h"
+#include "host/generation/page_change.h"
 #include "host/generation/page_generation.h"
 #include "host/inspection/finding.h"
 #include "host/inspection/provider_fields.h"
 #include "host/page/quiet_host.h"
+#include "host/rename/rename.h"
 
 #include <algorithm>
 #include <utility>
@@ -153,12 +152,7 @@ class PageRename {
 PageRenaming renameInPage(const std::filesystem::path& page, Sites& sites,
                           const Renaming& renaming) {
     PageRenaming result;
-    if (const auto failure =
-            failureOf(page, [&] { PageRename(page, sites, renaming, result).rename(); })) {
-        const bool ofConfiguration = failure->of == PageFailure::Of::Configuration;
-        result.outcome = ofConfiguration ? Outcome::NotConfigured : Outcome::Failed;
-        result.failures.push_back(failure->text);
-    }
+    result.attempt(page, [&] { PageRename(page, sites, renaming, result).rename(); });
     return result;
 }
 

@@ -1,7 +1,6 @@
-#include "host/rename/stored_rename.h"
-
 #include "core/stored_key_table.h"
 #include "host/inspection/finding.h"
+#include "host/rename/rename.h"
 #include "platform/text.h"
 
 #include <map>

@@ -1,7 +1,6 @@
-#include "host/rename/translation_rename.h"
-
 #include "host/inspection/finding.h"
 #include "host/odbc/odbc_session.h"
+#include "host/rename/rename.h"
 #include "platform/runtime_error.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "host/setup/site_setup.h"
 
-#include "host/catalogue_import/catalogue_text.h"
+#include "host/catalogue_import/catalogue_merge.h"
 #include "host/catalogue_import/database_tables.h"
 #include "host/files/file_replacer.h"
 #include "host/odbc/odbc_connect_string.h"
@@ -13,7 +13,7 @@
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "runtime/runtime_text.h"
-#include "scripts/install_directory.h"
+#include "scripts/scripts.h"
 
 #include <functional>
 #include <memory>

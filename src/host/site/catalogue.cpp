@@ -1,7 +1,7 @@
 #include "host/site/catalogue.h"
 
 #include "host/files/file_cache.h"
-#include "host/site/file_failures.h"
+#include "host/files/file_error.h"
 
 #include <algorithm>
 #include <utility>

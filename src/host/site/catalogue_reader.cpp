@@ -1,12 +1,18 @@
+#include "host/files/file_error.h"
 #include "host/site/catalogue.h"
-#include "host/site/json_reader.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <nlohmann/json.hpp>
 #include <set>
 
 namespace headerdtc {
 namespace {
+
+using Json = nlohmann::json;
 
 // What can stand at a place of a catalogue.
 enum class Shape {
@@ -75,20 +81,68 @@ const ShapeTraits& traitsOf(Shape shape) {
                          [shape](const ShapeTraits& traits) { return traits.shape == shape; });
 }
 
-class CatalogueReader : public JsonHandler {
+// Tells how far the parser has read, which it does not tell its handler.
+class CountingIterator {
+  public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = char;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const char*;
+    using reference = const char&;
+
+    CountingIterator(std::string_view text, std::size_t at, std::size_t& reached)
+        : text_(text.data()), at_(at), reached_(&reached) {}
+
+    const char& operator*() const { return text_[at_]; }
+    CountingIterator& operator++() {
+        *reached_ = ++at_;
+        return *this;
+    }
+    bool operator==(const CountingIterator& other) const { return at_ == other.at_; }
+
+  private:
+    const char* text_;
+    std::size_t at_;
+    std::size_t* reached_;
+};
+
+// The library puts an identifier and the place before what it has to say, and text behind it.
+std::string inShort(std::string_view text) {
+    for (const std::string_view before : {"] ", ": "}) {
+        if (const auto at = text.find(before); at != std::string_view::npos)
+            text.remove_prefix(at + before.size());
+    }
+    return std::string(text.substr(0, text.find("; last read")));
+}
+
+// Reads a catalogue piece by piece, as the library tells of them, and puts a place (a byte of the
+// text) to each, where the piece begins.
+class CatalogueReader : public nlohmann::json_sax<Json> {
   public:
     CatalogueReader(const std::string& file, std::string_view text) : file_(file), text_(text) {}
 
     Catalogue read() {
-        readJson(file_, text_, *this);
+        Json::sax_parse(CountingIterator(text_, 0, reached_),
+                        CountingIterator(text_, text_.size(), reached_), this);
         return std::move(catalogue_);
     }
 
-    void beginObject(std::size_t place) override { open(JsonType::Object, "an object", place); }
-    void beginArray(std::size_t place) override { open(JsonType::List, "a list", place); }
-    void endArray() override { open_.pop_back(); }
+    bool start_object(std::size_t) override {
+        open(JsonType::Object, "an object", nextPlace());
+        return true;
+    }
+    bool start_array(std::size_t) override {
+        open(JsonType::List, "a list", nextPlace());
+        return true;
+    }
+    bool end_array() override {
+        nextPlace();
+        open_.pop_back();
+        return true;
+    }
 
-    void key(const std::string& name, std::size_t place) override {
+    bool key(std::string& name) override {
+        const std::size_t place = nextPlace();
         auto& object = open_.back();
         const auto* const member = std::find_if(
             std::begin(Members), std::end(Members),
@@ -99,9 +153,11 @@ class CatalogueReader : public JsonHandler {
             fail(place, "the key \"" + name + "\" is there twice; remove one of them");
         object.keys.push_back(member->key);
         object.next = member->shape;
+        return true;
     }
 
-    void endObject() override {
+    bool end_object() override {
+        nextPlace();
         const auto& object = open_.back();
         for (const auto& member : Members) {
             if (member.owner == object.shape && member.required &&
@@ -110,9 +166,11 @@ class CatalogueReader : public JsonHandler {
                                        traitsOf(member.shape).description + ") is missing here");
         }
         open_.pop_back();
+        return true;
     }
 
-    void string(std::string text, std::size_t place) override {
+    bool string(std::string& text) override {
+        const std::size_t place = nextPlace();
         expect(JsonType::Text, "a text", place);
         const auto owner = open_.back().shape;
         if (owner == Shape::Names) {
@@ -126,20 +184,39 @@ class CatalogueReader : public JsonHandler {
             setUnique(providerNames_, text, "provider", place);
             provider().name = std::move(text);
         }
+        return true;
     }
 
-    void integer(long long number, std::size_t place) override {
+    bool number_integer(std::int64_t number) override {
+        const std::size_t place = nextPlace();
         expect(JsonType::Integer, "a number", place);
         if (!fieldNumbers_.insert(number).second) {
             fail(place, "the provider has two fields with the number " + std::to_string(number) +
                             "; give each its own");
         }
         provider().zeko->fields.back().number = number;
+        return true;
+    }
+    bool number_unsigned(std::uint64_t number) override {
+        if (number > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()))
+            failOther("a number that is too large", nextPlace());
+        return number_integer(static_cast<std::int64_t>(number));
     }
 
-    void other(const std::string& what, std::size_t place) override {
-        fail(place, "here " + std::string(traitsOf(expected()).description) +
-                        " has to stand, not " + what);
+    bool number_float(double, const std::string&) override {
+        failOther("a number with a fraction", nextPlace());
+    }
+    bool boolean(bool value) override { failOther(value ? "true" : "false", nextPlace()); }
+    bool null() override { failOther("null", nextPlace()); }
+    bool binary(Json::binary_t&) override { return false; }  // not in texts
+
+    bool parse_error(std::size_t charactersRead, const std::string&,
+                     const nlohmann::detail::exception& error) override {
+        const auto problem = inShort(error.what());
+        const auto last = std::min(std::max<std::size_t>(charactersRead, 1) - 1, text_.size());
+        // Inside a string the very character is at fault, otherwise the piece as a whole.
+        const bool inString = problem.find("invalid string") != std::string::npos;
+        fail(inString ? last : std::min(nextPlace(), last), "this is no JSON: " + problem);
     }
 
   private:
@@ -151,10 +228,18 @@ class CatalogueReader : public JsonHandler {
         std::vector<std::string_view> keys;  // those seen
     };
 
+    // Where the piece begins that has just been read: behind what was read before, which may have
+    // looked one character ahead, and the punctuation. Asked for once for each piece.
+    std::size_t nextPlace() {
+        const auto begin = std::min(text_.find_first_not_of(" \t\r\n,:", behind_), text_.size());
+        behind_ = reached_;
+        return begin;
+    }
+
     Shape expected() const { return open_.empty() ? Shape::Catalogue : open_.back().next; }
 
     Shape expect(JsonType type, const char* what, std::size_t place) {
-        if (traitsOf(expected()).type != type) other(what, place);
+        if (traitsOf(expected()).type != type) failOther(what, place);
         return expected();
     }
 
@@ -202,12 +287,20 @@ class CatalogueReader : public JsonHandler {
         }
     }
 
+    // `what` stands here in words: "true", "a list".
+    [[noreturn]] void failOther(const std::string& what, std::size_t place) const {
+        fail(place, "here " + std::string(traitsOf(expected()).description) +
+                        " has to stand, not " + what);
+    }
+
     [[noreturn]] void fail(std::size_t place, const std::string& problem) const {
-        failAtPlace(file_, text_, place, problem);
+        throw FileError::at(file_, text_, place, problem);
     }
 
     const std::string& file_;
     const std::string_view text_;
+    std::size_t reached_ = 0;  // what the library has read
+    std::size_t behind_ = 0;   // the last piece
     Catalogue catalogue_;
     std::vector<Open> open_;
     std::vector<std::string>* names_ = nullptr;  // that are being read

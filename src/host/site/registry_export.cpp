@@ -1,7 +1,7 @@
 #include "host/site/registry_export.h"
 
 #include "host/files/file_cache.h"
-#include "host/site/file_failures.h"
+#include "host/files/file_error.h"
 #include "platform/ascii.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"

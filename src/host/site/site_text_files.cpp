@@ -1,8 +1,8 @@
 #include "host/site/site_text_files.h"
 
 #include "host/files/file_cache.h"
+#include "host/files/file_error.h"
 #include "host/files/new_file.h"
-#include "host/site/file_failures.h"
 #include "platform/utf8.h"
 
 #include <cerrno>

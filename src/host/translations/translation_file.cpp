@@ -2,7 +2,6 @@
 
 #include "host/files/file_error.h"
 #include "host/translations/csv.h"
-#include "host/translations/spreadsheet_text.h"
 #include "platform/ascii.h"
 #include "platform/text.h"
 #include "platform/utf8.h"

@@ -3,7 +3,7 @@
 #include "host/files/file_error.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/odbc/odbc_metadata.h"
-#include "host/translations/spreadsheet_text.h"
+#include "host/translations/csv.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "platform/utf8.h"

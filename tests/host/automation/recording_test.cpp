@@ -4,8 +4,8 @@
 
 #include "controls/label.h"
 #include "core/header_dtc.h"
-#include "host/automation/event_log.h"
-#include "host/automation/replay.h"
+#include "host/automation/automation.h"
+#include "host/automation/automation_session.h"
 #include "host/files/file_replacer.h"
 #include "host/generation/page_generation.h"
 #include "host/page/page_document.h"

@@ -1,6 +1,5 @@
 #include "host/catalogue_import/catalogue_merge.h"
 
-#include "host/catalogue_import/catalogue_text.h"
 #include "host/catalogue_import/database_tables.h"
 #include "support/prologue.h"
 

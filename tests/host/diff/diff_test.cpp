@@ -1,4 +1,4 @@
-#include "host/diff/unified_diff.h"
+#include "host/diff/line_diff.h"
 #include "support/prologue.h"
 #include "support/temp_site.h"
 

@@ -1,5 +1,6 @@
+#include "host/rename/rename.h"
+
 #include "host/inspection/harbour_site.h"
-#include "host/rename/page_rename.h"
 
 #include <gmock/gmock.h>
 #include <stdexcept>

@@ -3,7 +3,6 @@
 #include "host/failures.h"
 #include "host/files/file_error.h"
 #include "host/translations/csv.h"
-#include "host/translations/spreadsheet_text.h"
 #include "host/translations/translation_import.h"
 #include "platform/text.h"
 #include "support/cases.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/generation/page_failure.h"
+#include "host/generation/page_change.h"
 #include "host/generation/page_generation.h"
 #include "host/inspection/finding.h"
 #include "host/inspection/site_facts.h"

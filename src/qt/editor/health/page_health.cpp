@@ -1,7 +1,7 @@
 #include "qt/editor/health/page_health.h"
 
 #include "core/header_dtc.h"
-#include "host/inspection/field_replacement.h"
+#include "host/inspection/field_health.h"
 #include "host/page/quiet_host.h"
 #include "qt/editor/health/replace_dialog.h"
 #include "qt/editor/health/surface_marks.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/doctor/diagnosis.h"
+#include "host/doctor/doctor.h"
 #include "host/files/whole_file.h"
 #include "qt/editor/settings/configuration_text.h"
 

@@ -3,7 +3,7 @@
 #include "qt/editor/base/icons.h"
 #include "qt/editor/base/words.h"
 #include "runtime/runtime_text.h"
-#include "scripts/install_directory.h"
+#include "scripts/scripts.h"
 #include "ui_site_view.h"
 
 #include <QStyle>

@@ -8,7 +8,7 @@
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_saver.h"
 #include "runtime/runtime_text.h"
-#include "scripts/install_directory.h"
+#include "scripts/scripts.h"
 
 #include <QAbstractButton>
 #include <QMessageBox>

@@ -1,4 +1,4 @@
-#include "host/generation/page_failure.h"
+#include "host/generation/page_change.h"
 
 #include "host/files/file_error.h"
 
@@ -24,6 +24,14 @@ std::optional<PageFailure> failureOf(const std::filesystem::path& page,
         return PageFailure{Of::Page, error.what()};
     }
     return std::nullopt;
+}
+
+void PageChange::attempt(const std::filesystem::path& page, const std::function<void()>& work) {
+    const auto failure = failureOf(page, work);
+    if (!failure) return;
+    const bool ofConfiguration = failure->of == PageFailure::Of::Configuration;
+    outcome = ofConfiguration ? Outcome::NotConfigured : Outcome::Failed;
+    failures.push_back(failure->text);
 }
 
 }  // namespace headerdtc
