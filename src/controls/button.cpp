@@ -103,7 +103,7 @@ void OptionButton::press(const Key& key) {
     });
 }
 
-// The next member of the group that can be used, round and round.
+// The next usable option of the group, from the last one on to the first.
 void OptionButton::pickBeside(bool forth) {
     const auto& members = group_.members_;
     const auto count = members.size();

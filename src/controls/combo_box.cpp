@@ -145,7 +145,7 @@ void ComboBox::moveBy(int step) {
     if (target != listIndex_ && ListCount() > 0) pickByKey(target);
 }
 
-// Told like a choice by mouse, which is what comes of the key.
+// Whoever records is told of a choice by mouse, which has the same effect as the key.
 void ComboBox::pickByKey(int item) {
     perform({.kind = PersonAction::Kind::Choose, .control = this, .index = item},
             [&] { pick(item); });

@@ -65,7 +65,8 @@ class ComboBox : public Control {
     // Up and Down pick the item beside; other keys raise KeyPress and then act on the text, or
     // pick the next item with that first character.
     void press(const Key& key) override;
-    // For windows whose own widget edits: a key is about to act; the text that came of it.
+    // For windows whose own widget edits: keyPress() before a key acts, edited() with the text that
+    // the widget has then.
     bool keyPress(const Key& key);
     void edited(const std::string& text, int selStart, int selLength);
 

@@ -78,7 +78,8 @@ void Form::dismiss() {
     if (cancelButton) cancelButton->press();
 }
 
-// Other controls have nothing to finish, and a grid that gets the focus back moves its marker.
+// Only text boxes and combo boxes hold text that has not reached the control yet. A grid is left
+// alone: getting the focus back would move its marker.
 void Form::finishEditing() {
     Control* const box = active_;
     if (!tabStrip_ || !(dynamic_cast<TextBox*>(box) || dynamic_cast<ComboBox*>(box))) return;
@@ -110,8 +111,8 @@ void Form::moveFocus(Control* control, bool again) {
         if (again && control) control->GotFocus.raise();
         return;
     }
-    // On its way the focus is nowhere. A lost-focus handler may send it elsewhere, and then that
-    // is where it stays.
+    // While the focus moves no control has it. A lost-focus handler may send it to another control,
+    // and then it stays there.
     if (Control* left = std::exchange(active_, nullptr)) {
         try {
             left->LostFocus.raise();

@@ -84,8 +84,9 @@ class Form {
     void press(const Key& key);
     // Closes a dialog by its window's own means: presses the cancel button.
     void dismiss();
-    // What is typed in a box, or chosen in one that lies over a cell, reaches the control: the
-    // focus goes to the tabs and back, unless the box is gone then. Nothing in a form without tabs.
+    // Makes what was typed in a box, or chosen in an editor over a cell, reach the control, as
+    // leaving the box would: the focus goes to the tab strip and back, unless the box has gone
+    // meanwhile. Nothing in a form without tabs.
     void finishEditing();
     // The focus can be moved into this form: it is the top modal dialog, or the surface when none
     // is open.

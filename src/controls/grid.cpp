@@ -43,7 +43,7 @@ void Grid::Rows(int rows) {
     gridChanged.raise(change);
 }
 
-// What stays within the rows that are left does not move.
+// The current row and the top row move only where they would lie beyond the last row.
 void Grid::removeRows(int first, int count) {
     const GridChange change{GridChange::Kind::RowsRemoved, first, count};
     gridChanging.raise(change);
@@ -79,7 +79,7 @@ void Grid::TextArray(long index, std::string text) {
 }
 
 int Grid::rowOfCell(long index) const {
-    // Before the division, which would take a small negative index into row 0.
+    // Tested before the division, which would round a small negative index up to row 0.
     if (index < 0) throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
     const long row = index / Cols();
     checkIndex(row, cells_);

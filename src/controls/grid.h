@@ -7,8 +7,8 @@
 
 namespace headerdtc {
 
-// What became of a grid, for views that keep step. It is told when the grid is in its new state;
-// of rows that come or go also before. Geometry is column widths, row height and scrolling.
+// What became of a grid, for views that keep step. Views are told once the grid is in its new
+// state; of rows that come or go also before. Geometry is column widths, row height and scrolling.
 struct GridChange {
     enum class Kind { RowsInserted, RowsRemoved, CellsChanged, Geometry, CurrentCell };
     Kind kind = Kind::CellsChanged;
@@ -44,8 +44,8 @@ class Grid : public Control {
     int Row() const { return row_; }
     int Col() const { return column_; }
     // Moving the current cell to another raises EnterCell, RowColChange, and GotFocus after them
-    // while the grid has the focus: a cell entered by a program under the author's hands is
-    // entered all the same.
+    // while the grid has the focus: a program that moves the current cell while the author works in
+    // the grid enters the cell as a click would.
     void Row(int row);
     void Col(int column);
 

@@ -205,7 +205,8 @@ void ListBox::press(const Key& key) {
     });
 }
 
-// What a key comes to is told too: whoever watches need not know how keys lead through a list.
+// The effect of the key is told as well, so that whoever records need not know how keys lead
+// through a list.
 void ListBox::selectByKey(const std::vector<int>& items, int focusItem) {
     perform(
         {.kind = PersonAction::Kind::Select, .control = this, .index = focusItem, .items = &items},

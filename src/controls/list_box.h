@@ -16,7 +16,7 @@ namespace headerdtc {
 // ListIndex is the item with the focus rectangle, which need not be selected.
 class ListBox : public Control {
   public:
-    // Toggled: a multi-selection list of marks, of which each person's action changes one. A key
+    // Toggled: a multi-selection list in which each click or key marks or unmarks one item. A key
     // that leads to another item moves the focus there and leaves the marks alone.
     enum class Selection { Single, Multiple, Toggled };
 
@@ -79,8 +79,8 @@ class ListBox : public Control {
     // ---- events ----------------------------------------------------------------------------
     Event<> Click;
     Event<> DblClick;
-    // For views: items will come or go; items came, went or are others. Selection and ListIndex go
-    // with their items without a word of their own.
+    // For views: items will come or go; items came, went or are others. Selection and ListIndex
+    // follow their items; selectionChanged is not raised for that.
     Event<const ItemsChange&> itemsChanging, itemsChanged;
     // For views: the selection or ListIndex is another.
     Event<> selectionChanged;

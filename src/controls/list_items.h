@@ -8,9 +8,9 @@
 
 namespace headerdtc {
 
-// What becomes of a list's items, for views that keep step without re-reading the whole list. It
-// is told when the list is in its new state, ListIndex included; of items that come or go also
-// before, while the list is still in its old one.
+// What becomes of a list's items, for views that keep step without re-reading the whole list. Views
+// are told once the list is in its new state, ListIndex included; of items that come or go also
+// before, while the list is still in its old state.
 struct ItemsChange {
     enum class Kind { Inserted, Removed, Changed, Reset };
     Kind kind = Kind::Reset;

@@ -47,7 +47,7 @@ void TextBox::press(const Key& key) {
         if (!keyDown(key)) return;
         const int code = raiseKeyPress(key);
         const bool swallowed = code == 0 && key.pressCode() != 0;
-        // A handler may have moved the focus on; the key then has no text to act upon.
+        // A handler may have moved the focus; the key then changes no text.
         if (!swallowed && hasFocus()) tellContent(applyKey(key, code));
     });
 }
@@ -55,7 +55,7 @@ void TextBox::press(const Key& key) {
 bool TextBox::keyDown(const Key& key) {
     perform({.kind = PersonAction::Kind::KeyStep, .control = this, .key = key},
             [&] { KeyDown.raise(key.downCode(), key.shift ? 1 : 0); });
-    // The key-press belongs to this box even when the handler moved the focus, as the key does.
+    // Even when the handler moved the focus, the key stays with this box.
     return true;
 }
 
@@ -67,7 +67,8 @@ bool TextBox::keyPress(const Key& key) {
     return !swallowed && hasFocus();
 }
 
-// The code that the handlers make of the key's; 0 without an event for a key that raises none.
+// The key code after the handlers, which may have replaced it; 0, without an event, for a key that
+// raises none.
 int TextBox::raiseKeyPress(const Key& key) {
     int code = key.pressCode();
     if (code != 0) KeyPress.raise(code);

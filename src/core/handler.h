@@ -11,7 +11,7 @@
 
 namespace headerdtc {
 
-// Something that a control does by itself: it listens to the control for as long as this is kept.
+// A group of handlers that listens to one control, for as long as this is kept.
 using Behaviour = std::shared_ptr<void>;
 
 // The stored properties that one run of a handler has changed, by their public names.
@@ -80,8 +80,8 @@ bool moveItemDown(ListBox& list);
 // True when a grid's rows no longer fit: RowHeightMin * Rows is at least Height.
 bool GridNeedsScrollBar(const Grid& grid);
 
-// Notes whether a grid needs its scroll bar and, on adjust(), narrows or widens a column by the
-// given width in twips when that has become another.
+// Makes room for a grid's scroll bar: remembers whether the grid needs one and, when adjust() finds
+// that changed, narrows or widens a column by the bar's width in twips.
 class ScrollBarRoom {
   public:
     ScrollBarRoom(Grid& grid, int column, int width);
@@ -98,8 +98,9 @@ class ScrollBarRoom {
 // emptied when that is a data row still there, and the row gets the "*".
 void moveAsterisk(Grid& grid, RowTracker& tracker, int row);
 
-// Whether it is the author who works at a control. Loading a page and a write of a public
-// property come through the same events; the first is no change, the second gives its own notice.
+// Whether a control changes because the author acts on it, which is so while it has the focus. The
+// same events come when a page is loaded, where nothing of the page changes, and when a public
+// property is written, which gives its own notice.
 bool isInAuthorsHands(const Control& control);
 
 // Gives an in-place editor its text: Enter (13) that of the cell, all of it selected; another key

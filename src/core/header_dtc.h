@@ -107,7 +107,7 @@ class HeaderDTC {
     // Both stop at the first failure and report it; what was done until then stays.
     void UserControl_ReadProperties(PropertyBag& bag);
     void UserControl_WriteProperties(PropertyBag& bag);
-    // The same without the entries of dictionaries that say nothing: empty ones that only a look-up
+    // The same, but leaves out dictionary entries that mean nothing: empty ones that only a look-up
     // made, and of the criterion types, as far as more are there than are read back, those of no
     // criterion or of CONSTANT.
     void writePropertiesThatCount(PropertyBag& bag);

@@ -56,7 +56,8 @@ class StoredState {
         values_.reserve(texts.size());
         for (const auto& [name, text] : texts) {
             values_.emplace(name, &text);
-            // Few names can be a mark's or a criterion's; telling what a name is takes longer.
+            // Only names with one of these words can be of a mark or a criterion. Looking for the
+            // words first saves taking all other names apart.
             if (name.find("I18N") == std::string::npos &&
                 name.find("Criteria") == std::string::npos)
                 continue;
@@ -72,7 +73,7 @@ class StoredState {
         const auto found = values_.find(name);
         return found == values_.end() ? nullptr : found->second;
     }
-    // Whether a translation's list has a mark, or a family's criteria a value.
+    // Whether a translation list marks this field, or a family's criteria have this value.
     bool has(std::string_view key, const std::string& text) const {
         return entries_.contains({key, text});
     }
@@ -168,10 +169,10 @@ std::vector<StoredLoss> remainingLosses(const std::vector<StoredLoss>& losses,
         const auto isDealtWith = [&] {
             const std::string* text = state.find(loss.name);
             switch (loss.what) {
-                // Another mark at the place of a lost one does not bring that one back.
+                // Only the lost mark itself counts, whatever is marked in its place.
                 case What::MarkedItem:
                     return state.has(parseStoredName(loss.name)->row.key, loss.stored);
-                // Nor does it matter any more when the value is gone.
+                // A kind is of no use without its value.
                 case What::Kind:
                     return (text && *text != loss.rewritten) ||
                            !isUsed(state, *loss.family, loss.text);
@@ -190,7 +191,7 @@ StoredTexts withLosses(StoredTexts now, const std::vector<StoredLoss>& losses) {
         if (!parsed) continue;
         const std::string key(parsed->row.key);
         if (loss.what == What::MarkedItem) {
-            // Behind those that are marked, and counted with them.
+            // The lost mark goes behind the others, and the count includes it.
             const int number = nextNumber(now, key, 0);
             put(now, key + std::to_string(number), loss.stored);
             put(now, "NrOf" + key, std::to_string(number + 1));

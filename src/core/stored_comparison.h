@@ -39,8 +39,8 @@ struct StoredLoss {
 // kind of a value that no criterion uses, a property that the control does not know.
 std::vector<StoredLoss> findLosses(const StoredTexts& stored, const StoredTexts& written);
 
-// Those of the losses that stand: what came to be something else since, as `now` has it, has been
-// dealt with.
+// The losses that still have to be put back. One of which `now` has another value than the control
+// made of it was dealt with by the author.
 std::vector<StoredLoss> remainingLosses(const std::vector<StoredLoss>& losses,
                                         const StoredTexts& now);
 

@@ -110,7 +110,8 @@ struct Row {
     Content content;
     StoredPart part;
 
-    // Of a row that each family has; the names of all of those have the family's prefix.
+    // The family of a row that exists once for each family: its key begins with the family's
+    // prefix.
     constexpr std::optional<Family> family() const {
         for (const FamilyTraits& traits : FamilyTable) {
             if (key.find(traits.prefix) != std::string_view::npos) return traits.family;

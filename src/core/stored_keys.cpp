@@ -126,7 +126,7 @@ std::string ControlPart::caption() const {
     return text;
 }
 
-// What both families share is shown where the second of them is.
+// A link part that both families share is edited on the ZEKO tab.
 int ControlPart::tabPage() const {
     const FamilyTraits& own = headerdtc::traitsOf(family.value_or(Family::ZEKO));
     switch (traitsOf(part).tab) {

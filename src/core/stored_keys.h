@@ -15,8 +15,8 @@ namespace stored {
 struct Row;
 }
 
-// What an author configures, in the order in which it is told; what only follows from a choice
-// comes last.
+// The parts of a configuration in the order in which reports list them; those that only follow from
+// a choice come last.
 enum class StoredPart {
     LinkedDataProvider,
     DataProvider,
@@ -49,7 +49,7 @@ struct ControlPart {
     bool followsFromAChoice() const { return part >= StoredPart::KeyFields; }
 
     bool operator==(const ControlPart&) const = default;
-    // In the order in which parts are told.
+    // The order of reports.
     bool operator<(const ControlPart& other) const;
 };
 

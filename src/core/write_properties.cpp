@@ -103,8 +103,9 @@ class PropertyWriter {
         return names;
     }
 
-    // No more types are read back than there are criteria. Those that say something always fit:
-    // each has a row of its own. Of the others go first those that would not come back anyway.
+    // A page is read with as many types as it has criteria, so surplus types are left out. Types
+    // that matter always fit, each having its own row; of the others those are left out first that
+    // could not be read back anyway.
     Names typesLeftOut(const FamilyControls& family) const {
         Names names = lookedUpOnly(family.CriteriaType);
         if (entries_ == Entries::All) return names;

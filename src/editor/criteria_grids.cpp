@@ -317,7 +317,8 @@ void CriteriaGrids::RemoveCriteriumCommand_Click(FamilyControls& family,
     room.adjust();
     ChangedProperties ofMarker;
     MoveCriteriaAsterisk(family, grid.Row(), ofMarker);
-    // The last row stays: emptied and marked again it may hold what it held before.
+    // The last row is emptied instead of removed, and marked again; so it may be the same as
+    // before.
     if (removes || hadType || storedCells(grid, row) != cellsBefore)
         changed.add(familyName(family.family, "Criteria"));
     if (removes) changed.add(familyName(family.family, "CriteriaCount"));

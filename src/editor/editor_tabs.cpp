@@ -152,7 +152,7 @@ constexpr TabSteps StepsOfTabs[] = {
     {&EditorTabs::SaveZEKOLinkState, &EditorTabs::PrepareZEKOLinkTab},
 };
 
-// A procedure of a room that is not there does nothing.
+// A procedure is empty where its room is not part of the program.
 void prepare(const std::function<void(Family)>& procedure, Family family) {
     if (procedure) procedure(family);
 }

@@ -34,7 +34,8 @@ constexpr LinkEditor ZekoTo  {Family::ZEKO, &F::ToLinkFieldsCombo,   links_colum
 
 constexpr const LinkEditor* Editors[] = {&EaiFrom, &EaiTo, &ZekoFrom, &ZekoTo};
 
-// What completes an edit, and under which name that reports. Some names are a sister's.
+// What completes an edit, and the name under which a failure is reported: for some the handler of
+// another control.
 enum class Trigger { Click, KeyPress, LostFocus };
 struct Completion {
     const LinkEditor& editor;
@@ -110,7 +111,7 @@ LinkGrids::LinkGrids(HeaderDTC& dtc) : dtc_(dtc) {
 void LinkGrids::subscribeGrid(FamilyControls& family) {
     Grid& grid = family.LinksGrid;
     const Family which = family.family;
-    // The names of two handlers are those of others, for both families.
+    // Two of these handlers report under another handler's name, in both families.
     subscriptions_ += grid.EnterCell.subscribe([this, &family] {
         runHandler(dtc_, "EAILinksGrid_EnterCell", [&](ChangedProperties&) { enterCell(family); });
     });

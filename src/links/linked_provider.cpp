@@ -12,7 +12,8 @@ constexpr const char* LinkedDataProviderProperty = "LinkedDataProvider";
 constexpr std::string_view AvailableFieldsLinked = "AvailableFieldsLinked";
 constexpr std::string_view ToLinkKeyFields = "ToLinkKeyFields";
 
-// What the lists of a link tab show belongs to the linked provider and goes with it.
+// The lists of a link tab hold fields of the linked provider; they are emptied when another is
+// chosen.
 void clearLinkLists(FamilyControls& family, ChangedProperties& changed) {
     const auto clear = [&](auto& list, std::string_view property) {
         if (list.ListCount() > 0) changed.add(familyName(family.family, property));

@@ -13,8 +13,8 @@ namespace headerdtc {
 
 // A keyed dictionary: string keys, compared exactly, enumerated in the order in which they were
 // added. As in the established dictionary object, *reading* a missing key adds it with an empty
-// item; that is why item() is not const. An entry that came to be like that is told from one that
-// somebody put there, for as long as it holds nothing.
+// item; that is why item() is not const. isOnlyLookedUp() tells such an entry, as long as it is
+// empty, from one that was added on purpose.
 template <class Item>
 class Dictionary {
   public:

@@ -1,20 +1,13 @@
 #pragma once
 
-#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
+#include "platform/surroundings.h"
 
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace headerdtc {
-
-// How an error report is joined: the control's usual one has a blank before the number.
-enum class ErrorReportStyle { BlankBeforeNumber, NoBlankBeforeNumber };
-
-// "Error in '" + procedure + "': " + description + " (" + number + ")".
-std::string errorReport(std::string_view procedure, const RuntimeError& error,
-                        ErrorReportStyle style = ErrorReportStyle::BlankBeforeNumber);
 
 // The one error trap: runs a handler's body; a run-time failure ends it, leaves what it has
 // already changed, and is reported in a message box under the given procedure name. Returns

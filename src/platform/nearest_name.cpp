@@ -36,7 +36,8 @@ NearestName::NearestName(std::string_view written)
 
 void NearestName::offer(std::string_view name) {
     const std::size_t longer = std::max(written_.size(), name.size());
-    // Every letter that one of them is longer by has to be added; and of a slip some are right.
+    // The difference in length is the least that has to be added or removed. A name that shares no
+    // letter with the written one is no slip of the pen, however short both are.
     if (longer - std::min(written_.size(), name.size()) >= nearest_) return;
     const std::size_t distance = editDistance(written_, upperCase(name));
     if (distance >= nearest_ || distance == longer) return;

@@ -44,4 +44,16 @@ const char* descriptionOf(ErrorNumber number) {
     return "Application-defined or object-defined error";
 }
 
+std::string errorReport(std::string_view procedure, const RuntimeError& error,
+                        ErrorReportStyle style) {
+    std::string text = "Error in '";
+    text += procedure;
+    text += "': ";
+    text += error.description();
+    text += style == ErrorReportStyle::BlankBeforeNumber ? " (" : "(";
+    text += std::to_string(error.number());
+    text += ')';
+    return text;
+}
+
 }  // namespace headerdtc

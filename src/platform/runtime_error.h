@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace headerdtc {
 
@@ -48,5 +49,12 @@ class RuntimeError : public std::runtime_error {
   private:
     int number_;
 };
+
+// How an error report is joined: the control's usual one has a blank before the number.
+enum class ErrorReportStyle { BlankBeforeNumber, NoBlankBeforeNumber };
+
+// "Error in '" + procedure + "': " + description + " (" + number + ")".
+std::string errorReport(std::string_view procedure, const RuntimeError& error,
+                        ErrorReportStyle style = ErrorReportStyle::BlankBeforeNumber);
 
 }  // namespace headerdtc

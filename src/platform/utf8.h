@@ -5,11 +5,12 @@
 #include <string>
 #include <string_view>
 
-// UTF-8, which all text is inside the program, and what other text is made from and into. Positions
-// count characters (code points) from 0.
+// UTF-8, in which all text is kept inside the program, and its conversions. Positions count
+// characters (code points) from 0.
 namespace headerdtc::utf8 {
 
-// What a file in UTF-8 may begin with, and one in UTF-16 does.
+// The mark at the start of a file that says which encoding it has: optional in UTF-8, usual in
+// UTF-16.
 inline constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 inline constexpr std::string_view LittleEndianMark = "\xFF\xFE", BigEndianMark = "\xFE\xFF";
 

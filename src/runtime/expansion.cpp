@@ -163,8 +163,8 @@ std::string Expansion::text() const {
     return text;
 }
 
-// Cuts a text into pieces. Nothing is known of its surroundings yet: `open` is what each piece
-// breaks off in by itself.
+// Cuts a text into pieces, looking at the text alone: `open` is the tag that a piece by itself ends
+// in the middle of.
 void Expansion::scan(std::string_view text) {
     const TagMatcher& matcher = steps_.matcher();
     scanned_.clear();
@@ -216,7 +216,7 @@ void Expansion::putScanned(PieceIndex place) {
     }
     pieces_[last].next = after;
     pieces_[after].previous = last;
-    // In this order: what the text before breaks off in may run on through all of the new pieces.
+    // This order matters: a tag begun before the new pieces may run through all of them.
     followOn(last);
     followOn(before);
 }

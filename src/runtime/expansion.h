@@ -17,7 +17,7 @@ namespace headerdtc {
 // The beginning of a tag, '<' included, that a text breaks off in; 0 when it breaks off in none.
 using OpenTag = std::uint32_t;
 
-// What came of reading a text against a set of tags.
+// The result of reading a text against a set of tags.
 struct TagReading {
     static constexpr int None = -1;
 

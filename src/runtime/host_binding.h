@@ -23,7 +23,7 @@ class HostBinding {
     void IDesignTimeControl_OnGetChoices() {}
     void IDesignTimeControl_OnHostingChange() {}
     void IDesignTimeControl_OnRebind() {}
-    // The host's one more notification without arguments.
+    // One more notification of the host, without arguments.
     void IDesignTimeControl_OnNotification() {}
 
   private:

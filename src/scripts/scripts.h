@@ -17,7 +17,7 @@ inline constexpr std::string_view InstallDirValue =
 std::string installDirectoryOf(Registry& registry);
 
 // Fills in the control's GetInstallDir, the root of the web site: installDirectoryOf the control's
-// registry, read anew by every call. When it is empty, a message says so. In install_directory.cpp.
+// registry, read anew by every call. When it is empty, a message says so.
 void provideInstallDirectory(HeaderDTC& dtc);
 
 // specify_criterium_dialog.cpp: fills in the control's ShowSpecifyCriteriumDialog.

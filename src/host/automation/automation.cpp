@@ -180,7 +180,7 @@ void Automation::executeLine(const std::string& line, bool nested) {
     } catch (const CommandError& error) {
         fail(error.what());
     } catch (const RuntimeError& error) {
-        // Inside a dialog a failure belongs to the handler that opened it.
+        // Inside a dialog a failure goes to the handler that opened it.
         if (nested) throw;
         events_.show("Run-time error '" + std::to_string(error.number()) +
                      "': " + error.description());
@@ -271,7 +271,7 @@ void Automation::select(const Command& command) {
     list.select(items, focus);
 }
 
-// What has opened a dialog is half done.
+// While a dialog is open, the command that opened it is only half done.
 void Automation::save(const Command& command) {
     const bool forced = command.flag("force");
     HeaderDTC& dtc = page_->control;

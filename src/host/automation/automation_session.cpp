@@ -80,7 +80,8 @@ class ReadingTextFiles : public TextFiles {
     TextFiles& files_;
 };
 
-// The conversation that a script is: its lines with something in them, and what is answered.
+// The conversation with automation that a script stands for: its lines that are not empty, and the
+// replies to them.
 class Conversation {
   public:
     explicit Conversation(const std::string& script) {

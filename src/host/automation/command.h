@@ -28,8 +28,8 @@ struct Automation::Command {
 
     // A field that is null counts as left out.
     bool has(const char* field) const;
-    // The one that is given of two fields that say the same in two ways. Throws CommandError for
-    // both and for neither.
+    // The one field given of two that exclude each other. Throws CommandError for both and for
+    // neither.
     std::string_view oneOf(const char* first, const char* second) const;
     std::string text(const char* field) const;
     std::vector<std::string> texts(const char* field) const;
@@ -49,7 +49,7 @@ struct Automation::Command {
 
 // A key as automation names it: "Enter", "Up", or one character. Nothing for a name that is none.
 std::optional<Key> keyNamed(const std::string& name);
-// The other way; whether shift is held is not part of the name.
+// The reverse of keyNamed(); shift is no part of the name.
 std::string nameOfKey(const Key& key);
 
 }  // namespace headerdtc

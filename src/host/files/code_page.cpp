@@ -149,7 +149,8 @@ class Converter {
         errno = 0;
         const bool taken = iconv(handle_, &from, &left, &to, &room) != static_cast<std::size_t>(-1);
         if (!taken) return {errno == EILSEQ ? Kind::Undefined : Kind::NoSingleByte, 0};
-        // Code pages with combining characters keep one back until they know what follows.
+        // For code pages with combining characters the library holds the last character back until
+        // it knows what follows; this makes it give it.
         iconv(handle_, nullptr, nullptr, &to, &room);
         if (buffer.size() - room != 4) return {Kind::NoSingleByte, 0};
         return {Kind::Character, static_cast<char32_t>(buffer[0] | buffer[1] << 8U |
@@ -219,7 +220,7 @@ CodePage::CodePage(const std::string& name) : name_(name) {
     std::ranges::transform(name_, name_.begin(), ascii::lower);
     if (name_ == "utf8") name_ = "utf-8";
     if (name_ == "utf-8") return;
-    // The C library would take more behind a '/', and its own idea of a default for "".
+    // Only plain names: the C library reads options behind a '/', and takes "" for its own default.
     const bool isName = !name_.empty() && std::all_of(name_.begin(), name_.end(), [](char c) {
         return ascii::isWordChar(c) || std::string_view("-.:").find(c) != std::string_view::npos;
     });

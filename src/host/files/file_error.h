@@ -9,7 +9,8 @@
 
 namespace headerdtc {
 
-// How an empty path is told; the system only knows that there is no such file.
+// How messages name an empty path, and say what is wrong with it: the system would only say that
+// there is no such file.
 inline constexpr const char* EmptyPath = "\"\"";
 inline constexpr const char* EmptyPathProblem = "an empty path names no page";
 

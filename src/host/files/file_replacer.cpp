@@ -47,8 +47,8 @@ struct stat statusToReplace(const fs::path& path, const fs::path& target) {
     return status;
 }
 
-// Makes the new names in a folder last; gives the error. A folder that cannot be opened, and a file
-// system that has no such operation, do without.
+// Flushes a folder, so that the new names in it last; returns the error. A folder that cannot be
+// opened, or a file system that cannot flush folders, is no error.
 int flushFolder(const fs::path& folder) {
     const Descriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!descriptor.isOpen() || fsync(descriptor.number()) == 0 || errno == EINVAL) return 0;
@@ -137,7 +137,7 @@ void FileReplacer::flush() {
         while (helpers.size() < Helpers && helpers.size() + 1 < files)
             helpers.emplace_back(flushOneByOne);
     } catch (const std::system_error&) {
-        // With fewer helpers it takes longer.
+        // No more threads: the ones that there are do all of it.
     }
     flushOneByOne();
     helpers.clear();

@@ -243,8 +243,8 @@ namespace {
 constexpr std::string_view Prefix = ".headerdtc-";
 constexpr std::string_view Suffix = ".tmp";
 
-// The numbers that this process gives. Where they begin differs from process to process: in
-// containers each run may have the same id as the one that was killed before.
+// The numbers in this process's names. Each process begins at another one: in a container every run
+// may have the process id of the one that was killed before.
 struct Numbers {
     const std::uint32_t first = std::random_device()() >> 1U;
     std::atomic<std::uint32_t> next{first};
@@ -266,7 +266,7 @@ std::optional<Number> takeNumber(std::string_view& text) {
     return number;
 }
 
-// What a name of our making says.
+// The parts of a hidden name.
 struct Maker {
     pid_t process;
     std::uint32_t number;
@@ -322,7 +322,7 @@ void removeStrayFiles(const std::filesystem::path& folder) noexcept {
             if (maker && maker->isGone() && !isLocked(entry->path())) unlink(entry->path().c_str());
         }
     } catch (const std::exception&) {
-        // The stray files stay for another time.
+        // They are removed another time.
         return;
     }
 }

@@ -16,8 +16,8 @@ struct FileStamp {
     std::uint64_t device = 0, inode = 0;
     std::int64_t size = -1;
     std::int64_t modified = 0, changed = 0;  // nanoseconds
-    // Of bytes that were read before the stamp was settled: the next change may leave the file with
-    // the same stamp, so only the bytes tell.
+    // The digest of the bytes, where they were read before the stamp was settled: the next change
+    // may leave the file with the same stamp, so that only the bytes show it.
     std::optional<std::uint64_t> digest = {};
 
     static FileStamp of(const struct stat& status);
@@ -29,7 +29,7 @@ struct FileStamp {
     bool isStillOf(const std::filesystem::path& path) const;
     // The same for a file that was given another name, which some file systems count as a change.
     bool isStillOfMoved(const std::filesystem::path& path) const;
-    // Of what a file shows without being read.
+    // Compares all but the digest: what is known without reading the file.
     bool operator==(const FileStamp& other) const;
 };
 

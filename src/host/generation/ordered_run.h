@@ -48,20 +48,20 @@ std::size_t runWorkers(std::size_t count, int jobs, std::size_t ahead, const Hir
     };
     const std::size_t most = wanted * ahead;
     const auto hasRoom = [&] { return next >= end || next < told + most; };
-    // Whoever had to wait is woken when it is worth it.
+    // A worker that waits for room is woken only when there is enough of it.
     const auto hasMuchRoom = [&] { return next >= end || next <= told + most / 2; };
     const auto toil = [&](const std::stop_token& stop) {
         auto worker = hire(put);
         std::unique_lock lock(mutex);
         for (;;) {
             if (!hasRoom()) {
-                // What is held back may be what is to be told next.
+                // The result that is told next may be one that this worker holds back.
                 lock.unlock();
                 worker.end();
                 lock.lock();
                 room.wait(lock, stop, hasMuchRoom);
             }
-            // Stopped: nobody tells any more.
+            // All is done, or nobody waits for the results any more.
             if (next >= end || stop.stop_requested()) break;
             const std::size_t piece = next++;
             lock.unlock();
@@ -76,7 +76,7 @@ std::size_t runWorkers(std::size_t count, int jobs, std::size_t ahead, const Hir
         while (threads.size() < std::min(wanted, count))
             threads.emplace_back(toil);
     } catch (const std::system_error&) {
-        // With fewer threads it takes longer.
+        // No more threads: the ones that there are do all of it.
         if (threads.empty()) throw;
     }
 

@@ -12,7 +12,7 @@
 
 namespace headerdtc {
 
-// What generating one page came to.
+// The result of generating one page.
 struct GeneratedPage {
     enum class Verdict {
         NoControl,      // nothing of ours in it
@@ -39,7 +39,7 @@ struct GeneratedPage {
     bool isFailure() const { return verdict >= Verdict::Losing; }
 };
 
-// What is told of a control whose runtime text has characters that the page's code page lacks.
+// The message for a control whose runtime text has characters that the page's code page lacks.
 std::optional<std::string> referencesTold(const ControlSpan& control,
                                           const std::string& runtimeText, const CodePage& codePage);
 

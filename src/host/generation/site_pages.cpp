@@ -84,7 +84,7 @@ class Collector {
             if (each.isFolder) {
                 addFolder(path, joined(realFolder, each.name));
             } else {
-                // Of the page itself only a link can lead elsewhere.
+                // Only where the page itself is a link can the file have another name.
                 addPage({path,
                          each.isLink ? canonical(path).native() : joined(realFolder, each.name),
                          each.isLink ? Is::Link : Is::Found});

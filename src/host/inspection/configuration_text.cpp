@@ -13,7 +13,8 @@ namespace {
 
 using OfFamily = StoredConfiguration::OfFamily;
 
-// A field as an author speaks of it: its number is the suite's affair, its record group is not.
+// A field in an author's words: without its number, which only the suite needs, but with its record
+// group.
 std::string fieldInWords(std::string_view entry, Family family) {
     const auto name = family == Family::ZEKO ? fieldNameIn(entry, family) : std::nullopt;
     return std::string(trimBlanks(name.value_or(entry)));
@@ -47,7 +48,7 @@ std::string operatorInWords(std::string_view operation) {
     return std::string(operation);
 }
 
-// What lacks a piece does not come into the script, so it is no criterion.
+// A criterion that lacks a piece is not generated, so it is left out here too.
 std::string criteriaInWords(const OfFamily& family) {
     return listed(
         family.criteria,

@@ -18,7 +18,7 @@ bool PageView::definesFunction(std::string_view name) const {
     return functions_->contains(key) || facts_->siteTemplate().functions.contains(key);
 }
 
-// What was generated before is left out: it may define what nothing stored defines any more.
+// Generated text is left out: it may define functions that the configuration no longer has.
 SiteFacts::Functions PageView::gatherFunctions() const {
     const CodePage& codePage = markup_.codePage();
     std::string own;

@@ -16,7 +16,7 @@ namespace headerdtc {
 // A page as rules see it.
 class PageView {
   public:
-    // `generated` is what generating it came to. Markup and generated page outlive the view.
+    // `generated` is the result of generating the page. Markup and generated page outlive the view.
     PageView(const PageMarkup& markup, const std::filesystem::path& file,
              std::shared_ptr<SiteFacts> facts, const GeneratedPage& generated);
 

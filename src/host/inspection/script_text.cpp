@@ -137,8 +137,8 @@ std::size_t findIgnoringCase(std::string_view text, std::string_view what, std::
                                : static_cast<std::size_t>(found - text.begin());
 }
 
-// Takes a page apart: calls with its script, piece by piece, and with what is around it. Gives
-// whether the last piece of script is left open.
+// Takes a page apart: calls one function with each piece of script, another with the text around
+// them. Returns whether the last piece of script is not closed.
 bool takeApart(std::string_view page, const std::function<void(std::string_view)>& script,
                const std::function<void(std::string_view)>& around) {
     constexpr std::string_view Tag = "<script", EndTag = "</script";

@@ -81,7 +81,7 @@ std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
         const auto& drives = site_->configuration->drives;
         if (auto file = ifFile(drives.toLocal(installDir_ + std::string(sitePath)))) return file;
     } catch (const RuntimeError&) {
-        // A drive that leads nowhere: the project may still have the file.
+        // The drive is not mapped; the project may have the file all the same.
     }
     // With a slash at its front too it is a path below the root.
     return findAnyCase(
@@ -110,13 +110,13 @@ const ScriptText& SiteFacts::scriptOf(const fs::path& file) {
         script =
             ScriptText::read(site_->configuration->codePage.decode(bytes), ScriptText::Form::Page);
     } catch (const FileError&) {
-        // It defines nothing; that it cannot be read is for another rule to say.
+        // A file that cannot be read defines nothing; another rule reports it.
     }
     return scripts_.emplace(file, std::move(script)).first->second;
 }
 
-// `open` are the files that include one another down to this one, by their real paths: links make
-// many names for one file, and in a loop of folders names without end.
+// `open` are the files that include one another down to this one, by their real paths: through
+// links one file has many names, and through a loop of folders endlessly many.
 void SiteFacts::collect(const ScriptText& script, const fs::path& file, Contents& all,
                         std::vector<fs::path>& open, std::set<fs::path>& seen) {
     all.functions.insert(script.functions.begin(), script.functions.end());

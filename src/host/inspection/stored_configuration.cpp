@@ -115,8 +115,8 @@ class ConfigurationReader {
             return false;
         }
     }
-    // No list is longer than what its page stores: a count beyond that is a slip, whose empty
-    // items say nothing.
+    // A count larger than the number of stored properties is a slip; the list is not filled up with
+    // empty items for it.
     int count(const stored::Row& row, int fallback = 0) {
         return std::min(number(row.key, fallback), static_cast<int>(values_.size()) + 2);
     }

@@ -26,7 +26,7 @@ bool isField(const WhereQuery& query, const StoredConfiguration& configuration,
     return query.ofProvider.empty() || equalIgnoringCase(provider.text, query.ofProvider);
 }
 
-// Both slashes part folders; one at the front says nothing.
+// Both slashes separate folders; a leading one is ignored.
 std::string asSitePath(std::string_view path) {
     std::string result = replaceAll(trimBlanks(path), "\\", "/");
     result.erase(0, result.find_first_not_of('/'));

@@ -37,7 +37,7 @@ struct Use {
     StoredItem item;
 };
 
-// What looking into one page came to.
+// The result of looking into one page.
 struct PageUses {
     bool hasControl = false;
     std::vector<Use> uses;

@@ -35,7 +35,7 @@ constexpr DriverSetting DriverSettings[] = {
     {"MAODBC", "OPTION", DriverSetting::Is::Fixed, 2},
 };
 
-// What the driver manager says, with what exactly was not found.
+// The driver manager's error, with the name that was not found.
 RuntimeError dataSourceNotFound(const std::string& detail) {
     return {0, "Data source name not found and no default driver specified: " + detail};
 }

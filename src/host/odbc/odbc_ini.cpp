@@ -14,7 +14,7 @@ namespace headerdtc {
 namespace {
 
 std::string profileString(const char* file, const std::string& section, const std::string& key) {
-    // ODBC takes an empty name for a question of another kind.
+    // For an empty name ODBC would list the names of all sections.
     if (section.empty()) return {};
     std::array<char, 1024> value{};
     SQLGetPrivateProfileString(section.c_str(), key.c_str(), "", value.data(),

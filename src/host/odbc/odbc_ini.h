@@ -40,7 +40,7 @@ std::optional<OdbcIniSection> readOdbcIniSection(const std::filesystem::path& fi
 // Raises 380 as above.
 std::optional<OdbcIniSection> readOdbcsOwnSection(std::string_view dataSource);
 
-// What ODBC's own files say: a data source's key (the odbc.ini that ODBC finds by itself), and the
+// From ODBC's own files: a data source's key (the odbc.ini that ODBC finds by itself), and the
 // library of a driver's name. Empty when they do not say.
 std::string odbcsOwnDataSourceKey(const std::string& dataSource, const std::string& key);
 std::string odbcsDriverLibrary(const std::string& driver);

@@ -40,8 +40,8 @@ long numberIn(const std::string& text) {
     return number;
 }
 
-// Of a text without a bound drivers tell how much of it they would fetch at most; only by the name
-// of its type can it be told from one that has a bound.
+// For a text without a bound drivers give the most that they would fetch; only the name of its type
+// shows that it has no bound.
 bool isBounded(std::string_view typeName) {
     return upperCase(typeName).find("CHAR") != std::string::npos;
 }
@@ -82,10 +82,10 @@ std::vector<OdbcTable> OdbcMetadata::tables(bool withViews) {
     std::vector<OdbcTable> tables;
     for (Row& row : rows(statement, place::TableType + 1)) {
         const std::string& type = row[place::TableType];
-        // Not every driver keeps to the types that it is asked for.
+        // Some drivers give other types than they are asked for.
         const bool isView = equalIgnoringCase(type, "VIEW");
         if (!equalIgnoringCase(type, "TABLE") && !(withViews && isView)) continue;
-        // Some drivers tell those of all databases of a server.
+        // Some drivers list the tables of all databases of a server.
         const std::string& catalogue = row[place::Catalogue];
         if (!catalogue.empty() && !database.empty() && !equalIgnoringCase(catalogue, database))
             continue;

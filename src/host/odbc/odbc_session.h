@@ -76,7 +76,7 @@ class OdbcSession {
     OdbcEnvironment environment_;
     OdbcLogOn logOn_;
     std::list<OdbcStatement> statements_;
-    // What the driver takes; before the log-on, what it is thought to take.
+    // The form of text that the driver takes; before the log-on a guess by its name.
     OdbcText form_ = OdbcText::Utf16;
     bool open_ = false;
     bool inTransaction_ = false;

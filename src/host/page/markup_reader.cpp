@@ -43,7 +43,8 @@ std::optional<SpanMarker> markerAt(std::string_view page, std::size_t begin) {
         }
     }
     if (!kind || !type || !equalIgnoringCase(*type, "DesignerControl")) return std::nullopt;
-    // A comment ends at the first "-->", quotes or not: what passed over one is none.
+    // A comment ends at the first "-->", quotation marks or not. A header in which one was passed
+    // over is no comment.
     const auto header = page.substr(begin, reader.at() - begin);
     if (header.find(CommentEnd) != std::string_view::npos) return std::nullopt;
     if (*kind == SpanMarker::Kind::End) {
@@ -89,7 +90,7 @@ bool isOurClass(std::string_view classId) {
     return reader.atEnd();
 }
 
-// In a tag that is broken, perhaps within the CLASSID itself.
+// Whether a broken tag has our CLASSID; the break may be within the CLASSID itself.
 bool namesOurClass(std::string_view tag) {
     tag = tag.substr(0, tag.find(CommentStart));
     tag = tag.substr(0, tag.find(CommentEnd));
@@ -118,7 +119,7 @@ ObjectTag readObjectTag(std::string_view page, const SpanMarker& start) {
     }
     tag.closed = reader.take(">");
     tag.end = reader.at();
-    // The comment that it stands in ends at the first "-->": what passed over one has lost a
+    // The comment around the tag ends at the first "-->"; a tag that passed over one lacks a
     // quotation mark.
     if (page.substr(tag.begin, tag.end - tag.begin).find(CommentEnd) != std::string_view::npos)
         tag.closed = false;
@@ -208,7 +209,8 @@ class PageReader {
     }
 
     // The first end marker closes a span. A control that starts before it means that the span has
-    // lost its own end. Inside another's span only one of ours counts: the rest is its own affair.
+    // lost its own end. Inside another maker's span only the start of one of our controls matters;
+    // what else it holds is not ours to judge.
     SpanMarker findEnd(const SpanMarker& start, std::size_t from, Owner owner) {
         std::vector<SpanMarker> inside;
         auto marker = findSpanMarker(page_, from);

@@ -32,7 +32,7 @@ struct ControlSpan {
     ByteRange markup;       // the start comment with the OBJECT, and the line end after it
     ByteRange runtimeText;  // between the two comments
     int line = 0;           // of the start comment, from 1
-    // How the properties stand in the page, one tag for each.
+    // The PARAM tags of the properties, one for each.
     std::vector<ByteRange> params;
     // What the OBJECT has beside its ID and CLASSID, as it stands, each behind a blank.
     std::string otherAttributes;

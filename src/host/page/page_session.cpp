@@ -4,8 +4,8 @@
 #include "host/page/control_instance.h"
 #include "host/page/quiet_host.h"
 #include "host/page/text_property_bag.h"
-#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
+#include "platform/surroundings.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
@@ -69,7 +69,7 @@ class PageSite : public DesignTimeControlSite {
         : root_(withSlash(site.projectRoot)),
           page_(fs::absolute(page).lexically_normal().generic_string()) {
         if (isBelow(page_, root_)) return;
-        // Another spelling of the same place: through links.
+        // The page may lie below the root by way of symbolic links.
         std::error_code failure;
         const fs::path realRoot = fs::weakly_canonical(site.projectRoot, failure);
         const fs::path realPage = fs::weakly_canonical(page, failure);
@@ -142,7 +142,7 @@ std::optional<SaveDoubt> lossDoubt(const std::vector<StoredLoss>& losses) {
     return SaveDoubt{SaveDoubt::Kind::Loss, std::move(reason), losses};
 }
 
-// A look into a row leaves the button of the script dialog there, and nothing else.
+// Clicking a row leaves the button of the script dialog in it; that alone is no change.
 bool isSameQuery(StoredProperties now, StoredProperties before) {
     for (StoredProperties* properties : {&now, &before})
         std::erase_if(*properties,
@@ -168,7 +168,7 @@ struct OpenControl::Parts {
               faces.modalLoop, pageSite),
           span(span) {}
 
-    // What a failure says, and the file that whoever mends the site has to look at.
+    // The failure's text, and the file that has to be mended.
     std::optional<SaveDoubt> failureDoubt(const char* what) {
         const auto errors = failures.take();
         const std::string unread = textFiles.takeProblem();
@@ -242,8 +242,9 @@ MadeContent OpenControl::content() {
     made.doubt = parts_->failureDoubt("the generation");
     if (parts_->isUntouched && parts_->doubt) made.doubt = parts_->doubt;
     if (parts_->isUntouched || made.doubt) return made;
-    // The control may know what is not stored: scripts that were only looked at are empty lines of
-    // its text. What the page will be opened to is what counts.
+    // The control may hold more than is stored: a script that was only looked up adds an empty line
+    // to the generated text. The page will be opened from what is stored, so that is what is
+    // generated from.
     QuietHost quiet;
     ControlSpan stored = parts_->span;
     stored.properties = made.content.properties;

@@ -73,13 +73,14 @@ class OpenControl {
     HeaderDTC& dtc();
     const std::string& id() const;
 
-    // What a save stores, in the page's own words as long as nothing was changed: without entries
-    // of dictionaries that say nothing, with what the control could not take put back as it is
-    // stored, and with somebody else's properties behind its own.
+    // What a save stores. As long as nothing was changed these are the page's own properties;
+    // otherwise what the control writes, without dictionary entries that mean nothing, with what
+    // the control could not take put back as it was stored, and with properties of other makers
+    // behind.
     StoredProperties propertiesToStore();
-    // As a host asks: for the properties first, then for the runtime text. What is to be stored is
-    // opened anew where it is not what was loaded: nothing is given without a doubt that would be
-    // refused when the page is next opened.
+    // Asks as a host does: for the properties first, then for the runtime text. Changed properties
+    // are opened in a second control first, so that nothing is saved that the next opening of the
+    // page would refuse.
     MadeContent content();
     // What the control itself writes and gives, to the letter.
     StoredProperties properties();

@@ -9,8 +9,8 @@
 
 namespace headerdtc {
 
-// The faces of a host with nobody in front of it: boxes are collected and acknowledged, file
-// dialogs cancelled, forms closed as soon as they open, notices passed over.
+// A host without a person in front of it: message boxes are collected and acknowledged, file
+// dialogs cancelled, forms closed as soon as they open, notices ignored.
 class QuietHost : private MessageBox,
                   private FileDialog,
                   private PropertyChangeSink,

@@ -128,7 +128,7 @@ class StoredRename {
             return text.substr(0, *nameStart(text, family)) + renaming_.newField;
         }
         if (trimBlanks(text) != renaming_.entry) return std::nullopt;
-        // Numbers stay below each other.
+        // The padding is adjusted so that the numbers stay aligned.
         const auto before = *nameStart(text, family), now = *nameStart(renaming_.newEntry, family);
         const bool isPadded = family == Family::ZEKO && before > now;
         return std::string(isPadded ? before - now : 0, ' ') + renaming_.newEntry;

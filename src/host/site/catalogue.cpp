@@ -29,7 +29,7 @@ const Catalogue::Provider* Catalogue::find(std::string_view name) const {
 struct CatalogueDataSources::Cache {
     FileCache<Catalogue> file;
 
-    // For a request of the control.
+    // The catalogue, its failures as run-time errors of the control.
     std::shared_ptr<const Catalogue> forRequest() {
         try {
             return file.current();

@@ -283,8 +283,8 @@ SiteConfiguration defaultSiteConfiguration(const fs::path& folder) {
 }
 
 std::optional<fs::path> findSiteConfiguration(const fs::path& page) {
-    // From the root down, each folder out of the one above it: a whole path takes the system the
-    // longer the deeper it leads, and there is one for every folder.
+    // Folders are opened from the root down, each relative to the one above: with whole paths the
+    // system would walk the whole way again for every folder.
     const std::string folder = folderOf(page).native();
     std::optional<fs::path> nearest;
     constexpr int Flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
@@ -302,7 +302,7 @@ std::optional<fs::path> findSiteConfiguration(const fs::path& page) {
         reason = errno;
         here.emplace(below);
     }
-    // Where the way ends, or is closed to the user, nothing more can be found.
+    // Below a folder that is not there or may not be read nothing more can be found.
     constexpr std::array Ends = {ENOENT, ENOTDIR, EACCES, ELOOP, ENAMETOOLONG};
     if (!here->isOpen() && std::find(Ends.begin(), Ends.end(), reason) == Ends.end()) {
         throw ConfigurationError(folder, std::string("cannot be searched for ") + FileName + ": " +

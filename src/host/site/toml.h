@@ -1,8 +1,8 @@
 #pragma once
 
-// toml++, without its fault of taking a place to be out of reach that it does reach: whether a
-// character beyond ASCII is white space, for every letter from U+00A1 to U+0499 and from U+FB26 to
-// U+FEFE that stands outside of a text. The answer there is no.
+// toml++ with one fault mended. It asks of every letter from U+00A1 to U+0499 and from U+FB26 to
+// U+FEFE outside of a text whether it is white space, and takes the answer "no" for a place in its
+// code that is never reached, which is undefined behaviour. Here the answer is no.
 
 #include <toml++/impl/preprocessor.h>
 

@@ -86,7 +86,7 @@ std::unordered_map<std::string, std::string> namesIn(const fs::path& folder) {
         const auto [known, isNew] = names.emplace(foldCase(name), name);
         if (!isNew && name < known->second) known->second = name;
     }
-    // Names that there was no memory to read are not missing.
+    // For lack of memory the listing broke off; the names that it lacks are not missing.
     if (error == std::errc::not_enough_memory) throw std::bad_alloc();
     return names;
 }

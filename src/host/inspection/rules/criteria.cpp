@@ -85,7 +85,8 @@ void criteriaAreComplete(const ControlView& control, Remarks& remarks) {
             const bool value = !criterion.value.text.empty();
             if (criterion.isWritten() || (!key && !operation && !value)) continue;
             const char* missing = !key ? "key field" : !operation ? "operator" : "value";
-            // What is missing is not stored: the finding stands where the rest of the row is.
+            // A missing piece is stored nowhere, so the finding names the piece of the row that is
+            // there.
             remarks.push_back(about(
                 key ? criterion.key : (operation ? criterion.operation : criterion.value), family,
                 nameOfCriterion(criterion) + " has no " + missing + " and is left out",
@@ -121,7 +122,7 @@ void valuesHaveOneType(const ControlView& control, Remarks& remarks) {
                                "take one of the two out of the page", 0});
         }
     }
-    // The families keep their kinds apart, but a script is kept for both under one name.
+    // Each family has its own kinds, but a script has one name for both.
     const auto usedAs = [&](Family family, const std::string& value) -> std::optional<int> {
         for (const Criterion& criterion : configuration.of(family).criteria) {
             if (criterion.isWritten() && criterion.value.text == value)

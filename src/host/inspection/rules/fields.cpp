@@ -5,6 +5,38 @@
 #include <map>
 
 namespace headerdtc::rules {
+// ---- providers ----------------------------------------------------------------------------------
+
+namespace {
+
+void requireKnown(const ControlView& control, const StoredItem& provider, std::string_view role,
+                  Remarks& remarks) {
+    if (control.facts().provider(provider.text)) return;
+    const std::string similar = control.facts().similarProvider(provider.text);
+    remarks.push_back(about(
+        provider, std::nullopt,
+        "the " + std::string(role) + " " + inQuotes(provider.text) + " is not in the catalogue",
+        (similar.empty() ? "" : "is " + inQuotes(similar) + " meant? ") +
+            std::string("choose one that is offered, or add it to the catalogue")));
+}
+
+}  // namespace
+
+void providerIsKnown(const ControlView& control, Remarks& remarks) {
+    const StoredItem& provider = control.configuration().dataProvider;
+    if (!provider.text.empty()) return requireKnown(control, provider, "data provider", remarks);
+    remarks.push_back(about(provider, std::nullopt, "no data provider is chosen",
+                            "choose one on the General tab"));
+}
+
+void linkedProviderIsKnown(const ControlView& control, Remarks& remarks) {
+    if (!control.configuration().hasLinkedProvider()) return;
+    requireKnown(control, control.configuration().linkedDataProvider, "linked data provider",
+                 remarks);
+}
+
+// ---- fields -------------------------------------------------------------------------------------
+
 namespace {
 
 bool isAmong(const std::vector<StoredItem>& items, std::string_view text) {
@@ -142,6 +174,59 @@ void fieldsAreThereOnce(const ControlView& control, Remarks& remarks) {
 Remark about(const StoredItem& item, std::optional<Family> family, std::string text,
              std::string advice) {
     return {family, item.row, item.property, std::move(text), std::move(advice)};
+}
+
+// ---- links --------------------------------------------------------------------------------------
+
+void linkedFieldsAreOffered(const ControlView& control, Remarks& remarks) {
+    const StoredConfiguration& configuration = control.configuration();
+    const auto* provider = control.provider();
+    const auto* linked = control.linkedProvider();
+    for (const Family family : BothFamilies) {
+        const auto& own = configuration.of(family);
+        if (linked)
+            requireAllOffered(own.linkedFields, StoredRole::LinkedField, family, linked->of(family),
+                              configuration.linkedDataProvider.text, remarks);
+        for (const auto& link : own.links) {
+            if (provider)
+                requireOffered(link.from, StoredRole::LinkFrom, family, provider->of(family),
+                               configuration.dataProvider.text, remarks);
+            if (linked)
+                requireOffered(link.to, StoredRole::LinkTo, family, linked->of(family),
+                               configuration.linkedDataProvider.text, remarks);
+        }
+    }
+}
+
+void linksAreWhole(const ControlView& control, Remarks& remarks) {
+    const StoredConfiguration& configuration = control.configuration();
+    for (const Family family : BothFamilies) {
+        const auto& own = configuration.of(family);
+        bool linksAnything = false;
+        for (const auto& link : own.links) {
+            const bool from = !link.from.text.empty(), to = !link.to.text.empty();
+            linksAnything = linksAnything || from;
+            if (from == to) continue;
+            remarks.push_back(about(from ? link.to : link.from, family,
+                                    "link " + std::to_string(link.row) + " has only its " +
+                                        (from ? "from-field " + inQuotes(link.from.text)
+                                              : "to-field " + inQuotes(link.to.text)) +
+                                        (from ? "" : " and is left out"),
+                                    "choose the other field, or remove the link"));
+        }
+        if (linksAnything && !configuration.hasLinkedProvider()) {
+            remarks.push_back(about(configuration.linkedDataProvider, family,
+                                    "fields are linked, but no linked data provider is chosen",
+                                    "choose one on the link tab, or remove the links"));
+        }
+        if (!linksAnything && !own.linkedFields.empty()) {
+            remarks.push_back(about(own.linkedFields.front(), family,
+                                    "linked fields are chosen, but no fields are linked, so they "
+                                    "are never read",
+                                    "link a field of this provider to one of the other, or remove "
+                                    "the linked fields"));
+        }
+    }
 }
 
 }  // namespace headerdtc::rules

@@ -47,7 +47,8 @@ void inspectControl(const ControlView& control, const std::string& page,
         const auto severity = severityOf(rule, site);
         for (Remark& remark : remarks) {
             all.push_back(remark);
-            // Somebody lives with it, and with what comes of it.
+            // The site has switched the rule off. The remark counts as made, so that no other rule
+            // reports what follows from it.
             if (!severity) continue;
             const int line = remark.line > 0 ? remark.line
                                              : lineOfProperty(control.page.markup(), control.span(),

@@ -12,7 +12,7 @@
 
 namespace headerdtc {
 
-// What checking one page came to.
+// The result of checking one page.
 struct InspectedPage {
     bool hasControl = false;
     GeneratedPage::Verdict verdict = GeneratedPage::Verdict::NoControl;

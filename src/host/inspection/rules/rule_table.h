@@ -14,12 +14,12 @@ struct Rule {
     std::string_view explanation;  // why that is a fault, and what to do
     void (*check)(const ControlView&, Remarks&);
     Severity severity;
-    // A page may be left alone for what other rules have found already.
+    // A page may be left alone because of a fault that another rule has reported already.
     enum class Finds { Fault, CauseOfFailure, Consequence };
     Finds finds = Finds::Fault;
 };
 
-// Those of the page as a whole: what they find is its state, too.
+// The two rules of the page as a whole; what they find is also the page's state.
 inline constexpr std::string_view NotGeneratedRule = "not-generated";
 inline constexpr std::string_view StaleRule = "stale";
 

@@ -11,17 +11,13 @@
 // add what they have to say; rule_table.cpp names them.
 namespace headerdtc::rules {
 
-// providers.cpp
+// fields.cpp: what has to be in the catalogue
 void providerIsKnown(const ControlView& control, Remarks& remarks);
 void linkedProviderIsKnown(const ControlView& control, Remarks& remarks);
-
-// fields.cpp
 void fieldsAreOffered(const ControlView& control, Remarks& remarks);
 void keyFieldsAreOffered(const ControlView& control, Remarks& remarks);
 void fieldsHaveTheirSeparator(const ControlView& control, Remarks& remarks);
 void fieldsAreThereOnce(const ControlView& control, Remarks& remarks);
-
-// links.cpp
 void linkedFieldsAreOffered(const ControlView& control, Remarks& remarks);
 void linksAreWhole(const ControlView& control, Remarks& remarks);
 

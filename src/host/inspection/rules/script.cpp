@@ -37,7 +37,7 @@ std::string faultInDirective(std::string_view text) {
     return {};
 }
 
-// What lacks a piece is left out, whatever the rest of it is.
+// A criterion or link that lacks a piece is not generated, so the rest of it cannot do harm.
 bool isLeftOut(const StoredConfiguration& configuration, StoredRole role,
                std::optional<Family> family, const StoredItem& item) {
     if (role != StoredRole::CriterionKey && role != StoredRole::CriterionOperator &&
@@ -171,7 +171,7 @@ void statementsFitTheEngine(const ControlView& control, Remarks& remarks) {
     for (const Family family : BothFamilies) {
         const auto& own = configuration.of(family);
         const auto require = [&](const std::vector<StoredItem>& fields, const char* what) {
-            // The call's first line and its last stand around them.
+            // Plus the first and the last line of the call.
             const int lines = static_cast<int>(fields.size()) + 2;
             if (fields.empty() || lines <= MostContinuedLines + 1) return;
             remarks.push_back(about(fields.back(), family,

@@ -128,10 +128,7 @@ std::string EditedPage::bytesToSave(const fs::path& file, const std::shared_ptr<
 void EditedPage::save(Guard guard) {
     const std::string bytes = bytesToSave(file_, site_, guard);
     if (!hasFile_ || fileIsGone_) {
-        FileReplacer replacer;
-        replacer.create(file_, bytes);
-        const std::string problem = replacer.commit().front().problem;
-        if (!problem.empty()) throw FileError(file_.string(), problem);
+        createWholeFile(file_, bytes);
     } else if (bytes != saved_->bytes()) {
         replaceFile(bytes);
     } else {
@@ -158,15 +155,7 @@ void EditedPage::replaceFile(const std::string& bytes) {
 void EditedPage::saveAs(const fs::path& file, Guard guard) {
     const auto site = sites_->forPage(file);
     const std::string bytes = bytesToSave(file, site, guard);
-    std::error_code failure;
-    if (fs::exists(file, failure)) {
-        replaceWholeFile(file, bytes, FileStamp::of(file));
-    } else {
-        FileReplacer replacer;
-        replacer.create(file, bytes);
-        const std::string problem = replacer.commit().front().problem;
-        if (!problem.empty()) throw FileError(file.string(), problem);
-    }
+    replaceWholeFile(file, bytes, FileStamp::of(file));
     site_ = site;
     takeSaved(file);
     Q_EMIT placeChanged();

@@ -255,14 +255,7 @@ void SettingsDialog::accept() {
         return;
     }
     try {
-        if (old_.stamp.size < 0) {
-            FileReplacer replacer;
-            replacer.create(file_, bytes);
-            const std::string problem = replacer.commit().front().problem;
-            if (!problem.empty()) throw FileError(file_.string(), problem);
-        } else {
-            replaceWholeFile(file_, bytes, old_.stamp);
-        }
+        replaceWholeFile(file_, bytes, old_.stamp);
     } catch (const FileError& error) {
         QMessageBox::critical(
             this, windowTitle(),

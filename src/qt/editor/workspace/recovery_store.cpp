@@ -63,14 +63,7 @@ std::optional<RecoveryCopy> copyOf(const fs::path& file) {
 
 void write(const fs::path& file, const std::string& bytes) {
     try {
-        const FileStamp stamp = FileStamp::of(file);
-        if (stamp.size >= 0) {
-            replaceWholeFile(file, bytes, stamp);
-        } else {
-            FileReplacer replacer;
-            replacer.create(file, bytes);
-            replacer.commit();
-        }
+        replaceWholeFile(file, bytes, FileStamp::of(file));
     } catch (const FileError&) {
         // Without room for a copy the author's work goes on as before; the next one may succeed.
     }
