@@ -47,7 +47,7 @@ struct Comparison {
 
 Comparison compare(const CommonOptions& common, const CatalogueOptions& options) {
     Sites sites(common.only());
-    const auto site = sites.forPage(options.place);
+    const auto site = siteOf(sites, options.place);
     Comparison result;
     result.file = options.file.empty() ? site->configuration->catalogue : fs::path(options.file);
     result.stamp = FileStamp::of(result.file);
