@@ -183,16 +183,6 @@ void tellAsJson(const std::vector<ImportStep>& plan, bool written, ExitStatus st
                  {"exitStatus", status}});
 }
 
-// A file in whatever code page a spreadsheet left it is read as UTF-8: what is none is said, rather
-// than stored.
-std::string readUtf8(const std::string& file) {
-    std::string bytes = readInput(file);
-    const CodePage& utf8 = CodePage::utf8();
-    if (utf8.decode(bytes) != bytes)
-        throw FileError(file, "it is no UTF-8; save it from the spreadsheet as \"CSV UTF-8\"");
-    return bytes;
-}
-
 ExitStatus checkTranslations(const CommonOptions& common, const TranslationOptions& options) {
     Sites sites(common.only());
     const auto site = siteOf(sites, options.place);
@@ -239,7 +229,7 @@ ExitStatus exportTranslations(const CommonOptions& common, const TranslationOpti
 ExitStatus importTranslations(const CommonOptions& common, const TranslationOptions& options) {
     Sites sites(common.only());
     const auto site = siteOf(sites, options.place);
-    const auto file = TranslationFile::parse(options.file, readUtf8(options.file));
+    const auto file = TranslationFile::parse(options.file, readInput(options.file));
     for (const std::string& head : file.passedOver)
         printLine(stderr, options.file + ": the column \"" + visible(head) +
                               "\" is passed over; that of a language is headed by its locale, "

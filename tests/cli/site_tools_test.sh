@@ -154,6 +154,8 @@ python3 "$project/tests/cli/validate_lines.py" --whole "$project/docs/schemas/ch
 jq -e '.runs[0] | . as $run | .results | length > 0 and all(.[]; . as $result |
     $run.tool.driver.rules[$result.ruleIndex].id == $result.ruleId)' out >wrong ||
     fail "a result names another rule than its index"
+check 0 "$headerdtc" explain --json
+expect_lines explain
 check 0 "$headerdtc" check --rules
 expect "$out" "unknown-field"
 
