@@ -32,6 +32,7 @@ struct AutomateOptions {
 ExitStatus automate(const CommonOptions& common, const AutomateOptions& options) {
     Sites sites(common.only());
     const std::string& page = options.words.front();
+    FailureLines().printMissingConfiguration(sites, page);
     std::ios::sync_with_stdio(false);
     const bool opened = automatePage(sites, page, options.control, std::cin, std::cout);
     // The control's own message does not say what to do.

@@ -15,11 +15,11 @@ struct CheckOptions {
     PageRunOptions run;
     BaselineOptions baseline;
     bool listRules = false;
-    bool json = false, sarif = false, annotations = false;
+    bool json = false, sarif = false;
 
     CheckReport::Form form() const {
         using enum CheckReport::Form;
-        return json ? Json : sarif ? Sarif : annotations ? Annotations : Text;
+        return json ? Json : sarif ? Sarif : Text;
     }
 };
 
@@ -36,10 +36,10 @@ ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
     SiteFactsCache facts;
     const auto report = CheckReport::make(options.form());
     report->begin();
-    FailureLines lines;
+    FailureLines lines("not checked");
     PageRun run(options.run, [&](const std::string& page, const PageFailure& failure) {
         if (failure.of == PageFailure::Of::Site) lines.printMissingConfiguration(sites, page);
-        report->failure(page, failure);
+        report->failure(page, failure, lines);
     });
     PageTotals& totals = run.totals();
     Baseline baseline(options.baseline, Baseline::Page);
@@ -63,6 +63,7 @@ ExitStatus check(const CommonOptions& common, const CheckOptions& options) {
         });
     if (totals.left == 0) baseline.end(options.run.quiet);
     report->end(totals, errors);
+    lines.end();
     run.end(counted(totals.pages, "page") + " looked at: " + counted(errors, "error") + ", " +
             counted(totals.found - errors, "warning") + ", " + std::to_string(totals.failed) +
             " not checked");
@@ -80,7 +81,7 @@ and what to do.
 
 Examples:
   headerdtc check site/                    all pages of a site
-  headerdtc check --sarif site/ >log.sarif for a tool that gathers results
+  headerdtc check --sarif site/ >log.sarif for editors, code hosts and build servers
   headerdtc check --rules                  what is looked for
   headerdtc check --baseline known.json --update-baseline site/
   headerdtc check --baseline known.json site/
@@ -92,13 +93,10 @@ Exit status: 0 nothing found, 1 something found, 2 wrong usage or configuration,
         addPathList(command, options->run.paths, "pages, or folders with pages (*.asp, *.inc)");
     auto* json = command.add_flag("--json", options->json, "one JSON object a finding");
     auto* sarif = command.add_flag("--sarif", options->sarif, "a SARIF 2.1.0 log");
-    auto* annotations = command.add_flag("--annotations", options->annotations,
-                                         "lines that build servers show beside the page");
     auto* rules = command.add_flag("--rules", options->listRules, "list the rules and end");
     addBaselineOptions(command, options->baseline);
     addRunOptions(command, options->run);
-    json->excludes(sarif)->excludes(annotations);
-    sarif->excludes(annotations);
+    json->excludes(sarif);
     rules->excludes(paths);
     command.callback([&line, options] {
         if (!options->listRules && options->run.paths.empty()) throw CLI::RequiredError("PATH");

@@ -32,12 +32,10 @@ class CheckText : public CheckReport {
         printLine(stdout, visible("    " + placeOf(finding) + ": " + finding.remark.advice));
     }
 
-    void failure(const std::string& page, const PageFailure& failure) override {
-        lines_.print(page, failure);
+    void failure(const std::string& page, const PageFailure& failure,
+                 FailureLines& lines) override {
+        lines.print(page, failure);
     }
-
-  private:
-    FailureLines lines_;
 };
 
 // For programs: a JSON object for each finding, docs/schemas/check.schema.json.
@@ -59,7 +57,7 @@ class CheckJson : public CheckReport {
         lines_.write(line);
     }
 
-    void failure(const std::string& page, const PageFailure& failure) override {
+    void failure(const std::string& page, const PageFailure& failure, FailureLines&) override {
         lines_.write({{"type", "failure"}, {"page", page}, {"message", failure.text}});
     }
 
@@ -74,50 +72,6 @@ class CheckJson : public CheckReport {
 
   private:
     JsonLines lines_;
-};
-
-// ---- annotations -------------------------------------------------------------------------------
-
-// The characters that end a command or a line, as the build servers want them written; values of
-// properties stand between commas and colons.
-std::string escaped(std::string_view text, std::string_view special) {
-    std::string result;
-    for (const char c : text) {
-        if (special.find(c) == std::string_view::npos) {
-            result += c;
-            continue;
-        }
-        char code[4];
-        std::snprintf(code, sizeof code, "%%%02X", static_cast<unsigned>(c) & 0xFFU);
-        result += code;
-    }
-    return result;
-}
-
-std::string asValue(std::string_view text) {
-    return escaped(text, "%\r\n:,");
-}
-
-std::string asMessage(std::string_view text) {
-    return escaped(text, "%\r\n");
-}
-
-// For build servers that read such lines from a log and show them beside the changed file:
-// "::warning file=orders/list.asp,line=12,title=stale::text".
-class CheckAnnotations : public CheckReport {
-  public:
-    void finding(const Finding& finding) override {
-        const Remark& remark = finding.remark;
-        printLine(stdout,
-                  "::" + std::string(nameOf(finding.severity)) + " file=" + asValue(finding.page) +
-                      ",line=" + std::to_string(finding.line) + ",title=" + asValue(finding.rule) +
-                      "::" + asMessage(remark.text + ": " + remark.advice));
-    }
-
-    void failure(const std::string& page, const PageFailure& failure) override {
-        printLine(stdout, "::error file=" + asValue(page) +
-                              ",title=not checked::" + asMessage(failure.text));
-    }
 };
 
 // ---- SARIF -------------------------------------------------------------------------------------
@@ -190,7 +144,7 @@ class CheckSarif : public CheckReport {
                                          {"logicalLocations", Json::array({logical})}}})}});
     }
 
-    void failure(const std::string& page, const PageFailure& failure) override {
+    void failure(const std::string& page, const PageFailure& failure, FailureLines&) override {
         notifications_.push_back(
             {{"level", "error"},
              {"message", {{"text", failure.text}}},
@@ -239,8 +193,6 @@ std::unique_ptr<CheckReport> CheckReport::make(Form form) {
             return std::make_unique<CheckText>();
         case Form::Json:
             return std::make_unique<CheckJson>();
-        case Form::Annotations:
-            return std::make_unique<CheckAnnotations>();
         case Form::Sarif:
             break;
     }

@@ -17,14 +17,15 @@ std::string kindOf(const RuleText& rule);
 // How the findings of a check are told: one class for each form of output.
 class CheckReport {
   public:
-    enum class Form { Text, Json, Sarif, Annotations };
+    enum class Form { Text, Json, Sarif };
     static std::unique_ptr<CheckReport> make(Form form);
 
     virtual ~CheckReport() = default;
     virtual void begin() {}
     virtual void finding(const Finding& finding) = 0;
     // A page, or a path, that could not be checked.
-    virtual void failure(const std::string& page, const PageFailure& failure) = 0;
+    virtual void failure(const std::string& page, const PageFailure& failure,
+                         FailureLines& lines) = 0;
     // Of what was found, so many are errors; the others are warnings.
     virtual void end(const PageTotals&, std::size_t /*errors*/) {}
 };

@@ -16,7 +16,9 @@ class Option;
 
 namespace headerdtc {
 struct Diagnosis;
-}
+class Site;
+class Sites;
+}  // namespace headerdtc
 
 namespace headerdtc::cli {
 
@@ -74,6 +76,10 @@ CLI::App& addCommandGroup(CLI::App& app, const std::string& name, const std::str
 
 // Adds the page or folder by which commands on a site find it.
 void addSitePath(CLI::App& command, std::string& place);
+
+// The site of the one page or folder that a command is about. Where no headerdtc.toml holds, that
+// is said first. Throws ConfigurationError.
+std::shared_ptr<Site> siteOf(Sites& sites, const std::filesystem::path& place);
 
 // Tells the links of a site's set-up, in words or as JSON lines; gives how many are broken.
 std::size_t tellLinks(const std::vector<Diagnosis>& links, JsonLines* lines);

@@ -3,6 +3,7 @@
 
 #include "cli/command.h"
 #include "cli/streams.h"
+#include "host/inspection/rules/rule_settings.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -94,6 +95,10 @@ class Place {
             for (const auto& choice :
                  CLI::detail::split(type.substr(begin + 1, end - begin - 1), ','))
                 word(choice, {});
+        } else if (name == "RULE") {
+            kind("words");
+            for (const RuleText& rule : allRules())
+                word(std::string(rule.id), std::string(rule.summary));
         } else if (type == FileType || name == "FILE") {
             kind("files");
         } else if (name == "PAGE" || name == "PATH") {

@@ -1,4 +1,6 @@
 #include "cli/command.h"
+#include "cli/page_run.h"
+#include "host/site/site.h"
 
 #include <CLI/CLI.hpp>
 #include <cerrno>
@@ -25,6 +27,10 @@ void execute(const std::string& program, std::vector<char*>& arguments) {
 
 // The editor is a program of its own: the command line needs no windows.
 ExitStatus edit(const CommonOptions& common, const std::vector<std::string>& pages) {
+    Sites sites(common.only());
+    FailureLines lines;
+    for (const std::string& page : pages)
+        lines.printMissingConfiguration(sites, page);
     std::vector<std::string> words{EditorName};
     if (!common.configuration.empty()) {
         words.emplace_back("--config");

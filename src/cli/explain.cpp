@@ -4,8 +4,8 @@
 #include "platform/nearest_name.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace headerdtc::cli {
 namespace {
@@ -13,7 +13,8 @@ namespace {
 constexpr std::size_t LineLength = 80;
 
 struct ExplainOptions {
-    std::string rule;
+    std::string rule;  // empty: all
+    bool json = false;
 };
 
 void printParagraph(std::string_view text) {
@@ -25,30 +26,47 @@ void printParagraph(std::string_view text) {
     printLine(stdout, text);
 }
 
-ExitStatus explain(const CommonOptions&, const ExplainOptions& options) {
-    const auto rules = allRules();
-    if (options.rule.empty()) {
-        listRules(true);
-        return Done;
-    }
-    const auto rule = std::find_if(rules.begin(), rules.end(),
-                                   [&](const auto& each) { return each.id == options.rule; });
-    if (rule == rules.end()) {
-        NearestName nearest(options.rule);
-        for (const RuleText& each : rules)
-            nearest.offer(each.id);
-        throw UsageError("there is no rule '" + options.rule + "'" + nearest.question());
-    }
-    printLine(stdout, options.rule + ", " +
-                          (rule->severity ? kindOf(*rule) + " of 'check'"
-                                          : "found by 'translations check'") +
-                          ": " + std::string(rule->summary) + "\n");
-    printParagraph(rule->explanation);
-    const bool isError = rule->severity == Severity::Error;
+void printRule(const RuleText& rule) {
+    const std::string id(rule.id);
     printLine(stdout,
-              "\nA site that lives with it has " + options.rule + " = \"off\"" +
-                  (rule->severity ? isError ? " (or \"warning\")" : " (or \"error\")" : "") +
-                  " below [check] in headerdtc.toml.");
+              id + ", " +
+                  (rule.severity ? kindOf(rule) + " of 'check'" : "found by 'translations check'") +
+                  ": " + std::string(rule.summary) + "\n");
+    printParagraph(rule.explanation);
+    const bool isError = rule.severity == Severity::Error;
+    printLine(stdout, "\nA site that lives with it has " + id + " = \"off\"" +
+                          (rule.severity ? isError ? " (or \"warning\")" : " (or \"error\")" : "") +
+                          " below [check] in headerdtc.toml.");
+}
+
+void printJson(const std::vector<RuleText>& rules) {
+    JsonLines lines;
+    lines.begin("explain");
+    for (const RuleText& rule : rules)
+        lines.write({{"type", "rule"},
+                     {"rule", rule.id},
+                     {"kind", kindOf(rule)},
+                     {"summary", rule.summary},
+                     {"explanation", rule.explanation}});
+    lines.write({{"type", "summary"}, {"rules", rules.size()}, {"exitStatus", Done}});
+}
+
+ExitStatus explain(const CommonOptions&, const ExplainOptions& options) {
+    auto rules = allRules();
+    NearestName nearest(options.rule);
+    for (const RuleText& each : rules)
+        nearest.offer(each.id);
+    if (!options.rule.empty())
+        std::erase_if(rules, [&](const RuleText& each) { return each.id != options.rule; });
+    if (rules.empty())
+        throw UsageError("there is no rule '" + options.rule + "'" + nearest.question());
+    if (options.json) {
+        printJson(rules);
+    } else if (options.rule.empty()) {
+        listRules(true);
+    } else {
+        printRule(rules.front());
+    }
     return Done;
 }
 
@@ -61,9 +79,11 @@ void addExplain(CLI::App& app, CommandLine& line) {
                    R"(Examples:
   headerdtc explain                        all rules, of pages and of translated texts
   headerdtc explain unknown-field
+  headerdtc explain --json                 the same for programs
 
 Exit status: 0 done, 2 there is no such rule.)");
     command.add_option("RULE", options->rule, "the rule (default: all, a line each)");
+    command.add_flag("--json", options->json, "one JSON object a rule");
     command.callback(whenNamed(line, options, explain));
 }
 

@@ -9,8 +9,8 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <map>
 #include <memory>
+#include <optional>
 
 namespace headerdtc::cli {
 namespace {
@@ -61,9 +61,9 @@ class GenerateText : public GenerateReport {
 
     void page(const PageRun::Page& page, const SiteGeneration::Done& done) override {
         const Verdict verdict = done.page.verdict;
-        if (isToldAlready(done.page)) return;
         if (verdict == Verdict::Losing || verdict == Verdict::Failing)
             lines_.printMissingConfiguration(sites(), page.name);
+        if (const auto cause = causeOf(done.page)) lines_.count(*cause);
         const auto of = verdict == Verdict::NotConfigured ? PageFailure::Of::Configuration
                                                           : PageFailure::Of::Page;
         for (const std::string& message : done.page.messages)
@@ -75,11 +75,7 @@ class GenerateText : public GenerateReport {
     }
 
     void end(const PageTotals& totals) override {
-        for (const auto& [cause, pages] : causes_) {
-            if (pages > 1)
-                printLine(stderr, counted(pages, "page") + " left as they were: " + cause +
-                                      "; 'headerdtc doctor' looks at the whole set-up");
-        }
+        lines_.end(true);
         if (options().check && totals.found > 0)
             printLine(stderr, counted(totals.found, "page") + " out of date; to write " +
                                   (totals.found == 1 ? "it" : "them") + ": headerdtc generate " +
@@ -87,19 +83,15 @@ class GenerateText : public GenerateReport {
     }
 
   private:
-    // What keeps many pages from being generated, a file that is missing, say, is told of the first
-    // one; of the others only how many they are.
-    bool isToldAlready(const GeneratedPage& page) {
-        if (page.doubts.empty()) return false;
-        const std::string& cause = page.doubts.front().doubt.reason;
+    // A failure that other pages may have too: of a file that is missing, say.
+    static std::optional<std::string> causeOf(const GeneratedPage& page) {
         for (const auto& [control, doubt] : page.doubts) {
-            if (doubt.kind == SaveDoubt::Kind::Loss || doubt.reason != cause) return false;
+            if (doubt.kind == SaveDoubt::Kind::Failure) return doubt.reason;
         }
-        return ++causes_[cause] > 1;
+        return std::nullopt;
     }
 
-    FailureLines lines_;
-    std::map<std::string, std::size_t> causes_;  // with the number of their pages
+    FailureLines lines_{"left as they were"};
 };
 
 // For programs: a JSON object for each page, docs/schemas/generate.schema.json.
@@ -181,6 +173,7 @@ ExitStatus print(Sites& sites, const std::string& page) {
         const std::string bytes = markup.codePage().encodeWithReferences(made.content.runtimeText);
         std::fwrite(bytes.data(), 1, bytes.size(), stdout);
     }
+    if (failed) FailureLines().printMissingConfiguration(sites, page);
     for (const std::string& message : host.messages)
         printMessage(page, message);
     return failed ? PageNotDone : Done;

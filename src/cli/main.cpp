@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <new>
 #include <system_error>
 
@@ -124,7 +125,12 @@ CLI::App& addCommandGroup(CLI::App& app, const std::string& name, const std::str
 
 void addSitePath(CLI::App& command, std::string& place) {
     command.add_option("PATH", place, "a page or folder of the site (default: this folder)")
-        ->check(CLI::ExistingPath);
+        ->check([](const std::string& path) {
+            std::error_code ignored;
+            if (std::filesystem::exists(path, ignored)) return std::string();
+            return path.empty() ? "an empty path names no page and no folder"
+                                : "there is no page or folder '" + path + "'";
+        });
 }
 
 ExitStatus obey(CLI::App& app, CommandLine& line, const std::vector<std::string>& words) {
@@ -134,8 +140,13 @@ ExitStatus obey(CLI::App& app, CommandLine& line, const std::vector<std::string>
         return static_cast<ExitStatus>(app.exit(help));
     } catch (const CLI::ParseError& error) {
         const std::string unknown = unknownWord(app, words);
-        throw UsageError((unknown.empty() ? error.what() : unknown) +
-                         "\nRun with --help for more information.");
+        std::string asked;
+        for (const CLI::App* level = &app; !level->get_subcommands().empty();) {
+            level = level->get_subcommands().front();
+            asked += " " + level->get_name();
+        }
+        throw UsageError((unknown.empty() ? error.what() : unknown) + "\n'headerdtc help" + asked +
+                         "' says more.");
     }
     const auto run = line.run;  // which may read further words
     return run();

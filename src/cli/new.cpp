@@ -18,7 +18,7 @@ struct NewOptions {
 
 ExitStatus newControl(const CommonOptions& common, const NewOptions& options) {
     Sites sites(common.only());
-    const auto site = sites.forPage(options.page);
+    const auto site = siteOf(sites, options.page);
     const auto& codePage = site->configuration->codePage;
     if (options.into) {
         const PageDocument page(options.page, codePage);

@@ -27,6 +27,8 @@ class PageChanges {
     bool over(const std::function<Change(const std::filesystem::path&)>& work,
               const std::function<void(const PageRun::Page&, const Change&)>& tell) {
         run_.over<Change>(work, [&](const PageRun::Page& page, const Change& change) {
+            if (change.outcome == PageChange::Outcome::Failed)
+                lines_.printMissingConfiguration(sites_, page.name);
             tell(page, change);
             say(page.name, change);
             if (change.outcome == PageChange::Outcome::Changed) take(page.name, change);
@@ -51,6 +53,7 @@ class PageChanges {
     Sites& sites_;
     const Options options_;
     const PageRun::Fail say_;
+    FailureLines lines_;
     PageRun run_;
     FileReplacer replacer_;
 };

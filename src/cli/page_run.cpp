@@ -16,10 +16,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-constexpr const char* NoConfiguration =
-    " or above it; 'headerdtc init' sets up a site, until then the defaults hold";
-constexpr const char* WhereToLook = "; 'headerdtc doctor' looks at the whole set-up";
-
 constexpr const char* PlainInShells =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_./-+,:@%";
 
@@ -92,18 +88,34 @@ ExitStatus PageTotals::status(bool counts) const {
     return counts && found > 0 ? CheckFoundSomething : Done;
 }
 
-void FailureLines::printMissingConfiguration(Sites& sites, const std::string& page) {
+std::shared_ptr<Site> siteOf(Sites& sites, const std::filesystem::path& place) {
+    FailureLines().printMissingConfiguration(sites, place);
+    return sites.forPage(place);
+}
+
+void FailureLines::printMissingConfiguration(Sites& sites, const std::filesystem::path& page) try {
     const auto configuration = sites.forPage(page)->configuration;
-    if (!configuration->file.empty() || !said_.insert(NoConfiguration).second) return;
-    printLine(stderr, std::string("there is no headerdtc.toml in ") +
-                          configuration->folder.string() + NoConfiguration);
+    if (!configuration->file.empty() || std::exchange(isMissingSaid_, true)) return;
+    printLine(stderr, "there is no headerdtc.toml in " + configuration->folder.string() +
+                          " or above it; 'headerdtc init' sets up a site, until then the defaults "
+                          "hold");
+} catch (const ConfigurationError&) {
+    // There is one, and whoever reads it says what is wrong with it.
 }
 
 void FailureLines::print(const std::string& page, const PageFailure& failure) {
-    if (failure.of == PageFailure::Of::Page) return printMessage(page, failure.text);
-    if (!said_.insert(failure.text).second) return;
-    printLine(stderr,
-              failure.of == PageFailure::Of::Site ? failure.text + WhereToLook : failure.text);
+    using Of = PageFailure::Of;
+    if (failure.of == Of::Page) return printMessage(page, failure.text);
+    if (failure.of == Of::Site) return count(failure.text);
+    if (said_.insert(failure.text).second) printLine(stderr, failure.text);
+}
+
+void FailureLines::end(bool isEachSaid) {
+    for (const auto& [cause, pages] : causes_) {
+        if (pages > 1 || !isEachSaid)
+            printLine(stderr, counted(pages, "page") + " " + undone_ + ": " + cause);
+    }
+    if (!causes_.empty()) printLine(stderr, WhereToLook);
 }
 
 // What a person sees and does meanwhile: the progress on a terminal, and Ctrl-C.

@@ -8,9 +8,11 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace CLI {
@@ -61,16 +63,30 @@ struct PageTotals {
     ExitStatus status(bool counts) const;
 };
 
-// Failures of pages on standard error. What is wrong with a whole site is said once, not for each
-// of its pages.
+// Failures of pages on standard error. What is wrong with a whole site is said once, at the end,
+// with the number of its pages.
 class FailureLines {
   public:
-    // Before a page's own failure: that no headerdtc.toml holds for it, which may be why. Once.
-    void printMissingConfiguration(Sites& sites, const std::string& page);
+    // `undone`: what becomes of the pages of a site with which something is wrong, "not checked".
+    explicit FailureLines(std::string undone = "not done") : undone_(std::move(undone)) {}
+
+    static constexpr const char* WhereToLook =
+        "'headerdtc doctor' looks at the whole set-up of a site";
+
+    // That no headerdtc.toml holds for a page, which may be why what follows is said. Once.
+    void printMissingConfiguration(Sites& sites, const std::filesystem::path& page);
     void print(const std::string& page, const PageFailure& failure);
+    // One more page with a cause that others may have too.
+    void count(const std::string& cause) { ++causes_[cause]; }
+    // Tells the causes: all, or where each page has said its own, those of several pages. Then what
+    // looks further into them.
+    void end(bool isEachSaid = false);
 
   private:
+    const std::string undone_;
+    bool isMissingSaid_ = false;
     std::set<std::string> said_;
+    std::map<std::string, std::size_t> causes_;  // with the number of their pages
 };
 
 // A command's way over many pages: side by side, told in order, with the progress in the last line

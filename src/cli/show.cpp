@@ -101,7 +101,7 @@ std::string textOf(const std::vector<Summary>& summaries) {
 
 ExitStatus show(const CommonOptions& common, const ShowOptions& options) {
     Sites sites(common.only());
-    const auto site = sites.forPage(options.page);
+    const auto site = siteOf(sites, options.page);
     const PageDocument page(options.page, site->configuration->codePage);
     const PageMarkup& markup = page.markup();
     std::string shown;

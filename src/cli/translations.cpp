@@ -2,6 +2,7 @@
 
 #include "cli/baseline.h"
 #include "cli/command.h"
+#include "cli/page_run.h"
 #include "cli/streams.h"
 #include "host/files/file_replacer.h"
 #include "host/inspection/rules/rule_settings.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <stdexcept>
 
 namespace headerdtc::cli {
 namespace {
@@ -181,19 +183,9 @@ void tellAsJson(const std::vector<ImportStep>& plan, bool written, ExitStatus st
                  {"exitStatus", status}});
 }
 
-// A file in whatever code page a spreadsheet left it is read as UTF-8: what is none is said, rather
-// than stored.
-std::string readUtf8(const std::string& file) {
-    std::string bytes = readInput(file);
-    const CodePage& utf8 = CodePage::utf8();
-    if (utf8.decode(bytes) != bytes)
-        throw FileError(file, "it is no UTF-8; save it from the spreadsheet as \"CSV UTF-8\"");
-    return bytes;
-}
-
 ExitStatus checkTranslations(const CommonOptions& common, const TranslationOptions& options) {
     Sites sites(common.only());
-    const auto site = sites.forPage(options.place);
+    const auto site = siteOf(sites, options.place);
     requireKnownRules(*site->configuration);
     Baseline baseline(options.baseline, "locale");
     const TranslationTable table = readTable(*site);
@@ -220,7 +212,7 @@ ExitStatus checkTranslations(const CommonOptions& common, const TranslationOptio
 
 ExitStatus exportTranslations(const CommonOptions& common, const TranslationOptions& options) {
     Sites sites(common.only());
-    const TranslationTable table = readTable(*sites.forPage(options.place));
+    const TranslationTable table = readTable(*siteOf(sites, options.place));
     const std::string text =
         headerdtc::exportTranslations(table, {.locales = localesOf(table, options),
                                               .onlyGaps = options.onlyGaps,
@@ -237,8 +229,8 @@ ExitStatus exportTranslations(const CommonOptions& common, const TranslationOpti
 
 ExitStatus importTranslations(const CommonOptions& common, const TranslationOptions& options) {
     Sites sites(common.only());
-    const auto site = sites.forPage(options.place);
-    const auto file = TranslationFile::parse(options.file, readUtf8(options.file));
+    const auto site = siteOf(sites, options.place);
+    const auto file = TranslationFile::parse(options.file, readInput(options.file));
     for (const std::string& head : file.passedOver)
         printLine(stderr, options.file + ": the column \"" + visible(head) +
                               "\" is passed over; that of a language is headed by its locale, "
@@ -272,6 +264,14 @@ ExitStatus importTranslations(const CommonOptions& common, const TranslationOpti
 
 // ---- the commands ------------------------------------------------------------------------------
 
+// A database that fails leads to what looks further into it.
+template <ExitStatus (*command)(const CommonOptions&, const TranslationOptions&)>
+ExitStatus guided(const CommonOptions& common, const TranslationOptions& options) try {
+    return command(common, options);
+} catch (const RuntimeError& error) {
+    throw std::runtime_error(std::string(error.what()) + "\n" + FailureLines::WhereToLook);
+}
+
 void addLocales(CLI::App& command, TranslationOptions& options, const std::string& description) {
     command.add_option("--locale", options.locales, description)
         ->allow_extra_args(false)
@@ -292,7 +292,7 @@ configuration, 3 the database cannot be read.)");
     addLocales(command, *options,
                "only this language, by its locale (1031); may be given several times");
     addBaselineOptions(command, options->baseline);
-    command.callback(whenNamed(line, options, checkTranslations));
+    command.callback(whenNamed(line, options, guided<checkTranslations>));
 }
 
 void addTranslationExport(CLI::App& group, CommandLine& line) {
@@ -313,7 +313,7 @@ the file not be written.)");
     command.add_flag("--gaps", options->onlyGaps, "only labels that lack a text");
     command.add_flag("--bom", options->byteOrderMark,
                      "begin with a byte-order mark, by which spreadsheets know UTF-8");
-    command.callback(whenNamed(line, options, exportTranslations));
+    command.callback(whenNamed(line, options, guided<exportTranslations>));
 }
 
 void addTranslationImport(CLI::App& group, CommandLine& line) {
@@ -334,7 +334,7 @@ Exit status: 0 done, 1 something was refused, 2 wrong usage or configuration,
     command.add_flag("--dry-run", options->dryRun, "tell what would be done, write nothing");
     command.add_flag("--skip-refused", options->skipRefused,
                      "write the other cells where some are refused");
-    command.callback(whenNamed(line, options, importTranslations));
+    command.callback(whenNamed(line, options, guided<importTranslations>));
 }
 
 }  // namespace

@@ -1,10 +1,14 @@
 #include "cli/command.h"
 #include "cli/page_run.h"
 #include "cli/streams.h"
+#include "host/inspection/finding.h"
 #include "host/inspection/where_used.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iterator>
 #include <memory>
+#include <utility>
 
 namespace headerdtc::cli {
 namespace {
@@ -44,6 +48,21 @@ struct WhereOptions {
     }
 };
 
+// "the field "CUSTNO" of "Orders""
+std::string inWords(const WhereQuery& query) {
+    using Kind = WhereQuery::Kind;
+    static constexpr std::pair<Kind, const char*> Words[] = {{Kind::Provider, "data provider"},
+                                                             {Kind::Field, "field"},
+                                                             {Kind::Include, "include file"},
+                                                             {Kind::Stylesheet, "stylesheet"},
+                                                             {Kind::Label, "label"}};
+    const auto* const word =
+        std::find_if(std::begin(Words), std::end(Words),
+                     [&](const auto& each) { return each.first == query.kind; });
+    return std::string("the ") + word->second + " " + inQuotes(query.value) +
+           (query.ofProvider.empty() ? "" : " of " + inQuotes(query.ofProvider));
+}
+
 class WhereReport {
   public:
     explicit WhereReport(bool json) : json_(json) {
@@ -59,12 +78,15 @@ class WhereReport {
         printLine(stdout, line + ": " + visible(use.item.text));
     }
 
+    FailureLines& failures() { return failures_; }
+
     void failure(const std::string& page, const PageFailure& failure) {
-        if (!json_) return failureLines_.print(page, failure);
+        if (!json_) return failures_.print(page, failure);
         lines_.write({{"type", "failure"}, {"page", page}, {"message", failure.text}});
     }
 
     void end(const PageTotals& totals, std::size_t pagesUsing) {
+        failures_.end();
         if (!json_) return;
         lines_.write({{"type", "summary"},
                       {"pages", totals.pages},
@@ -90,7 +112,7 @@ class WhereReport {
 
     bool json_;
     JsonLines lines_;
-    FailureLines failureLines_;
+    FailureLines failures_{"not looked into"};
 };
 
 ExitStatus where(const CommonOptions& common, const WhereOptions& options) {
@@ -104,6 +126,8 @@ ExitStatus where(const CommonOptions& common, const WhereOptions& options) {
     std::size_t pagesUsing = 0;
     run.over<PageUses>([&](const std::filesystem::path& page) { return whereUsed.lookInto(page); },
                        [&](const PageRun::Page& page, const PageUses& found) {
+                           if (found.hasControl)
+                               report.failures().printMissingConfiguration(sites, page.name);
                            for (const Use& use : found.uses)
                                report.use(page.name, use);
                            totals.found += found.uses.size();
@@ -114,6 +138,9 @@ ExitStatus where(const CommonOptions& common, const WhereOptions& options) {
     run.end(counted(totals.pages, "page") + " looked at: " + counted(totals.found, "use") + " in " +
             counted(pagesUsing, "page") + ", " + std::to_string(totals.failed) +
             " not looked into");
+    if (totals.found == 0 && totals.left == 0 && !options.run.quiet)
+        printLine(stderr, "none of " + counted(totals.pages, "page") + " uses " +
+                              visible(inWords(options.query)));
     return totals.status(false);
 }
 

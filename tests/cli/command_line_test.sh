@@ -135,6 +135,7 @@ headerdtc-editor pages/f|pages/failing.asp pages/fresh.asp
 headerdtc-editor --co|--config
 headerdtc --config st|steps
 headerdtc where --field s|
+headerdtc explain unknown-l|unknown-label unknown-linked-field unknown-linked-provider
 END
 ! command -v zsh >/dev/null || zsh -fc 'autoload -Uz compinit; compinit -u -D
     source <(headerdtc completion zsh)

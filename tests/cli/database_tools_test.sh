@@ -117,16 +117,25 @@ expect_empty "$out"
 check 1 "$headerdtc" check site/traffic/ships.asp
 expect "$out" 'return field "3 - BERTH" is not offered by "Ships"'
 
-check 0 "$headerdtc" catalogue import --connect "$connect" --catalogue new.json --views \
-    --table '*ship' --provider Port site
-[[ $(jq -c '[.providers[] | [.name, [.eai.groups[].name]]]' new.json) == '[["Port",["LONG_SHIP","SHIP"]]]' ||
-    $(jq -c '[.providers[] | [.name, [.eai.groups[].name]]]' new.json) == '[["Port",["SHIP","LONG_SHIP"]]]' ]] ||
-    fail "not one provider of two tables: $(cat new.json)"
+# Views where they are named; a list in the place of a database.
+check 1 "$headerdtc" catalogue check --connect "$connect" --table 'long*' site
+expect "$out" '+ LONG_SHIP: EAI LONG_SHIP.IMO'
+printf '%s\n' provider,family,number,field,key Ships,ZEKO,1,IMO,1 Ships,ZEKO,4,OWNER, >fields.csv
+check 0 env HEADERDTC_CONNECT=DSN=Nowhere "$headerdtc" catalogue import --list fields.csv site
+expect "$out" '+ Ships: ZEKO 4 - OWNER'
+check 0 "$headerdtc" catalogue check --list - site <fields.csv
+cp fields.csv first.csv
+echo Ships,ZEKO,one,IMO >>fields.csv
+check 3 "$headerdtc" catalogue check --list fields.csv site
+expect "$err" 'fields.csv:4: "one" is no number'
+check 0 "$headerdtc" init --yes --catalogue first.csv port
+[[ $(jq -c '.providers[].zeko.fields[].name' port/catalogue.json | xargs) == 'IMO OWNER' ]] || fail "not that list"
 check 3 "$headerdtc" catalogue check --connect "DSN=Nowhere;PWD=quayside" site
 check 3 "$headerdtc" catalogue check --connect "$connect" --table nothing site
 expect "$err" "no such table"
 check 3 "$headerdtc" catalogue import --connect "DRIVER=SQLite3;Database=none.sqlite" site
 [[ ! -e none.sqlite ]] || fail "a database was made that was not there"
 check 2 "$headerdtc" catalogue check site
+expect "$err" "--list FILE or --connect"
 
 finish

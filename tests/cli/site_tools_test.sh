@@ -60,6 +60,7 @@ expect_lines where
     fail "the include was not found: $out"
 check 0 "$headerdtc" where --provider Tugs site
 expect_empty "$out"
+expect "$err" 'none of 4 pages uses the data provider "Tugs"'
 sqlite3 site/texts.sqlite "INSERT INTO I18NFIELDNAMES VALUES ('Ships', 'zeko', 'IMO', 'L1')"
 printf '%s\n' '{"do":"tab","index":3}' \
     '{"do":"select","control":"ZEKOI18NFieldnamesList","items":[0]}' '{"do":"save"}' |
@@ -147,14 +148,14 @@ at=$(grep -n 'NAME="ZEKOReturnFields1"' site/traffic/ships.asp | cut -d: -f1)
 expect "$out" "site/traffic/ships.asp:$at: error: return field"
 check 1 "$headerdtc" check --json site
 expect_lines check
-check 1 "$headerdtc" check --annotations site
-expect "$out" "::error file=site/traffic/ships.asp,line=$at,title=unknown-field::"
 check 1 "$headerdtc" check --sarif site
 python3 "$project/tests/cli/validate_lines.py" --whole "$project/docs/schemas/check-sarif.schema.json" out \
     >wrong 2>&1 || fail "SARIF: $(cat wrong)"
 jq -e '.runs[0] | . as $run | .results | length > 0 and all(.[]; . as $result |
     $run.tool.driver.rules[$result.ruleIndex].id == $result.ruleId)' out >wrong ||
     fail "a result names another rule than its index"
+check 0 "$headerdtc" explain --json
+expect_lines explain
 check 0 "$headerdtc" check --rules
 expect "$out" "unknown-field"
 
@@ -183,7 +184,8 @@ expect "$out" 'warning: no include file and no script defines'
 [[ $out != *missing-include* && $out != *not-generated* ]] || fail "a rule that is off told something: $out"
 sed -i 's/^unchanged = .*/stael = "off"/' site/headerdtc.toml
 check 2 "$headerdtc" check site
-expect "$err" 'there is no rule "stael"; did you mean '"'stale'?"
+check 1 "$headerdtc" doctor site
+expect "$err$out" 'there is no rule "stael"; did you mean '"'stale'?"
 check 0 "$headerdtc" generate site
 sed -i '/^.check.$/,$d' site/headerdtc.toml
 
@@ -195,15 +197,28 @@ for command in check 'where --field IMO'; do
 done
 mv site/providers.json kept
 check 3 "$headerdtc" check site/traffic
-[[ $(wc -l <err) == 1 ]] || fail "one missing catalogue was said more than once: $err"
+expect "$err" "2 pages not checked: $folder/site/providers.json: "
+[[ $(wc -l <err) == 2 ]] || fail "one missing catalogue was said more than once: $err"
 check 3 "$headerdtc" generate site/traffic
 expect "$err" "2 pages left as they were: "
-[[ $(wc -l <err) == 3 ]] || fail "one missing catalogue was said for each page: $err"
+[[ $(grep -c '^site/traffic/.*asp: left as it was: .*/providers.json' err) == 2 ]] ||
+    fail "not each page has its reason: $err"
 mkdir lone && cp site/traffic/today/berths.asp lone
 check 3 "$headerdtc" generate lone
 [[ $(head -1 err) == "there is no headerdtc.toml in $folder/lone or above it; 'headerdtc init'"* ]] ||
     fail "a missing configuration is not said first: $err"
+for command in show 'translations check' where\ --field\ BERTH; do
+    # shellcheck disable=SC2086
+    "$headerdtc" $command lone/berths.asp 2>&1 >out | head -1 | grep -q '^there is no headerdtc.toml' ||
+        fail "$command does not say that there is no configuration"
+done
 mv kept site/providers.json
+template=site/c/Suite/Orvane/include/DTC_TEMPLATE.ASP
+mv $template kept
+check 3 "$headerdtc" check site/traffic
+expect "$err" "2 pages not checked: $folder/$template: "
+[[ $out != *not-generated* ]] || fail "a missing template was said of each control: $out"
+mv kept $template
 sed -i 's/PWD=quayside"/PWD=quayside/' site/headerdtc.toml  # a quotation mark is not closed
 check 2 "$headerdtc" generate site
 check 1 "$headerdtc" doctor --json site

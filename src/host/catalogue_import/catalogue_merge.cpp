@@ -12,6 +12,7 @@ namespace {
 using Kind = CatalogueChange::Kind;
 using Provider = Catalogue::Provider;
 using Tables = std::vector<const DatabaseTable*>;
+using Names = std::vector<std::string>;
 
 template <class Items, class NameOf>
 auto findName(Items& items, std::string_view name, NameOf&& nameOf) {
@@ -22,29 +23,18 @@ auto findName(Items& items, std::string_view name, NameOf&& nameOf) {
 const std::string& itself(const std::string& name) {
     return name;
 }
-const std::string& nameOfField(const Catalogue::NumberedField& field) {
-    return field.name;
-}
 template <class Named>
 const std::string& nameOfThis(const Named& named) {
     return named.name;
 }
 
-bool hasName(const std::vector<std::string>& names, std::string_view name) {
+bool hasName(const Names& names, std::string_view name) {
     return findName(names, name, itself) != names.end();
 }
 
-std::string joined(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "" : ", ") + name;
-    return text;
-}
-
 // The names in the spelling that was there before.
-std::vector<std::string> inOldSpelling(const std::vector<std::string>& names,
-                                       const std::vector<std::string>& before) {
-    std::vector<std::string> spelt;
+Names inOldSpelling(const Names& names, const Names& before) {
+    Names spelt;
     for (const std::string& name : names) {
         const auto old = findName(before, name, itself);
         spelt.push_back(old == before.end() ? name : *old);
@@ -52,9 +42,8 @@ std::vector<std::string> inOldSpelling(const std::vector<std::string>& names,
     return spelt;
 }
 
-std::vector<std::string> allOnce(const Tables& tables,
-                                 std::vector<std::string> DatabaseTable::*list) {
-    std::vector<std::string> names;
+Names allOnce(const Tables& tables, Names DatabaseTable::*list) {
+    Names names;
     for (const DatabaseTable* table : tables) {
         for (const std::string& name : table->*list) {
             if (!hasName(names, name)) names.push_back(name);
@@ -66,175 +55,179 @@ std::vector<std::string> allOnce(const Tables& tables,
 // Brings one provider up to its tables.
 class ProviderMerge {
   public:
-    ProviderMerge(Provider& provider, const Tables& tables, bool prune,
-                  std::vector<CatalogueChange>& changes)
+    ProviderMerge(Provider& provider, const Tables& tables)
         : provider_(provider),
           tables_(tables),
           columns_(allOnce(tables, &DatabaseTable::columns)),
-          key_(allOnce(tables, &DatabaseTable::key)),
-          prune_(prune),
-          changes_(changes) {}
+          key_(allOnce(tables, &DatabaseTable::key)) {}
 
     void merge() {
         // A record group from elsewhere may have fields that no table here has.
-        const bool isWhole =
+        dropsGone_ =
             !provider_.eai ||
             std::all_of(provider_.eai->groups.begin(), provider_.eai->groups.end(),
                         [&](const Catalogue::Group& group) { return isTable(group.name); });
-        dropsGone_ = prune_ || isWhole;
-        if (provider_.eai) mergeGroups(*provider_.eai);
-        if (provider_.zeko) mergeFields(*provider_.zeko);
-        if (provider_.zeko) mergeKey("ZEKO", provider_.zeko->keyFields);
-        if (provider_.eai) mergeKey("EAI", provider_.eai->keyFields);
+        if (provider_.eai) {
+            mergeGroups(provider_.eai->groups);
+            mergeKey(provider_.eai->keyFields);
+        }
+        if (provider_.zeko) {
+            mergeFields(provider_.zeko->fields);
+            mergeKey(provider_.zeko->keyFields);
+        }
     }
 
   private:
-    void tell(Kind kind, const std::string& what) {
-        changes_.push_back({kind, provider_.name, what});
-    }
-
     bool isTable(std::string_view group) const {
         return std::any_of(tables_.begin(), tables_.end(), [&](const DatabaseTable* table) {
             return equalIgnoringCase(table->name, group);
         });
     }
 
-    void mergeGroups(Catalogue::Eai& eai) {
+    void mergeGroups(std::vector<Catalogue::Group>& groups) {
         for (const DatabaseTable* table : tables_) {
-            auto group = findName(eai.groups, table->name, nameOfThis<Catalogue::Group>);
-            if (group == eai.groups.end()) {
-                eai.groups.push_back({table->name, {}});
-                group = std::prev(eai.groups.end());
-            }
-            mergeGroup(*group, table->columns);
+            auto group = findName(groups, table->name, nameOfThis<Catalogue::Group>);
+            if (group == groups.end()) group = groups.insert(groups.end(), {table->name, {}});
+            group->fields = inOldSpelling(table->columns, group->fields);
         }
-        if (!prune_) return;
-        std::erase_if(eai.groups, [&](const Catalogue::Group& group) {
-            if (isTable(group.name)) return false;
-            tell(Kind::Removed, "EAI record group " + group.name);
-            return true;
-        });
     }
 
-    void mergeGroup(Catalogue::Group& group, const std::vector<std::string>& columns) {
-        const std::string prefix = "EAI " + group.name + ".";
-        for (const std::string& column : columns) {
-            if (!hasName(group.fields, column)) tell(Kind::Added, prefix + column);
-        }
-        for (const std::string& field : group.fields) {
-            if (!hasName(columns, field)) tell(Kind::Removed, prefix + field);
-        }
-        auto fields = inOldSpelling(columns, group.fields);
-        const bool isReordered =
-            fields.size() == group.fields.size() &&
-            std::is_permutation(fields.begin(), fields.end(), group.fields.begin()) &&
-            fields != group.fields;
-        if (isReordered) tell(Kind::Changed, "EAI order of " + group.name + ": " + joined(fields));
-        group.fields = std::move(fields);
-    }
-
-    void mergeFields(Catalogue::Zeko& zeko) {
+    void mergeFields(std::vector<Catalogue::NumberedField>& fields) {
         // The number of a field that is taken out now is not given out again either: pages may
         // still have it.
         long long last = 0;
-        for (const auto& field : zeko.fields)
+        for (const auto& field : fields)
             last = std::max(last, field.number);
-        if (dropsGone_) {
-            std::erase_if(zeko.fields, [&](const Catalogue::NumberedField& field) {
-                if (hasName(columns_, field.name)) return false;
-                tell(Kind::Removed, entryOf(field));
-                return true;
-            });
-        }
+        std::erase_if(fields, [&](const auto& field) {
+            return dropsGone_ && !hasName(columns_, field.name);
+        });
         for (const std::string& column : columns_) {
-            if (findName(zeko.fields, column, nameOfField) != zeko.fields.end()) continue;
-            zeko.fields.push_back({++last, column});
-            tell(Kind::Added, entryOf(zeko.fields.back()));
+            if (findName(fields, column, nameOfThis<Catalogue::NumberedField>) == fields.end())
+                fields.push_back({++last, column});
         }
-    }
-
-    static std::string entryOf(const Catalogue::NumberedField& field) {
-        return "ZEKO " + std::to_string(field.number) + " - " + field.name;
     }
 
     // A key field that somebody has added to the primary key stays: pages may have criteria on it.
-    void mergeKey(const char* family, std::vector<std::string>& keyFields) {
-        std::vector<std::string> fields;
-        const auto add = [&](const std::string& field) {
-            if (!hasName(fields, field)) fields.push_back(field);
-        };
-        for (const std::string& field : keyFields) {
-            const bool isGone = dropsGone_ && !hasName(columns_, field);
-            if (!isGone && !(prune_ && !key_.empty() && !hasName(key_, field))) add(field);
+    void mergeKey(Names& keyFields) {
+        std::erase_if(keyFields, [&](const std::string& field) {
+            return dropsGone_ && !hasName(columns_, field);
+        });
+        for (const std::string& field : key_) {
+            if (!hasName(keyFields, field)) keyFields.push_back(field);
         }
-        for (const std::string& field : key_)
-            add(field);
-        if (fields == keyFields) return;
-        tell(keyFields.empty() ? Kind::Added : Kind::Changed,
-             std::string(family) + " key fields " + joined(fields) +
-                 (keyFields.empty() ? "" : " (were " + joined(keyFields) + ")"));
-        keyFields = std::move(fields);
     }
 
     Provider& provider_;
     const Tables& tables_;
-    const std::vector<std::string> columns_, key_;  // of all tables, each once
-    bool prune_;
-    bool dropsGone_ = false;  // what no table has is taken out
-    std::vector<CatalogueChange>& changes_;
+    const Names columns_, key_;  // of all tables, each once
+    bool dropsGone_ = false;     // what no table has is taken out
 };
 
-class Merger {
-  public:
-    Merger(const Catalogue& before, const MergeOptions& options) : options_(options) {
-        result_.catalogue = before;
-        tablesOf_.resize(before.providers.size());
-    }
+// The index of the provider that a table belongs to; made where there is none.
+std::size_t providerOf(const DatabaseTable& table, std::vector<Provider>& providers) {
+    auto found = std::find_if(providers.begin(), providers.end(), [&](const Provider& provider) {
+        return provider.eai && findName(provider.eai->groups, table.name,
+                                        nameOfThis<Catalogue::Group>) != provider.eai->groups.end();
+    });
+    if (found == providers.end()) found = findName(providers, table.name, nameOfThis<Provider>);
+    if (found == providers.end())
+        found = providers.insert(found, {table.name, Catalogue::Zeko{}, Catalogue::Eai{}});
+    return static_cast<std::size_t>(found - providers.begin());
+}
 
-    MergedCatalogue merge(const std::vector<DatabaseTable>& tables) {
-        for (const DatabaseTable& table : tables)
-            tablesOf_[providerOf(table)].push_back(&table);
-        auto& providers = result_.catalogue.providers;
-        for (std::size_t i = 0; i < providers.size(); ++i) {
-            if (const Tables& own = tablesOf_[i]; !own.empty())
-                ProviderMerge(providers[i], own, options_.prune, result_.changes).merge();
-        }
-        return std::move(result_);
-    }
+// ---- changes -----------------------------------------------------------------------------------
 
-  private:
-    // The index of the provider that a table belongs to; made where there is none.
-    std::size_t providerOf(const DatabaseTable& table) {
-        auto& providers = result_.catalogue.providers;
-        auto found = providers.end();
-        if (options_.provider.empty()) {
-            found = std::find_if(providers.begin(), providers.end(), [&](const Provider& provider) {
-                return provider.eai &&
-                       findName(provider.eai->groups, table.name, nameOfThis<Catalogue::Group>) !=
-                           provider.eai->groups.end();
-            });
-        }
-        const std::string& name = options_.provider.empty() ? table.name : options_.provider;
-        if (found == providers.end()) found = findName(providers, name, nameOfThis<Provider>);
-        if (found == providers.end()) {
-            providers.push_back({name, Catalogue::Zeko{}, Catalogue::Eai{}});
-            tablesOf_.resize(providers.size());
-            result_.changes.push_back({Kind::Added, name, "data provider"});
-            return providers.size() - 1;
-        }
-        return static_cast<std::size_t>(found - providers.begin());
+Names entriesOf(const std::optional<Catalogue::Eai>& eai) {
+    Names entries;
+    if (!eai) return entries;
+    for (const auto& group : eai->groups) {
+        for (const std::string& field : group.fields)
+            entries.push_back(group.name + "." + field);
     }
+    return entries;
+}
 
-    const MergeOptions& options_;
-    MergedCatalogue result_;
-    std::vector<Tables> tablesOf_;  // by provider
-};
+Names entriesOf(const std::optional<Catalogue::Zeko>& zeko) {
+    Names entries;
+    if (!zeko) return entries;
+    for (const auto& field : zeko->fields)
+        entries.push_back(std::to_string(field.number) + " - " + field.name);
+    return entries;
+}
+
+std::string joined(const Names& names) {
+    std::string text;
+    for (const std::string& name : names)
+        text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+template <class Query>
+void compare(const std::string& family, const std::string& provider,
+             const std::optional<Query>& old, const std::optional<Query>& now,
+             std::vector<CatalogueChange>& changes) {
+    const auto tell = [&](Kind kind, const std::string& what) {
+        changes.push_back({kind, provider, family + what});
+    };
+    const Names before = entriesOf(old), after = entriesOf(now);
+    const auto tellLacking = [&](const Names& these, const Names& those, Kind kind) {
+        for (const std::string& entry : these) {
+            if (std::find(those.begin(), those.end(), entry) == those.end()) tell(kind, entry);
+        }
+    };
+    const std::size_t count = changes.size();
+    tellLacking(before, after, Kind::Removed);
+    tellLacking(after, before, Kind::Added);
+    if (changes.size() == count && before != after) tell(Kind::Changed, "order of the fields");
+    const Names keysBefore = old ? old->keyFields : Names(), keys = now ? now->keyFields : Names();
+    if (keys == keysBefore) return;
+    tell(keysBefore.empty() ? Kind::Added : Kind::Changed,
+         "key fields " + joined(keys) +
+             (keysBefore.empty() ? "" : " (were " + joined(keysBefore) + ")"));
+}
 
 }  // namespace
 
-MergedCatalogue mergeTables(const Catalogue& before, const std::vector<DatabaseTable>& tables,
-                            const MergeOptions& options) {
-    return Merger(before, options).merge(tables);
+Catalogue mergeTables(Catalogue catalogue, const std::vector<DatabaseTable>& tables) {
+    std::vector<Tables> tablesOf(catalogue.providers.size());  // by provider
+    for (const DatabaseTable& table : tables) {
+        const std::size_t provider = providerOf(table, catalogue.providers);
+        tablesOf.resize(catalogue.providers.size());
+        tablesOf[provider].push_back(&table);
+    }
+    for (std::size_t i = 0; i < tablesOf.size(); ++i) {
+        if (!tablesOf[i].empty()) ProviderMerge(catalogue.providers[i], tablesOf[i]).merge();
+    }
+    return catalogue;
+}
+
+Catalogue mergeList(Catalogue catalogue, const Catalogue& list) {
+    for (const Provider& listed : list.providers) {
+        auto& providers = catalogue.providers;
+        const auto found =
+            std::find_if(providers.begin(), providers.end(),
+                         [&](const Provider& provider) { return provider.name == listed.name; });
+        if (found == providers.end()) {
+            providers.push_back(listed);
+            continue;
+        }
+        if (listed.zeko) found->zeko = listed.zeko;
+        if (listed.eai) found->eai = listed.eai;
+    }
+    return catalogue;
+}
+
+std::vector<CatalogueChange> changesBetween(const Catalogue& before, const Catalogue& after) {
+    std::vector<CatalogueChange> changes;
+    for (const Provider& now : after.providers) {
+        static const Provider None;
+        const Provider* const found = before.find(now.name);
+        if (!found) changes.push_back({Kind::Added, now.name, "data provider"});
+        const Provider& old = found ? *found : None;
+        compare("EAI ", now.name, old.eai, now.eai, changes);
+        compare("ZEKO ", now.name, old.zeko, now.zeko, changes);
+    }
+    return changes;
 }
 
 // ---- the catalogue as text ----------------------------------------------------------------------

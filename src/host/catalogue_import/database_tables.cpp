@@ -8,11 +8,12 @@
 namespace headerdtc {
 namespace {
 
-bool isWanted(const OdbcTable& table, const TableFilter& filter) {
-    if (!filter.schema.empty() && !equalIgnoringCase(table.schema, filter.schema)) return false;
-    return filter.patterns.empty() ||
-           std::any_of(filter.patterns.begin(), filter.patterns.end(),
-                       [&](const auto& pattern) { return fitsPattern(table.name, pattern); });
+bool isWanted(const OdbcTable& table, const std::vector<std::string>& patterns) {
+    return patterns.empty() ||
+           std::any_of(patterns.begin(), patterns.end(), [&](const auto& pattern) {
+               return fitsPattern(table.name, pattern) ||
+                      fitsPattern(table.schema + "." + table.name, pattern);
+           });
 }
 
 // A catalogue has one record group of a name, whatever schema it comes from.
@@ -26,17 +27,16 @@ void requireOneOfEachName(const std::vector<OdbcTable>& tables) {
             return each.schema.empty() ? each.name : each.schema + "." + each.name;
         };
         throw RuntimeError(0, "the database has several tables of one name, " + place(*other) +
-                                  " and " + place(*table) + "; choose by --schema");
+                                  " and " + place(*table) + "; --table SCHEMA.NAME chooses");
     }
 }
 
-std::vector<OdbcTable> wantedTables(OdbcMetadata& metadata, const TableFilter& filter) {
-    auto tables = metadata.tables(filter.withViews);
-    std::erase_if(tables, [&](const OdbcTable& table) { return !isWanted(table, filter); });
-    if (tables.empty())
-        throw RuntimeError(0,
-                           "the database has no such table; --table and --schema say which are "
-                           "looked at, --views that views are too");
+// Views are looked at where names are given.
+std::vector<OdbcTable> wantedTables(OdbcMetadata& metadata,
+                                    const std::vector<std::string>& patterns) {
+    auto tables = metadata.tables(!patterns.empty());
+    std::erase_if(tables, [&](const OdbcTable& table) { return !isWanted(table, patterns); });
+    if (tables.empty()) throw RuntimeError(0, "the database has no such table");
     requireOneOfEachName(tables);
     return tables;
 }
@@ -45,11 +45,11 @@ std::vector<OdbcTable> wantedTables(OdbcMetadata& metadata, const TableFilter& f
 
 std::vector<DatabaseTable> readDatabaseTables(const std::string& connectString,
                                               const OdbcDatabase::Settings& settings,
-                                              const TableFilter& filter) {
+                                              const std::vector<std::string>& patterns) {
     OdbcSession session(connectString, settings);
     OdbcMetadata metadata(session);
     std::vector<DatabaseTable> tables;
-    for (const OdbcTable& found : wantedTables(metadata, filter)) {
+    for (const OdbcTable& found : wantedTables(metadata, patterns)) {
         DatabaseTable& table = tables.emplace_back();
         table.name = found.name;
         for (auto& column : metadata.columns(found))

@@ -7,6 +7,7 @@
 #include "platform/text.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <memory>
 #include <span>
 #include <sqlext.h>
@@ -167,6 +168,26 @@ const char* remedyFor(const std::string& refusal) {
            "each kind of database";
 }
 
+// A new label is stored with today's date as the user's locale writes it, which the database has to
+// take for an expression: 26/11/2026 is one, 26.11.2026 is none.
+void examineDate(Examination& seen) {
+    const std::string date = SystemClock().shortDate();
+    bool isExpression = !date.empty();
+    for (const std::string_view number : splitText(replaceAll(date, "/", "-"), "-"))
+        isExpression = isExpression && !number.empty() &&
+                       number.find_first_not_of("0123456789") == std::string_view::npos;
+    if (isExpression) return;
+    constexpr const char* All = "LC_ALL";  // outranks the others
+    const char* set = std::getenv(All);
+    const std::string variable = set && *set ? All : "LC_TIME";
+    seen.doubtful("date of a new label",
+                  "in this locale today is \"" + date +
+                      "\", which databases do not take as \"Add label...\" writes it",
+                  "start the editor with " + variable +
+                      "=C.UTF-8, or another locale that writes "
+                      "dates with slashes or hyphens");
+}
+
 // `words` are put behind the names of the links.
 template <class Wanted>
 void examineTables(Examination& seen, OdbcSession& session, const Wanted& wanted,
@@ -195,6 +216,7 @@ void examineDatabase(Examination& seen) {
     const auto session = LogOnExamination(seen, Translations, suite).walk();
     if (session) {
         examineTables(seen, *session, Tables, "");
+        examineDate(seen);
     } else {
         seen.skipped("tables", "they are in the translation database");
     }

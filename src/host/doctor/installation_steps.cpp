@@ -1,14 +1,14 @@
 #include "host/doctor/examination.h"
 #include "host/files/whole_file.h"
 #include "host/site/registry_export.h"
-#include "host/site/site_text_files.h"
+#include "host/site/site.h"
 #include "platform/nearest_name.h"
 #include "platform/runtime_error.h"
 #include "platform/text.h"
 #include "runtime/runtime_text.h"
 #include "scripts/scripts.h"
 
-#include <algorithm>
+#include <memory>
 #include <set>
 
 namespace headerdtc::doctor {
@@ -125,13 +125,12 @@ void examinePlaceholders(Examination& seen, const std::string& file, const std::
 }
 
 void examineTemplate(Examination& seen) {
-    const SiteConfiguration& site = *seen.configuration;
+    Site site(std::make_shared<const SiteConfiguration>(*seen.configuration));
     const std::string path = seen.installDir + std::string(TemplateFile);
     std::string file = path;
     try {
-        file = site.drives.toLocal(path).string();
-        SiteTextFiles files(site.drives, site.codePage);
-        examinePlaceholders(seen, file, files.readText(path));
+        file = site.templateFile().string();
+        examinePlaceholders(seen, file, site.textFiles.readText(path));
     } catch (const RuntimeError& error) {
         seen.broken(TemplateLink, error.description() + ": " + file,
                     "copy it from the installed suite to there");

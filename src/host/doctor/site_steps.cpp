@@ -1,4 +1,5 @@
 #include "host/doctor/examination.h"
+#include "host/inspection/rules/rule_settings.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -69,10 +70,13 @@ void examineConfiguration(Examination& seen) {
     }
     try {
         seen.configuration = readSiteConfiguration(*file);
+        requireKnownRules(*seen.configuration);
         seen.whole("configuration",
                    seen.configuration->file.string() + ", " + reasonFor(seen, *file));
     } catch (const FileError& error) {
-        seen.broken("configuration", error.what(), "correct that place; all else hangs on it");
+        seen.broken("configuration", error.what(),
+                    seen.configuration ? "correct that place; 'headerdtc check' needs it"
+                                       : "correct that place; all else hangs on it");
     }
 }
 

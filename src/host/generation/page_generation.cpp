@@ -61,7 +61,7 @@ std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt) {
     return (isLoss ? "left as it was, because something would be lost: " : "left as it was: ") +
            doubt.reason + " (" + control.id + ", line " + std::to_string(control.line) + "); " +
            (isLoss ? "--force writes the new text and keeps what is stored"
-                   : "mend that first; 'headerdtc doctor' looks at the whole set-up");
+                   : "mend that first");
 }
 
 std::optional<std::string> referencesTold(const ControlSpan& control,

@@ -54,10 +54,9 @@ SiteFacts::SiteFacts(const std::shared_ptr<Site>& site)
       installDir_(installDirectoryOf(site->registry)) {
     if (installDir_.empty()) {
         const auto& registry = site->configuration->registry;
-        throw FileError(registry.empty() ? site->configuration->folder.string() : registry.string(),
-                        "the install directory cannot be read from " +
-                            std::string(InstallDirValue) +
-                            "; 'headerdtc doctor' says what is missing");
+        throw FileError(
+            registry.empty() ? site->configuration->folder.string() : registry.string(),
+            "the install directory cannot be read from " + std::string(InstallDirValue));
     }
     for (const auto& provider : catalogue_->providers)
         providers_.try_emplace(provider.name, Provider{ProviderFields(provider, Family::EAI),
@@ -170,10 +169,13 @@ const SiteFacts::Template& SiteFacts::siteTemplate() {
     const std::lock_guard lock(mutex_);
     if (template_) return *template_;
     template_.emplace();
+    const std::string path = installDir_ + std::string(TemplateFile);
+    std::string file = path;
     for (const ScriptVariable& variable : ScriptVariables)
         template_->names.insert(functionKey(variable.name));
     try {
-        const std::string text = site_->textFiles.readText(installDir_ + std::string(TemplateFile));
+        file = site_->templateFile().string();
+        const std::string text = site_->textFiles.readText(path);
         Contents all;
         std::vector<fs::path> open;
         std::set<fs::path> seen;
@@ -183,8 +185,8 @@ const SiteFacts::Template& SiteFacts::siteTemplate() {
                 site_->configuration->projectRoot / "page", all, open, seen);
         template_->functions = std::move(all.functions);
         template_->names.merge(namesUsedIn(text));
-    } catch (const RuntimeError&) {
-        // A template that cannot be read fails every page, which says so.
+    } catch (const RuntimeError& error) {
+        template_->failure = file + ": the template cannot be read: " + error.description();
     }
     return *template_;
 }

@@ -60,6 +60,7 @@ class SiteFacts {
     struct Template {
         Functions functions;
         Functions names;
+        std::string failure;  // why it cannot be read; empty when it could
     };
     const Template& siteTemplate();
 

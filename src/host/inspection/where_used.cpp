@@ -132,8 +132,7 @@ const WhereUsed::LabelledFields& WhereUsed::labelledFields(const std::shared_ptr
         fields.names = fieldsOf(readFieldNameRows(*connection), query_.value);
         fields.values = fieldsOf(readFieldValueRows(*connection), query_.value);
     } catch (const std::exception& error) {
-        fields.failure = std::string("the translation database cannot be read: ") + error.what() +
-                         "; 'headerdtc doctor' says what is missing";
+        fields.failure = std::string("the translation database cannot be read: ") + error.what();
     }
     return fields;
 }

@@ -1,8 +1,10 @@
 #include "host/setup/site_setup.h"
 
+#include "host/catalogue_import/catalogue_list.h"
 #include "host/catalogue_import/catalogue_merge.h"
 #include "host/catalogue_import/database_tables.h"
 #include "host/files/file_replacer.h"
+#include "host/files/whole_file.h"
 #include "host/odbc/odbc_connect_string.h"
 #include "host/odbc/odbc_ini.h"
 #include "host/odbc/odbc_session.h"
@@ -34,6 +36,11 @@ std::string tomlText(const std::string& text) {
     return out.str();
 }
 
+// Any other word is a file.
+bool isConnectString(const std::string& text) {
+    return text.find('=') != std::string::npos;
+}
+
 std::string configurationText(const SiteSetup& setup) {
     std::string text =
         "# A HeaderDTC site. Relative paths are taken from this folder.\n\n"
@@ -47,7 +54,7 @@ std::string configurationText(const SiteSetup& setup) {
     text +=
         "\n[datasource]\ncatalogue = \"catalogue.json\"  # data providers and their fields\n\n"
         "[translations]\n";
-    const bool isFile = setup.translations.find('=') == std::string::npos;
+    const bool isFile = !isConnectString(setup.translations);
     const std::string connect =
         tomlText(isFile ? "DSN=" + std::string(DataSourceName) : setup.translations);
     text += "connect_string = " + connect + "\nlabel_connect_string = " + connect + "\n";
@@ -66,10 +73,12 @@ std::string registryText(std::string directory) {
 }
 
 std::string catalogueOf(const SiteSetup& setup, const Site& site) {
-    if (!setup.catalogueSource.empty()) {
-        const auto tables = readDatabaseTables(setup.catalogueSource, site.database.settings(), {});
-        return catalogueText(mergeTables({}, tables, {}).catalogue);
-    }
+    const std::string& source = setup.catalogueSource;
+    if (isConnectString(source))
+        return catalogueText(
+            mergeTables({}, readDatabaseTables(source, site.database.settings(), {})));
+    if (!source.empty())
+        return catalogueText(readCatalogueList(source, readWholeFile(source).bytes));
     const Catalogue::Zeko zeko{{{1, "NUMBER"}, {2, "NAME"}, {3, "CITY"}}, {"NUMBER"}};
     const Catalogue::Eai eai{{{"EXAMPLE", {"NUMBER", "NAME", "CITY"}}}, {"NUMBER"}};
     return catalogueText({{{"Example", zeko, eai}}});

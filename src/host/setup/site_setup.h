@@ -16,8 +16,8 @@ struct SiteSetup {
     std::string registry = "velmora.reg";
     // The suite's, a Windows path with its drive, for a registry export that is not there yet.
     std::string installDirectory = "C:\\Sites\\Main";
-    // The connect string of a database whose tables become the catalogue; empty: an example of one
-    // data provider does.
+    // The connect string of a database whose tables become the catalogue, or a file with a list of
+    // fields; empty: an example of one data provider does.
     std::string catalogueSource;
     // An SQLite file, which is made with its tables, or the connect string of a database.
     std::string translations = "translations.sqlite";

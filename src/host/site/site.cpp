@@ -1,6 +1,8 @@
 #include "host/site/site.h"
 
 #include "platform/text.h"
+#include "runtime/runtime_text.h"
+#include "scripts/scripts.h"
 
 #include <array>
 #include <langinfo.h>
@@ -17,6 +19,12 @@ Site::Site(std::shared_ptr<const SiteConfiguration> ofSite)
                 .odbcIni = configuration->odbcIni,
                 .siteFolder = configuration->folder}),
       textFiles(configuration->drives, configuration->codePage) {}
+
+std::filesystem::path Site::templateFile() {
+    const std::string directory = installDirectoryOf(registry);
+    if (directory.empty()) return {};
+    return configuration->drives.toLocal(directory + std::string(TemplateFile));
+}
 
 std::shared_ptr<Site> Sites::forPage(const std::filesystem::path& page) {
     auto configuration = configurations_.forPage(page);

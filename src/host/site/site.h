@@ -29,6 +29,10 @@ class Site {
     CatalogueDataSources dataSources;
     OdbcDatabase database;
     SiteTextFiles textFiles;
+
+    // The suite's template on this machine; empty where the registry does not say where the suite
+    // is. Raises RuntimeError for a drive that the configuration lacks.
+    std::filesystem::path templateFile();
 };
 
 // The sites of any number of pages; a site whose configuration file changed is made anew.

@@ -1,5 +1,6 @@
 #include "host/translations/csv.h"
 
+#include "host/files/code_page.h"
 #include "host/files/file_error.h"
 #include "platform/ascii.h"
 #include "platform/text.h"
@@ -117,6 +118,9 @@ bool needsQuotes(std::string_view cell) {
 }  // namespace
 
 std::vector<CsvRecord> readCsv(const std::string& file, std::string_view text) {
+    // Whatever code page a spreadsheet left it in: what is no UTF-8 is said, rather than taken.
+    if (CodePage::utf8().decode(text) != text)
+        throw FileError(file, "it is no UTF-8; save it from the spreadsheet as \"CSV UTF-8\"");
     return Reader(file, text).read();
 }
 

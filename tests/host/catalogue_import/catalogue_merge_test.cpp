@@ -1,7 +1,9 @@
 #include "host/catalogue_import/catalogue_merge.h"
 
+#include "host/catalogue_import/catalogue_list.h"
 #include "host/catalogue_import/database_tables.h"
-#include "support/prologue.h"
+#include "host/failures.h"
+#include "host/files/file_error.h"
 
 namespace headerdtc::catalogue_merge_test {
 
@@ -9,9 +11,9 @@ Catalogue parse(const std::string& text) {
     return Catalogue::parse("catalogue.json", text);
 }
 
-std::vector<std::string> changesOf(const MergedCatalogue& merged) {
+std::vector<std::string> changesOf(const Catalogue& before, const Catalogue& after) {
     std::vector<std::string> changes;
-    for (const CatalogueChange& change : merged.changes)
+    for (const CatalogueChange& change : changesBetween(before, after))
         changes.push_back(std::string(1, static_cast<char>(change.kind)) + " " + change.provider +
                           ": " + change.what);
     return changes;
@@ -29,8 +31,8 @@ const char* const Ships = R"({"providers": [
    "eai": {"groups": [{"name": "Ship", "fields": ["FLAG", "Imo", "OWNER"]}], "keyFields": []}}]})";
 
 TEST(CatalogueMerge, MakesAProviderOfEachTableOfANewDatabase) {
-    const auto merged = mergeTables({}, HarbourTables, {});
-    EXPECT_EQ(catalogueText(merged.catalogue), R"({"providers": [
+    const Catalogue made = mergeTables({}, HarbourTables);
+    EXPECT_EQ(catalogueText(made), R"({"providers": [
   {"name": "SHIP",
    "zeko": {"fields": [{"number": 1, "name": "IMO"}, {"number": 2, "name": "FLAG"},
                        {"number": 3, "name": "LENGTH"}],
@@ -44,60 +46,71 @@ TEST(CatalogueMerge, MakesAProviderOfEachTableOfANewDatabase) {
            "keyFields": ["IMO", "NAME"]}}]}
 )");
     // Once it is there, nothing changes any more.
-    EXPECT_THAT(mergeTables(parse(catalogueText(merged.catalogue)), HarbourTables, {}).changes,
-                IsEmpty());
-}
-
-TEST(CatalogueMerge, GathersTablesUnderOneProvider) {
-    const auto merged = mergeTables({}, HarbourTables, {.provider = "Port"});
-    ASSERT_EQ(merged.catalogue.providers.size(), 1U);
-    const auto& port = merged.catalogue.providers[0];
-    EXPECT_EQ(port.eai->groups.size(), 2U);
-    ASSERT_EQ(port.zeko->fields.size(), 4U);  // IMO once
-    EXPECT_EQ(port.zeko->fields[3].name, "NAME");
-    EXPECT_THAT(port.zeko->keyFields, ElementsAre("IMO", "NAME"));
+    EXPECT_THAT(changesOf(made, mergeTables(parse(catalogueText(made)), HarbourTables)), IsEmpty());
 }
 
 TEST(CatalogueMerge, KeepsNumbersAndSpellingsThatPagesKnow) {
-    const auto merged = mergeTables(parse(Ships), {HarbourTables[0]}, {});
-    EXPECT_THAT(
-        changesOf(merged),
-        ElementsAre("+ Ships: EAI Ship.LENGTH", "- Ships: EAI Ship.OWNER",
-                    "- Ships: ZEKO 9 - OWNER", "+ Ships: ZEKO 10 - FLAG",
-                    "+ Ships: ZEKO 11 - LENGTH", "~ Ships: ZEKO key fields IMO (were IMO, OWNER)",
-                    "+ Ships: EAI key fields IMO"));
-    const auto& ships = merged.catalogue.providers[0];
+    const Catalogue before = parse(Ships), merged = mergeTables(before, {HarbourTables[0]});
+    EXPECT_THAT(changesOf(before, merged),
+                ElementsAre("- Ships: EAI Ship.OWNER", "+ Ships: EAI Ship.LENGTH",
+                            "+ Ships: EAI key fields IMO", "- Ships: ZEKO 9 - OWNER",
+                            "+ Ships: ZEKO 10 - FLAG", "+ Ships: ZEKO 11 - LENGTH",
+                            "~ Ships: ZEKO key fields IMO (were IMO, OWNER)"));
+    const auto& ships = merged.providers[0];
     EXPECT_THAT(ships.eai->groups[0].fields, ElementsAre("Imo", "FLAG", "LENGTH"));
     EXPECT_EQ(ships.zeko->fields[0].number, 4);
     EXPECT_EQ(ships.zeko->fields[0].name, "Imo");
-}
-
-TEST(CatalogueMerge, KeepsKeyFieldsBeyondThePrimaryKey) {
-    Catalogue before = mergeTables({}, {HarbourTables[0]}, {}).catalogue;
-    before.providers[0].zeko->keyFields = {"FLAG"};
-    const auto kept = mergeTables(before, {HarbourTables[0]}, {});
-    EXPECT_THAT(changesOf(kept), ElementsAre("~ SHIP: ZEKO key fields FLAG, IMO (were FLAG)"));
-    const auto pruned = mergeTables(before, {HarbourTables[0]}, {.provider = "", .prune = true});
-    EXPECT_THAT(changesOf(pruned), ElementsAre("~ SHIP: ZEKO key fields IMO (were FLAG)"));
 }
 
 TEST(CatalogueMerge, LeavesAloneWhatIsNotOfThisDatabase) {
     Catalogue before = parse(Ships);
     before.providers[0].eai->groups.push_back({"RADIO", {"CALLSIGN"}});
     before.providers.push_back({"Tides", Catalogue::Zeko{{{1, "HIGH"}}, {"HIGH"}}, std::nullopt});
-    const std::vector<DatabaseTable> view = {{"SHIP", {"Imo", "FLAG", "OWNER"}, {}}};
     // The fields of the other group stay, and without a primary key the key fields do.
-    const auto kept = mergeTables(before, view, {});
-    EXPECT_THAT(changesOf(kept), ElementsAre("~ Ships: EAI order of Ship: Imo, FLAG, OWNER",
-                                             "+ Ships: ZEKO 10 - FLAG"));
-    const auto pruned = mergeTables(before, view, {.provider = "", .prune = true});
-    EXPECT_THAT(changesOf(pruned),
-                ElementsAre("~ Ships: EAI order of Ship: Imo, FLAG, OWNER",
-                            "- Ships: EAI record group RADIO", "+ Ships: ZEKO 10 - FLAG"));
-    // A provider keeps the families that it has.
-    const auto tides = mergeTables(before, {{"TIDES", {"HIGH", "LOW"}, {}}}, {});
-    EXPECT_FALSE(tides.catalogue.providers[1].eai);
-    EXPECT_THAT(changesOf(tides), ElementsAre("+ Tides: ZEKO 2 - LOW"));
+    EXPECT_THAT(changesOf(before, mergeTables(before, {{"SHIP", {"Imo", "FLAG", "OWNER"}, {}}})),
+                ElementsAre("~ Ships: EAI order of the fields", "+ Ships: ZEKO 10 - FLAG"));
+    // A provider keeps the families that it has, and key fields beyond the primary key.
+    const Catalogue tides = mergeTables(before, {{"TIDES", {"HIGH", "LOW"}, {"LOW"}}});
+    EXPECT_FALSE(tides.providers[1].eai);
+    EXPECT_THAT(
+        changesOf(before, tides),
+        ElementsAre("+ Tides: ZEKO 2 - LOW", "~ Tides: ZEKO key fields HIGH, LOW (were HIGH)"));
+}
+
+TEST(CatalogueList, IsTakenFamilyByFamilyAndSaysWhatIsWrongOnWhichLine) {
+    const Catalogue before = parse(Ships);
+    const auto take = [&](const std::string& text) {
+        return mergeList(before, readCatalogueList("fields.csv", text));
+    };
+    // As a spreadsheet leaves it: other columns, another order, semicolons.
+    const Catalogue taken = take(
+        "Family;Provider;Number;Field;Remark;Key;Group\r\n"
+        "zeko;Ships;12;FLAG;new;2;\r\nZEKO;Ships;4;Imo;;1;SHIP\r\n"
+        "EAI;Tugs;;IMO;;1;TUG\r\nEAI;Tugs;;IMO;;;OWNER\r\n");
+    EXPECT_THAT(
+        changesOf(before, taken),
+        ElementsAre("- Ships: ZEKO 9 - OWNER", "+ Ships: ZEKO 12 - FLAG",
+                    "~ Ships: ZEKO key fields Imo, FLAG (were IMO, OWNER)", "+ Tugs: data provider",
+                    "+ Tugs: EAI TUG.IMO", "+ Tugs: EAI OWNER.IMO", "+ Tugs: EAI key fields IMO"));
+    EXPECT_EQ(taken.providers[0].zeko->fields[0].number, 12);
+    EXPECT_FALSE(taken.providers[1].zeko);
+
+    constexpr const char* Head = "provider,family,group,number,field,key\n";
+    const std::pair<const char*, const char*> faults[] = {
+        {"Ships,zeko,,1,IMO,\n,zeko,,2,FLAG,\n", "fields.csv:3: the provider is missing"},
+        {"Ships,zeko,,1,,\n", ":2: the field is missing"},
+        {"Ships,sql,,1,IMO,\n", ":2: \"sql\" is no family; write ZEKO or EAI"},
+        {"Ships,zeko,,one,IMO,\n", ":2: \"one\" is no number of a ZEKO field"},
+        {"Ships,zeko,,0,IMO,\n", ":2: \"0\" is no number"},
+        {"Ships,zeko,,1,IMO,\nShips,zeko,,1,FLAG,\n", ":3: the provider has another field"},
+        {"Ships,eai,,,IMO,\n", ":2: the record group of the EAI field is missing"},
+        {"Ships,eai,SHIP,,IMO,\nShips,eai,SHIP,,IMO,\n", ":3: the record group has the field"},
+        {"Ships,eai,SHIP,,IMO,yes\n", ":2: \"yes\" is no place among the key fields"}};
+    for (const auto& [rows, fault] : faults)
+        EXPECT_THAT(errorOf<FileError>([&] { take(std::string(Head) + rows); }), HasSubstr(fault));
+    EXPECT_THAT(errorOf<FileError>([&] { take("Ships,zeko,,1,IMO,\n"); }),
+                HasSubstr("no column \"provider\""));
+    EXPECT_THAT(errorOf<FileError>([&] { take(""); }), HasSubstr("no first line"));
 }
 
 TEST(CatalogueText, IsReadBackAsItWas) {

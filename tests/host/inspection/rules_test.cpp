@@ -119,9 +119,16 @@ TEST_F(Rules, SayWhatOfAPageIsStaleAndWhatWouldNotBeWritten) {
     EXPECT_THAT(shown(site.inspect("page.asp")),
                 AllOf(Contains(HasSubstr("unreadable-property ZEKOReturnFieldCount: ")),
                       Not(Contains(HasSubstr("not-generated: ")))));
-    std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
     site.writePage("page.asp", HarbourSite::ships());
+    const std::string configuration = site.read("headerdtc.toml");
+    site.write("headerdtc.toml", configuration + "[project]\nroot = \"web\"\n");
     EXPECT_THAT(shown(site.inspect("page.asp")), Contains(HasSubstr("not-generated: ")));
+    // What every page of the site lacks is not said of each control.
+    site.write("headerdtc.toml", configuration);
+    std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
+    const auto lacking = site.inspect("page.asp");
+    EXPECT_THAT(shown(lacking), IsEmpty());
+    EXPECT_THAT(lacking.failure->text, HasSubstr("DTC_TEMPLATE.ASP: the template cannot be read"));
 
     EXPECT_THAT(found(HarbourSite::with("NrOfLinkedZEKOFields=0")),
                 Contains(HasSubstr("unreadable-property NrOfLinkedZEKOFields: ")));

@@ -36,9 +36,9 @@ std::string storedText(const ControlView& control, const std::string& property) 
 }
 
 void inspectControl(const ControlView& control, const std::string& page,
-                    const SiteConfiguration& site, std::vector<Finding>& findings) {
+                    const SiteConfiguration& site, bool isFailureTold,
+                    std::vector<Finding>& findings) {
     Remarks all;
-    bool isFailureTold = false;
     for (const Rule& rule : inspectionRules()) {
         if (rule.finds == Rule::Finds::Consequence && isTold(control, all, isFailureTold)) continue;
         Remarks remarks;
@@ -74,9 +74,14 @@ void inspect(const std::filesystem::path& page, const GeneratedPage& generated, 
     const auto site = sites.forPage(page);
     const PageMarkup markup(page.string(), generated.before, site->configuration->codePage);
     requireKnownRules(*site->configuration);
-    const PageView view(markup, page, cache.of(site), generated);
+    const auto facts = cache.of(site);
+    // Without it no page can be generated, but the other rules have something to say.
+    const std::string& unread = facts->siteTemplate().failure;
+    if (!unread.empty()) result.failure = {PageFailure::Of::Site, unread};
+    const PageView view(markup, page, facts, generated);
     for (std::size_t i = 0; i < markup.controls().size(); ++i)
-        inspectControl({view, i}, page.string(), *site->configuration, result.findings);
+        inspectControl({view, i}, page.string(), *site->configuration, !unread.empty(),
+                       result.findings);
     std::stable_sort(result.findings.begin(), result.findings.end(),
                      [](const Finding& a, const Finding& b) { return a.line < b.line; });
 }

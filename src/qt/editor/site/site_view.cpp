@@ -2,7 +2,6 @@
 
 #include "qt/editor/base/icons.h"
 #include "qt/editor/base/words.h"
-#include "runtime/runtime_text.h"
 #include "scripts/scripts.h"
 #include "ui_site_view.h"
 
@@ -28,8 +27,7 @@ std::filesystem::path installedBelow(const std::filesystem::path& folder, Sites&
         const WindowsPaths& drives = site->configuration->drives;
         auto installed = (drives.toLocal(directory) / "page.asp").parent_path();
         if (!isBelow(folder, installed)) return installed;
-        const std::filesystem::path file = drives.toLocal(directory + std::string(TemplateFile));
-        return file.parent_path();
+        return site->templateFile().parent_path();
     } catch (const std::exception&) {
         return {};  // What is wrong with the site is told of its pages.
     }

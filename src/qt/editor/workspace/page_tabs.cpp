@@ -7,8 +7,6 @@
 #include "qt/editor/workspace/notice_bar.h"
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_saver.h"
-#include "runtime/runtime_text.h"
-#include "scripts/scripts.h"
 
 #include <QAbstractButton>
 #include <QMessageBox>
@@ -40,10 +38,8 @@ std::vector<fs::path> filesOf(Site& site) {
     std::vector<fs::path> files{
         configuration.file.empty() ? configuration.folder / "headerdtc.toml" : configuration.file,
         configuration.catalogue, configuration.registry};
-    const std::string directory = installDirectoryOf(site.registry);
-    if (directory.empty()) return files;
     try {
-        files.push_back(configuration.drives.toLocal(directory + std::string(TemplateFile)));
+        if (const auto file = site.templateFile(); !file.empty()) files.push_back(file);
     } catch (const RuntimeError&) {
         // A drive that the configuration lacks.
     }
