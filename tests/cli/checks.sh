@@ -36,6 +36,12 @@ expect_lines() {  # expect_lines SCHEMA
     [[ $(tail -1 out | jq .exitStatus) == "$status" ]] || fail "the summary tells another status"
 }
 
+# STATUS TEXT WORD...: the command with these words ends so and has the text in its output, among its
+# messages; or its output is as in that schema.
+says() { check "$1" "$headerdtc" "${@:3}" && expect "$out" "$2"; }
+warns() { check "$1" "$headerdtc" "${@:3}" && expect "$err" "$2"; }
+tells() { check "$1" "$headerdtc" "${@:3}" && expect_lines "$2"; }
+
 # The password of a test's site is "quayside"; nothing that was said may have it.
 finish() {
     ! grep -q quayside said || fail "a password was shown: $(grep quayside said)"

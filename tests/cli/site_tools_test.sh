@@ -12,14 +12,11 @@ harbour_site site
 check 0 "$headerdtc" generate --check site
 check 0 "$headerdtc" check site
 expect_empty "$out$err"
-check 0 "$headerdtc" doctor site
-expect "$out" "DSN=Harbour;UID=office;PWD=***"
-check 0 "$headerdtc" doctor --json site/traffic/ships.asp
-expect_lines doctor
+says 0 "DSN=Harbour;UID=office;PWD=***" doctor site
+tells 0 doctor doctor --json site/traffic/ships.asp
 
 # ---- a site from nothing ------------------------------------------------------------------------
-check 2 "$headerdtc" init port </dev/null
-expect "$err" "--yes"
+warns 2 "--yes" init port </dev/null
 printf '%s\n' web D=disk '' 'D:\Suite' '' "it's.sqlite" |
     script -qec "'$headerdtc' init port" /dev/null >said.init
 [[ -d port/web ]] || fail "not what was answered: $(cat said.init)"
@@ -32,30 +29,25 @@ harbour_page port/web/ships.asp <<'END'
 END
 check 0 "$headerdtc" check port
 check 0 "$headerdtc" translations check port
-check 3 "$headerdtc" new port/web/ships.asp
-expect "$err" "--into"
+warns 3 "--into" new port/web/ships.asp
 # What is there stays as it is, and what is missing is made again; a suite is not added to.
 rm "port/it's.sqlite" port/disk/Suite/xsl/Generic.xsl
 echo '# mine' >>port/headerdtc.toml
 cp -r port before
-check 0 "$headerdtc" init --json --drive C=elsewhere port
-expect_lines init
+tells 0 init init --json --drive C=elsewhere port
 [[ $(diff -r port before) == "Only in port: it's.sqlite" ]] || fail "$(diff -r port before)"
 check 2 "$headerdtc" init --yes --drive c port/other
-check 3 "$headerdtc" init --yes --catalogue 'DSN=Nowhere;PWD=quayside' port/other
-expect "$out" 'failed   catalogue'
+says 3 'failed   catalogue' init --yes --catalogue 'DSN=Nowhere;PWD=quayside' port/other
 rm -r port before
 
 # ---- where --------------------------------------------------------------------------------------
-check 0 "$headerdtc" where --field berth site
-expect "$out" 'site/traffic/ships.asp:'
+says 0 'site/traffic/ships.asp:' where --field berth site
 expect "$out" 'HeaderDTC1, ZEKO return field 2: 3 - BERTH'
 expect "$out" 'HeaderDTC1, ZEKO key of criterion 1: BERTH'
 expect "$out" 'site/traffic/today/berths.asp:'
 check 0 "$headerdtc" where --field BERTH --provider Ships site
 [[ $out != *berths.asp* ]] || fail "a field of another provider was told"
-check 0 "$headerdtc" where --include TIDES.asp --json site
-expect_lines where
+tells 0 where where --include TIDES.asp --json site
 [[ $(jq -rs '[.[] | select(.type == "use")][0].property' out) == ExtraIncludes0 ]] ||
     fail "the include was not found: $out"
 check 0 "$headerdtc" where --provider Tugs site
@@ -65,29 +57,23 @@ sqlite3 site/texts.sqlite "INSERT INTO I18NFIELDNAMES VALUES ('Ships', 'zeko', '
 printf '%s\n' '{"do":"tab","index":3}' \
     '{"do":"select","control":"ZEKOI18NFieldnamesList","items":[0]}' '{"do":"save"}' |
     "$headerdtc" automate site/traffic/ships.asp >made.log
-check 0 "$headerdtc" where --label l1 site
-expect "$out" 'ZEKO translated field name 1: 1 - IMO'
+says 0 'ZEKO translated field name 1: 1 - IMO' where --label l1 site
 mv site/texts.sqlite kept
-check 3 "$headerdtc" where --label L1 site
-expect "$err" "headerdtc doctor"
-check 1 "$headerdtc" doctor site
-expect "$out" "broken   data source"
+warns 3 "headerdtc doctor" where --label L1 site
+says 1 "broken   data source" doctor site
 mv kept site/texts.sqlite
 
 # ---- stale pages, as a difference ---------------------------------------------------------------
 cp -r site before
 sed -i 's/mStyle = /mSheet = /' site/c/Suite/Orvane/include/DTC_TEMPLATE.ASP
-check 1 "$headerdtc" generate --check --diff site
-expect "$out" '-	mStyle = "../xsl/Generic.xsl"'
+says 1 '-	mStyle = "../xsl/Generic.xsl"' generate --check --diff site
 [[ $out != *$'\033'* ]] || fail "colours outside a terminal"
 expect "$err" "2 pages out of date; to write them: headerdtc generate site"
 cp out stale.diff
 [[ $(grep -c '^@@' out) == 2 ]] || fail "each page has one change"
 cmp -s site/traffic/ships.asp before/traffic/ships.asp || fail "--diff wrote a page"
-check 1 "$headerdtc" generate --check --json --diff site
-expect_lines generate
-check 1 "$headerdtc" check site
-expect "$out" "warning: the text is not what would be generated [stale]"
+tells 1 generate generate --check --json --diff site
+says 1 "warning: the text is not what would be generated [stale]" check site
 patch -s -p0 <stale.diff || fail "patch refused the difference"
 check 0 "$headerdtc" generate --check site
 
@@ -101,33 +87,27 @@ grep -q $'\033\\[31m' out && fail "colours in spite of NO_COLOR"
 "$headerdtc" generate site >made.log
 
 # ---- in words -----------------------------------------------------------------------------------
-check 0 "$headerdtc" show --summary site/traffic/ships.asp
-expect "$out" 'ZEKO fields: IMO, BERTH'
+says 0 'ZEKO fields: IMO, BERTH' show --summary site/traffic/ships.asp
 expect "$out" 'ZEKO criteria: BERTH is HighWater()'
 expect "$out" 'ZEKO translated names: IMO'
 check 0 "$headerdtc" show --summary --json site/traffic/ships.asp
 jq -e '.controls[0].summary[0] == {subject: "Data provider", text: "Ships"}' out >wrong || fail "no summary: $out"
 cp site/traffic/ships.asp site/traffic/star_.asp
 sed -i 's/VALUE="HighWater"/VALUE="\&lt;1*"/' site/traffic/star_.asp
-check 0 "$headerdtc" report site
-expect "$out" '## site/traffic/star\_.asp'
+says 0 '## site/traffic/star\_.asp' report site
 expect "$out" '- **ZEKO criteria:** BERTH is "\<1\*"'
 expect "$out" '- **Data provider:** Berths'
-check 0 "$headerdtc" report --json site
-expect_lines report
+tells 0 report report --json site
 rm site/traffic/star_.asp
 
 # ---- rename -------------------------------------------------------------------------------------
 check 1 "$headerdtc" rename --field Ships BERTH QUAY site
 [[ $(grep -c '^+	<PARAM' out) == 3 ]] || fail "not a field, a criterion and a key: $out"
 cp out shown.diff
-check 1 "$headerdtc" rename --field Ships BERTH QUAY --json site
-expect_lines rename
-check 3 "$headerdtc" rename --field Ships BERTH QUAY --json site nowhere
-expect_lines rename
+tells 1 rename rename --field Ships BERTH QUAY --json site
+tells 3 rename rename --field Ships BERTH QUAY --json site nowhere
 cp site/traffic/ships.asp before.asp
-check 0 "$headerdtc" rename --field Ships BERTH QUAY --apply site
-expect "$err" '"Ships" has no field "QUAY"'
+warns 0 '"Ships" has no field "QUAY"' rename --field Ships BERTH QUAY --apply site
 patch -s -p0 before.asp <shown.diff || fail "patch refused the difference of a renaming"
 cmp -s before.asp site/traffic/ships.asp || fail "another difference was shown than written"
 check 0 "$headerdtc" generate --check site
@@ -138,26 +118,22 @@ expect_empty "$out$err"
 # ---- faults, in every form of output ------------------------------------------------------------
 sed -i 's/VALUE="3 - BERTH"/VALUE="3 - QUAY"/' site/traffic/ships.asp
 rm site/c/Suite/Include/Tides.asp
-check 1 "$headerdtc" check site
-expect "$out" 'site/traffic/ships.asp:'
+says 1 'site/traffic/ships.asp:' check site
 expect "$out" 'error: return field "3 - QUAY" is not offered by "Ships" [unknown-field]'
 expect "$out" '    HeaderDTC1, ZEKO, row 2: is "3 - BERTH" meant? remove it'
 expect "$out" '[missing-include]'
 expect "$out" '[undefined-function]'
 at=$(grep -n 'NAME="ZEKOReturnFields1"' site/traffic/ships.asp | cut -d: -f1)
 expect "$out" "site/traffic/ships.asp:$at: error: return field"
-check 1 "$headerdtc" check --json site
-expect_lines check
+tells 1 check check --json site
 check 1 "$headerdtc" check --sarif site
 python3 "$project/tests/cli/validate_lines.py" --whole "$project/docs/schemas/check-sarif.schema.json" out \
     >wrong 2>&1 || fail "SARIF: $(cat wrong)"
 jq -e '.runs[0] | . as $run | .results | length > 0 and all(.[]; . as $result |
     $run.tool.driver.rules[$result.ruleIndex].id == $result.ruleId)' out >wrong ||
     fail "a result names another rule than its index"
-check 0 "$headerdtc" explain --json
-expect_lines explain
-check 0 "$headerdtc" check --rules
-expect "$out" "unknown-field"
+tells 0 explain explain --json
+says 0 "unknown-field" check --rules
 
 # ---- what a site lives with ---------------------------------------------------------------------
 check 0 "$headerdtc" check --baseline known.json --update-baseline site
@@ -168,8 +144,7 @@ sed -i '1i <!-- another line -->' site/traffic/ships.asp
 check 0 "$headerdtc" check --baseline known.json site
 (cd site && check 0 "$headerdtc" check --baseline ../known.json traffic && exit "$failures") || fail "elsewhere"
 sed -i 's/VALUE="1 - IMO"/VALUE="1 - HULL"/; s/VALUE="3 - QUAY"/VALUE="3 - BERTH"/' site/traffic/ships.asp
-check 1 "$headerdtc" check --baseline known.json site
-expect "$out" '"1 - HULL" is not offered'
+says 1 '"1 - HULL" is not offered' check --baseline known.json site
 expect "$err" 'known.json: 1 finding not found any more'
 cp known.json before.json
 check 0 "$headerdtc" check --baseline known.json --update-baseline site/traffic/today
@@ -179,8 +154,7 @@ check 0 "$headerdtc" check --baseline known.json --update-baseline site/traffic/
 [[ $(jq length known.json) == 0 ]] || fail "entries of a page that is gone: $(cat known.json)"
 mv kept site/traffic/ships.asp
 printf '[check]\nmissing-include = "off"\nundefined-function = "warning"\nunchanged = "off"\n' >>site/headerdtc.toml
-check 1 "$headerdtc" check site
-expect "$out" 'warning: no include file and no script defines'
+says 1 'warning: no include file and no script defines' check site
 [[ $out != *missing-include* && $out != *not-generated* ]] || fail "a rule that is off told something: $out"
 sed -i 's/^unchanged = .*/stael = "off"/' site/headerdtc.toml
 check 2 "$headerdtc" check site
@@ -197,10 +171,9 @@ for command in check 'where --field IMO'; do
 done
 mv site/providers.json kept
 check 3 "$headerdtc" check site/traffic
-expect "$err" "2 pages not checked: $folder/site/providers.json: "
+warns 3 "2 pages not checked: $folder/site/providers.json: " check site/traffic
 [[ $(wc -l <err) == 2 ]] || fail "one missing catalogue was said more than once: $err"
-check 3 "$headerdtc" generate site/traffic
-expect "$err" "2 pages left as they were: "
+warns 3 "2 pages left as they were: " generate site/traffic
 [[ $(grep -c '^site/traffic/.*asp: left as it was: .*/providers.json' err) == 2 ]] ||
     fail "not each page has its reason: $err"
 mkdir lone && cp site/traffic/today/berths.asp lone

@@ -1,7 +1,6 @@
 #include "controls_fixture.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::button_test {
 
 class ButtonTest : public ControlsTest {
   protected:
@@ -59,5 +58,4 @@ TEST_F(ButtonTest, ArrowsGoRoundTheOptionsThatCanBeUsed) {
     EXPECT_TRUE(three.Value() && three.hasFocus());
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::button_test

@@ -1,7 +1,6 @@
 #include "controls_fixture.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::combo_box_test {
 
 class ComboBoxTest : public ControlsTest {
   protected:
@@ -89,5 +88,4 @@ TEST_F(ComboBoxTest, KeysEditTheTextOfAnEditableComboUnlessAHandlerIsInTheirWay)
     EXPECT_FALSE(editable.hasFocus());
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::combo_box_test

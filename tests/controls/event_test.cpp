@@ -1,14 +1,10 @@
 #include "controls/event.h"
 
-#include <gmock/gmock.h>
-#include <optional>
-#include <stdexcept>
-#include <string>
+#include "support/prologue.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::event_test {
 
-class EventTest : public ::testing::Test {
+class EventTest : public Test {
   protected:
     Subscription log(const char* name) {
         return event.subscribe([this, name] { calls += name; });
@@ -87,5 +83,4 @@ TEST_F(EventTest, AssigningASubscriptionCancelsTheOneBefore) {
     EXPECT_EQ(callsOfRaising(), "");
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::event_test

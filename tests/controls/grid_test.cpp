@@ -1,7 +1,6 @@
 #include "controls_fixture.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::grid_test {
 
 class GridTest : public ControlsTest {
   protected:
@@ -109,5 +108,4 @@ TEST_F(GridTest, ArrowsEnterTheCellBesideUpToTheEdgesAndOtherKeysReachTheHandler
                 ElementsAre("Grid.KeyPress 53", "Grid.KeyPress 13"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::grid_test

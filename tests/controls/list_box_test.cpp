@@ -1,7 +1,6 @@
 #include "controls_fixture.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::list_box_test {
 
 class ListBoxTest : public ControlsTest {
   protected:
@@ -127,5 +126,4 @@ TEST_F(ListBoxTest, TheBlankSelectsAndDeselectsOneOfSeveral) {
     EXPECT_THAT(selectedItemsOf(multi), ElementsAre("A", "C"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::list_box_test

@@ -1,9 +1,6 @@
 #include "controls_fixture.h"
 
-namespace headerdtc {
-namespace {
-
-using ::testing::Contains;
+namespace headerdtc::modal_form_test {
 
 class ModalFormTest : public ControlsTest {
   protected:
@@ -96,8 +93,7 @@ TEST_F(ModalFormTest, AFailureInsideReachesWhoeverOpenedTheDialog) {
 
 TEST_F(ModalFormTest, EnterAndEscapePressTheDialogsButtons) {
     then([this](Form&) { press(name, Enter); });
-    EXPECT_THAT(eventsOf([&] { open.press(); }),
-                ::testing::IsSupersetOf({"Name.LostFocus", "OK.Click"}));
+    EXPECT_THAT(eventsOf([&] { open.press(); }), IsSupersetOf({"Name.LostFocus", "OK.Click"}));
     then([](Form& form) { form.dismiss(); });
     EXPECT_THAT(eventsOf([&] { open.press(); }), Contains("Cancel.Click"));
     then([this](Form& form) {
@@ -121,5 +117,4 @@ TEST_F(ModalFormTest, AControlThatGoesLeavesItsForm) {
     EXPECT_EQ(dialog.find("Passing"), nullptr);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::modal_form_test

@@ -6,26 +6,17 @@
 // Views keep a copy in step by the changes that they are told. Here the copy is plain data, changed
 // only by what the events say, and compared with the model after every one of many random
 // operations, failing ones included.
-namespace headerdtc {
-namespace {
+namespace headerdtc::replay_test {
 
 // Carries a change over to the copy; `read` gives the entry that the model has at an index.
 template <class Entry, class Read>
 void replay(std::vector<Entry>& copy, ItemsChange change, Read read) {
     const auto first = copy.begin() + change.first;
-    switch (change.kind) {
-        case ItemsChange::Kind::Inserted:
-            copy.insert(first, static_cast<std::size_t>(change.count), Entry{});
-            break;
-        case ItemsChange::Kind::Removed:
-            copy.erase(first, first + change.count);
-            return;
-        case ItemsChange::Kind::Changed:
-            break;
-        case ItemsChange::Kind::Reset:
-            copy.assign(static_cast<std::size_t>(change.count), Entry{});
-            break;
-    }
+    using Kind = ItemsChange::Kind;
+    const auto count = static_cast<std::size_t>(change.count);
+    if (change.kind == Kind::Removed) return void(copy.erase(first, first + change.count));
+    if (change.kind == Kind::Inserted) copy.insert(first, count, Entry{});
+    if (change.kind == Kind::Reset) copy.assign(count, Entry{});
     for (int i = change.first; i < change.first + change.count; ++i)
         copy[static_cast<std::size_t>(i)] = read(i);
 }
@@ -56,28 +47,21 @@ void replayItems(List& list, unsigned seed) {
         ASSERT_LT(list.ListIndex(), list.ListCount());
         ASSERT_EQ(copy.size(), static_cast<std::size_t>(list.ListCount()));
     });
-    for (int i = 0; i < Operations && !::testing::Test::HasFatalFailure(); ++i) {
+    for (int i = 0; i < Operations && !Test::HasFatalFailure(); ++i) {
         const std::string text = std::to_string(i);
         const int index = dice.index(list.ListCount());
         numberOf([&] {
-            switch (dice.below(8)) {
-                case 0:
-                    return list.AddItem(text);
-                case 1:
-                case 2:
-                    return list.AddItem(text, index);
-                case 3:
-                case 4:
-                    return list.RemoveItem(index);
-                case 5:
-                    list.List(index, text);
-                    if (index == list.ListIndex()) current = text;
-                    return;
-                case 6:
-                    return dice.below(40) == 0 ? list.Clear() : void();
-                default:
-                    list.ListIndex(index);
-                    current = index < 0 ? "" : copy.at(static_cast<std::size_t>(index));
+            const int operation = dice.below(7);
+            if (operation == 0) return list.AddItem(text);
+            if (operation < 3) return list.AddItem(text, index);
+            if (operation < 5) return list.RemoveItem(index);
+            if (dice.below(80) == 0) return list.Clear();
+            if (operation == 5) {
+                list.List(index, text);
+                if (index == list.ListIndex()) current = text;
+            } else {
+                list.ListIndex(index);
+                current = index < 0 ? "" : copy.at(static_cast<std::size_t>(index));
             }
         });
         ASSERT_EQ(copy, itemsOf(list)) << "after operation " << i;
@@ -110,21 +94,13 @@ TEST_F(ReplayTest, SelectionsGoWithTheirItems) {
         const int index = dice.index(list.ListCount());
         const bool selected = dice.below(2) == 0;
         numberOf([&] {
-            switch (dice.below(6)) {
-                case 0:
-                case 1:
-                    return list.RemoveItem(index);
-                case 2:
-                    list.Selected(index, selected);
-                    copy[static_cast<std::size_t>(index)].second = selected;
-                    return;
-                case 3:
-                    return list.List(index, "changed");
-                case 4:
-                    return dice.below(40) == 0 ? list.Clear() : void();
-                default:
-                    return list.AddItem(std::to_string(i), index);
-            }
+            const int operation = dice.below(5);
+            if (operation < 2) return list.RemoveItem(index);
+            if (operation == 2) return list.AddItem(std::to_string(i), index);
+            if (dice.below(80) == 0) return list.Clear();
+            if (operation == 3) return list.List(index, "changed");
+            list.Selected(index, selected);
+            copy[static_cast<std::size_t>(index)].second = selected;
         });
         std::vector<std::string> selectedItems;
         for (const auto& [text, isSelected] : copy) {
@@ -149,37 +125,21 @@ TEST_F(ReplayTest, AGridIsKeptInStepByItsChanges) {
         const auto replayAs = [&](Items kind) {
             replay(copy, ItemsChange{kind, change.firstRow, change.rowCount}, rowOf);
         };
-        switch (change.kind) {
-            case GridChange::Kind::RowsInserted:
-                return replayAs(Items::Inserted);
-            case GridChange::Kind::RowsRemoved:
-                return replayAs(Items::Removed);
-            case GridChange::Kind::CellsChanged:
-                return replayAs(Items::Changed);
-            case GridChange::Kind::CurrentCell:
-                currentRow = change.firstRow;
-                return;
-            case GridChange::Kind::Geometry:
-                return;
-        }
+        if (change.kind == GridChange::Kind::RowsInserted) replayAs(Items::Inserted);
+        if (change.kind == GridChange::Kind::RowsRemoved) replayAs(Items::Removed);
+        if (change.kind == GridChange::Kind::CellsChanged) replayAs(Items::Changed);
+        if (change.kind == GridChange::Kind::CurrentCell) currentRow = change.firstRow;
     });
     for (int i = 0; i < Operations; ++i) {
         const int row = dice.index(grid.Rows());
         numberOf([&] {
-            switch (dice.below(8)) {
-                case 0:
-                    return grid.Rows(grid.Rows() + 1 + dice.below(3));
-                case 1:
-                    return grid.Rows(grid.Rows() - dice.below(3));
-                case 2:
-                    return grid.RemoveItem(row);
-                case 3:
-                    return dice.below(40) == 0 ? grid.Clear() : void();
-                case 4:
-                    return grid.Row(row);
-                default:
-                    return grid.TextMatrix(row, dice.index(3), std::to_string(i));
-            }
+            const int operation = dice.below(7);
+            if (operation == 0) return grid.Rows(grid.Rows() + 1 + dice.below(3));
+            if (operation == 1) return grid.Rows(grid.Rows() - dice.below(3));
+            if (operation == 2) return grid.RemoveItem(row);
+            if (operation == 3) return grid.Row(row);
+            if (dice.below(120) == 0) return grid.Clear();
+            grid.TextMatrix(row, dice.index(3), std::to_string(i));
         });
         ASSERT_EQ(copy.size(), static_cast<std::size_t>(grid.Rows()));
         for (int r = 0; r < grid.Rows(); ++r)
@@ -207,13 +167,13 @@ TEST_F(ReplayTest, WhatIsNotThereIsRefusedByItsNumberAndWithoutAnEvent) {
             {381, [&] { multi.Selected(index, true); }},
             {381,
              [&] {
-                 multi.Selected({0, index}, true);
+                 multi.Selected(std::vector{0, index}, true);
              }},
             {381, [&] { multi.AddItem("x", index < 0 ? index : index + 1); }},
             {380, [&] { multi.ListIndex(index < 0 ? -2 : index); }},
             {5,
              [&] {
-                 single.Selected({0, 1}, true);
+                 single.Selected(std::vector{0, 1}, true);
              }},
             {381, [&] { combo.List(index, "x"); }},
             {381, [&] { combo.RemoveItem(index); }},
@@ -245,5 +205,4 @@ TEST_F(ReplayTest, WhatIsNotThereIsRefusedByItsNumberAndWithoutAnEvent) {
     EXPECT_THAT(events.take(), IsEmpty());
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::replay_test

@@ -1,8 +1,7 @@
 #include "controls_fixture.h"
 #include "platform/utf8.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::text_box_test {
 
 class TextBoxTest : public ControlsTest {
   protected:
@@ -144,5 +143,4 @@ TEST(Utf8Test, CharactersGoThereAndBack) {
     EXPECT_EQ(utf8::length("\xF0\x9F"), 1) << "cut short";
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::text_box_test

@@ -3,20 +3,9 @@
 #include "core/header_dtc.h"
 #include "support/control_tools.h"
 #include "support/fake_surroundings.h"
-
-#include <gmock/gmock.h>
-#include <string>
-#include <utility>
-#include <vector>
+#include "support/prologue.h"
 
 namespace headerdtc {
-
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::IsEmpty;
-using ::testing::IsSupersetOf;
-using ::testing::Pair;
-using ::testing::SizeIs;
 
 // One control that is not set up yet, over stand-ins for all that it asks of its surroundings.
 struct BareControl {
@@ -42,10 +31,10 @@ struct TestControl : BareControl {
     }
 };
 
-class ControlTest : public ::testing::Test, protected TestControl {};
+class ControlTest : public Test, protected TestControl {};
 
 // For tests that run for each family.
-inline std::string nameOfFamily(const ::testing::TestParamInfo<Family>& info) {
+inline std::string nameOfFamily(const TestParamInfo<Family>& info) {
     return std::string(traitsOf(info.param).prefix);
 }
 

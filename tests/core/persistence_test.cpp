@@ -1,9 +1,6 @@
 #include "core/filled_control.h"
 
-namespace headerdtc {
-namespace {
-
-using testing::OrderedPropertyBag;
+namespace headerdtc::persistence_test {
 
 OrderedPropertyBag written(HeaderDTC& dtc) {
     OrderedPropertyBag bag;
@@ -185,5 +182,4 @@ TEST_F(PersistenceTest, CountsThatLieGiveEmptyItems) {
     EXPECT_EQ(dtc.ZEKO.LinksGrid.Rows(), 32767);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::persistence_test

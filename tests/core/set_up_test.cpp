@@ -1,7 +1,6 @@
 #include "core/control_fixture.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::set_up_test {
 
 class SetUpTest : public ControlTest {};
 
@@ -65,5 +64,4 @@ TEST_F(SetCriteriumValueTest,
     EXPECT_THAT(prepared, IsEmpty());
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::set_up_test

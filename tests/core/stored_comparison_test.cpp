@@ -2,8 +2,7 @@
 
 #include "core/filled_control.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::stored_comparison_test {
 
 // "name: stored -> rewritten", "nothing" for what would be gone.
 std::vector<std::string> losses(const StoredTexts& stored, const StoredTexts& written) {
@@ -102,5 +101,4 @@ TEST(StoredComparisonTest, AControlThatOffersEverythingLosesNothing) {
     EXPECT_THAT(losses(page, rewritten), ElementsAre("DataProvider: Orders -> nothing"));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::stored_comparison_test

@@ -1,8 +1,7 @@
 #include "core/filled_control.h"
 #include "core/stored_keys.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::stored_format_test {
 
 // 'text', a number, or a Boolean: the type shows.
 std::string written(const PropertyValue& value) {
@@ -74,5 +73,4 @@ TEST(StoredFormatTest, PartsStandInTheOrderOfTheTabsAndZekoFirst) {
     }
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::stored_format_test

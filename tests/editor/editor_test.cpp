@@ -8,10 +8,9 @@
 
 #include <random>
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::editor_test {
 
-class EditorTest : public ControlTest, public ::testing::WithParamInterface<Family> {
+class EditorTest : public ControlTest, public WithParamInterface<Family> {
   protected:
     EditorTest() {
         dtc.SSTab1.Tab(family.traits.tabPage);
@@ -26,7 +25,7 @@ class EditorTest : public ControlTest, public ::testing::WithParamInterface<Fami
     Grid& grid = family.CriteriaGrid;
 };
 
-INSTANTIATE_TEST_SUITE_P(, EditorTest, ::testing::ValuesIn(BothFamilies), nameOfFamily);
+INSTANTIATE_TEST_SUITE_P(, EditorTest, ValuesIn(BothFamilies), nameOfFamily);
 
 // Reading every list anew for every field would show here.
 TEST_P(EditorTest, TheLargestListsAreAddedAndRemovedAtOnceAndAFullOneStopsTheRun) {
@@ -142,5 +141,4 @@ TEST(TranslationRemovalTest, GivesWhatTheScansGive) {
     EXPECT_GT(failures, 100);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::editor_test

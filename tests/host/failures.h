@@ -3,9 +3,6 @@
 #include "support/prologue.h"
 #include "support/temp_folder.h"
 
-#include <functional>
-#include <string>
-
 namespace headerdtc::testing {
 
 // The text of what an action throws, empty when it throws nothing.

@@ -2,17 +2,13 @@
 
 #include "support/error_number.h"
 #include "support/fake_surroundings.h"
+#include "support/prologue.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
-
-using ::testing::ElementsAre;
+namespace headerdtc::translation_store_test {
 
 // The store over a database that answers every statement with the same rows and, one after the
 // other, the given record counts.
-class TranslationStoreTest : public ::testing::Test {
+class TranslationStoreTest : public Test {
   protected:
     TranslationStoreTest() {
         outside.clock.today = "4/26/2000";
@@ -174,5 +170,4 @@ TEST_F(TranslationStoreTest, WithoutTheDataSourceComponentAnOperationFailsAsItsC
     EXPECT_THAT(log(), ElementsAre());
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::translation_store_test

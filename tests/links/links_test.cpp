@@ -4,16 +4,15 @@
 
 #include "core/control_fixture.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::links_test {
 
-class LinksTest : public ControlTest, public ::testing::WithParamInterface<Family> {
+class LinksTest : public ControlTest, public WithParamInterface<Family> {
   protected:
     Links links{dtc};
     FamilyControls& family = dtc.family(GetParam());
 };
 
-INSTANTIATE_TEST_SUITE_P(, LinksTest, ::testing::ValuesIn(BothFamilies), nameOfFamily);
+INSTANTIATE_TEST_SUITE_P(, LinksTest, ValuesIn(BothFamilies), nameOfFamily);
 
 TEST_P(LinksTest, TheLongestListsGoThereAndBack) {
     ListBox &available = family.LinkedFieldsList, &selected = family.SelectedLinkedFieldsList;
@@ -41,5 +40,4 @@ TEST_P(LinksTest, TheLongestListsGoThereAndBack) {
     EXPECT_THAT(errors(), IsEmpty());
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::links_test

@@ -5,15 +5,9 @@
 #include "platform/utf8.h"
 #include "support/error_number.h"
 #include "support/fake_surroundings.h"
+#include "support/prologue.h"
 
-#include <gmock/gmock.h>
-
-namespace headerdtc {
-namespace {
-
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Pair;
+namespace headerdtc::platform_test {
 
 Dictionary<std::string> abc() {
     Dictionary<std::string> dictionary;
@@ -161,5 +155,4 @@ TEST(TextTest, NarrowsToSixteenBitsOrOverflows) {
     EXPECT_EQ(numberOf([] { toInt16(-32769); }), 6);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::platform_test

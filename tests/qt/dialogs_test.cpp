@@ -25,7 +25,7 @@ class DialogsTest : public Test, protected Person {
     void show(Form& form, const std::function<void(QWidget&)>& person) {
         QTimer::singleShot(0, [&] {
             QWidget& window = *QApplication::activeModalWidget();
-            ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
             person(window);
         });
         form.ShowModal();

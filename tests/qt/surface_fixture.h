@@ -2,10 +2,10 @@
 
 #include "core/control_fixture.h"
 #include "editor/editor.h"
-#include "qt/event_recorder.h"
 #include "qt/surface/control_surface.h"
 #include "qt/surface/selection_list.h"
 #include "qt/surface/text.h"
+#include "support/event_recorder.h"
 #include "support/prologue.h"
 
 #include <QApplication>
@@ -17,6 +17,8 @@ namespace headerdtc {
 
 // The person at a window: mouse and keys go in where the desktop delivers them.
 struct Person {
+    static constexpr int Patience = 60'000;  // milliseconds: a machine may have other things to do
+
     static void settle() {
         for (int i = 0; i < 3; ++i)
             QApplication::processEvents();
@@ -69,7 +71,7 @@ class SurfaceTest : public ::testing::Test, protected FilledControl, protected P
         surface.resize(620, 640);
         surface.show();
         surface.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&surface));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&surface, Patience));
         settle();
         events.take();
     }

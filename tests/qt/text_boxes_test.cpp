@@ -79,7 +79,7 @@ TEST_F(SurfaceTest, ADropDownListIsChosenFromByKeysAndWheelOnlyWithTheFocus) {
     type(surface, "s");
     EXPECT_EQ(dtc.DataProvidersCombo.Text(), "Stock");
     EXPECT_THAT(events.take(),
-                ElementsAre("DataProvidersCombo.Click", "DataProvidersCombo.KeyPress",
+                ElementsAre("DataProvidersCombo.Click", "DataProvidersCombo.KeyPress 115",
                             "DataProvidersCombo.Click"));
     dtc.DataProvidersCombo.RemoveItem(1);
     EXPECT_EQ(combo.currentIndex(), -1);

@@ -129,7 +129,7 @@ def save(site):
 
 
 def editing(site):
-    longest = 15  # changes, ten a second: one is copied within a second
+    longest = 60  # changes, ten a second: one is copied within a second, on a busy machine later
     most = 0
     for _ in range(kills):
         shutil.rmtree(site / "recovery", ignore_errors=True)

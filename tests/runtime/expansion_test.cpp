@@ -2,16 +2,12 @@
 
 #include "platform/runtime_error.h"
 #include "runtime/plain_expansion.h"
+#include "support/prologue.h"
 
 #include <cstdlib>
-#include <gtest/gtest.h>
 #include <random>
 
-namespace headerdtc {
-namespace {
-
-using testing::differenceFromPlain;
-using testing::ExpansionCase;
+namespace headerdtc::expansion_test {
 
 using Steps = std::vector<std::pair<std::string, std::string>>;  // placeholder, value
 
@@ -94,23 +90,12 @@ class CaseMaker {
         for (std::size_t pieces = below(mostPieces + 1); pieces > 0; --pieces) {
             const std::string& placeholder = placeholders[below(placeholders.size())];
             const std::size_t cut = below(placeholder.size() + 1);
-            switch (below(6)) {
-                case 0:
-                case 1:
-                    made += placeholder;
-                    break;
-                case 2:
-                    made += placeholder.substr(0, cut);
-                    break;
-                case 3:
-                    made += placeholder.substr(cut);
-                    break;
-                case 4:
-                    made += placeholder.substr(cut, below(4));
-                    break;
-                default:
-                    made += Others[below(std::size(Others))];
-            }
+            const std::size_t kind = below(6);
+            made += kind < 2    ? placeholder
+                    : kind == 2 ? placeholder.substr(0, cut)
+                    : kind == 3 ? placeholder.substr(cut)
+                    : kind == 4 ? placeholder.substr(cut, below(4))
+                                : std::string(Others[below(std::size(Others))]);
         }
         for (char& c : made) {
             if (c >= 'A' && c <= 'Z' && below(8) == 0) c = static_cast<char>(c + 32);
@@ -135,11 +120,9 @@ TEST(Expansion, AgreesWithOneReplacementAfterTheOther) {
         const ExpansionCase input = maker.make();
         const std::string difference = differenceFromPlain(input, maker.below(4) == 0);
         ASSERT_EQ(difference, "") << "case " << i << " of seed " << seed << "\n  text "
-                                  << input.text << "\n  steps "
-                                  << ::testing::PrintToString(input.placeholders) << "\n  values "
-                                  << ::testing::PrintToString(input.values);
+                                  << input.text << "\n  steps " << PrintToString(input.placeholders)
+                                  << "\n  values " << PrintToString(input.values);
     }
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::expansion_test

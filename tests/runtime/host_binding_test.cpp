@@ -2,8 +2,7 @@
 
 #include "core/control_fixture.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::host_binding_test {
 
 class HostBindingTest : public ControlTest {
   protected:
@@ -59,5 +58,4 @@ TEST_F(HostBindingTest, OtherFailuresAreReportedWithoutABlank) {
     EXPECT_THAT(errors(), ElementsAre(report, report));
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::host_binding_test

@@ -4,8 +4,7 @@
 #include "platform/text.h"
 #include "runtime/fragments.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::runtime_text_test {
 
 // A control on the page /Site/a/b/page.asp of the project /Site, with a template to fill.
 class RuntimeTextTest : public ControlTest {
@@ -33,7 +32,7 @@ TEST_F(RuntimeTextTest, EveryLineEndsInCrLfWhateverTheFileHas) {
                                      {"\r\r\n\n\rx", "\r\n\r\n\r\n\r\nx\r\n"},
                                      {"no line end", "no line end\r\n"},
                                      {"", ""}})
-        EXPECT_EQ(expand(file), text) << "from " << ::testing::PrintToString(file);
+        EXPECT_EQ(expand(file), text) << "from " << PrintToString(file);
 }
 
 TEST_F(RuntimeTextTest, ThePathIsJoinedWithoutASeparatorAndAMissingTemplateIsReported) {
@@ -128,5 +127,4 @@ TEST(FragmentsTest, AnUnknownFamilyCodeGivesNothing) {
     }
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::runtime_text_test

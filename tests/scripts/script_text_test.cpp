@@ -1,9 +1,8 @@
 #include "scripts/specify_criterium_dialog.h"
 
-#include <gtest/gtest.h>
+#include "support/prologue.h"
 
-namespace headerdtc {
-namespace {
+namespace headerdtc::script_text_test {
 
 TEST(ScriptTextTest, TheFunctionGoesAroundTheBodyNameFirstSoThatTheBodyKeepsItsPlaces) {
     EXPECT_EQ(scriptFunction("f", "  x = 1\r\n"),
@@ -27,5 +26,4 @@ TEST(ScriptTextTest, TheBodyIsWhatStandsBetweenTheFirstAndTheLastLine) {
     EXPECT_EQ(scriptBody(scriptFunction("f", body)), body);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::script_text_test

@@ -9,13 +9,8 @@
 
 #include <algorithm>
 #include <deque>
-#include <functional>
 #include <map>
-#include <memory>
 #include <optional>
-#include <string>
-#include <utility>
-#include <vector>
 
 // Stand-ins for everything that a control asks of its surroundings. They hold plain data that a
 // test fills and reads; nothing here touches files, windows or a database.

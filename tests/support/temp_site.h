@@ -2,10 +2,6 @@
 
 #include "support/temp_folder.h"
 
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace headerdtc::testing {
 
 // A complete small site in a folder of its own: configuration, registry export, a catalogue with

@@ -5,11 +5,6 @@
 #include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <algorithm>
-#include <string>
-#include <utility>
-#include <vector>
-
 namespace headerdtc::testing {
 
 // The site of a harbour office: ships and berths, with include file, stylesheet and template.

@@ -27,7 +27,7 @@ std::vector<std::string> statementsOf(const fs::path& file) {
 
 TranslationDatabase::TranslationDatabase() : kind(environment("HEADERDTC_SERVER")) {
     settings.connectString = settings.labelConnectString = "DSN=Orvane;UID=WWWappsOrvane;PWD=";
-    settings.connectTimeout = settings.statementTimeout = std::chrono::seconds(5);
+    settings.connectTimeout = settings.statementTimeout = std::chrono::seconds(30);
     settings.siteFolder = folder_.path();
     if (kind.empty()) {
         kind = "sqlite";

@@ -19,7 +19,7 @@ class TranslationDatabase {
     // "sqlite", "postgresql" or "mariadb".
     std::string kind;
     bool isServer() const { return kind != "sqlite"; }
-    // As a site's: data source Orvane, and 5 seconds for everything.
+    // As a site's: data source Orvane, and 30 seconds for everything.
     OdbcDatabase::Settings settings;
 
     void run(const std::string& statement);

@@ -85,10 +85,10 @@ write_ini() {
     done
 }
 
-# Repeats a command until it succeeds; fails once the server is gone or 15 seconds have passed.
+# Repeats a command until it succeeds; fails once the server is gone or a minute have passed.
 await() {
     local i
-    for ((i = 0; i < 300; i++)); do
+    for ((i = 0; i < 1200; i++)); do
         "$@" >/dev/null 2>&1 && return
         kill -0 "$server" 2>/dev/null || return 1
         sleep 0.05

@@ -2,14 +2,8 @@
 
 #include "host/inspection/harbour_site.h"
 
-#include <gmock/gmock.h>
-#include <stdexcept>
+namespace headerdtc::rename_test {
 
-namespace headerdtc {
-namespace {
-
-using namespace ::testing;
-using testing::HarbourSite;
 using Outcome = PageChange::Outcome;
 
 // "PROPERTY=AFTER" for all that is renamed in what a control stores.
@@ -111,5 +105,4 @@ TEST(Rename, GivesAScriptThatWasUpToDateTheNewName) {
     EXPECT_EQ(rename().outcome, Outcome::Failed);
 }
 
-}  // namespace
-}  // namespace headerdtc
+}  // namespace headerdtc::rename_test

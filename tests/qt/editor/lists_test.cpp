@@ -4,8 +4,8 @@
 #include "host/page/quiet_host.h"
 #include "qt/editor/lists/list_finder.h"
 #include "qt/editor/window_fixture.h"
-#include "qt/event_recorder.h"
 #include "qt/surface/selection_list.h"
+#include "support/event_recorder.h"
 
 #include <QLineEdit>
 

@@ -27,7 +27,7 @@
 
 namespace headerdtc::qt {
 
-inline constexpr int LongestLine = 10000;  // milliseconds
+inline constexpr int LongestLine = 60'000;  // milliseconds
 
 [[noreturn]] inline void cannot(const std::string& what) {
     throw std::runtime_error(what);
@@ -238,7 +238,8 @@ class ScenarioPlayer : public QObject {
         QAbstractItemView& list = *combo.view();
         // The click on a cell has dropped its list already.
         if (!list.isVisible()) clickAt(combo, QPoint(combo.width() - 8, combo.height() / 2));
-        if (!QTest::qWaitFor([&] { return list.isVisible(); }, 1000)) cannot("no list drops down");
+        if (!QTest::qWaitFor([&] { return list.isVisible(); }, LongestLine))
+            cannot("no list drops down");
         QTest::keyClick(&list, Qt::Key_Home);
         for (int i = 0; i < item; ++i)
             QTest::keyClick(&list, Qt::Key_Down);

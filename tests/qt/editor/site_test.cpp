@@ -167,7 +167,7 @@ TEST_F(Settings, TellWhatIsNotFoundAndLeadToWhereItIsMended) {
     EXPECT_THAT(found[0]->text(1).toStdString(), HasSubstr("NoSuchSource"));
     dialog.show();
     dialog.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog, Patience));
     static_cast<QPushButton*>(list.itemWidget(found[0], 2))->click();
     EXPECT_TRUE(dialog.findChild<QLineEdit*>("translations.connect_string")->hasFocus());
 }

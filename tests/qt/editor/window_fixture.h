@@ -33,6 +33,7 @@ namespace headerdtc::qt {
 class WindowTest : public ::testing::Test {
   protected:
     using Site = testing::TempSite;
+    static constexpr int Patience = 60'000;  // milliseconds: a machine may have other things to do
 
     WindowTest() { openWindow(); }
     ~WindowTest() override {
@@ -47,7 +48,7 @@ class WindowTest : public ::testing::Test {
             MainWindow::Options{.configuration = {}, .recoveryFolder = site / "recovery"});
         window->show();
         window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get(), Patience));
     }
 
     // ---- pages -------------------------------------------------------------------------------
@@ -75,7 +76,7 @@ class WindowTest : public ::testing::Test {
     }
     // Until something is so, as a person waits who watches.
     static bool eventually(const std::function<bool()>& condition) {
-        return QTest::qWaitFor(condition, 10000);
+        return QTest::qWaitFor(condition, Patience);
     }
     // An answer is the button that is pressed in the dialogs that come.
     void command(Command which, const char* answer = nullptr) {
@@ -116,11 +117,6 @@ class WindowTest : public ::testing::Test {
             });
         });
         watch_.start(20);
-    }
-    // Once the preview has followed the page.
-    std::string generated(PageEditor& editor) {
-        QTest::qWait(350);
-        return editor.preview().text().toPlainText().toStdString();
     }
     std::vector<std::string> messages() {
         std::vector<std::string> texts;

@@ -10,21 +10,26 @@
 #include "controls/text_box.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace headerdtc::testing {
 
-// Notes every event that the controls of a form raise, as "ZEKOCriteriaGrid.EnterCell", in order.
+// Notes every event that the controls of forms raise, in order, as "ZEKOCriteriaGrid.EnterCell".
+// Numbers that an event carries follow its name: "Box.KeyPress 13".
 class EventRecorder : private ControlVisitor {
   public:
-    explicit EventRecorder(Form& form) {
+    EventRecorder() = default;
+    explicit EventRecorder(Form& form) { listenTo(form); }
+
+    void listenTo(Form& form) {
         for (Control* control : form.controls()) {
             record(*control, "GotFocus", control->GotFocus, "LostFocus", control->LostFocus);
             control->accept(*this);
         }
         record(form, "KeyPress", form.KeyPress);
     }
-
+    void note(std::string event) { events_.push_back(std::move(event)); }
     // What was noted since the last call.
     std::vector<std::string> take() { return std::exchange(events_, {}); }
 
@@ -48,8 +53,11 @@ class EventRecorder : private ControlVisitor {
 
     template <class Named, class... Args, class... Others>
     void record(const Named& named, const char* name, Event<Args...>& event, Others&... others) {
-        subscriptions_ += event.subscribe(
-            [this, text = named.name() + "." + name](Args...) { events_.push_back(text); });
+        subscriptions_ += event.subscribe([this, text = named.name() + "." + name](Args... args) {
+            std::string entry = text;
+            ((entry += " " + std::to_string(args)), ...);
+            note(std::move(entry));
+        });
         if constexpr (sizeof...(others) > 0) record(named, others...);
     }
 
