@@ -16,8 +16,8 @@ struct CsvRecord {
 // Reads a whole table. Records end at CR LF or LF; a byte-order mark is passed over, and so are
 // lines with nothing in them. Cells are parted by what stands behind the first one, which
 // spreadsheets of some countries write: a comma, a semicolon or a tab, or by what a first line
-// "sep=;" says. Throws FileError with the
-// line for a quotation mark that is not closed, or that has more behind it in its cell.
+// "sep=;" says. Throws FileError with the line for a quotation mark that is not closed, or that has
+// more behind it in its cell.
 std::vector<CsvRecord> readCsv(const std::string& file, std::string_view text);
 
 // One record, its line end CR LF included. A cell is quoted where it has to be.
