@@ -52,15 +52,20 @@ std::optional<unsigned char> carriedByte(std::string_view text) {
     return static_cast<unsigned char>((high + 8) << 4U | low);
 }
 
+// Takes the ASCII bytes, which are the same in every code page, from the start of a text.
+std::string_view takeAscii(std::string_view& text) {
+    const auto ascii = text.substr(0, utf8::asciiLength(text));
+    text.remove_prefix(ascii.size());
+    return ascii;
+}
+
 // ---- UTF-8 --------------------------------------------------------------------------------------
 
 std::string decodeUtf8(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {
-        const auto ascii = utf8::asciiLength(bytes);
-        text.append(bytes.substr(0, ascii));
-        bytes.remove_prefix(ascii);
+        text.append(takeAscii(bytes));
         if (bytes.empty()) break;
         // A pair of ours that is in the file already is taken as the bytes that it is, so that they
         // come back.
@@ -244,9 +249,7 @@ std::string CodePage::decode(std::string_view bytes) const {
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);
     while (!bytes.empty()) {
-        const auto ascii = utf8::asciiLength(bytes);
-        text.append(bytes.substr(0, ascii));
-        bytes.remove_prefix(ascii);
+        text.append(takeAscii(bytes));
         if (bytes.empty()) break;
         text += table_->texts[unsignedOf(bytes.front()) - 0x80U];
         bytes.remove_prefix(1);
@@ -259,9 +262,7 @@ std::string CodePage::encodeByTable(std::string_view text, Lacking lacking) cons
     std::string bytes;
     bytes.reserve(text.size());
     while (!text.empty()) {
-        const auto ascii = utf8::asciiLength(text);
-        bytes.append(text.substr(0, ascii));
-        text.remove_prefix(ascii);
+        bytes.append(takeAscii(text));
         if (text.empty()) break;
         if (const auto byte = carriedByte(text); byte && !table_->isCharacter(*byte)) {
             bytes += static_cast<char>(*byte);
