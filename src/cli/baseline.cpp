@@ -35,7 +35,7 @@ void addBaselineOptions(CLI::App& command, BaselineOptions& options) {
             ->type_name(FileType);
     command
         .add_flag("--update-baseline", options.update,
-                  "write what is found into that file, in the place of telling it")
+                  "write what is found into that file, instead of showing it")
         ->needs(file);
 }
 

@@ -109,8 +109,8 @@ ExitStatus importCatalogue(const CommonOptions& common, const CatalogueOptions& 
     tell(comparison, "catalogue import", options.json, isWanted, Done);
     if (!options.json)
         printLine(stderr, comparison.file.string() +
-                              (isWanted ? ": written; 'headerdtc check' tells of pages that "
-                                          "have what is gone"
+                              (isWanted ? ": written; 'headerdtc check' finds pages that "
+                                          "use what is gone"
                                         : ": nothing was written"));
     return Done;
 }
@@ -178,7 +178,7 @@ Examples:
 Exit status: 0 done, 2 wrong usage or configuration, 3 list, database or catalogue
 cannot be read or written.)");
     addCatalogueOptions(importing, *imported);
-    importing.add_flag("--dry-run", imported->dryRun, "tell what would change, write nothing");
+    importing.add_flag("--dry-run", imported->dryRun, "show what would change, write nothing");
     importing.callback(whenNamed(line, imported, importCatalogue));
 }
 

@@ -34,9 +34,9 @@ void printRule(const RuleText& rule) {
                   ": " + std::string(rule.summary) + "\n");
     printParagraph(rule.explanation);
     const bool isError = rule.severity == Severity::Error;
-    printLine(stdout, "\nA site that lives with it has " + id + " = \"off\"" +
+    printLine(stdout, "\nTo switch it off for a site: " + id + " = \"off\"" +
                           (rule.severity ? isError ? " (or \"warning\")" : " (or \"error\")" : "") +
-                          " below [check] in headerdtc.toml.");
+                          ", below [check] in headerdtc.toml");
 }
 
 void printJson(const std::vector<RuleText>& rules) {
@@ -75,7 +75,7 @@ ExitStatus explain(const CommonOptions&, const ExplainOptions& options) {
 void addExplain(CLI::App& app, CommandLine& line) {
     const auto options = std::make_shared<ExplainOptions>();
     CLI::App& command =
-        addCommand(app, "explain", "Tell what a rule of the checks finds, why, and what to do",
+        addCommand(app, "explain", "Explain a rule of the checks: what it finds, why, what to do",
                    R"(Examples:
   headerdtc explain                        all rules, of pages and of translated texts
   headerdtc explain unknown-field

@@ -77,7 +77,7 @@ std::string unknownWord(const CLI::App& app, const std::vector<std::string>& wor
 
 void addHelp(CLI::App& app, CommandLine& line) {
     const auto words = std::make_shared<std::vector<std::string>>();
-    CLI::App& help = addCommand(app, "help", "Tell how a command is used",
+    CLI::App& help = addCommand(app, "help", "Show how a command is used",
                                 R"(The same as COMMAND --help; without a command, of all.
 
 Examples:
@@ -97,7 +97,7 @@ Exit status: 0 done, 2 there is no such command.)");
     });
 
     CLI::App& version =
-        addCommand(app, "version", "Tell the version of this program", "Exit status: 0 done.");
+        addCommand(app, "version", "Show the version of this program", "Exit status: 0 done.");
     version.callback([&line] {
         line.run = [] {
             std::printf("headerdtc %s\n", Version);

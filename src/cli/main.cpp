@@ -34,8 +34,8 @@ constexpr const char* MainFooter = R"(Examples:
   headerdtc automate page.asp < steps    drive the editor by name, a JSON command a line
   headerdtc automate --over site/ steps  what the steps would change in every page
   headerdtc translations check site/     gaps and faults of the translated texts
-  headerdtc catalogue check --connect DSN=Data site/
-                                         what the database has otherwise than the catalogue
+  headerdtc catalogue import --list fields.csv site/
+                                         data providers and fields from a list
   headerdtc edit page.asp                open the page editor
   headerdtc help generate                the options of a command, with examples
 

@@ -198,7 +198,7 @@ ExitStatus report(const CommonOptions& common, const ReportOptions& options) {
 void addReport(CLI::App& app, CommandLine& line) {
     const auto options = std::make_shared<ReportOptions>();
     CLI::App& command = addCommand(
-        app, "report", "Tell in words what the pages of a site show, as Markdown",
+        app, "report", "Describe in words what pages show, as Markdown",
         R"(For reviewers: data provider, fields, criteria, links, translations and files of each page.
 
 Examples:

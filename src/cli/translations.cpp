@@ -233,12 +233,12 @@ ExitStatus importTranslations(const CommonOptions& common, const TranslationOpti
     const auto file = TranslationFile::parse(options.file, readInput(options.file));
     for (const std::string& head : file.passedOver)
         printLine(stderr, options.file + ": the column \"" + visible(head) +
-                              "\" is passed over; that of a language is headed by its locale, "
+                              "\" is ignored; a language's column is headed by its locale, "
                               "like 1031");
     if (!file.hasStates)
         printLine(stderr, options.file +
                               ": has no column \"state\"; what was changed in the database "
-                              "since the export cannot be told and is overwritten");
+                              "since the export cannot be seen and is overwritten");
 
     OdbcConnection connection(site->database.settings());
     connection.Open(site->database.settings().connectString, "", "", -1);
@@ -331,7 +331,7 @@ Exit status: 0 done, 1 something was refused, 2 wrong usage or configuration,
     command.add_option("FILE", options->file, "the edited CSV file")->required();
     addSitePath(command, options->place);
     command.add_flag("--json", options->json, "one JSON object a cell");
-    command.add_flag("--dry-run", options->dryRun, "tell what would be done, write nothing");
+    command.add_flag("--dry-run", options->dryRun, "show what would be done, write nothing");
     command.add_flag("--skip-refused", options->skipRefused,
                      "write the other cells where some are refused");
     command.callback(whenNamed(line, options, guided<importTranslations>));

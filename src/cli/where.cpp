@@ -149,8 +149,8 @@ ExitStatus where(const CommonOptions& common, const WhereOptions& options) {
 void addWhere(CLI::App& app, CommandLine& line) {
     const auto options = std::make_shared<WhereOptions>();
     CLI::App& command = addCommand(
-        app, "where", "Tell which pages use something",
-        R"(Names compare without regard to case. A place is told as PAGE:LINE: CONTROL, what it is.
+        app, "where", "Find the pages that use a field, provider, file or label",
+        R"(Upper and lower case are the same. Each place is a line PAGE:LINE: CONTROL, what it is.
 
 Examples:
   headerdtc where --field CUSTNO site/     pages that use a field

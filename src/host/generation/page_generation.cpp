@@ -60,8 +60,7 @@ std::string leftAlone(const ControlSpan& control, const SaveDoubt& doubt) {
     const bool isLoss = doubt.kind == SaveDoubt::Kind::Loss;
     return (isLoss ? "left as it was, because something would be lost: " : "left as it was: ") +
            doubt.reason + " (" + control.id + ", line " + std::to_string(control.line) + "); " +
-           (isLoss ? "--force writes the new text and keeps what is stored"
-                   : "mend that first");
+           (isLoss ? "--force writes the new text and keeps what is stored" : "correct that first");
 }
 
 std::optional<std::string> referencesTold(const ControlSpan& control,
@@ -71,7 +70,7 @@ std::optional<std::string> referencesTold(const ControlSpan& control,
     if (lacking.empty()) return std::nullopt;
     return control.id + ", line " + std::to_string(control.line) + ": " + codePage.name() +
            " lacks " + lacking +
-           ": the script has numeric references in their place; write them otherwise, or make the "
+           ": the script has numeric references in their place; write other ones, or make the "
            "page UTF-8 by a byte-order mark";
 }
 

@@ -154,7 +154,7 @@ std::string PageMarkup::readableWith(const std::vector<ControlContent>& contents
     if (isReadAlike) return result;
     throw FileError(file_, controls_.front().line, 0,
                     "what is written would not be read again, because of damaged markup around "
-                    "it, such as a quotation mark that is not closed; mend that first");
+                    "it, such as a quotation mark that is not closed; correct that first");
 }
 
 std::vector<ByteRange> PageMarkup::allSpans() const {

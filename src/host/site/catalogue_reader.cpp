@@ -40,16 +40,22 @@ struct ShapeTraits {
 };
 
 constexpr ShapeTraits Shapes[] = {
-    {Shape::Catalogue, JsonType::Object, "the catalogue, an object", {}},
+    {Shape::Catalogue, JsonType::Object, "the catalogue, an object {\"providers\": [...]}", {}},
     {Shape::Providers, JsonType::List, "a list of providers", Shape::Provider},
-    {Shape::Provider, JsonType::Object, "a provider, an object", {}},
+    {Shape::Provider, JsonType::Object, "a provider such as {\"name\": \"Orders\"}", {}},
     {Shape::Zeko, JsonType::Object, "an object with ZEKO fields", {}},
     {Shape::NumberedFields, JsonType::List, "a list of numbered fields", Shape::NumberedField},
-    {Shape::NumberedField, JsonType::Object, "a numbered field, an object", {}},
+    {Shape::NumberedField,
+     JsonType::Object,
+     "a field such as {\"number\": 1, \"name\": \"CUSTNO\"}",
+     {}},
     {Shape::Number, JsonType::Integer, "an integer", {}},
     {Shape::Eai, JsonType::Object, "an object with EAI record groups", {}},
     {Shape::Groups, JsonType::List, "a list of record groups", Shape::Group},
-    {Shape::Group, JsonType::Object, "a record group, an object", {}},
+    {Shape::Group,
+     JsonType::Object,
+     "a record group such as {\"name\": \"ORDERS\", \"fields\": [\"ORDNO\"]}",
+     {}},
     {Shape::Names, JsonType::List, "a list of names", Shape::Name},
     {Shape::Name, JsonType::Text, "a name in quotes", {}},
 };
@@ -289,8 +295,8 @@ class CatalogueReader : public nlohmann::json_sax<Json> {
 
     // `what` stands here in words: "true", "a list".
     [[noreturn]] void failOther(const std::string& what, std::size_t place) const {
-        fail(place, "here " + std::string(traitsOf(expected()).description) +
-                        " has to stand, not " + what);
+        fail(place,
+             "expected " + std::string(traitsOf(expected()).description) + ", found " + what);
     }
 
     [[noreturn]] void fail(std::size_t place, const std::string& problem) const {

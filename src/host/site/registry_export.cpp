@@ -263,7 +263,7 @@ class ExportReader {
             const auto place = at_.place();
             unsigned byte = 0;
             if (readHexDigits(&byte) != 2)
-                at_.failAt(place, "here a byte of two digits has to stand; the export is cut off");
+                at_.failAt(place, "expected a byte of two digits; the export is cut off");
             bytes += static_cast<char>(byte);
             at_.skipBlanks();
         } while (at_.take(","));

@@ -26,9 +26,10 @@ void pageCanBeGenerated(const ControlView& control, Remarks& remarks) {
             {std::nullopt, 0, "",
              (isLoss ? "a generation would lose something: " : "the page cannot be generated: ") +
                  doubt.doubt.reason,
-             isLoss ? "put back what is missing, or generate it all the same, which keeps what is "
-                      "stored and writes the new text"
-                    : "mend what is missing in the set-up of the site",
+             isLoss
+                 ? "put back what is missing; 'headerdtc generate --force' writes the new text and "
+                   "keeps what is stored"
+                 : "correct that first; 'headerdtc doctor' looks at the set-up of the site",
              0});
     }
 }

@@ -128,7 +128,7 @@ constexpr Rule Rules[] = {
      rules::valuesFitTheScript, Error, Fault},
     {"value-is-placeholder", "a value has a placeholder of the template in it",
      "Placeholders of the template are replaced one after the other, in values too. One "
-     "that a value has may be replaced by another text. Write it otherwise.",
+     "that a value has may be replaced by another text. Write another text.",
      rules::valuesAreNoPlaceholders, Warning, Fault},
     {"nul-character", "a value or script has a NUL character",
      "No script engine reads on behind a character 0. Write the value anew, or take the "
@@ -136,7 +136,7 @@ constexpr Rule Rules[] = {
      rules::valuesHaveNoNul, Error, Fault},
     {"outside-code-page", "a value has a character that the page's code page lacks",
      "A character that the page's code page lacks is stored as a reference, and the "
-     "script gets the text of that reference. Write it otherwise, or make the page UTF-8 "
+     "script gets the text of that reference. Write another text, or make the page UTF-8 "
      "by a byte-order mark.",
      rules::valuesFitTheCodePage, Error, Fault},
     {"long-statement", "a statement has more lines than a script engine takes",

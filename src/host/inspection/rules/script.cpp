@@ -100,7 +100,7 @@ void valuesAreNoPlaceholders(const ControlView& control, Remarks& remarks) {
                                     placeOf(role, item) + " has " + std::string(step.placeholder) +
                                         ", a placeholder of the template, in whose place the "
                                         "script may get another text",
-                                    "write it otherwise"));
+                                    "write another text"));
             return;
         }
     });
@@ -155,7 +155,7 @@ void valuesFitTheCodePage(const ControlView& control, Remarks& remarks) {
         remarks.push_back(about(item, family,
                                 what + " has " + lacking + ", which " + codePage.name() +
                                     " lacks; the script gets numeric references in their place",
-                                "write it otherwise, or make the page UTF-8 by a byte-order mark"));
+                                "write another text, or make the page UTF-8 by a byte-order mark"));
     };
     forEachWritten(
         configuration, [&](StoredRole role, std::optional<Family> family, const StoredItem& item) {
