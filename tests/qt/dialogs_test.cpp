@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -49,6 +51,8 @@ class DialogsTest : public Test, protected Person {
 TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
     EventRecorder events(label.form);
     show(label.form, [&](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "Add label");
+        EXPECT_TRUE(in<QPushButton>(window, "OKButton").isDefault());
         type(window, "SLBDA2001");
         press(window, Qt::Key_Tab);
         press(window, Qt::Key_Return);
@@ -89,6 +93,7 @@ TEST_F(DialogsTest, ScriptsKeepTheirLineEnds) {
     show(dialog.form, [&](QWidget& window) {
         auto& body = in<QPlainTextEdit>(window, "ScriptBodyText");
         EXPECT_EQ(body.font().family(), "Courier New");
+        EXPECT_EQ(in<QRadioButton>(window, "LocalScriptOption").text(), "&Local script");
         click(*body.viewport(), {3, 3});
         EXPECT_EQ(dialog.ScriptBodyText.Text(), "a\nb\r\n") << "a click edits nothing";
         press(window, Qt::Key_End, Qt::ControlModifier);

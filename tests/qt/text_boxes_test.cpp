@@ -45,6 +45,8 @@ TEST_F(SurfaceTest, PasteUndoAndLockedBoxes) {
     EXPECT_EQ(dtc.XSLFilenameText.Text(), "pasted");
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(dtc.XSLFilenameText.Text(), "xsl/Generic.xsl");
+    dtc.XSLFilenameText.Text(std::string(40'000, 'x'));
+    EXPECT_EQ(edit.text().size(), 40'000);
 
     openTab(1);
     dtc.EAI.DataProviderText.Text("Orders");

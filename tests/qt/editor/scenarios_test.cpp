@@ -10,8 +10,6 @@
 
 namespace headerdtc::qt::scenarios_test {
 
-namespace fs = std::filesystem;
-
 // A scenario and its page, which is a new one where the demo has none of that name.
 using Scenario = std::pair<const char*, const char*>;
 
