@@ -37,6 +37,11 @@ tells 0 init init --json --drive C=elsewhere port
 [[ $(diff -r port before) == "Only in port: it's.sqlite" ]] || fail "$(diff -r port before)"
 check 2 "$headerdtc" init --yes --drive c port/other
 says 3 'failed   catalogue' init --yes --catalogue 'DSN=Nowhere;PWD=quayside' port/other
+expect "$(<port/catalogue.json)" '{"number": 3, "name": "CITY"}'
+sed -i 's/SQLite3/PostgreSQL/' port/odbc.ini && rm "port/it's.sqlite"
+check 1 "$headerdtc" init --yes port
+[[ ! -e "port/it's.sqlite" ]] || fail "a file was made for a server"
+says 3 'failed   configuration' init --yes /dev/null/port
 rm -r port before
 
 # ---- where --------------------------------------------------------------------------------------

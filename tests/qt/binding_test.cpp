@@ -4,12 +4,6 @@
 #include "qt/surface/form_dialog.h"
 #include "qt/surface_fixture.h"
 
-#include <QAbstractButton>
-#include <QDialog>
-#include <QLabel>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QVBoxLayout>
 #include <set>
 
 namespace headerdtc::binding_test {

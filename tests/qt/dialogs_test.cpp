@@ -6,17 +6,6 @@
 #include "qt/surface_fixture.h"
 #include "scripts/specify_criterium_dialog.h"
 
-#include <QComboBox>
-#include <QDialog>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTimer>
-
 namespace headerdtc::dialogs_test {
 
 class DialogsTest : public Test, protected Person {

@@ -1,12 +1,5 @@
 #include "qt/surface_fixture.h"
 
-#include <QCheckBox>
-#include <QDialog>
-#include <QLineEdit>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QTimer>
-
 namespace headerdtc::focus_test {
 
 class FocusTest : public SurfaceTest {

@@ -1,9 +1,6 @@
 #include "host/automation/control_state.h"
 #include "qt/surface_fixture.h"
 
-#include <QAbstractButton>
-#include <QTabBar>
-#include <QTabWidget>
 #include <nlohmann/json.hpp>
 #include <sstream>
 

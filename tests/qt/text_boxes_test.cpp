@@ -1,9 +1,6 @@
 #include "qt/surface/edited_text.h"
 #include "qt/surface_fixture.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-
 namespace headerdtc::text_boxes_test {
 
 TEST_F(SurfaceTest, PositionsCountCharactersNotUnits) {

@@ -4,11 +4,6 @@
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/window_fixture.h"
 
-#include <QClipboard>
-#include <QLineEdit>
-#include <QTextBlock>
-#include <QToolButton>
-
 namespace headerdtc::qt::editing_test {
 
 class Editing : public WindowTest {};

@@ -4,10 +4,6 @@
 #include "qt/editor/window_fixture.h"
 #include "qt/surface/selection_list.h"
 
-#include <QListWidget>
-#include <QMenu>
-#include <QTableView>
-
 namespace headerdtc::qt::health_test {
 
 class Health : public WindowTest {

@@ -6,8 +6,6 @@
 #include "qt/editor/scenario_player.h"
 #include "qt/editor/window_fixture.h"
 
-#include <QFile>
-
 namespace headerdtc::qt::scenarios_test {
 
 // A scenario and its page, which is a new one where the demo has none of that name.
