@@ -66,8 +66,6 @@ function(headerdtc_test name)
     foreach(room IN LISTS ARG_DEPENDS)
         target_link_libraries(${name} PRIVATE headerdtc_${room})
     endforeach()
-    target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
-    target_compile_definitions(${name} PRIVATE HEADERDTC_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE headerdtc_options GTest::gmock GTest::gtest_main
                           ${ARG_LIBRARIES})
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)

@@ -2,6 +2,7 @@
 # What the command tests share: a folder of their own, to be worked in, and what to expect of a
 # command. Sourced by scripts whose arguments are the command and the project's folder.
 
+set -u
 headerdtc=$1
 project=$2
 folder=$(mktemp -d)
@@ -24,7 +25,12 @@ fail() {
     echo "FAILED: $1"
     failures=$((failures + 1))
 }
-expect() { [[ $1 == *"$2"* ]] || fail "'$2' is missing in: $1"; }
+expect() {  # expect WHERE TEXT...
+    local text
+    for text in "${@:2}"; do
+        [[ $1 == *"$text"* ]] || fail "'$text' is missing in: $1"
+    done
+}
 expect_empty() { [[ -z $1 ]] || fail "this should be empty: $1"; }
 
 # Every line of the output is what a schema says.

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # command_line_test.sh HEADERDTC PROJECT: what the commands have in common: exit status, input of
 # paths, interruption, help, completions and manual page.
-set -u
 # shellcheck source=tests/cli/checks.sh
 . "$2/tests/cli/checks.sh"
 # shellcheck source=tests/cli/harbour_site.sh

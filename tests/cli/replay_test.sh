@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # replay_test.sh HEADERDTC PROJECT: automation scripts over many pages, as a user would run them, on
 # the site of a harbour office.
-set -u
 # shellcheck source=tests/cli/checks.sh
 . "$2/tests/cli/checks.sh"
 # shellcheck source=tests/cli/harbour_site.sh

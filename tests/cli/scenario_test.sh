@@ -2,7 +2,6 @@
 # scenario_test.sh HEADERDTC PROJECT: what an author does on the demo site, through automation. A page
 # is translated, with the expected rows at the end; a whole configuration is built on a new page, which
 # has the same properties and gives the same text when it is opened again.
-set -u
 # shellcheck source=tests/cli/checks.sh
 . "$2/tests/cli/checks.sh"
 cp -r "$project/demo" site

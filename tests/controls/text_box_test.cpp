@@ -132,15 +132,4 @@ TEST_F(TextBoxTest, AWindowThatEditsByItselfReportsWhatCameOfIt) {
     EXPECT_TRUE(box.keyPress(Key::of(Left)));
 }
 
-TEST(Utf8Test, CharactersGoThereAndBack) {
-    for (const char32_t c : {U'A', U'\u007F', U'\u0080', U'\u07FF', U'\u0800', U'\uFFFD',
-                             U'\U00010000', U'\U0010FFFF'})
-        EXPECT_EQ(utf8::first(utf8::encode(c) + "x"), c);
-    EXPECT_EQ(utf8::encode(0xD800), "\uFFFD");
-    EXPECT_EQ(utf8::encode(0x110000), "\uFFFD");
-    EXPECT_EQ(utf8::first(""), 0U);
-    EXPECT_EQ(utf8::offset("aö", 2), 3U);
-    EXPECT_EQ(utf8::length("\xF0\x9F"), 1) << "cut short";
-}
-
 }  // namespace headerdtc::text_box_test

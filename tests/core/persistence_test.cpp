@@ -103,39 +103,26 @@ TEST_F(PersistenceTest, ReadingOnceMoreReplacesItemsAndAddsFieldsToLinkFrom) {
 // ---- what goes wrong ----------------------------------------------------------------------------
 
 TEST_F(PersistenceTest, CountsAreConvertedOrEndTheReading) {
-    struct Case {
-        const char* count;
-        int items;
-        const char* error;
+    const std::tuple<std::vector<const char*>, int, const char*> cases[] = {
+        {{"2", " 2 ", "1.5", "2.5"}, 2, ""},
+        {{"-1"}, 0, ""},
+        {{"1e1"}, 10, ""},
+        {{"abc", "", "2x", "--2", "inf"}, 0, "Type mismatch (13)"},
+        {{"40000", "1e400", "-32769"}, 0, "Overflow (6)"},
     };
-    const Case cases[] = {
-        {"2", 2, ""},
-        {" 2 ", 2, ""},
-        {"1.5", 2, ""},
-        {"2.5", 2, ""},
-        {"-1", 0, ""},
-        {"1e1", 10, ""},
-        {"abc", 0, "Type mismatch (13)"},
-        {"", 0, "Type mismatch (13)"},
-        {"2x", 0, "Type mismatch (13)"},
-        {"--2", 0, "Type mismatch (13)"},
-        {"inf", 0, "Type mismatch (13)"},
-        {"40000", 0, "Overflow (6)"},
-        {"1e400", 0, "Overflow (6)"},
-        {"-32769", 0, "Overflow (6)"},
-    };
-    for (const Case& each : cases) {
-        SCOPED_TRACE(each.count);
-        TestControl control;
-        OrderedPropertyBag stored =
-            page({{"EAIReturnFieldCount", each.count}, {"XSLFilename", "read.xsl"}});
-        control.dtc.UserControl_ReadProperties(stored);
-        EXPECT_EQ(control.dtc.EAI.SelectedFieldsList.ListCount(), each.items);
-        std::vector<std::string> errors;
-        if (*each.error) errors.push_back(failedReading(each.error));
-        EXPECT_EQ(control.errors(), errors);
-        EXPECT_EQ(control.dtc.XSLFilenameText.Text(),
-                  errors.empty() ? "read.xsl" : "xsl/Generic.xsl");
+    for (const auto& [counts, items, error] : cases) {
+        for (const char* count : counts) {
+            SCOPED_TRACE(count);
+            TestControl control;
+            auto stored = page({{"EAIReturnFieldCount", count}, {"XSLFilename", "read.xsl"}});
+            control.dtc.UserControl_ReadProperties(stored);
+            EXPECT_EQ(control.dtc.EAI.SelectedFieldsList.ListCount(), items);
+            std::vector<std::string> errors;
+            if (*error) errors.push_back(failedReading(error));
+            EXPECT_EQ(control.errors(), errors);
+            EXPECT_EQ(control.dtc.XSLFilenameText.Text(),
+                      errors.empty() ? "read.xsl" : "xsl/Generic.xsl");
+        }
     }
 }
 

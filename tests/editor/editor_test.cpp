@@ -6,8 +6,6 @@
 #include "core/control_fixture.h"
 #include "editor/translation_removal.h"
 
-#include <random>
-
 namespace headerdtc::editor_test {
 
 class EditorTest : public ControlTest, public WithParamInterface<Family> {

@@ -1,9 +1,7 @@
 #include "platform/dictionary.h"
 #include "platform/error_trap.h"
 #include "platform/nearest_name.h"
-#include "platform/text.h"
 #include "platform/utf8.h"
-#include "support/error_number.h"
 #include "support/fake_surroundings.h"
 #include "support/prologue.h"
 
@@ -141,11 +139,18 @@ TEST(TextTest, ComparesIgnoringCaseOverTheWholeLength) {
     EXPECT_FALSE(equalIgnoringCase("[", "{"));
 }
 
-TEST(TextTest, CountsCharactersNotBytes) {
+TEST(TextTest, CountsCharactersNotBytesAndBringsThemBack) {
     EXPECT_EQ(utf8::length("größe€😀"), 7);
+    EXPECT_EQ(utf8::length("\xF0\x9F"), 1) << "cut short";
     EXPECT_EQ(utf8::offset("größe", 3), 4U);
     EXPECT_EQ(utf8::offset("größe", 0), 0U);
     EXPECT_EQ(utf8::offset("größe", 99), 7U);
+    for (const char32_t c : {U'A', U'\u007F', U'\u0080', U'\u07FF', U'\u0800', U'\uFFFD',
+                             U'\U00010000', U'\U0010FFFF'})
+        EXPECT_EQ(utf8::first(utf8::encode(c) + "x"), c);
+    EXPECT_EQ(utf8::first(""), 0U);
+    for (const char32_t none : {char32_t{0xD800}, char32_t{0x110000}})
+        EXPECT_EQ(utf8::encode(none), "\uFFFD");
 }
 
 TEST(TextTest, NarrowsToSixteenBitsOrOverflows) {

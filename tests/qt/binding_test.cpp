@@ -4,11 +4,6 @@
 #include "qt/surface/form_dialog.h"
 #include "qt/surface_fixture.h"
 
-#include <QDialog>
-#include <QLabel>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QVBoxLayout>
 #include <set>
 
 namespace headerdtc::binding_test {
@@ -52,6 +47,35 @@ TEST_F(SurfaceTest, WidgetsAreCalledByWordsEachByItsOwn) {
         EXPECT_NE(qt::fromQt(name), control->name());
         EXPECT_TRUE(names.emplace(control->tabPage(), name).second) << qt::fromQt(name);
     }
+}
+
+// What is written on a page's widgets, in the order of the form, with the letters that lead to it.
+TEST_F(SurfaceTest, EveryPageShowsItsWordsAndItsLetters) {
+    std::vector<std::string> pages;
+    for (int page = 0; page < 6; ++page) {
+        openTab(page);
+        QStringList words;
+        for (const QWidget* each : surface.findChildren<QWidget*>()) {
+            const QVariant text = each->property("text");
+            const bool isWritten =
+                qobject_cast<const QLabel*>(each) || qobject_cast<const QAbstractButton*>(each);
+            if (isWritten && each->isVisible() && !text.toString().isEmpty())
+                words += text.toString();
+        }
+        pages.push_back(words.join('|').toStdString());
+    }
+    const std::string link =
+        "Linked data&provider:|Delete link|Availa&ble:|&Add|De&lete|Selected:|"
+        "Order|/\\|\\/|A&dd|Dele&te";
+    EXPECT_THAT(
+        pages,
+        ElementsAre("Da&taProvider:|S&ave|Incl&ude ASP:|...|A&dd|De&lete|...|Ena&ble end user to "
+                    "filter on available filters",
+                    "Data&Provider:|Availa&ble:|&Add|De&lete|Selected:|Order|/\\|\\/|A&dd|Dele&te",
+                    "Data&Provider:|Availa&ble fields:|&Add|De&lete|Order|/\\|\\/|A&dd|Dele&te",
+                    "&DataProvider:|&Translate fieldnames:|Tr&anslate fieldvalues:|T&ranslate "
+                    "fieldnames:|Trans&late fieldvalues:",
+                    link, link));
 }
 
 // As the models' own Tab key goes: both ways, and past what is disabled or hidden.

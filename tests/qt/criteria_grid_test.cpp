@@ -2,11 +2,6 @@
 
 #include "qt/surface_fixture.h"
 
-#include <QComboBox>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QScrollBar>
-
 namespace headerdtc::criteria_grid_test {
 
 namespace column = criteria_column;

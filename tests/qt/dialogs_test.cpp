@@ -4,15 +4,6 @@
 #include "qt/surface_fixture.h"
 #include "scripts/specify_criterium_dialog.h"
 
-#include <QComboBox>
-#include <QDialog>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QTemporaryDir>
-#include <QTimer>
-
 namespace headerdtc::dialogs_test {
 
 class DialogsTest : public Test, protected Person {
@@ -47,6 +38,8 @@ class DialogsTest : public Test, protected Person {
 TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
     EventRecorder events(label.form);
     show(label.form, [&](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), "Add label");
+        EXPECT_TRUE(in<QPushButton>(window, "OKButton").isDefault());
         type(window, "SLBDA2001");
         press(window, Qt::Key_Tab);
         press(window, Qt::Key_Return);
@@ -87,6 +80,7 @@ TEST_F(DialogsTest, ScriptsKeepTheirLineEnds) {
     show(dialog.form, [&](QWidget& window) {
         auto& body = in<QPlainTextEdit>(window, "ScriptBodyText");
         EXPECT_EQ(body.font().family(), "Courier New");
+        EXPECT_EQ(in<QRadioButton>(window, "LocalScriptOption").text(), "&Local script");
         click(*body.viewport(), {3, 3});
         EXPECT_EQ(dialog.ScriptBodyText.Text(), "a\nb\r\n") << "a click edits nothing";
         press(window, Qt::Key_End, Qt::ControlModifier);

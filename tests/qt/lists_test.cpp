@@ -1,7 +1,5 @@
 #include "qt/surface_fixture.h"
 
-#include <QScrollBar>
-
 namespace headerdtc::lists_test {
 
 class ListsTest : public SurfaceTest {

@@ -1,11 +1,7 @@
 #include "host/automation/control_state.h"
 #include "qt/surface_fixture.h"
 
-#include <QAbstractButton>
-#include <QTabBar>
-#include <QTabWidget>
 #include <nlohmann/json.hpp>
-#include <random>
 #include <sstream>
 
 namespace headerdtc::random_actions_test {
@@ -124,19 +120,14 @@ class RandomActionsTest : public SurfaceTest, public WithParamInterface<unsigned
     std::ostringstream done;
     Grid& grid = dtc.EAI.CriteriaGrid;
     HeaderDTC& twin = plain.dtc;
+    using Kind = Key::Kind;
     const std::vector<std::pair<Qt::Key, Key>> keys = {
-        {Qt::Key_Up, Key::of(Key::Kind::Up)},
-        {Qt::Key_Down, Key::of(Key::Kind::Down)},
-        {Qt::Key_Left, Key::of(Key::Kind::Left)},
-        {Qt::Key_Right, Key::of(Key::Kind::Right)},
-        {Qt::Key_Return, Key::of(Key::Kind::Enter)},
-        {Qt::Key_Escape, Key::of(Key::Kind::Escape)},
-        {Qt::Key_Delete, Key::of(Key::Kind::Delete)},
-        {Qt::Key_Backspace, Key::of(Key::Kind::Backspace)},
-        {Qt::Key_Tab, Key::of(Key::Kind::Tab)},
-        {Qt::Key_Backtab, {Key::Kind::Tab, 0, true}},
-        {Qt::Key_5, Key::of(U'5')},
-    };
+        {Qt::Key_Up, {Kind::Up}},         {Qt::Key_Down, {Kind::Down}},
+        {Qt::Key_Left, {Kind::Left}},     {Qt::Key_Right, {Kind::Right}},
+        {Qt::Key_Return, {Kind::Enter}},  {Qt::Key_Escape, {Kind::Escape}},
+        {Qt::Key_Delete, {Kind::Delete}}, {Qt::Key_Backspace, {Kind::Backspace}},
+        {Qt::Key_Tab, {Kind::Tab}},       {Qt::Key_Backtab, {Kind::Tab, 0, true}},
+        {Qt::Key_5, Key::of(U'5')}};
 };
 
 TEST_P(RandomActionsTest, TheWindowRaisesTheEventsOfTheModels) {

@@ -8,10 +8,8 @@
 #include "support/event_recorder.h"
 #include "support/prologue.h"
 
-#include <QApplication>
-#include <QTableView>
 #include <QTest>
-#include <QWindow>
+#include <QtWidgets>
 
 namespace headerdtc {
 

@@ -1,9 +1,6 @@
 #include "qt/surface/edited_text.h"
 #include "qt/surface_fixture.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-
 namespace headerdtc::text_boxes_test {
 
 TEST_F(SurfaceTest, PositionsCountCharactersNotUnits) {
@@ -45,6 +42,8 @@ TEST_F(SurfaceTest, PasteUndoAndLockedBoxes) {
     EXPECT_EQ(dtc.XSLFilenameText.Text(), "pasted");
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(dtc.XSLFilenameText.Text(), "xsl/Generic.xsl");
+    dtc.XSLFilenameText.Text(std::string(40'000, 'x'));
+    EXPECT_EQ(edit.text().size(), 40'000);
 
     openTab(1);
     dtc.EAI.DataProviderText.Text("Orders");

@@ -3,7 +3,6 @@
 # after the other, while `headerdtc generate` rewrites two pages, and kills it at each as well.
 # Afterwards each page is the old or the new one, a failure was reported, and the next run makes
 # all as it should be.
-set -u
 # shellcheck source=tests/cli/checks.sh
 . "$2/tests/cli/checks.sh"
 export LC_ALL=C.UTF-8 ASAN_OPTIONS=detect_leaks=0
@@ -75,20 +74,10 @@ once() {
     ((begun)) || fail "$call never came"
 }
 
-once openat error=EACCES
-once openat error=EMFILE
-once pread64 error=EIO
-once write error=ENOSPC
-once write error=EINTR
-once fchmod error=EPERM
-once fdatasync error=EIO
-once fsync error=EIO
-once renameat2 error=EIO
-once renameat2 error=EINVAL
-once unlink error=EACCES
-once flock error=ENOLCK
-once faccessat2 error=EROFS
-once clone3 error=EAGAIN
+for each in openat:EACCES openat:EMFILE pread64:EIO write:ENOSPC write:EINTR fchmod:EPERM fdatasync:EIO \
+    fsync:EIO renameat2:EIO renameat2:EINVAL unlink:EACCES flock:ENOLCK faccessat2:EROFS clone3:EAGAIN; do
+    once "${each%:*}" "error=${each#*:}"
+done
 for call in openat write fchmod fdatasync renameat2 unlink fsync; do
     once "$call" signal=KILL
 done

@@ -8,11 +8,7 @@
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_tabs.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QSettings>
-#include <QStandardPaths>
-#include <QTimer>
+#include <QtWidgets>
 #include <fstream>
 
 namespace fs = std::filesystem;

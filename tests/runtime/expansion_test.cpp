@@ -5,7 +5,6 @@
 #include "support/prologue.h"
 
 #include <cstdlib>
-#include <random>
 
 namespace headerdtc::expansion_test {
 

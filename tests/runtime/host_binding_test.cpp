@@ -17,12 +17,7 @@ class HostBindingTest : public ControlTest {
 
 TEST_F(HostBindingTest, EverySlashBeyondTheRootIsALevel) {
     placeOnPage();
-    struct Case {
-        const char* root;
-        const char* page;
-        const char* way;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
         {"/Proj", "/Proj/a/b/page.asp", "../../../"},
         {"/Proj/", "/Proj/a/b/page.asp", "../../"},
         {"/Proj/", "/Proj/page.asp", ""},
@@ -35,8 +30,8 @@ TEST_F(HostBindingTest, EverySlashBeyondTheRootIsALevel) {
         // The root is measured in characters.
         {"/gr\u00F6\u00DFe/", "/other//x/page.asp", "../../"},
     };
-    for (const Case& each : cases)
-        EXPECT_EQ(wayUp(each.root, each.page), each.way) << each.page << " below " << each.root;
+    for (const auto& [root, page, way] : cases)
+        EXPECT_EQ(wayUp(root, page), way) << page << " below " << root;
     EXPECT_THAT(messages(), IsEmpty());
 }
 

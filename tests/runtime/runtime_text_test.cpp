@@ -1,7 +1,6 @@
 #include "runtime/runtime_text.h"
 
 #include "core/filled_control.h"
-#include "platform/text.h"
 #include "runtime/fragments.h"
 
 namespace headerdtc::runtime_text_test {

@@ -2,7 +2,7 @@
 
 #include "controls/keys.h"
 #include "controls/list_box.h"
-#include "support/error_number.h"
+#include "support/failures.h"
 
 #include <initializer_list>
 #include <string>

@@ -14,7 +14,6 @@
 #include "support/temp_site.h"
 
 #include <iterator>
-#include <random>
 #include <set>
 
 namespace headerdtc::recording_test {

@@ -2,8 +2,6 @@
 #include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <random>
-
 namespace headerdtc::diff_test {
 
 TEST(LineDiff, RunsTakeTurnsAndSayWhichLinesAreTheSame) {

@@ -80,7 +80,7 @@ TEST_F(Doctor, SaysWhichConfigurationHoldsAndWhy) {
 }
 
 TEST_F(Doctor, NamesTheFirstBrokenLinkOfTheInstallation) {
-    site.writeTemplate("<PATH_TO_ROT> <DATAPROVIDER> <DATAPROVIDR> <TABLE>");
+    site.writeTemplate("<PATH_TO_ROT> <DATAPROVIDER> <DATAPROVIDR> <TABLE> <A_B c> <A_B");
     EXPECT_THAT(look("template"), says("warning: ", "unknown: <DATAPROVIDR>, <PATH_TO_ROT> "));
     std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
     EXPECT_THAT(look("template"), says("broken: ", "/DTC_TEMPLATE.ASP -> "));
@@ -150,6 +150,7 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     EXPECT_THAT(look("data source"), AllOf(HasSubstr("nowhere.ini"), Not(HasSubstr("hush"))));
     configure("");
     EXPECT_THAT(look("data source"), StartsWith("warning: \"connect_string\" is empty"));
+    EXPECT_EQ(look("log-on"), "not told");
 }
 
 }  // namespace headerdtc::doctor_test

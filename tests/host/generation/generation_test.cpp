@@ -1,7 +1,6 @@
 #include "host/generation/site_generation.h"
 #include "host/generation/site_pages.h"
 #include "host/page/page_document.h"
-#include "platform/text.h"
 #include "support/prologue.h"
 #include "support/temp_site.h"
 

@@ -1,7 +1,5 @@
 #include "host/inspection/harbour_site.h"
 #include "host/inspection/property_line.h"
-#include "platform/text.h"
-#include "support/cases.h"
 
 namespace headerdtc::rules_test {
 

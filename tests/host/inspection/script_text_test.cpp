@@ -1,6 +1,5 @@
 #include "host/inspection/script_text.h"
 
-#include "support/cases.h"
 #include "support/prologue.h"
 
 #include <set>

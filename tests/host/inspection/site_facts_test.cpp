@@ -5,8 +5,6 @@
 
 namespace headerdtc::site_facts_test {
 
-namespace fs = std::filesystem;
-
 class SiteFactsTest : public Test {
   protected:
     SiteFacts::Functions functionsOf(const std::string& page) {

@@ -1,5 +1,5 @@
-#include "host/failures.h"
 #include "host/odbc/odbc_data_source.h"
+#include "support/prologue.h"
 #include "translation_database.h"
 
 namespace headerdtc::data_source_test {

@@ -1,4 +1,4 @@
-#include "host/failures.h"
+#include "support/prologue.h"
 #include "translation_database.h"
 
 #include <clocale>

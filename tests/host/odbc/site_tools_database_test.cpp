@@ -2,13 +2,12 @@
 // catalogue functions, an import of translations.
 
 #include "host/catalogue_import/database_tables.h"
-#include "host/failures.h"
 #include "host/files/file_error.h"
 #include "host/odbc/odbc_connection.h"
 #include "host/odbc/odbc_metadata.h"
 #include "host/odbc/reading_database.h"
 #include "host/translations/translation_import.h"
-#include "platform/text.h"
+#include "support/prologue.h"
 #include "translation_database.h"
 
 namespace headerdtc::site_tools_database_test {

@@ -53,7 +53,8 @@ void TranslationDatabase::run(const std::string& statement) {
 }
 
 void TranslationDatabase::runFile(const std::string& name) {
-    for (const auto& statement : statementsOf(fs::path(HEADERDTC_DEMO) / "translations" / name))
+    for (const auto& statement :
+         statementsOf(fs::path(HEADERDTC_SOURCE_DIR "/demo/translations") / name))
         if (!statement.empty()) run(statement);
 }
 

@@ -1,4 +1,4 @@
-#include "host/failures.h"
+#include "support/prologue.h"
 #include "translation_site.h"
 
 #include <thread>
@@ -71,7 +71,7 @@ TEST_F(Statements, EndWithTheSameRowsOnEveryDatabase) {
 TEST_F(Statements, TheDemosRowsAreOfferedAsTheGuideSays) {
     translations.runFile("rows.sql");
     auto settings = translations.settings;
-    if (!translations.isServer()) settings.odbcIni = HEADERDTC_DEMO "/odbc.ini";
+    if (!translations.isServer()) settings.odbcIni = HEADERDTC_SOURCE_DIR "/demo/odbc.ini";
     database = OdbcDatabase(settings);
     EXPECT_THAT(store.ListFieldValueTranslations("Orders", "zeko", "STATUS"), SizeIs(4));
     EXPECT_THAT(store.ListLabels(), AllOf(SizeIs(20), Not(Contains("SLBDA1999"))));

@@ -103,6 +103,8 @@ TEST(Rename, GivesAScriptThatWasUpToDateTheNewName) {
     site.writeTemplate("");
     std::filesystem::remove(site / "c/Suite/Orvane/include/DTC_TEMPLATE.ASP");
     EXPECT_EQ(rename().outcome, Outcome::Failed);
+    site.write("page.asp", "<html>");
+    EXPECT_EQ(rename().outcome, Outcome::NoControl);
 }
 
 }  // namespace headerdtc::rename_test

@@ -1,10 +1,8 @@
 #include "host/translations/csv.h"
 
-#include "host/failures.h"
 #include "host/files/file_error.h"
 #include "platform/utf8.h"
-
-#include <random>
+#include "support/prologue.h"
 
 namespace headerdtc::csv_test {
 

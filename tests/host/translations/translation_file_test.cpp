@@ -1,11 +1,9 @@
 #include "host/translations/translation_file.h"
 
-#include "host/failures.h"
 #include "host/files/file_error.h"
 #include "host/translations/csv.h"
 #include "host/translations/translation_import.h"
-#include "platform/text.h"
-#include "support/cases.h"
+#include "support/prologue.h"
 
 namespace headerdtc::translation_file_test {
 

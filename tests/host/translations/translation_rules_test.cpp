@@ -31,6 +31,7 @@ TEST(TranslationRules, AreSilentWhereNothingIsWrong) {
     EXPECT_THAT(broken("Ready?", "\xE5\x87\x86\xE5\xA4\x87\xEF\xBC\x9F"), IsEmpty());  // full width
     EXPECT_THAT(broken("More...", "Mehr\xE2\x80\xA6"), IsEmpty());
     EXPECT_THAT(broken("50 % of %1", "%1: 50 %"), IsEmpty());
+    EXPECT_THAT(broken("50 % of it", "die H\xC3\xA4lfte"), IsEmpty());
     EXPECT_THAT(broken("{0}: {1}", "{1}, {0}:"), ElementsAre("end-punctuation"));
     EXPECT_THAT(broken("bye bye now", "tsch\xC3\xBC tsch\xC3\xBC jetzt"), IsEmpty());
     EXPECT_THAT(broken("10 10", "20 20 Uhr"), IsEmpty());

@@ -4,11 +4,6 @@
 #include "qt/editor/window/page_status.h"
 #include "qt/editor/window_fixture.h"
 
-#include <QClipboard>
-#include <QLineEdit>
-#include <QTextBlock>
-#include <QToolButton>
-
 namespace headerdtc::qt::editing_test {
 
 class Editing : public WindowTest {};
@@ -146,6 +141,29 @@ TEST_F(Editing, ACharacterThatTheCodePageLacksIsShownAsItIsWritten) {
     EXPECT_EQ(QStringLiteral("&#937;\u00A0ab"), source.document()->firstBlock().text());
 }
 
+TEST_F(Editing, ATextIsFoundWhileItIsTypedAndFurtherOnRoundTheEnds) {
+    PageEditor& editor = open("plain.asp", "one two\ntwo One\n");
+    command(Command::Find);
+    auto* text = editor.findChild<QLineEdit*>("FindText");
+    const auto foundAt = [&](Qt::Key key, Qt::KeyboardModifiers held = {}) {
+        QTest::keyClick(text, key, held);
+        return editor.source().textCursor().selectionStart();
+    };
+    for (const Qt::Key letter : {Qt::Key_T, Qt::Key_W, Qt::Key_O})
+        EXPECT_EQ(4, foundAt(letter));
+    EXPECT_EQ(8, foundAt(Qt::Key_Return));
+    EXPECT_EQ(4, foundAt(Qt::Key_Return));
+    EXPECT_EQ(8, foundAt(Qt::Key_Return, Qt::ShiftModifier));
+    text->setText("One");
+    editor.findChild<QCheckBox*>("MatchCase")->setChecked(true);
+    EXPECT_EQ(12, foundAt(Qt::Key_Return));
+    QTest::keyClicks(text, "!");
+    EXPECT_EQ("Not found", editor.findChild<QLabel*>("FindResult")->text());
+    foundAt(Qt::Key_Escape);
+    EXPECT_FALSE(text->isVisible());
+    EXPECT_TRUE(editor.source().hasFocus());
+}
+
 TEST_F(Editing, TheControlsSpanIsFoldedAndShownOnDemand) {
     PageEditor& editor = open("page.asp", ordersPage());
     SourceView& source = editor.source();
@@ -197,6 +215,9 @@ TEST_F(Editing, ControlsAreInsertedChosenAndTakenOut) {
 
     auto* selector = editor.findChild<QComboBox*>("ControlSelector");
     EXPECT_TRUE(selector->isVisible());
+    command(Command::Undo);
+    EXPECT_FALSE(selector->isVisible()) << "there is one control";
+    command(Command::Redo);
     QTest::keyClick(selector, Qt::Key_Down);
     EXPECT_EQ("HeaderDTC1", editor.controls().live()->id());
     command(Command::RemoveControl);
@@ -247,6 +268,15 @@ TEST_F(Editing, ThePreviewFollowsAtOnceAndTheAuthorsControlStaysAsItIs) {
     ASSERT_TRUE(eventually([&] { return shows("' Stock"); }));
     EXPECT_TRUE(shows("mReturnFields.Add 1, \"ORDNO\"\n<% ' Stock\n"));
     EXPECT_EQ("Saving adds 2 lines and removes 2 lines.", summary->text());
+    for (const Command way : {Command::NextChange, Command::PreviousChange}) {
+        editor.preview().text().moveCursor(QTextCursor::End);
+        command(way);
+        EXPECT_EQ("<% ' Orders", editor.preview().text().textCursor().block().text());
+    }
+    command(Command::FocusSource);
+    EXPECT_TRUE(editor.source().hasFocus());
+    command(Command::FocusControl);
+    EXPECT_TRUE(editor.controls().surface()->isAncestorOf(QApplication::focusWidget()));
     EXPECT_EQ(nullptr, QApplication::activeModalWidget());
     EXPECT_TRUE(eventually([&] {
         return Value(messages(),

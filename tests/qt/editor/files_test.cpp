@@ -4,8 +4,6 @@
 #include "qt/editor/window_fixture.h"
 #include "qt/editor/workspace/recovery_dialog.h"
 
-#include <QTreeWidget>
-
 namespace headerdtc::qt::files_test {
 
 class Files : public WindowTest {

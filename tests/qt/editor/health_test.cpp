@@ -1,13 +1,8 @@
 // Fields that the catalogue offers no more: kept, marked by text too, and replaced.
 
-#include "platform/text.h"
 #include "qt/editor/health/page_health.h"
 #include "qt/editor/window_fixture.h"
 #include "qt/surface/selection_list.h"
-
-#include <QListWidget>
-#include <QMenu>
-#include <QTableView>
 
 namespace headerdtc::qt::health_test {
 

@@ -7,8 +7,6 @@
 #include "qt/surface/selection_list.h"
 #include "support/event_recorder.h"
 
-#include <QLineEdit>
-
 namespace headerdtc::qt::lists_test {
 
 class Lists : public WindowTest {

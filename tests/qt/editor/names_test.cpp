@@ -3,10 +3,6 @@
 #include "qt/editor/window_fixture.h"
 #include "qt/surface/shades.h"
 
-#include <QAccessible>
-#include <QMenuBar>
-#include <QToolButton>
-
 namespace headerdtc::qt::names_test {
 
 class Names : public WindowTest {

@@ -4,24 +4,8 @@
 #include "qt/surface/selection_list.h"
 #include "qt/surface/text.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QKeySequence>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QTableView>
 #include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 #include <deque>
 #include <functional>
 

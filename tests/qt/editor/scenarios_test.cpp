@@ -6,11 +6,7 @@
 #include "qt/editor/scenario_player.h"
 #include "qt/editor/window_fixture.h"
 
-#include <QFile>
-
 namespace headerdtc::qt::scenarios_test {
-
-namespace fs = std::filesystem;
 
 // A scenario and its page, which is a new one where the demo has none of that name.
 using Scenario = std::pair<const char*, const char*>;

@@ -4,11 +4,6 @@
 #include "qt/editor/start/demo_site.h"
 #include "qt/editor/window_fixture.h"
 
-#include <QLineEdit>
-#include <QTableWidget>
-#include <QTreeView>
-#include <QTreeWidget>
-
 namespace headerdtc::qt::site_test {
 
 using Verdict = GeneratedPage::Verdict;

@@ -3,8 +3,6 @@
 #include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <random>
-
 namespace headerdtc::qt::source_lines_test {
 
 PageContentPtr page(std::string bytes, const char* codePage = "windows-1252") {

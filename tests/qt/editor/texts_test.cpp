@@ -6,8 +6,6 @@
 #include "qt/editor/settings/configuration_text.h"
 #include "support/prologue.h"
 
-#include <random>
-
 namespace headerdtc::qt::texts_test {
 
 TEST(AlignedTexts, PutsLinesOfOneOriginIntoOneRow) {

@@ -16,15 +16,8 @@
 #include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QPushButton>
 #include <QTest>
-#include <QTimer>
+#include <QtWidgets>
 #include <functional>
 
 namespace headerdtc::qt {

@@ -1,9 +1,7 @@
 #include "host/site/catalogue.h"
 
-#include "host/failures.h"
 #include "host/files/file_error.h"
-#include "platform/text.h"
-#include "support/cases.h"
+#include "support/prologue.h"
 
 namespace headerdtc::catalogue_test {
 

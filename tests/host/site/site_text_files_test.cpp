@@ -1,10 +1,8 @@
 #include "host/site/site_text_files.h"
 
-#include "host/failures.h"
+#include "support/prologue.h"
 
 namespace headerdtc::site_text_files_test {
-
-namespace fs = std::filesystem;
 
 class SiteTextFilesTest : public Test {
   protected:

@@ -1,7 +1,4 @@
-#include <QApplication>
-#include <QSettings>
-#include <QStandardPaths>
-#include <QTemporaryDir>
+#include <QtWidgets>
 #include <gtest/gtest.h>
 
 // The tests' windows need no screen, unless somebody wants to watch, and leave the settings and

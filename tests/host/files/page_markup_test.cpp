@@ -1,11 +1,8 @@
 #include "host/page/page_markup.h"
 
-#include "host/failures.h"
-#include "platform/text.h"
-#include "support/cases.h"
+#include "support/prologue.h"
 
 #include <iterator>
-#include <random>
 #include <sstream>
 
 namespace headerdtc::page_markup_test {

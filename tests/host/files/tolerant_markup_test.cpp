@@ -1,7 +1,5 @@
-#include "host/failures.h"
 #include "host/page/page_markup.h"
-#include "platform/text.h"
-#include "support/cases.h"
+#include "support/prologue.h"
 
 namespace headerdtc::tolerant_markup_test {
 

@@ -1,11 +1,8 @@
 #include "host/site/site_configuration.h"
 
-#include "host/failures.h"
-#include "support/cases.h"
+#include "support/prologue.h"
 
 namespace headerdtc::site_configuration_test {
-
-namespace fs = std::filesystem;
 
 class SiteConfigurationTest : public Test {
   protected:

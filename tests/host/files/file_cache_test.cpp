@@ -1,7 +1,7 @@
 #include "host/files/file_cache.h"
 
-#include "host/failures.h"
 #include "host/files/file_error.h"
+#include "support/prologue.h"
 
 #include <atomic>
 #include <chrono>

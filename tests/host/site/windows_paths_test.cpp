@@ -1,13 +1,11 @@
 #include "host/site/windows_paths.h"
 
-#include "host/failures.h"
+#include "support/prologue.h"
 
 #include <chrono>
 #include <thread>
 
 namespace headerdtc::windows_paths_test {
-
-namespace fs = std::filesystem;
 
 class WindowsPathsTest : public Test {
   protected:

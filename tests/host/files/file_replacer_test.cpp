@@ -1,7 +1,7 @@
 #include "host/files/file_replacer.h"
 
-#include "host/failures.h"
 #include "host/files/file_error.h"
+#include "support/prologue.h"
 
 #include <csignal>
 #include <sys/file.h>
@@ -9,8 +9,6 @@
 #include <sys/xattr.h>
 
 namespace headerdtc::file_replacer_test {
-
-namespace fs = std::filesystem;
 
 struct stat statusOf(const fs::path& file) {
     struct stat status {};

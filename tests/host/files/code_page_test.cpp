@@ -3,8 +3,6 @@
 #include "platform/utf8.h"
 #include "support/prologue.h"
 
-#include <random>
-
 namespace headerdtc::code_page_test {
 
 TEST(CodePage, EveryByteComesBackWhetherItIsDefinedOrNot) {
