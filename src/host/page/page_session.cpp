@@ -127,7 +127,11 @@ std::string describe(const StoredLoss& loss) {
                "' of the " + familyOf(loss) + "value " + text +
                " cannot be kept with so few criteria; one more, empty row keeps it";
     }
-    return text + " (" + loss.name + ") would " +
+    const std::string caption = partOf(loss.name)->caption();
+    if (loss.what == What::Row)
+        return "fewer of the " + caption + " would be left than the page counts";
+    const bool isValue = loss.what == What::Value;
+    return (isValue ? "the " + caption + ' ' + text : text + " of the " + caption) + " would " +
            (loss.rewritten ? "become " + quoted(*loss.rewritten) : "be lost");
 }
 

@@ -4,6 +4,7 @@
 #include "controls/form.h"
 #include "qt/surface/action_runner.h"
 #include "qt/surface/control_view.h"
+#include "qt/surface/in_place_editors.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -53,6 +54,9 @@ void FocusKeeper::follow() {
     const Control* active = form_.ActiveControl();
     QWidget* widget = active ? widgets_.at(active) : &formWidget_;
     if (active) last_ = widget;
+    // An editor that goes from its cell leaves the keys to its grid.
+    if (!active && last_ && last_->isHidden() && InPlaceEditors::isEditor(*last_))
+        widget = boundAncestor(last_->parentWidget());
     QWidget* focused = formWidget_.window()->focusWidget();
     if (focused && (focused == widget || boundAncestor(focused) == widget)) return;
     setQtFocus(*widget);

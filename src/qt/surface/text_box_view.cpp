@@ -29,8 +29,9 @@ bool TextBoxView::keyPressed(const QKeyEvent& event) {
 }
 
 void TextBoxView::edited(const std::optional<std::string>& text, int selStart, int selLength) {
-    // Leaving the box takes the selection away in Qt; the model keeps it.
-    if (!text && !widget().hasFocus()) return;
+    // Leaving the box takes the selection away in Qt; the model keeps it. A dialog that opens marks
+    // the text of its first box before it has the keys.
+    if (!text && widget().window()->focusWidget() != &widget()) return;
     act([&] {
         // A text can be dropped into a box that does not have the focus.
         if (!model_.hasFocus()) model_.focus();

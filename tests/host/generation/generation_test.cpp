@@ -72,7 +72,7 @@ TEST_F(Generation, LeavesAPageAloneThatWouldLoseSomething) {
         {"kind.asp",
          {"ZEKOCriteria1_3=Mine|ZEKOCriteriaCount=2|ZEKOCriteriaType2=Mine|MineZEKOCriteriaType=2",
           "the kind 'Local script' of the ZEKO value \"Mine\" cannot be kept"}},
-        {"item.asp", {"EAIReturnFields0=A.B", "\"A.B\" (EAIReturnFields0) would be lost"}},
+        {"item.asp", {"EAIReturnFields0=A.B", "\"A.B\" of the EAI return fields would be lost"}},
         {"count.asp", {"ZEKOReturnFieldCount=many", "loading reported an error", false}},
         {"entry.asp",
          {"ZEKOReturnFields0=ORDNO|ZEKOReturnFieldCount=1", "the generation reported an error",

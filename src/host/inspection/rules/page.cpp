@@ -1,3 +1,4 @@
+#include "core/stored_keys.h"
 #include "host/diff/line_diff.h"
 #include "host/inspection/rules/rules.h"
 
@@ -36,12 +37,16 @@ void pageCanBeGenerated(const ControlView& control, Remarks& remarks) {
 
 void propertiesCanBeRead(const ControlView& control, Remarks& remarks) {
     for (const auto& fault : control.configuration().faults) {
-        remarks.push_back({std::nullopt, 0, fault.property,
-                           "the stored number " + fault.property + " is " + inQuotes(fault.text) +
-                               ", " + std::string(fault.reason),
-                           "put the number back by hand: of the list's items, or of the grid's "
-                           "rows with its header",
-                           0});
+        const auto name = parseStoredName(fault.property);
+        const std::string what =
+            name->entry.empty() ? "the number of " + partOf(fault.property)->caption()
+                                : "the kind of the value " + inQuotes(std::string(name->entry));
+        remarks.push_back(
+            {std::nullopt, 0, fault.property,
+             what + " is stored as " + inQuotes(fault.text) + ", " + std::string(fault.reason),
+             "put the number back by hand: of the list's items, or of the grid's "
+             "rows with its header",
+             0});
     }
 }
 

@@ -72,6 +72,7 @@ void inspect(const std::filesystem::path& page, const GeneratedPage& generated, 
         return;
     }
     const auto site = sites.forPage(page);
+    result.hasConfiguration = !site->configuration->file.empty();
     const PageMarkup markup(page.string(), generated.before, site->configuration->codePage);
     requireKnownRules(*site->configuration);
     const auto facts = cache.of(site);

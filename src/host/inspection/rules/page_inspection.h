@@ -15,6 +15,7 @@ namespace headerdtc {
 // The result of checking one page.
 struct InspectedPage {
     bool hasControl = false;
+    bool hasConfiguration = true;  // false: the defaults hold, for want of a headerdtc.toml
     GeneratedPage::Verdict verdict = GeneratedPage::Verdict::NoControl;
     std::vector<GeneratedPage::Doubt> doubts;
     std::vector<Finding> findings;       // by line

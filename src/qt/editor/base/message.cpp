@@ -61,7 +61,20 @@ const char* iconOf(Verdict state) {
     return lookOf(state).icon;
 }
 
+bool lacksSite(const InspectedPage& inspected) {
+    return !inspected.hasConfiguration && inspected.verdict >= Verdict::Failing;
+}
+
 std::vector<Message> messagesOf(const std::filesystem::path& page, const InspectedPage& inspected) {
+    if (lacksSite(inspected))
+        return {{Message::Severity::Error,
+                 QCoreApplication::translate(
+                     "PageState",
+                     "There is no site yet: no headerdtc.toml in the folder of the "
+                     "page or in one above it."),
+                 page,
+                 {},
+                 true}};
     std::vector<Message> messages;
     for (const Finding& finding : inspected.findings) {
         if (finding.rule == StaleRule) continue;

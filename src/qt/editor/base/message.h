@@ -30,8 +30,11 @@ struct Message {
     bool isOfSite = false;
 };
 
+// Whether a page cannot be generated because nobody has set up a site for it.
+bool lacksSite(const InspectedPage& inspected);
+
 // What the rules of `headerdtc check` have found in a page, in the same words. That its text is out
-// of date is its state.
+// of date is its state. Where there is no site, that is all there is to say.
 std::vector<Message> messagesOf(const std::filesystem::path& page, const InspectedPage& inspected);
 
 // The state of a page, in the words and with the icon ("" for none) of every part of the window.

@@ -37,6 +37,7 @@ std::vector<const Property*> differing(const StoredProperties& before,
 
 // Whether a property says what is so without it, too.
 bool isDefault(const stored::Row& row, const std::string& text) {
+    if (row.holds<stored::LinkedProvider>() && text == stored::LinkedProviderNotStored) return true;
     if (const auto* number = std::get_if<std::int16_t>(&row.fallback))
         return text == std::to_string(*number);
     const auto* words = std::get_if<std::string_view>(&row.fallback);
@@ -92,7 +93,8 @@ Things thingsOf(const StoredProperties& properties) {
     }
     for (const auto& [name, text] : properties) {
         const auto parsed = parseStoredName(name);
-        if (!parsed || parsed->row.type != StoredType::String) continue;
+        if (!parsed || parsed->row.type != StoredType::String || isDefault(parsed->row, text))
+            continue;
         const ControlPart part{parsed->row.part, parsed->row.family()};
         if (part.part == StoredPart::Criteria || part.part == StoredPart::Links) continue;
         if (part.part != StoredPart::Scripts) {

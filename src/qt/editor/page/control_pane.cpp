@@ -146,9 +146,10 @@ void ControlPane::matchControls() {
 }
 
 void ControlPane::rebuildAll() {
-    for (Shown& shown : shown_)
-        drop(shown);
-    if (current_) make(*current_, 0);
+    for (std::size_t i = 0; i < shown_.size(); ++i) {
+        if (current_ != i) drop(shown_[i]);
+    }
+    if (current_) make(*current_, live() ? live()->dtc().SSTab1.Tab() : 0);
 }
 
 void ControlPane::fillSelector() {
@@ -224,8 +225,9 @@ void ControlPane::show(std::size_t control) {
 void ControlPane::make(std::size_t control, int tab) {
     Shown& shown = shown_[control];
     const ControlSpan& span = page_.content()->controls()[control];
-    const bool hadFocus = shown.surface && QApplication::focusWidget() &&
-                          shown.surface->isAncestorOf(QApplication::focusWidget());
+    // Of a window that is not active, too: a dialog has just closed, say.
+    const bool hadFocus = shown.surface && window()->focusWidget() &&
+                          shown.surface->isAncestorOf(window()->focusWidget());
     const int scrolled = ui_->ControlArea->verticalScrollBar()->value();
     const auto make = [&] {
         return std::make_unique<LiveControl>(page_.site(), page_.file(), span, faces_);

@@ -67,13 +67,17 @@ void PreviewPane::showPreview(const std::shared_ptr<const Preview>& preview) {
         showNothing(toQt(preview->problem));
         return;
     }
+    // A page that cannot be generated keeps its text.
+    const bool isKept = preview->expansion.failed();
     const auto savedLines = linesOf(preview->savedText, LineForm::Shown);
-    const auto newLines = linesOf(preview->expansion.content.runtimeText, LineForm::Shown);
+    const auto newLines =
+        isKept ? savedLines : linesOf(preview->expansion.content.runtimeText, LineForm::Shown);
     marks_.clear();
     QString all;
     std::size_t added = 0;
     std::size_t removed = 0;
-    for (const DiffRun& run : preview->changes) {
+    const std::vector<DiffRun> whole{{true, 0, savedLines.size(), 0, newLines.size()}};
+    for (const DiffRun& run : isKept ? whole : preview->changes) {
         if (!run.same) {
             for (std::size_t i = run.oldBegin; i < run.oldEnd; ++i)
                 append(all, savedLines[i], Mark::Removed);
@@ -89,8 +93,10 @@ void PreviewPane::showPreview(const std::shared_ptr<const Preview>& preview) {
     text_->verticalScrollBar()->setValue(scrolled);
     paintMarks();
     if (!showsChange()) goToNextChange();
-    if (preview->expansion.failed()) {
-        summary_->setText(tr("Not all of this could be generated; it would not be saved."));
+    if (isKept) {
+        summary_->setText(newLines.empty()
+                              ? tr("This page cannot be generated.")
+                              : tr("This page cannot be generated; it keeps this text."));
     } else if (added + removed == 0) {
         summary_->setText(newLines.empty() ? tr("Nothing would be generated.")
                                            : tr("The page already holds this text."));

@@ -183,6 +183,8 @@ void MainWindow::connectParts() {
     connect(tabs_, &PageTabs::closed, this, [this](PageEditor* editor) {
         recovery_.forget(editor);
         messages_.setMessages(editor->messageSource(), {});
+        // What stands in its file is the site's again.
+        if (editor->page().hasFile()) site_->recheck(editor->page().file());
     });
     connect(tabs_, &PageTabs::stateChanged, this, &MainWindow::follow);
     connect(tabs_, &PageTabs::stateChanged, &recovery_, &RecoveryKeeper::keepSoon);
@@ -193,6 +195,7 @@ void MainWindow::connectParts() {
         statusBar()->showMessage(tr("%1 is saved.").arg(editor->title()), 4000);
     });
     connect(opener_, &Opener::setupRequested, this, &MainWindow::editSettings);
+    connect(opener_, &Opener::siteMade, tabs_, &PageTabs::refreshSites);
     connect(opener_, &Opener::pageOpened, this, &MainWindow::follow);
     connect(opener_, &Opener::siteOpened, this, [this] {
         follow();
@@ -321,6 +324,7 @@ void MainWindow::editSettings(const fs::path& place) {
         std::error_code failure;
         const fs::path folder = fs::is_directory(place, failure) ? place : place.parent_path();
         if (file.empty()) file = findSiteConfiguration(folder).value_or(folder / "headerdtc.toml");
+        if (!fs::exists(file, failure) && !opener_->offerSetup(folder)) return;
         SettingsDialog dialog(file, this);
         if (dialog.exec() != QDialog::Accepted) return;
     } catch (const FileError& error) {

@@ -1,11 +1,14 @@
 #include "qt/editor/window/opener.h"
 
+#include "host/setup/site_setup.h"
 #include "qt/editor/base/words.h"
+#include "qt/editor/page/page_changes.h"
 #include "qt/editor/site/site_view.h"
 #include "qt/editor/start/demo_site.h"
 #include "qt/editor/start/recent_files.h"
 #include "qt/editor/workspace/page_editor.h"
 #include "qt/editor/workspace/page_tabs.h"
+#include "qt/surface/text.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -77,6 +80,35 @@ void Opener::newPage() {
         if (!isSite(folder)) return;
     }
     tabs_.openNew(folder);
+}
+
+bool Opener::offerSetup(const fs::path& folder) {
+    QMessageBox box(QMessageBox::Question, tr("No site yet"),
+                    tr("Set up a site in %1?").arg(toName(folder)), QMessageBox::Cancel, &window_);
+    box.setObjectName(QStringLiteral("SetupBox"));
+    box.setInformativeText(tr(
+        "It gets its settings in headerdtc.toml, and what they name: a catalogue with an example, "
+        "a database for translations, a template and a stylesheet. What is there stays as it "
+        "is."));
+    box.setTextFormat(Qt::PlainText);
+    const QAbstractButton* make = box.addButton(tr("&Set up"), QMessageBox::AcceptRole);
+    const QAbstractButton* write = box.addButton(tr("S&ettings only..."), QMessageBox::ActionRole);
+    box.exec();
+    if (box.clickedButton() != make) return box.clickedButton() == write;
+    SiteSetup setup;
+    setup.folder = folder;
+    QStringList problems;
+    for (const SetupPart& part : setUpSite(setup)) {
+        if (!part.problem.empty())
+            problems += toQt(part.part) + QLatin1String(": ") + toQt(part.problem);
+    }
+    if (!problems.isEmpty())
+        QMessageBox::warning(
+            &window_, box.windowTitle(),
+            tr("Not all of the site could be made.\n\n%1").arg(bulleted(problems)));
+    Q_EMIT siteMade();
+    openAnything(folder);
+    return true;
 }
 
 void Opener::openAnything(const fs::path& path) {

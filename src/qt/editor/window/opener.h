@@ -27,6 +27,9 @@ class Opener : public QObject {
     void newPage();
     // A folder is a site, anything else a page.
     void openAnything(const std::filesystem::path& path);
+    // Asks whether a folder is to become a site, with all that one needs; false: no, and it needs
+    // no settings either.
+    bool offerSetup(const std::filesystem::path& folder);
     // Copies the demo to a folder and opens it.
     void openDemo(const std::filesystem::path& folder);
 
@@ -44,6 +47,7 @@ class Opener : public QObject {
     void siteOpened();
     // A folder is to become a site.
     void setupRequested(const std::filesystem::path& folder);
+    void siteMade();
 
   private:
     bool isSite(const std::filesystem::path& folder);

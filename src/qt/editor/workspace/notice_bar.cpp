@@ -82,9 +82,12 @@ void NoticeBar::remove(const QString& key) {
     const auto found = notices_.find(key);
     if (found == notices_.end()) return;
     // Deleted later: the click of its own button may be what removes it.
-    found->second->hide();
-    found->second->deleteLater();
+    QWidget* notice = found->second;
     notices_.erase(found);
+    if (const QWidget* focused = window()->focusWidget(); focused && notice->isAncestorOf(focused))
+        Q_EMIT focusLeft();
+    notice->hide();
+    notice->deleteLater();
     setVisible(!notices_.empty());
 }
 

@@ -31,6 +31,10 @@ class NoticeBar : public QWidget {
     void remove(const QString& key);
     bool shows(const QString& key) const { return notices_.contains(key); }
 
+  Q_SIGNALS:
+    // A notice goes that has the focus, which has to go on somewhere.
+    void focusLeft();
+
   private:
     QVBoxLayout* layout_;
     std::map<QString, QWidget*> notices_;

@@ -112,6 +112,7 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     connect(&judge_, &PageJudge::judged, this,
             [this](const std::shared_ptr<const InspectedPage>& page) { tell(*page); });
     connect(health_, &PageHealth::changed, this, &PageEditor::stateChanged);
+    connect(notices_, &NoticeBar::focusLeft, this, &PageEditor::takeFocus);
     followPage();
 }
 
@@ -165,7 +166,10 @@ void PageEditor::showRefusal(const InspectedPage& inspected) {
     QString text;
     std::vector<NoticeBar::Choice> choices;
     const NoticeBar::Choice settings{tr("Settings..."), [this] { Q_EMIT settingsRequested(); }};
-    if (inspected.failure && inspected.failure->of != PageFailure::Of::Page) {
+    if (lacksSite(inspected)) {
+        text = messagesOf(page_->file(), inspected).front().text;
+        choices = {{tr("Set up a site..."), settings.act}};
+    } else if (inspected.failure && inspected.failure->of != PageFailure::Of::Page) {
         text = toQt(inspected.failure->text);
         choices = {settings};
     } else if (worst != inspected.doubts.end()) {

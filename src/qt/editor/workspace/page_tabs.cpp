@@ -55,7 +55,8 @@ PageTabs::PageTabs(Sites& sites, PageSaver& saver, QWidget* parent)
     setMovable(true);
     setDocumentMode(true);
     setUsesScrollButtons(true);
-    tabBar()->setAccessibleName(tr("Open pages"));
+    setAccessibleName(tr("Open pages"));
+    tabBar()->setAccessibleName(accessibleName());
     connect(this, &QTabWidget::tabCloseRequested, this,
             [this](int index) { close(static_cast<PageEditor*>(widget(index))); });
     connect(this, &QTabWidget::currentChanged, this, [this] {
