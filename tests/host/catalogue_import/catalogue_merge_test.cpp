@@ -2,8 +2,8 @@
 
 #include "host/catalogue_import/catalogue_list.h"
 #include "host/catalogue_import/database_tables.h"
-#include "host/failures.h"
 #include "host/files/file_error.h"
+#include "support/prologue.h"
 
 namespace headerdtc::catalogue_merge_test {
 
