@@ -1,4 +1,6 @@
 #include "cli/command.h"
+#include "cli/streams.h"
+#include "host/generation/site_pages.h"
 #include "host/page/new_control.h"
 #include "host/page/page_document.h"
 
@@ -28,6 +30,9 @@ ExitStatus newControl(const CommonOptions& common, const NewOptions& options) {
         if (std::filesystem::exists(options.page, ignored))
             throw FileError(options.page, "it is there already; --into adds a control to it");
         makeNewPage(options.page, codePage);
+        if (!isPageName(options.page))
+            printMessage(options.page,
+                         "commands on a folder find only pages named *.asp and *.inc");
     }
     std::printf("%s\n", options.page.c_str());
     return Done;

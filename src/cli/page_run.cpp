@@ -173,7 +173,10 @@ class PageRun::Watch {
 };
 
 PageRun::PageRun(const PageRunOptions& options, Fail fail)
-    : site_(options.paths.pages()), jobs_(options.jobs), fail_(std::move(fail)) {
+    : site_(options.paths.pages()),
+      jobs_(options.jobs),
+      tellsOfNone_(!options.quiet && !options.paths.words.empty()),
+      fail_(std::move(fail)) {
     totals_.left = pages().size();
     for (const auto& problem : site_.problems)
         this->fail(problem.path, {PageFailure::Of::Page, problem.reason});
@@ -206,6 +209,8 @@ void PageRun::fail(const std::string& page, const PageFailure& failure) {
 
 void PageRun::end(const std::string& summary) {
     watch_->end(summary);
+    if (tellsOfNone_ && totals_.failed == 0 && pages().empty())
+        printLine(stderr, "there is no page (*.asp, *.inc)");
     if (totals_.left == 0) return;
     printLine(stderr, "interrupted: " + std::to_string(totals_.left) + " of " +
                           counted(pages().size(), "page") + " left, from " +

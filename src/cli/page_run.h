@@ -136,6 +136,7 @@ class PageRun {
 
     SitePages site_;
     int jobs_;
+    bool tellsOfNone_;  // that no page was found where some were asked for
     Fail fail_;
     PageTotals totals_;
     std::unique_ptr<Watch> watch_;

@@ -138,7 +138,7 @@ ExitStatus where(const CommonOptions& common, const WhereOptions& options) {
     run.end(counted(totals.pages, "page") + " looked at: " + counted(totals.found, "use") + " in " +
             counted(pagesUsing, "page") + ", " + std::to_string(totals.failed) +
             " not looked into");
-    if (totals.found == 0 && totals.left == 0 && !options.run.quiet)
+    if (totals.found == 0 && totals.left == 0 && totals.pages > 0 && !options.run.quiet)
         printLine(stderr, "none of " + counted(totals.pages, "page") + " uses " +
                               visible(inWords(options.query)));
     return totals.status(false);

@@ -38,7 +38,8 @@ void examineCatalogue(Examination& seen) {
     constexpr const char* Link = "catalogue";
     const auto& file = seen.configuration->catalogue;
     const std::string remedy =
-        "write the data providers into it, or let 'headerdtc catalogue import' make it from the "
+        "write the data providers into it, or let 'headerdtc catalogue import' make it from a list "
+        "or a "
         "database; \"catalogue\" in [datasource] of headerdtc.toml names it";
     try {
         const auto catalogue = Catalogue::parse(file.string(), readWholeFile(file).bytes);

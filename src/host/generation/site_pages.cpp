@@ -73,7 +73,7 @@ class Collector {
             const bool isLink = entry->is_symlink(ignored);
             const bool isFolder = !isLink && entry->is_directory(ignored);
             if (isHidden(name)) continue;
-            if (isFolder || (isPage(name) && entry->is_regular_file(ignored)))
+            if (isFolder || (isPageName(name) && entry->is_regular_file(ignored)))
                 entries.push_back({std::move(name), isLink, isFolder});
         }
         if (failure) found_.problems.push_back({folder, failure.message()});
@@ -100,17 +100,17 @@ class Collector {
         return name.starts_with('.') && !name.starts_with("..");
     }
 
-    static bool isPage(const fs::path& path) {
-        const std::string extension = path.extension().string();
-        return equalIgnoringCase(extension, ".asp") || equalIgnoringCase(extension, ".inc");
-    }
-
     SitePages found_;
     std::vector<Candidate> candidates_;
     std::unordered_set<std::string> files_;  // found under their own names
 };
 
 }  // namespace
+
+bool isPageName(const fs::path& path) {
+    const std::string extension = path.extension().string();
+    return equalIgnoringCase(extension, ".asp") || equalIgnoringCase(extension, ".inc");
+}
 
 SitePages findSitePages(const std::vector<std::string>& paths,
                         const std::vector<std::string>& listed) {

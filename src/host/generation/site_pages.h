@@ -19,6 +19,9 @@ struct SitePages {
     std::vector<Problem> problems;
 };
 
+// Whether a run over a folder takes a file of that name for a page: *.asp and *.inc in any case.
+bool isPageName(const std::filesystem::path& path);
+
 // The pages named, those of a list, which count as found, and those found below the folders named
 // (*.asp and *.inc in any case), each once, in the order of the names and sorted below a folder.
 // Links to folders are not followed, so no loop keeps it; links to files are, but a page that is

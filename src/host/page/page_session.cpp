@@ -83,7 +83,8 @@ class PageSite : public DesignTimeControlSite {
     std::string targetEnvironment(TargetEnvironmentEntry entry) override {
         if (!isBelow(page_, root_)) {
             throw RuntimeError(ErrorNumber::InvalidProcedureCall,
-                               "the page is not below the project's root folder " + root_);
+                               "the page is not below the project's root folder " + root_ +
+                                   ", which \"root\" in [project] of headerdtc.toml names");
         }
         return entry == TargetEnvironmentEntry::ProjectRoot ? root_ : page_;
     }

@@ -66,7 +66,8 @@ class ConfigurationReader {
         try {
             root = toml::parse(bytes_);
         } catch (const toml::parse_error& error) {
-            fail(error.source(), std::string(error.description()));
+            fail(error.source(),
+                 std::string(error.description()) + "; texts stand in quotation marks");
         }
         for (const auto& [key, value] : root)
             readEntry(key, value);

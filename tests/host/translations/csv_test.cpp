@@ -15,8 +15,7 @@ std::vector<std::vector<std::string>> cellsOf(const std::string& text) {
 
 TEST(Csv, WhatIsWrittenComesBack) {
     std::mt19937 random(7);
-    const std::vector<std::string> letters{"a",  "\"", ",", ";", "\t",
-                                           "\r", "\n", " ", "b", "\xC3\xA9"};
+    const std::string letters = "a\",;\t\r\n b";
     for (int round = 0; round < 500; ++round) {
         std::vector<std::vector<std::string>> table;
         std::string text(round % 2 ? utf8::ByteOrderMark : "");
