@@ -98,8 +98,8 @@ ExitStatus importCatalogue(const CommonOptions& common, const CatalogueOptions& 
     const Comparison comparison = compare(common, options);
     const bool isWanted = !options.dryRun && !comparison.merged.changes.empty();
     if (isWanted)
-        replaceWholeFile(comparison.file, catalogueText(comparison.merged.catalogue),
-                         comparison.stamp);
+        writeWholeFile(comparison.file, catalogueText(comparison.merged.catalogue),
+                       comparison.stamp);
     tell(comparison, "catalogue import", options.json, isWanted, Done);
     if (!options.json)
         printLine(stderr, comparison.file.string() +
