@@ -107,7 +107,7 @@ void Baseline::end(bool quiet) {
         text += (text.empty() ? "[\n" : ",\n") + entry;
     text += text.empty() ? "[]\n" : "\n]\n";
     const fs::path file(options_.file);
-    replaceWholeFile(file, text, FileStamp::of(file));
+    writeWholeFile(file, text, FileStamp::of(file));
     if (!quiet) printLine(stderr, options_.file + ": " + counted(written, "finding") + " written");
 }
 

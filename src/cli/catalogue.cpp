@@ -105,7 +105,7 @@ ExitStatus importCatalogue(const CommonOptions& common, const CatalogueOptions& 
     const Comparison comparison = compare(common, options);
     const bool isWanted = !options.dryRun && !comparison.changes.empty();
     if (isWanted)
-        replaceWholeFile(comparison.file, catalogueText(comparison.merged), comparison.stamp);
+        writeWholeFile(comparison.file, catalogueText(comparison.merged), comparison.stamp);
     tell(comparison, "catalogue import", options.json, isWanted, Done);
     if (!options.json)
         printLine(stderr, comparison.file.string() +

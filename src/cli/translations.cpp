@@ -222,7 +222,7 @@ ExitStatus exportTranslations(const CommonOptions& common, const TranslationOpti
         return Done;
     }
     const std::filesystem::path file(options.file);
-    replaceWholeFile(file, text, FileStamp::of(file));
+    writeWholeFile(file, text, FileStamp::of(file));
     printLine(stdout, options.file);
     return Done;
 }

@@ -169,19 +169,30 @@ std::vector<FileReplacer::Outcome> FileReplacer::commit() {
     return outcomes;
 }
 
-void replaceWholeFile(const fs::path& path, std::string_view bytes, const FileStamp& expected) {
-    FileReplacer replacer;
-    if (expected == FileStamp()) {
-        replacer.create(path, bytes);
-    } else {
-        replacer.replace(path, bytes, expected);
-    }
+namespace {
+
+void commitOne(FileReplacer& replacer, const fs::path& path) {
     const auto outcomes = replacer.commit();
     if (!outcomes.front().problem.empty()) throw FileError(path, outcomes.front().problem);
 }
 
+}  // namespace
+
+void replaceWholeFile(const fs::path& path, std::string_view bytes, const FileStamp& expected) {
+    FileReplacer replacer;
+    replacer.replace(path, bytes, expected);
+    commitOne(replacer, path);
+}
+
 void createWholeFile(const fs::path& path, std::string_view bytes) {
-    replaceWholeFile(path, bytes, FileStamp());
+    FileReplacer replacer;
+    replacer.create(path, bytes);
+    commitOne(replacer, path);
+}
+
+void writeWholeFile(const fs::path& path, std::string_view bytes, const FileStamp& seen) {
+    if (seen == FileStamp()) return createWholeFile(path, bytes);
+    replaceWholeFile(path, bytes, seen);
 }
 
 }  // namespace headerdtc

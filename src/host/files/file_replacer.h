@@ -52,10 +52,12 @@ class FileReplacer {
     std::size_t flushed_ = 0;  // of these, from the first on
 };
 
-// One file at once: replace() and commit(), or create() for the stamp of a file that is not there.
-// Throws FileError.
+// One file at once: replace() or create(), and commit(). Throws FileError.
 void replaceWholeFile(const std::filesystem::path& path, std::string_view bytes,
                       const FileStamp& expected);
 void createWholeFile(const std::filesystem::path& path, std::string_view bytes);
+// Whichever of the two: makes the file where `seen` is the stamp of one that is not there.
+void writeWholeFile(const std::filesystem::path& path, std::string_view bytes,
+                    const FileStamp& seen);
 
 }  // namespace headerdtc

@@ -155,7 +155,7 @@ void EditedPage::replaceFile(const std::string& bytes) {
 void EditedPage::saveAs(const fs::path& file, Guard guard) {
     const auto site = sites_->forPage(file);
     const std::string bytes = bytesToSave(file, site, guard);
-    replaceWholeFile(file, bytes, FileStamp::of(file));
+    writeWholeFile(file, bytes, FileStamp::of(file));
     site_ = site;
     takeSaved(file);
     Q_EMIT placeChanged();

@@ -255,7 +255,7 @@ void SettingsDialog::accept() {
         return;
     }
     try {
-        replaceWholeFile(file_, bytes, old_.stamp);
+        writeWholeFile(file_, bytes, old_.stamp);
     } catch (const FileError& error) {
         QMessageBox::critical(
             this, windowTitle(),

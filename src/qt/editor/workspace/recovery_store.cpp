@@ -63,7 +63,7 @@ std::optional<RecoveryCopy> copyOf(const fs::path& file) {
 
 void write(const fs::path& file, const std::string& bytes) {
     try {
-        replaceWholeFile(file, bytes, FileStamp::of(file));
+        writeWholeFile(file, bytes, FileStamp::of(file));
     } catch (const FileError&) {
         // Without room for a copy the author's work goes on as before; the next one may succeed.
     }
