@@ -47,7 +47,7 @@ for words in '' generate check where translations automate 'help chek' 'doctor n
     'rename --field A B C --apply --dry-run site' 'rename --field A B B site' 'generate --print --check site' 'generate --diff site' 'generate --files-from nowhere' \
     'explain unknown-feeld' 'check --update-baseline site' 'check --baseline nowhere site' \
     'where site' 'where --label L1 --include x.asp site' 'check --json --sarif site' \
-    'automate --over site' 'automate --apply site/traffic/ships.asp' 'completion tcsh' \
+    'automate --over site' 'automate --apply site/traffic/ships.asp' 'completion tcsh' 'generate --jobs 257 site' \
     'catalogue check DSN=Harbour;PWD=quayside'; do
     # shellcheck disable=SC2086
     check 2 "$headerdtc" $words
@@ -128,6 +128,7 @@ headerdtc check pages/f|pages/failing.asp pages/fresh.asp
 headerdtc-editor pages/f|pages/failing.asp pages/fresh.asp
 headerdtc-editor --co|--config
 headerdtc --config st|steps
+headerdtc check --baseline st|steps
 headerdtc where --field s|
 headerdtc explain unknown-l|unknown-label unknown-linked-field unknown-linked-provider
 END

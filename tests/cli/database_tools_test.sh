@@ -23,6 +23,7 @@ expect "$out" 'H9: has no text in any language, but translates Ships zeko FLAG [
 expect "$out" 'Ships zeko BERTH is translated by an empty label [empty-label]'
 expect "$out" '1031: 2 translated, 1 missing, 1 faults'
 tells 1 translations-check translations check --json site
+[[ $(jq -r 'select(.rule == "missing").locale' out) == 1031 ]] || fail "not of that language: $out"
 check 0 "$headerdtc" translations check --baseline known.json --update-baseline site
 says 0 '1031: 2 translated, 1 missing, 0 faults' translations check --baseline known.json site
 cp site/headerdtc.toml kept.toml
@@ -42,6 +43,7 @@ says 0 '0 added, 0 changed, 6 unchanged, 0 refused; nothing was written' transla
 # Edited as by a translator: exactly those cells change, and a dry run changes none.
 sed -i 's/H1,Ship,Schiff,,/H1,Ship,Boot,"Le ""Navire""",/; s/,Freie Plätze,,/,Freie Plätze:,,/' texts.csv
 says 0 'line 2: H1 1031 changed: "Schiff" is now "Boot"' translations import --dry-run texts.csv site
+expect "$out" 'line 2: H1 1036 added: "Le "Navire""'
 [[ $(texts) == "$before" ]] || fail "a dry run wrote"
 tells 0 translations-import translations import --json texts.csv site
 diff <(echo "$before") <(texts) >changed
@@ -49,6 +51,7 @@ diff <(echo "$before") <(texts) >changed
 expect "$(cat changed)" '> H1|1036|Le "Navire"'
 
 # Changed in the database meanwhile: refused, and nothing else is written either.
+cp texts.csv later.csv
 check 0 "$headerdtc" translations export -o later.csv site
 sqlite3 site/texts.sqlite "UPDATE I18NTEXT SET TEXT = 'Kahn' WHERE LABEL = 'H1' AND LOCALEID = 1031"
 sed -i "s/H1,Ship,Boot/H1,Ship,Dampfer/; s/,Freie Plätze:/,Plätze:/" later.csv
@@ -78,7 +81,7 @@ ln site/traffic/ships.asp twin
 check 3 "$headerdtc" rename --provider Ships Vessels --translations --apply site
 rm twin
 [[ $(fields) == 'Ships|BERTH Ships|FLAG Ships|HULL' ]] || fail "tables and pages parted: $(fields)"
-check 0 "$headerdtc" rename --field Ships HULL IMO --translations --apply site
+check 0 "$headerdtc" rename --field Ships '1 - HULL' '1 - IMO' --translations --apply site
 check 0 "$headerdtc" generate --check site
 
 # ---- catalogue ----------------------------------------------------------------------------------

@@ -50,6 +50,7 @@ expect "$out" 'HeaderDTC1, ZEKO return field 2: 3 - BERTH' 'HeaderDTC1, ZEKO key
 expect "$out" 'site/traffic/today/berths.asp:'
 check 0 "$headerdtc" where --field BERTH --provider Ships site
 [[ $out != *berths.asp* ]] || fail "a field of another provider was told"
+says 0 '"family":"ZEKO"' where --field BERTH --json site
 tells 0 where where --include TIDES.asp --json site
 [[ $(jq -rs '[.[] | select(.type == "use")][0].property' out) == ExtraIncludes0 ]] ||
     fail "the include was not found: $out"
@@ -96,7 +97,7 @@ check 0 "$headerdtc" show --summary --json site/traffic/ships.asp
 jq -e '.controls[0].summary[0] == {subject: "Data provider", text: "Ships"}' out >wrong || fail "no summary: $out"
 cp site/traffic/ships.asp site/traffic/star_.asp
 sed -i 's/VALUE="HighWater"/VALUE="\&lt;1*"/' site/traffic/star_.asp
-says 0 '## site/traffic/star\_.asp' report site
+says 0 $'## site/traffic/star\\_.asp\n\n- ' report site
 expect "$out" '- **ZEKO criteria:** BERTH is "\<1\*"' '- **Data provider:** Berths'
 tells 0 report report --json site
 rm site/traffic/star_.asp

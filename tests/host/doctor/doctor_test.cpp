@@ -150,7 +150,7 @@ TEST_F(Doctor, FollowsAConnectStringToItsTables) {
     EXPECT_THAT(look("data source"), AllOf(HasSubstr("nowhere.ini"), Not(HasSubstr("hush"))));
     configure("");
     EXPECT_THAT(look("data source"), StartsWith("warning: \"connect_string\" is empty"));
-    EXPECT_EQ(look("log-on"), "not told");
+    EXPECT_EQ(look("driver"), "not told");
 }
 
 }  // namespace headerdtc::doctor_test
