@@ -283,7 +283,8 @@ void drawFaults(MainWindow& window, const headerdtc::testing::TempFolder& home) 
 
 int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
-    const headerdtc::testing::TempFolder home;
+    // The settings show where the site is.
+    const headerdtc::testing::TempFolder home("web");
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                        QString::fromStdString(home.path().string()));
     QApplication application(argc, argv);

@@ -46,7 +46,12 @@ TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
     });
     EXPECT_THAT(events.take(), Contains("OKButton.Click").Times(1));
     EXPECT_EQ(label.LabelNameText.Text(), "SLBDA2001");
-    show(label.form, [&](QWidget& window) { press(window, Qt::Key_Escape); });
+    show(label.form, [&](QWidget& window) {
+        // What the window marks for overwriting the model knows.
+        EXPECT_EQ(in<QLineEdit>(window, "LabelNameText").selectedText(), "SLBDA2001");
+        EXPECT_EQ(label.LabelNameText.SelLength(), 9);
+        press(window, Qt::Key_Escape);
+    });
     EXPECT_THAT(events.take(), Contains("CancelButton.Click").Times(1));
     show(label.form, [](QWidget& window) { window.close(); });
     EXPECT_THAT(events.take(), Contains("CancelButton.Click").Times(1));

@@ -23,6 +23,12 @@ class TempFolder {
         if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
         path_ = std::filesystem::canonical(pattern);
     }
+    // One whose name is to be seen.
+    explicit TempFolder(const std::string& name)
+        : path_(std::filesystem::temp_directory_path() / name) {
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
     ~TempFolder() {
