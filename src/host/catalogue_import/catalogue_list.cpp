@@ -16,7 +16,15 @@
 namespace headerdtc {
 namespace {
 
-enum Column { ProviderColumn, Family, Group, Number, Field, Key, Columns };
+enum Column {
+    ProviderColumn,
+    FamilyColumn,
+    GroupColumn,
+    NumberColumn,
+    FieldColumn,
+    KeyColumn,
+    Columns
+};
 constexpr const char* Heads[Columns] = {"provider", "family", "group", "number", "field", "key"};
 
 class Reader {
@@ -55,7 +63,8 @@ class Reader {
                 return equalIgnoringCase(trimSpace(cell), Heads[column]);
             });
             at_[column] = static_cast<std::size_t>(head - heads.begin());
-            const bool isNeeded = column == ProviderColumn || column == Family || column == Field;
+            const bool isNeeded =
+                column == ProviderColumn || column == FamilyColumn || column == FieldColumn;
             if (isNeeded && head == heads.end())
                 fail(records_.front().line, std::string("there is no column \"") + Heads[column] +
                                                 "\"; the first line names the columns provider, "
@@ -90,7 +99,7 @@ class Reader {
 
     void take(const CsvRecord& record) {
         Catalogue::Provider& provider = providerOf(record);
-        const std::string family = cell(record, Family), field = cell(record, Field);
+        const std::string family = cell(record, FamilyColumn), field = cell(record, FieldColumn);
         if (field.empty()) fail(record.line, "the field is missing");
         std::vector<std::string>* keys = nullptr;
         if (equalIgnoringCase(family, "ZEKO")) {
@@ -100,14 +109,15 @@ class Reader {
         } else {
             fail(record.line, "\"" + family + "\" is no family; write ZEKO or EAI");
         }
-        if (!cell(record, Key).empty())
+        if (!cell(record, KeyColumn).empty())
             keys_[keys].emplace_back(
-                numberIn(record, Key, "place among the key fields; write 1 for the first"), field);
+                numberIn(record, KeyColumn, "place among the key fields; write 1 for the first"),
+                field);
     }
 
     std::vector<std::string>* take(const CsvRecord& record, Catalogue::Zeko& zeko,
                                    const std::string& field) {
-        const long long number = numberIn(record, Number, "number of a ZEKO field");
+        const long long number = numberIn(record, NumberColumn, "number of a ZEKO field");
         const bool isThere = std::any_of(zeko.fields.begin(), zeko.fields.end(),
                                          [&](const auto& each) { return each.number == number; });
         if (isThere)
@@ -119,7 +129,7 @@ class Reader {
 
     std::vector<std::string>* take(const CsvRecord& record, Catalogue::Eai& eai,
                                    const std::string& field) {
-        const std::string name = cell(record, Group);
+        const std::string name = cell(record, GroupColumn);
         if (name.empty()) fail(record.line, "the record group of the EAI field is missing");
         auto group = std::find_if(eai.groups.begin(), eai.groups.end(),
                                   [&](const auto& each) { return each.name == name; });
