@@ -87,6 +87,9 @@ std::size_t tellLinks(const std::vector<Diagnosis>& links, JsonLines* lines);
 // Reads the words of a command line and does what they ask for.
 ExitStatus obey(CLI::App& app, CommandLine& line, const std::vector<std::string>& words);
 
+// Leaves out of the help what the library adds to options. Before any command is added.
+void makeHelpPlain(CLI::App& app);
+
 // What the command line has at a place; nullptr where it has no such thing. Options are looked for
 // in a command and in those above it, as they are when they are read.
 std::vector<const CLI::App*> commandsOf(const CLI::App& level);

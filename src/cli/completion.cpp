@@ -184,7 +184,9 @@ Examples:
   headerdtc completion fish | source       in ~/.config/fish/config.fish
 
 Exit status: 0 done, 2 wrong usage.)");
-    command.add_option("SHELL", *shell, "the shell")->required()->check(CLI::IsMember(shells));
+    command.add_option("SHELL", *shell, "bash, zsh or fish")
+        ->required()
+        ->check(CLI::IsMember(shells));
     command.callback([&line, shell] {
         line.run = [shell] {
             for (const auto& each : Scripts) {

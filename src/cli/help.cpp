@@ -11,6 +11,21 @@
 namespace headerdtc::cli {
 namespace {
 
+// Of an option its value's name alone: what it takes, needs and excludes is in its description.
+class PlainHelp : public CLI::Formatter {
+  public:
+    std::string make_option_opts(const CLI::Option* option) const override {
+        std::string text;
+        if (option->get_type_size() != 0) {
+            const std::string type = option->get_type_name();
+            text = " " + type.substr(0, type.find(':'));
+            if (option->get_expected_max() == CLI::detail::expected_max_vector_size) text += " ...";
+        }
+        if (!option->get_envname().empty()) text += " (or " + option->get_envname() + ")";
+        return text;
+    }
+};
+
 std::string unknownOption(const CLI::App* level, const std::string& name) {
     NearestName nearest(name);
     for (const auto* each = level; each; each = each->get_parent()) {
@@ -35,6 +50,10 @@ std::string unknownCommand(const CLI::App& level, const std::string& name) {
 }
 
 }  // namespace
+
+void makeHelpPlain(CLI::App& app) {
+    app.formatter(std::make_shared<PlainHelp>());
+}
 
 std::vector<const CLI::App*> commandsOf(const CLI::App& level) {
     // Those without a group are for programs alone.

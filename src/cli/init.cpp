@@ -165,8 +165,7 @@ Exit status: 0 done, 1 something is broken yet, 2 wrong usage, 3 something could
     asked("--install-dir", setup.installDirectory,
           "install directory, for a registry export that is not there yet");
     asked("--catalogue", setup.catalogueSource,
-          "list of the fields (CSV), or connect string of a database whose tables become the\n"
-          "catalogue");
+          "list of the fields (CSV), or connect string of a database with them");
     asked("--translations", setup.translations,
           "SQLite file of the translations, or a connect string");
     command.add_flag("-y,--yes", options->yes, "ask nothing: the defaults for what no option says");

@@ -85,6 +85,7 @@ ExitStatus run(const std::vector<std::string>& words) {
     app.require_subcommand(1);
     app.fallthrough();
     app.footer(MainFooter);
+    makeHelpPlain(app);
 
     CommandLine line;
     app.add_option("--config", line.common.configuration,

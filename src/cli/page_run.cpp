@@ -69,7 +69,7 @@ CLI::Option* addPathList(CLI::App& command, PathList& paths, const std::string& 
     auto* words = command.add_option("PATH", paths.words, description);
     command
         .add_option("--files-from", paths.file,
-                    "read further paths from this file, one a line or ended by zeros\n"
+                    "read further paths from this file, one per line or NUL-separated\n"
                     "(-: standard input)")
         ->type_name(FileType);
     return words;

@@ -55,7 +55,8 @@ TEST(Catalogue, NoCutOffOrDamagedCatalogueIsTaken) {
     const auto end = Example.rfind('}');
     for (std::size_t size = 0; size < end; ++size)
         EXPECT_THAT(problemIn(Example.substr(0, size)), StartsWith("c.json:")) << size;
-    EXPECT_THAT(problemIn(std::string(100'000, '[')), StartsWith("c.json:1:1: expected the catalogue"));
+    EXPECT_THAT(problemIn(std::string(100'000, '[')),
+                StartsWith("c.json:1:1: expected the catalogue"));
     EXPECT_THAT(problemIn("{\"providers\": [" + std::string(100'000, '{')),
                 StartsWith("c.json:1:17: "));
 }
