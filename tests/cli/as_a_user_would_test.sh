@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# cli_test.sh HEADERDTC PROJECT: runs the command as a user would, on a copy of the demo site.
+# as_a_user_would_test.sh HEADERDTC PROJECT: runs the command as a user would, on a copy of the demo site.
 # shellcheck source=tests/cli/checks.sh
 . "$2/tests/cli/checks.sh"
 cp -r "$project/demo" site

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# scenario_test.sh HEADERDTC PROJECT: what an author does on the demo site, through automation. A page
+# scenarios_test.sh HEADERDTC PROJECT: what an author does on the demo site, through automation. A page
 # is translated, with the expected rows at the end; a whole configuration is built on a new page, which
 # has the same properties and gives the same text when it is opened again.
 # shellcheck source=tests/cli/checks.sh
