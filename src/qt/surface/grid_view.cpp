@@ -270,8 +270,16 @@ bool GridView::keyPressed(const QKeyEvent& event) {
         return true;
     }
     const auto key = keyOf(event);
-    // Qt would move its own current cell.
-    if (!key) return event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+    if (event.key() == Qt::Key_Home || event.key() == Qt::Key_End) {
+        // As the arrow keys lead there; Qt would move its own current cell.
+        const auto arrow = event.key() == Qt::Key_Home ? Key::Kind::Left : Key::Kind::Right;
+        for (int before = -1; before != model_.Col();) {
+            before = model_.Col();
+            pressKey(Key::of(arrow));
+        }
+        return true;
+    }
+    if (!key) return false;
     if (key->kind == Key::Kind::Tab) return false;
     pressKey(*key);
     return true;
