@@ -271,11 +271,11 @@ bool GridView::keyPressed(const QKeyEvent& event) {
     }
     const auto key = keyOf(event);
     if (event.key() == Qt::Key_Home || event.key() == Qt::Key_End) {
-        // As the arrow keys lead there; Qt would move its own current cell.
-        const auto arrow = event.key() == Qt::Key_Home ? Key::Kind::Left : Key::Kind::Right;
-        for (int before = -1; before != model_.Col();) {
+        // As the arrow keys lead there, up to the marker; Qt would move its own current cell.
+        const bool isHome = event.key() == Qt::Key_Home;
+        for (int before = -1; before != model_.Col() && !(isHome && model_.Col() == 1);) {
             before = model_.Col();
-            pressKey(Key::of(arrow));
+            pressKey(Key::of(isHome ? Key::Kind::Left : Key::Kind::Right));
         }
         return true;
     }
