@@ -270,8 +270,16 @@ bool GridView::keyPressed(const QKeyEvent& event) {
         return true;
     }
     const auto key = keyOf(event);
-    // Qt would move its own current cell.
-    if (!key) return event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+    if (event.key() == Qt::Key_Home || event.key() == Qt::Key_End) {
+        // As the arrow keys lead there, up to the marker; Qt would move its own current cell.
+        const bool isHome = event.key() == Qt::Key_Home;
+        for (int before = -1; before != model_.Col() && !(isHome && model_.Col() == 1);) {
+            before = model_.Col();
+            pressKey(Key::of(isHome ? Key::Kind::Left : Key::Kind::Right));
+        }
+        return true;
+    }
+    if (!key) return false;
     if (key->kind == Key::Kind::Tab) return false;
     pressKey(*key);
     return true;

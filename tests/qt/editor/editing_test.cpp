@@ -330,10 +330,9 @@ TEST_F(Editing, MessagesStandInThePanelAndLeadToTheirPlace) {
     EXPECT_EQ(2, dtc(editor).SSTab1.Tab());
     EXPECT_EQ(1, dtc(editor).ZEKO.CriteriaGrid.Row());
     EXPECT_TRUE(said.empty());
-    // Where the page is closed, its messages go.
+    // Where the page is closed, what the site finds in it stays.
     command(Command::Close);
-    EXPECT_THAT(messages(), ElementsAre());
-    EXPECT_FALSE(panel->isVisible());
+    EXPECT_TRUE(eventually([&] { return messages().size() == 1; }));
 }
 
 }  // namespace headerdtc::qt::editing_test

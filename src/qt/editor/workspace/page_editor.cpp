@@ -205,6 +205,8 @@ void PageEditor::addRow(Family family) {
         dtc.family(family).AddCriteriumCommand.press();
     });
     controls_->takeChanges();
+    // It reads now what it had no room for.
+    controls_->renewFaulty();
 }
 
 // ---- what the author does -----------------------------------------------------------------------
