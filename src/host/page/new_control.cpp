@@ -5,8 +5,8 @@
 #include "host/page/quiet_host.h"
 #include "host/page/text_property_bag.h"
 #include "platform/database.h"
-#include "platform/surroundings.h"
 #include "platform/runtime_error.h"
+#include "platform/surroundings.h"
 
 namespace headerdtc {
 namespace {
