@@ -88,6 +88,7 @@ TEST_F(FileReplacerTest, RefusesWhatCannotBeReplacedWithoutLoss) {
     fs::create_hard_link(page, folder / "second.asp");
     fs::create_symlink("nowhere", folder / "dangling.asp");
     EXPECT_THAT(errorOf<FileError>([&] { replaceNow(page, "new"); }), HasSubstr("hard links"));
+    EXPECT_THROW(replaceNow(folder / "missing.asp", "new"), FileError);
     EXPECT_THROW(replaceNow(folder / "dangling.asp", "new"), FileError);
     EXPECT_THROW(replaceNow(folder.path(), "new"), FileError);
     EXPECT_THROW(replacer.create(page, "new"), FileError);
