@@ -1,5 +1,4 @@
 #include "scripts/specify_criterium_dialog.h"
-
 #include "support/prologue.h"
 
 namespace headerdtc::script_text_test {
