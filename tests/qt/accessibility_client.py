@@ -28,7 +28,7 @@ def editor():
     return None
 
 
-def wait_for(condition, seconds=30):
+def wait_for(condition, seconds=10):
     until = time.monotonic() + seconds
     while not (found := condition()) and time.monotonic() < until:
         time.sleep(0.2)
