@@ -189,8 +189,7 @@ done
 mv kept site/providers.json
 template=site/c/Suite/Orvane/include/DTC_TEMPLATE.ASP
 mv $template kept
-check 3 "$headerdtc" check site/traffic
-expect "$err" "2 pages not checked: $folder/$template: "
+warns 3 "2 pages not checked: $folder/$template: " check site/traffic
 [[ $out != *not-generated* ]] || fail "a missing template was said of each control: $out"
 mv kept $template
 sed -i 's/PWD=quayside"/PWD=quayside/' site/headerdtc.toml  # a quotation mark is not closed

@@ -33,15 +33,21 @@ class Dice {
 
 constexpr int Operations = 20'000;
 
-// Items and the current one of a list. No text is given twice, so that the current item is known
-// wherever it goes.
+// Items, the current one and those that are marked. No text is given twice, so that the current
+// item is known wherever it goes.
 template <class List>
-void replayItems(List& list, unsigned seed) {
+void replayItems(List& list, unsigned seed, bool areMarked = false) {
+    using Item = std::pair<std::string, bool>;
+    const auto itemAt = [&](int i) {
+        if constexpr (std::is_same_v<List, ListBox>)
+            return Item(list.List(i), areMarked && list.Selected(i));
+        return Item(list.List(i), false);
+    };
     Dice dice(seed);
-    std::vector<std::string> copy;
+    std::vector<Item> copy;
     std::string current;
     const auto view = list.itemsChanged.subscribe([&](const ItemsChange& change) {
-        replay(copy, change, [&](int i) { return list.List(i); });
+        replay(copy, change, itemAt);
         // Told in the new state: a view asks for the rest at once.
         ASSERT_LT(list.ListIndex(), list.ListCount());
         ASSERT_EQ(copy.size(), static_cast<std::size_t>(list.ListCount()));
@@ -50,7 +56,7 @@ void replayItems(List& list, unsigned seed) {
         const std::string text = std::to_string(i);
         const int index = dice.index(list.ListCount());
         numberOf([&] {
-            const int operation = dice.below(7);
+            const int operation = dice.below(areMarked ? 8 : 7);
             if (operation == 0) return list.AddItem(text);
             if (operation < 3) return list.AddItem(text, index);
             if (operation < 5) return list.RemoveItem(index);
@@ -58,56 +64,40 @@ void replayItems(List& list, unsigned seed) {
             if (operation == 5) {
                 list.List(index, text);
                 if (index == list.ListIndex()) current = text;
-            } else {
+            } else if (operation == 6) {
                 list.ListIndex(index);
-                current = index < 0 ? "" : copy.at(static_cast<std::size_t>(index));
+                current = index < 0 ? "" : copy.at(static_cast<std::size_t>(index)).first;
+            } else if constexpr (std::is_same_v<List, ListBox>) {
+                const bool isMarked = dice.below(2) == 0;
+                list.Selected(index, isMarked);
+                copy.at(static_cast<std::size_t>(index)).second = isMarked;
             }
         });
-        ASSERT_EQ(copy, itemsOf(list)) << "after operation " << i;
-        const auto place = std::find(copy.begin(), copy.end(), current);
+        std::vector<Item> items;
+        for (int at = 0; at < list.ListCount(); ++at)
+            items.push_back(itemAt(at));
+        ASSERT_EQ(copy, items) << "after operation " << i;
+        const auto place = std::find_if(copy.begin(), copy.end(),
+                                        [&](const Item& item) { return item.first == current; });
         const bool there = place != copy.end();
         ASSERT_EQ(list.ListIndex(), there ? place - copy.begin() : -1) << "after operation " << i;
         ASSERT_EQ(list.Text(), there ? current : "");
+        if constexpr (std::is_same_v<List, ListBox>) {
+            ASSERT_EQ(list.SelCount(), std::ssize(selectedItemsOf(list)));
+        }
     }
 }
 
 class ReplayTest : public ControlsTest {};
 
-TEST_F(ReplayTest, ItemsAndTheCurrentOneAreKeptInStep) {
-    for (const auto selection : {ListBox::Selection::Single, ListBox::Selection::Multiple}) {
+TEST_F(ReplayTest, ItemsTheirMarksAndTheCurrentOneAreKeptInStep) {
+    using Selection = ListBox::Selection;
+    for (const auto selection : {Selection::Single, Selection::Multiple}) {
         ListBox list(surface, "List", selection);
-        replayItems(list, 7);
+        replayItems(list, 7, selection == Selection::Multiple);
     }
     ComboBox combo(surface, "Combo", ComboBox::Style::DropDownList);
     replayItems(combo, 11);
-}
-
-TEST_F(ReplayTest, SelectionsGoWithTheirItems) {
-    ListBox list(surface, "List", ListBox::Selection::Multiple);
-    Dice dice(13);
-    std::vector<std::pair<std::string, bool>> copy;
-    const auto view = list.itemsChanged.subscribe([&](const ItemsChange& change) {
-        replay(copy, change, [&](int i) { return std::pair(list.List(i), list.Selected(i)); });
-    });
-    for (int i = 0; i < Operations; ++i) {
-        const int index = dice.index(list.ListCount());
-        const bool selected = dice.below(2) == 0;
-        numberOf([&] {
-            const int operation = dice.below(5);
-            if (operation < 2) return list.RemoveItem(index);
-            if (operation == 2) return list.AddItem(std::to_string(i), index);
-            if (dice.below(80) == 0) return list.Clear();
-            if (operation == 3) return list.List(index, "changed");
-            list.Selected(index, selected);
-            copy[static_cast<std::size_t>(index)].second = selected;
-        });
-        std::vector<std::string> selectedItems;
-        for (const auto& [text, isSelected] : copy) {
-            if (isSelected) selectedItems.push_back(text);
-        }
-        ASSERT_EQ(selectedItemsOf(list), selectedItems) << "after operation " << i;
-        ASSERT_EQ(static_cast<std::size_t>(list.SelCount()), selectedItems.size());
-    }
 }
 
 TEST_F(ReplayTest, AGridIsKeptInStepByItsChanges) {
