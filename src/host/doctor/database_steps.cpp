@@ -172,8 +172,9 @@ const char* remedyFor(const std::string& refusal) {
 // take for an expression: 26/11/2026 is one, 26.11.2026 is none.
 void examineDate(Examination& seen) {
     const std::string date = SystemClock().shortDate();
+    const std::string numbers = replaceAll(date, "/", "-");
     bool isExpression = !date.empty();
-    for (const std::string_view number : splitText(replaceAll(date, "/", "-"), "-"))
+    for (const std::string_view number : splitText(numbers, "-"))
         isExpression = isExpression && !number.empty() &&
                        number.find_first_not_of("0123456789") == std::string_view::npos;
     if (isExpression) return;
