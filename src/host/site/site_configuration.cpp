@@ -5,6 +5,7 @@
 #include "host/odbc/secrets.h"
 #include "host/site/toml.h"
 #include "platform/ascii.h"
+#include "platform/nearest_name.h"
 #include "platform/utf8.h"
 
 #include <algorithm>
@@ -112,16 +113,18 @@ class ConfigurationReader {
 
     void set(std::string_view section, const toml::key& key, const toml::node& value) {
         std::string names;
+        NearestName nearest(key.str());
         for (const auto& known : Keys) {
             if (known.section != section) continue;
             if (known.name == key.str()) return (this->*known.set)(key, value);
             names.append(names.empty() ? "" : ", ").append(known.name);
+            nearest.offer(known.name);
         }
         if (section.empty())
             names += ", [project], [drives], [datasource], [translations], [check]";
         fail(key.source(), "unknown key \"" + maskSecrets(key.str()) + "\"" +
                                (section.empty() ? "" : " in [" + std::string(section) + "]") +
-                               "; known are " + names);
+                               "; known are " + names + nearest.question());
     }
 
     std::string text(const toml::key& key, const toml::node& value) const {
