@@ -19,14 +19,13 @@ bool isClosed(const fs::path& path) {
     return access(path.c_str(), R_OK | X_OK) != 0 && errno == EACCES;
 }
 
-// Why this configuration is the one that holds.
+// Why this configuration is the one that holds; nothing where its path says it.
 std::string reasonFor(const Examination& seen, const fs::path& file) {
-    if (!seen.named.empty()) return "named by " + seen.namedBy;
+    if (!seen.named.empty()) return ", named by " + seen.namedBy;
     const fs::path place = fs::absolute(seen.place).lexically_normal();
     const fs::path folder = isFolder(place) ? place / "" : place;
-    return file.parent_path() == folder.parent_path()
-               ? "in the folder of " + seen.place.string()
-               : "in the nearest folder above " + seen.place.string() + " that has one";
+    if (file.parent_path() == folder.parent_path()) return {};
+    return ", in the nearest folder above " + seen.place.string() + " that has one";
 }
 
 void examineProjectRoot(Examination& seen) {
@@ -63,7 +62,7 @@ void examineConfiguration(Examination& seen) {
             isFolder(seen.place) ? seen.place : fs::absolute(seen.place).parent_path());
         seen.doubtful(
             "configuration",
-            "no headerdtc.toml in the folder of " + seen.place.string() +
+            "no headerdtc.toml in " + seen.configuration->folder.string() +
                 " or above it; the defaults hold",
             "make a site with 'headerdtc init " + seen.configuration->folder.string() + "'");
         return;
@@ -71,8 +70,7 @@ void examineConfiguration(Examination& seen) {
     try {
         seen.configuration = readSiteConfiguration(*file);
         requireKnownRules(*seen.configuration);
-        seen.whole("configuration",
-                   seen.configuration->file.string() + ", " + reasonFor(seen, *file));
+        seen.whole("configuration", seen.configuration->file.string() + reasonFor(seen, *file));
     } catch (const FileError& error) {
         seen.broken("configuration", error.what(),
                     seen.configuration ? "correct that place; 'headerdtc check' needs it"

@@ -66,7 +66,7 @@ TEST_F(Doctor, SaysWhichConfigurationHoldsAndWhy) {
     site.write("deep/er/page.asp", "");
     EXPECT_THAT(look("configuration", "deep/er/page.asp"),
                 says("ok: ", "headerdtc.toml, in the nearest folder above"));
-    EXPECT_THAT(look("configuration"), HasSubstr("headerdtc.toml, in the folder of"));
+    EXPECT_THAT(look("configuration"), EndsWith("/headerdtc.toml -> "));
     const auto named = examineSite(site.path(), site / "headerdtc.toml", "HEADERDTC_CONFIG");
     EXPECT_THAT(named.front().detail, EndsWith("named by HEADERDTC_CONFIG"));
 
