@@ -90,7 +90,7 @@ MainWindow::MainWindow(const Options& options)
     connect(start, &StartPage::newRequested, (*commands_)[Command::New], &QAction::trigger);
     connect(start, &StartPage::openRequested, opener_, &Opener::choosePages);
     connect(start, &StartPage::siteRequested, opener_, &Opener::chooseSite);
-    connect(start, &StartPage::guideRequested, this, &MainWindow::showGuide);
+    connect(start, &StartPage::guideRequested, (*commands_)[Command::Guide], &QAction::trigger);
     connect(start, &StartPage::pageRequested, this,
             [this](const QString& file) { opener_->openPage(toPath(file)); });
     connectCommands();
@@ -156,7 +156,10 @@ void MainWindow::connectCommands() {
         PageEditor* editor = tabs_->current();
         editSettings(editor ? editor->page().file() : site_->folder());
     });
-    on(Command::Guide, [this] { showGuide(); });
+    on(Command::Guide, [this] {
+        if (!guide_) guide_ = new GuideWindow(this);
+        guide_->showGuide();
+    });
     on(Command::About, [this] { showAbout(this); });
 }
 
@@ -318,9 +321,9 @@ void MainWindow::generateAll() {
 // Of the site of a page or folder; where it has no configuration, there will be one.
 void MainWindow::editSettings(const fs::path& place) {
     try {
-        PageEditor* editor = tabs_->find(place);
         fs::path file;
-        if (editor) file = editor->page().site()->configuration->file;
+        if (PageEditor* editor = tabs_->find(place))
+            file = editor->page().site()->configuration->file;
         std::error_code failure;
         const fs::path folder = fs::is_directory(place, failure) ? place : place.parent_path();
         if (file.empty()) file = findSiteConfiguration(folder).value_or(folder / "headerdtc.toml");
@@ -328,8 +331,7 @@ void MainWindow::editSettings(const fs::path& place) {
         SettingsDialog dialog(file, this);
         if (dialog.exec() != QDialog::Accepted) return;
     } catch (const FileError& error) {
-        QMessageBox::critical(this, tr("Site settings"), QString::fromStdString(error.what()));
-        return;
+        return void(QMessageBox::critical(this, tr("Site settings"), toQt(error.what())));
     }
     tabs_->refreshSites();
     site_->checkAll();
@@ -352,25 +354,16 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 // ---- the rest -----------------------------------------------------------------------------------
 
-void MainWindow::showGuide() {
-    if (!guide_) guide_ = new GuideWindow(this);
-    guide_->showGuide();
-}
-
 void MainWindow::activate(const Message& message) {
     if (message.isOfSite) return editSettings(message.page);
-    std::error_code failure;
-    if (fs::is_directory(message.page, failure)) return;
+    if (std::error_code failure; fs::is_directory(message.page, failure)) return;
     if (PageEditor* editor = tabs_->open(message.page)) editor->goTo(message.place);
 }
 
 // Without a page or a site the docks would be empty.
 void MainWindow::layDocks(bool atStart) {
     if (atStart == std::exchange(atStart_, atStart)) return;
-    if (!atStart) {
-        restoreState(docksBesidePages_);
-        return;
-    }
+    if (!atStart) return void(restoreState(docksBesidePages_));
     docksBesidePages_ = saveState();
     siteDock_->hide();
     messagesDock_->hide();

@@ -66,7 +66,6 @@ class MainWindow : public QMainWindow {
     void saveAll();
     void generateAll();
     void editSettings(const std::filesystem::path& place);
-    void showGuide();
     void activate(const Message& message);
     void follow();
     void layDocks(bool atStart);
