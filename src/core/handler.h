@@ -31,18 +31,21 @@ class ChangedProperties {
 void runHandler(HeaderDTC& dtc, std::string_view name,
                 const std::function<void(ChangedProperties&)>& body);
 
-// Subscribes a member function as the handler of an event of one family's control. Its full name
-// is the family's prefix and the role, such as "AddField_Click".
-template <class Owner, class... Args>
-[[nodiscard]] Subscription handle(Event<Args...>& event, HeaderDTC& dtc, FamilyControls& family,
-                                  std::string_view role, Owner* owner,
-                                  void (Owner::*body)(FamilyControls&, ChangedProperties&,
-                                                      Args...)) {
-    return event.subscribe([&dtc, &family, name = familyName(family.family, role), owner,
-                            body](Args... args) {
-        runHandler(dtc, name,
-                   [&](ChangedProperties& changed) { (owner->*body)(family, changed, args...); });
-    });
+// What subscribes an owner's member functions as the handlers of one family's controls: called with
+// an event, a role and the function. A handler's full name is the family's prefix and the role,
+// such as "AddField_Click".
+template <class Owner>
+auto handlersOf(HeaderDTC& dtc, FamilyControls& family, Owner* owner, Subscriptions& kept) {
+    return [&dtc, &family, owner, &kept]<class... Args>(
+               Event<Args...>& event, std::string_view role,
+               void (Owner::*body)(FamilyControls&, ChangedProperties&, Args...)) {
+        kept += event.subscribe(
+            [&dtc, &family, name = familyName(family.family, role), owner, body](Args... args) {
+                runHandler(dtc, name, [&](ChangedProperties& changed) {
+                    (owner->*body)(family, changed, args...);
+                });
+            });
+    };
 }
 
 class Button;

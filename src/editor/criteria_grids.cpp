@@ -95,9 +95,7 @@ class CriteriaEditors {
 CriteriaEditors::CriteriaEditors(HeaderDTC& dtc) : dtc_(dtc) {
     for (const Family which : BothFamilies) {
         FamilyControls& family = dtc.family(which);
-        const auto add = [&](auto& event, std::string_view role, auto body) {
-            subscriptions_ += handle(event, dtc, family, role, this, body);
-        };
+        const auto add = handlersOf(dtc, family, this, subscriptions_);
         add(family.KeyFieldsCombo.LostFocus, "KeyFieldsCombo_LostFocus",
             &CriteriaEditors::KeyFieldsCombo_LostFocus);
         add(family.OperatorsCombo.LostFocus, "OperatorsCombo_LostFocus",
@@ -264,9 +262,7 @@ CriteriaGrids::CriteriaGrids(HeaderDTC& dtc) : dtc_(dtc), editors_(dtc) {
     for (const Family which : BothFamilies) {
         FamilyControls& family = dtc.family(which);
         Grid& grid = family.CriteriaGrid;
-        const auto add = [&](auto& event, std::string_view role, auto body) {
-            subscriptions_ += handle(event, dtc, family, role, this, body);
-        };
+        const auto add = handlersOf(dtc, family, this, subscriptions_);
         add(family.AddCriteriumCommand.Click, "AddCriteriumCommand_Click",
             &CriteriaGrids::AddCriteriumCommand_Click);
         add(family.RemoveCriteriumCommand.Click, "RemoveCriteriumCommand_Click",

@@ -72,9 +72,7 @@ class FieldSelection {
 FieldSelection::FieldSelection(HeaderDTC& dtc) {
     for (const Family which : BothFamilies) {
         FamilyControls& family = dtc.family(which);
-        const auto add = [&](auto& event, std::string_view role, auto body) {
-            subscriptions_ += handle(event, dtc, family, role, this, body);
-        };
+        const auto add = handlersOf(dtc, family, this, subscriptions_);
         add(family.AddField.Click, "AddField_Click", &FieldSelection::AddField_Click);
         add(family.FieldsList.DblClick, "FieldsList_DblClick",
             &FieldSelection::FieldsList_DblClick);

@@ -115,10 +115,9 @@ void LinkGrids::subscribeGrid(FamilyControls& family) {
     subscriptions_ += grid.EnterCell.subscribe([this, &family] {
         runHandler(dtc_, "EAILinksGrid_EnterCell", [&](ChangedProperties&) { enterCell(family); });
     });
-    subscriptions_ += handle(family.RemoveLink.Click, dtc_, family, "RemoveCriteriumCommand_Click",
-                             this, &LinkGrids::removeLink);
-    subscriptions_ +=
-        handle(family.AddLink.Click, dtc_, family, "AddLink_Click", this, &LinkGrids::addLink);
+    const auto add = handlersOf(dtc_, family, this, subscriptions_);
+    add(family.RemoveLink.Click, "RemoveCriteriumCommand_Click", &LinkGrids::removeLink);
+    add(family.AddLink.Click, "AddLink_Click", &LinkGrids::addLink);
     subscriptions_ += grid.GotFocus.subscribe([this, which] { MoveLinksAsterisk(which); });
     subscriptions_ +=
         grid.Click.subscribe([this, which] { LinksGridEdit(which, key_code::Enter); });

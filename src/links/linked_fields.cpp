@@ -57,21 +57,18 @@ class LinkedFields {
 LinkedFields::LinkedFields(HeaderDTC& dtc) {
     for (const Family which : BothFamilies) {
         FamilyControls& family = dtc.family(which);
-        subscriptions_ += handle(family.AddLinkedField.Click, dtc, family, "AddLinkedField_Click",
-                                 this, &LinkedFields::AddLinkedField_Click);
-        subscriptions_ +=
-            handle(family.LinkedFieldsList.DblClick, dtc, family, "LinkedFieldsList_DblClick", this,
-                   &LinkedFields::LinkedFieldsList_DblClick);
-        subscriptions_ +=
-            handle(family.RemoveLinkedField.Click, dtc, family, "RemoveLinkedField_Click", this,
-                   &LinkedFields::RemoveLinkedField_Click);
+        const auto add = handlersOf(dtc, family, this, subscriptions_);
+        add(family.AddLinkedField.Click, "AddLinkedField_Click",
+            &LinkedFields::AddLinkedField_Click);
+        add(family.LinkedFieldsList.DblClick, "LinkedFieldsList_DblClick",
+            &LinkedFields::LinkedFieldsList_DblClick);
+        add(family.RemoveLinkedField.Click, "RemoveLinkedField_Click",
+            &LinkedFields::RemoveLinkedField_Click);
         // Both families report under the name that only the ZEKO buttons have.
-        subscriptions_ +=
-            handle(family.MoveUpLinkedField.Click, dtc, family, "MoveUpLinkdFieldCommand_Click",
-                   this, &LinkedFields::MoveUpLinkedField_Click);
-        subscriptions_ +=
-            handle(family.MoveDownLinkedField.Click, dtc, family, "MoveDownLinkdFieldCommand_Click",
-                   this, &LinkedFields::MoveDownLinkedField_Click);
+        add(family.MoveUpLinkedField.Click, "MoveUpLinkdFieldCommand_Click",
+            &LinkedFields::MoveUpLinkedField_Click);
+        add(family.MoveDownLinkedField.Click, "MoveDownLinkdFieldCommand_Click",
+            &LinkedFields::MoveDownLinkedField_Click);
     }
 }
 

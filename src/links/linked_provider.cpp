@@ -62,8 +62,8 @@ LinkedProvider::LinkedProvider(HeaderDTC& dtc) : dtc_(dtc) {
     });
     for (const Family which : BothFamilies) {
         FamilyControls& family = dtc_.family(which);
-        subscriptions_ += handle(family.DeleteLinkCommand.Click, dtc_, family,
-                                 "DeleteLinkCommand_Click", this, &LinkedProvider::deleteLink);
+        handlersOf(dtc_, family, this, subscriptions_)(
+            family.DeleteLinkCommand.Click, "DeleteLinkCommand_Click", &LinkedProvider::deleteLink);
     }
 }
 
