@@ -46,16 +46,22 @@ else()
 endif()
 target_include_directories(headerdtc_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
 
-# headerdtc_room(name SOURCES a.cpp ... DEPENDS room ... LIBRARIES target ...)
-# One static library for one folder of src/; DEPENDS names the rooms it may include.
+# headerdtc_room(name [EVERY_PAGE] SOURCES a.cpp ... DEPENDS room ... LIBRARIES target ...)
+# One static library for one folder of src/; DEPENDS names the rooms it may include. EVERY_PAGE: what
+# it does is done for each page of a site.
 function(headerdtc_room name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ARG "EVERY_PAGE" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
     add_library(headerdtc_${name} STATIC ${ARG_SOURCES})
     target_link_libraries(headerdtc_${name} PUBLIC headerdtc_options)
     foreach(room IN LISTS ARG_DEPENDS)
         target_link_libraries(headerdtc_${name} PUBLIC headerdtc_${room})
     endforeach()
     target_link_libraries(headerdtc_${name} PRIVATE ${ARG_LIBRARIES})
+    if(ARG_EVERY_PAGE AND CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # GCC bounds by how much inlining may enlarge a unit, and a merged one reaches that bound.
+        # It costs time to compile, so only where every page of a site passes.
+        target_compile_options(headerdtc_${name} PRIVATE --param=inline-unit-growth=200)
+    endif()
 endfunction()
 
 # headerdtc_test(name SOURCES a.cpp ... DEPENDS room ...)
