@@ -125,6 +125,15 @@ std::span<const RuntimeTextStep> runtimeTextSteps() {
     return Steps;
 }
 
+std::string_view placeholderIn(std::string_view text) {
+    const TagMatcher& placeholders = preparedSteps().matcher();
+    for (auto at = text.find('<'); at != std::string_view::npos; at = text.find('<', at + 1)) {
+        const TagReading reading = placeholders.read(text.substr(at));
+        if (reading.tag != TagReading::None) return text.substr(at, reading.length);
+    }
+    return {};
+}
+
 std::string withLineEnds(std::string_view text) {
     std::string lines;
     lines.reserve(text.size() + text.size() / 16 + 2);

@@ -40,6 +40,10 @@ struct RuntimeTextStep {
 // All of them in their order, which matters: values bring in placeholders of later steps.
 std::span<const RuntimeTextStep> runtimeTextSteps();
 
+// The first placeholder that a text has, as it is written there: the case of letters does not
+// matter. Empty when there is none.
+std::string_view placeholderIn(std::string_view text);
+
 // A text as reading it line by line gives it: a line ends at CR LF, at LF or at CR, and every line,
 // the last one too, then ends in CR LF. An empty text stays empty.
 std::string withLineEnds(std::string_view text);

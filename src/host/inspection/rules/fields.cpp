@@ -2,7 +2,7 @@
 #include "host/inspection/rules/rules.h"
 
 #include <algorithm>
-#include <map>
+#include <unordered_map>
 
 namespace headerdtc::rules {
 // ---- providers ----------------------------------------------------------------------------------
@@ -141,7 +141,7 @@ void fieldsHaveTheirSeparator(const ControlView& control, Remarks& remarks) {
 void fieldsAreThereOnce(const ControlView& control, Remarks& remarks) {
     for (const Family family : BothFamilies) {
         const auto& own = control.configuration().of(family);
-        std::map<std::string_view, int> rows;
+        std::unordered_map<std::string_view, int> rows;
         const auto require = [&](const StoredItem& field, std::string_view key, StoredRole role) {
             const auto [first, isNew] = rows.emplace(key, field.row);
             if (key.empty() || isNew) return;

@@ -94,34 +94,35 @@ void valuesFitTheScript(const ControlView& control, Remarks& remarks) {
 void valuesAreNoPlaceholders(const ControlView& control, Remarks& remarks) {
     forEachWritten(control.configuration(), [&](StoredRole role, std::optional<Family> family,
                                                 const StoredItem& item) {
-        for (const RuntimeTextStep& step : runtimeTextSteps()) {
-            if (item.text.find(step.placeholder) == std::string::npos) continue;
-            remarks.push_back(about(item, family,
-                                    placeOf(role, item) + " has " + std::string(step.placeholder) +
-                                        ", a placeholder of the template, in whose place the "
-                                        "script may get another text",
-                                    "write another text"));
-            return;
-        }
+        const std::string_view placeholder = placeholderIn(item.text);
+        if (placeholder.empty()) return;
+        remarks.push_back(about(item, family,
+                                placeOf(role, item) + " has " + std::string(placeholder) +
+                                    ", a placeholder of the template, in whose place the script "
+                                    "may get another text",
+                                "write another text"));
     });
 }
 
 void valuesHaveNoNul(const ControlView& control, Remarks& remarks) {
     const StoredConfiguration& configuration = control.configuration();
-    const auto require = [&](std::string_view text, const StoredItem& item,
-                             std::optional<Family> family, const std::string& what) {
-        if (text.find('\0') == std::string_view::npos) return;
+    const auto refuse = [&](const StoredItem& item, std::optional<Family> family,
+                            const std::string& what) {
         remarks.push_back(about(item, family,
                                 what + " has a NUL character, which no script may have",
                                 "write it anew, or take the character out of the page"));
     };
+    const auto hasNul = [](std::string_view text) {
+        return text.find('\0') != std::string_view::npos;
+    };
     forEachWritten(configuration,
                    [&](StoredRole role, std::optional<Family> family, const StoredItem& item) {
-                       require(item.text, item, family, placeOf(role, item));
+                       if (hasNul(item.text)) refuse(item, family, placeOf(role, item));
                    });
-    for (const auto& script : configuration.scripts)
-        require(script.text, script.name, std::nullopt,
-                "the local script " + inQuotes(script.name.text));
+    for (const auto& script : configuration.scripts) {
+        if (hasNul(script.text))
+            refuse(script.name, std::nullopt, "the local script " + inQuotes(script.name.text));
+    }
 }
 
 void scriptsAreWhole(const ControlView& control, Remarks& remarks) {
