@@ -48,7 +48,7 @@ struct ControlView {
 
     const ControlSpan& span() const { return page.markup().controls()[index]; }
     const StoredConfiguration& configuration() const { return page.configurations()[index]; }
-    const SiteFacts& facts() const { return page.facts(); }
+    SiteFacts& facts() const { return page.facts(); }
     // What the chosen provider offers; nullptr when it is not in the catalogue.
     const SiteFacts::Provider* provider() const;
     const SiteFacts::Provider* linkedProvider() const;

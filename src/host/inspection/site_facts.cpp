@@ -35,17 +35,6 @@ bool isOfSite(const fs::path& path, const SiteConfiguration& site) {
            });
 }
 
-// A file of the site, its components found without regard to case.
-std::optional<fs::path> findAnyCase(const fs::path& path, const SiteConfiguration& site) {
-    const fs::path plain = path.lexically_normal();
-    if (!isOfSite(plain, site)) return std::nullopt;
-    try {
-        return ifFile(WindowsPaths().toLocal("Z:" + plain.string()));
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
-}
-
 }  // namespace
 
 SiteFacts::SiteFacts(const std::shared_ptr<Site>& site)
@@ -75,29 +64,47 @@ std::string SiteFacts::similarProvider(std::string_view name) const {
     return nearest.found();
 }
 
-std::optional<fs::path> SiteFacts::find(std::string_view sitePath) const {
+std::optional<fs::path> SiteFacts::find(std::string_view sitePath) {
+    const std::lock_guard lock(mutex_);
+    return findOnce(sitePath);
+}
+
+const SiteFacts::Found& SiteFacts::findOnce(std::string_view sitePath) {
+    const auto known = found_.find(sitePath);
+    if (known != found_.end()) return known->second;
+    const SiteConfiguration& site = *site_->configuration;
+    Found file;
     try {
-        const auto& drives = site_->configuration->drives;
-        if (auto file = ifFile(drives.toLocal(installDir_ + std::string(sitePath)))) return file;
+        file = ifFile(site.drives.toLocal(installDir_ + std::string(sitePath)));
     } catch (const RuntimeError&) {
         // The drive is not mapped; the project may have the file all the same.
     }
     // With a slash at its front too it is a path below the root.
-    return findAnyCase(
-        site_->configuration->projectRoot.string() + "/" + replaceAll(sitePath, "\\", "/"),
-        *site_->configuration);
+    if (!file)
+        file = findAnyCase(site.projectRoot.string() + "/" + replaceAll(sitePath, "\\", "/"));
+    return found_.emplace(sitePath, std::move(file)).first->second;
 }
 
-std::optional<fs::path> SiteFacts::findIncluded(const ScriptText::Include& include,
-                                                const fs::path& includer) const {
-    if (include.isVirtual) return find(include.path);
+// A file of the site, its components found without regard to case.
+SiteFacts::Found SiteFacts::findAnyCase(const fs::path& path) const {
+    const fs::path plain = path.lexically_normal();
+    if (!isOfSite(plain, *site_->configuration)) return std::nullopt;
+    try {
+        return ifFile(files_.toLocal("Z:" + plain.string()));
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+SiteFacts::Found SiteFacts::findIncluded(const ScriptText::Include& include,
+                                         const fs::path& includer) {
+    if (include.isVirtual) return findOnce(include.path);
     const fs::path path = includer.parent_path() / replaceAll(include.path, "\\", "/");
-    const SiteConfiguration& site = *site_->configuration;
-    if (auto file = findAnyCase(path, site)) return file;
+    if (auto file = findAnyCase(path)) return file;
     // Published, the pages lie among the files of the installed site.
     const fs::path plain = path.lexically_normal();
-    if (!isBelow(plain, site.projectRoot)) return std::nullopt;
-    return find(plain.lexically_relative(site.projectRoot).string());
+    const fs::path& root = site_->configuration->projectRoot;
+    return isBelow(plain, root) ? findOnce(plain.lexically_relative(root).string()) : std::nullopt;
 }
 
 const ScriptText& SiteFacts::scriptOf(const fs::path& file) {

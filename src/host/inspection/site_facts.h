@@ -38,7 +38,7 @@ class SiteFacts {
     // The file that a page names relative to the site: below the install directory, where the
     // editor browses, or below the project's root, from where the page includes it. Nothing when
     // there is none.
-    std::optional<std::filesystem::path> find(std::string_view sitePath) const;
+    std::optional<std::filesystem::path> find(std::string_view sitePath);
 
     using Functions = std::unordered_set<std::string>;  // keys of their names
     // What a file brings along, the files that it includes among it.
@@ -65,8 +65,11 @@ class SiteFacts {
     const Template& siteTemplate();
 
   private:
-    std::optional<std::filesystem::path> findIncluded(const ScriptText::Include& include,
-                                                      const std::filesystem::path& includer) const;
+    // The mutex is held in what follows.
+    using Found = std::optional<std::filesystem::path>;
+    const Found& findOnce(std::string_view sitePath);
+    Found findAnyCase(const std::filesystem::path& path) const;
+    Found findIncluded(const ScriptText::Include& include, const std::filesystem::path& includer);
     void collect(const ScriptText& script, const std::filesystem::path& file, Contents& all,
                  std::vector<std::filesystem::path>& open, std::set<std::filesystem::path>& seen);
     const ScriptText& scriptOf(const std::filesystem::path& file);
@@ -76,7 +79,10 @@ class SiteFacts {
     std::string installDir_;  // a Windows path with a backslash at its end
     std::unordered_map<std::string, Provider> providers_;
 
+    WindowsPaths files_;  // of this machine, in any case
+
     std::mutex mutex_;
+    std::map<std::string, Found, std::less<>> found_;  // by site path
     std::map<std::filesystem::path, ScriptText> scripts_;
     std::map<std::filesystem::path, Contents> contents_;
     std::optional<Template> template_;
