@@ -12,9 +12,8 @@ void ListItems::refuse() {
     throw RuntimeError(ErrorNumber::InvalidPropertyArrayIndex);
 }
 
-void ListItems::requirePlace(int index) const {
-    if (index != count()) require(index);
-    if (count() >= MaxListCount) throw RuntimeError(ErrorNumber::Overflow);
+void ListItems::refuseMore() {
+    throw RuntimeError(ErrorNumber::Overflow);
 }
 
 void ListItems::insert(int index, std::string text) {

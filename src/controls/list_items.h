@@ -111,7 +111,10 @@ class ListItems {
         return items_[index];
     }
     // Raises what an insertion there would raise. Index count() appends.
-    void requirePlace(int index) const;
+    void requirePlace(int index) const {
+        if (index != count()) require(index);
+        if (count() >= MaxListCount) refuseMore();
+    }
     void insert(int index, std::string text);
     void remove(int index);
     void clear() { items_.clear(); }
@@ -127,6 +130,7 @@ class ListItems {
         if (!has(index)) refuse();
     }
     [[noreturn]] static void refuse();
+    [[noreturn]] static void refuseMore();
 
     GapVector<Item> items_;
 };

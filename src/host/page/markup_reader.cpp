@@ -157,8 +157,8 @@ class PageReader {
     void refuseUtf16() {
         const auto head = page_.substr(0, 4096);
         std::size_t zeros[2] = {};
-        for (std::size_t at = 0; at < head.size(); ++at)
-            zeros[at % 2] += head[at] == '\0' ? 1U : 0U;
+        for (auto at = head.find('\0'); at != std::string_view::npos; at = head.find('\0', at + 1))
+            ++zeros[at % 2];
         const auto [fewer, more] = std::minmax(zeros[0], zeros[1]);
         const bool looksLikeIt = fewer == 0 && more > 1 && more * 4 >= head.size();
         if (!looksLikeIt && !head.starts_with(utf8::LittleEndianMark) &&
@@ -240,6 +240,8 @@ class PageReader {
     // Gives the markup's end: behind the comment and the line end that follows.
     std::size_t readProperties(const ObjectTag& tag, ControlSpan& control) {
         if (!tag.closed) fail(tag.begin, "the OBJECT tag is not closed; it has to end in \">\"");
+        // What does not reach the next comment swallows no marker.
+        const auto nextComment = page_.find(CommentStart, tag.end);
         TagReader reader(page_, tag.end);
         while (true) {
             reader.skipSpace();
@@ -247,6 +249,7 @@ class PageReader {
             if (reader.takeTag("<PARAM")) {
                 control.properties.push_back(readParam(reader, place));
                 control.params.push_back({place, reader.at()});
+                if (reader.at() > nextComment) refuseSwallowed(control.params.back(), "this PARAM");
             } else if (takeClosingTag(reader, "</OBJECT")) {
                 break;
             } else if (!takeClosingTag(reader, "</PARAM")) {
@@ -293,7 +296,6 @@ class PageReader {
         if (!reader.take(">"))
             fail(place, "this PARAM is broken; it has to read <PARAM NAME=\"...\" VALUE=\"...\">");
         if (!name) fail(place, "this PARAM has no NAME");
-        refuseSwallowed({place, reader.at()}, "this PARAM");
         return {textOf(*name), textOf(value.value_or(std::string_view()))};
     }
 

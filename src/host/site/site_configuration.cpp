@@ -1,6 +1,5 @@
 #include "host/site/site_configuration.h"
 
-#include "host/files/descriptor.h"
 #include "host/files/file_cache.h"
 #include "host/odbc/secrets.h"
 #include "host/site/toml.h"
@@ -11,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <fcntl.h>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -257,6 +255,13 @@ fs::path folderOf(const fs::path& page) {
     return fs::is_directory(place, ignored) ? place : place.parent_path();
 }
 
+// Nothing can be found below a folder that is not there or may not be entered; other reasons, such
+// as a disk that fails, leave open whether the file is there.
+bool meansNotThere(int reason) {
+    constexpr std::array Reasons = {ENOENT, ENOTDIR, EACCES, ELOOP, ENAMETOOLONG};
+    return std::find(Reasons.begin(), Reasons.end(), reason) != Reasons.end();
+}
+
 }  // namespace
 
 SiteConfiguration readSiteConfiguration(const fs::path& file, std::string_view bytes) {
@@ -287,32 +292,21 @@ SiteConfiguration defaultSiteConfiguration(const fs::path& folder) {
 }
 
 std::optional<fs::path> findSiteConfiguration(const fs::path& page) {
-    // Folders are opened from the root down, each relative to the one above: with whole paths the
-    // system would walk the whole way again for every folder.
-    const std::string folder = folderOf(page).native();
-    std::optional<fs::path> nearest;
-    constexpr int Flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
-    std::optional<Descriptor> here(std::in_place, open("/", Flags));
-    int reason = errno;
-    for (std::size_t end = 0; here->isOpen();) {
+    // By the names alone: a folder that is a link is left to where the link stands.
+    for (std::string folder = folderOf(page).native();;) {
+        while (folder.ends_with('/'))
+            folder.pop_back();
+        const std::string file = folder + '/' + FileName;
         struct stat status {};
-        if (fstatat(here->number(), FileName, &status, 0) == 0 && !S_ISDIR(status.st_mode))
-            nearest = folder.substr(0, end) + '/' + FileName;
-        if (end + 1 >= folder.size()) break;
-        const auto begin = end + 1;
-        end = std::min(folder.find('/', begin), folder.size());
-        const std::string name = folder.substr(begin, end - begin);
-        const int below = openat(here->number(), name.c_str(), Flags);
-        reason = errno;
-        here.emplace(below);
+        if (stat(file.c_str(), &status) == 0) {
+            if (!S_ISDIR(status.st_mode)) return file;
+        } else if (const int reason = errno; !meansNotThere(reason)) {
+            throw ConfigurationError(folder, std::string("cannot be searched for ") + FileName +
+                                                 ": " + std::generic_category().message(reason));
+        }
+        if (folder.empty()) return std::nullopt;
+        folder.erase(folder.rfind('/'));
     }
-    // Below a folder that is not there or may not be read nothing more can be found.
-    constexpr std::array Ends = {ENOENT, ENOTDIR, EACCES, ELOOP, ENAMETOOLONG};
-    if (!here->isOpen() && std::find(Ends.begin(), Ends.end(), reason) == Ends.end()) {
-        throw ConfigurationError(folder, std::string("cannot be searched for ") + FileName + ": " +
-                                             std::generic_category().message(reason));
-    }
-    return nearest;
 }
 
 // ---- configurations by page ---------------------------------------------------------------------
