@@ -74,7 +74,7 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
         return QProxyStyle::drawPrimitive(element, &framed, painter, widget);
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (element == PE_FrameFocusRect && option->state.testFlag(State_KeyboardFocusChange)) {
+    if (element == PE_FrameFocusRect) {
         painter->setPen(frameColor(option->palette));
         painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
     }

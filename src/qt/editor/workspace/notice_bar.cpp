@@ -33,8 +33,9 @@ NoticeBar::NoticeBar(QWidget* parent) : QWidget(parent) {
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setSpacing(1);
     setVisible(false);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
-        if (before && isAncestorOf(now) && !isAncestorOf(before)) cameFrom_ = before;
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (parentWidget() && parentWidget()->isAncestorOf(now) && !isAncestorOf(now))
+            cameFrom_ = now;
     });
 }
 

@@ -39,7 +39,7 @@ class NoticeBar : public QWidget {
   private:
     QVBoxLayout* layout_;
     std::map<QString, QWidget*> notices_;
-    QPointer<QWidget> cameFrom_;  // what had the focus before
+    QPointer<QWidget> cameFrom_;  // what of the page had the focus last
 };
 
 }  // namespace headerdtc::qt
