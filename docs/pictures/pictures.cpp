@@ -309,7 +309,9 @@ int main(int argc, char** argv) {
     drawControl(window);
     PageEditor& editor = *window.tabs().current();
     editor.source().setFolded("HeaderDTC1", false);
+    window.commands()[Command::ShowSource]->trigger();
     draw(window, QStringLiteral("unfolded"));
+    window.commands()[Command::ShowSource]->trigger();
     editor.source().setFolded("HeaderDTC1", true);
     drawChange(window);
     window.opener().openPage(home / "demo" / "orders" / "compare.asp");

@@ -109,6 +109,7 @@ bool GuideWindow::read(const QUrl& link) {
         if (!file.open(QIODevice::ReadOnly)) return false;
         text_->document()->setMarkdown(QString::fromUtf8(file.readAll()));
         drawTables();
+        spaceHeadings();
         fitPictures();
         text_->moveCursor(QTextCursor::Start);
     }
@@ -131,6 +132,16 @@ void GuideWindow::drawTables() {
         format.setCellPadding(Padding);
         format.setCellSpacing(0);
         table->setFormat(format);
+    }
+}
+
+// A chapter begins apart from the one before.
+void GuideWindow::spaceHeadings() {
+    QTextBlockFormat spaced;
+    spaced.setTopMargin(fontMetrics().height());
+    QTextDocument& document = *text_->document();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 1) QTextCursor(block).mergeBlockFormat(spaced);
     }
 }
 

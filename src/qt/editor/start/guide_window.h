@@ -27,6 +27,7 @@ class GuideWindow : public QMainWindow {
 
   private:
     void drawTables();
+    void spaceHeadings();
     void fitPictures();
     void goTo(const QString& heading);
     bool read(const QUrl& link);
