@@ -18,6 +18,7 @@
 #include "qt/editor/workspace/page_tabs.h"
 #include "qt/editor/workspace/recovery_dialog.h"
 #include "qt/surface/control_surface.h"
+#include "qt/surface/shades.h"
 #include "support/temp_site.h"
 
 #include <QAbstractItemView>
@@ -31,7 +32,6 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QStyleFactory>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -290,7 +290,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("headerdtc-pictures"));
     QApplication::setApplicationVersion(QStringLiteral("0.1.0"));
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new ReadableStyle(QStringLiteral("fusion")));
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("dark"), QStringLiteral("On a dark palette.")});
     parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Where they go."));
@@ -309,7 +309,9 @@ int main(int argc, char** argv) {
     drawControl(window);
     PageEditor& editor = *window.tabs().current();
     editor.source().setFolded("HeaderDTC1", false);
+    window.commands()[Command::ShowSource]->trigger();
     draw(window, QStringLiteral("unfolded"));
+    window.commands()[Command::ShowSource]->trigger();
     editor.source().setFolded("HeaderDTC1", true);
     drawChange(window);
     window.opener().openPage(home / "demo" / "orders" / "compare.asp");
@@ -321,7 +323,7 @@ int main(int argc, char** argv) {
     drawFaults(window, home);
 
     GuideWindow guide;
-    guide.showGuide(QStringLiteral("the-editor-tab-by-tab"));
+    guide.showGuide(QUrl(QStringLiteral("guide.md#the-editor-tab-by-tab")));
     draw(guide, QStringLiteral("guide"));
     guide.follow(QUrl(QStringLiteral("editor.md")));
     draw(guide, QStringLiteral("guide-editor"));

@@ -106,6 +106,11 @@ def click(role, words, *within):
     pyatspi.Registry.generateMouseEvent(x, y, pyatspi.MOUSE_B1C)
 
 
+def type_at(*place):
+    click(*place)
+    key("n")
+
+
 def choose_another_provider():
     click("combo box", "Select a dataprovider")
     for stroke in ("Down", "Enter"):
@@ -123,7 +128,15 @@ STEPS = [
     *turns("EAI Link", "ZEKO Link", "ZEKO"),
     ("open the script", lambda: click("table cell", "...", find("table", "ZEKO selection criteria")),
      ["Specify script"]),
+    ("see its kinds", lambda: find("radio button", "Constant"), ["Specify script"]),
     ("leave it", lambda: key("Escape"), []),
+    ("type in a list", lambda: type_at("list item", "3 - NAME2",
+                                       find("list", "Available ZEKO fields")), []),
+    ("see what is typed", lambda: find("text", "Find in the list"), []),
+    ("type in a cell", lambda: type_at("table cell", "NL",
+                                       find("table", "ZEKO selection criteria")), ["HeaderDTC"]),
+    ("agree to the warning", lambda: key("Enter"), []),
+    ("see what is typed", lambda: find("text", "Value of ZEKO criterion"), []),
     *turns("EAI", "I18N"),
     ("mark a field", lambda: click("list item", "108 - MARGIN12",
                                    find("list", "Translate names of ZEKO fields")), ["Question"]),

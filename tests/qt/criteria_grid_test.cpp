@@ -14,7 +14,10 @@ class CriteriaGridTest : public SurfaceTest {
     void expectOverCell(const Control& editor, int row, int column) {
         settle();
         EXPECT_TRUE(widget(editor).isVisible());
-        EXPECT_EQ(widget(editor).geometry(), cellRect(grid, row, column));
+        const QWidget& cells = *widget<QTableView>(grid).viewport();
+        EXPECT_EQ(
+            QRect(cells.mapFromGlobal(widget(editor).mapToGlobal(QPoint())), widget(editor).size()),
+            cellRect(grid, row, column));
     }
 
     Grid& grid = dtc.EAI.CriteriaGrid;

@@ -3,6 +3,7 @@
 #include "qt/surface/mnemonics.h"
 #include "qt/surface/text.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -82,8 +83,12 @@ void CheckBoxView::show() {
 
 OptionButtonView::OptionButtonView(OptionButton& model, QRadioButton& widget, FormFace face)
     : AbstractButtonView(model, widget, face), model_(model), radio_(widget) {
-    // Which options exclude each other is the model's knowledge.
-    radio_.setAutoExclusive(false);
+    // Which options exclude each other is the model's knowledge: for Qt each is alone in a group
+    // that excludes nothing. Without a group it would have to be no option to be so, and be read
+    // aloud as a check box.
+    auto* alone = new QButtonGroup(&radio_);
+    alone->setExclusive(false);
+    alone->addButton(&radio_);
     subscriptions_ += model_.valueChanged.subscribe([this] { show(); });
 }
 

@@ -3,6 +3,7 @@
 #include "controls/control.h"
 #include "qt/surface/action_runner.h"
 #include "qt/surface/focus_keeper.h"
+#include "qt/surface/shades.h"
 #include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
 
@@ -77,7 +78,7 @@ class FocusOutline : public QWidget {
     void paintEvent(QPaintEvent*) override {
         constexpr int Width = 2;
         QPainter painter(this);
-        QPen pen(palette().color(QPalette::Highlight), Width);
+        QPen pen(frameColor(palette()), Width);
         pen.setJoinStyle(Qt::MiterJoin);
         painter.setPen(pen);
         painter.drawRect(rect().adjusted(Width / 2, Width / 2, -Width / 2, -Width / 2));
@@ -103,7 +104,7 @@ class ChangeBar : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent*) override {
-        QPainter(this).fillRect(rect(), palette().color(QPalette::Highlight));
+        QPainter(this).fillRect(rect(), frameColor(palette()));
     }
 
   private:

@@ -37,10 +37,11 @@ void FocusKeeper::qtFocusMoved(QWidget* now) {
     if (!control.hasFocus()) follow();
 }
 
-// The in-place editors of a grid and the parts of a combo box lie inside other widgets.
+// The parts of a combo box lie inside it; what lies over a grid or list stands for it.
 QWidget* FocusKeeper::boundAncestor(QWidget* widget) const {
-    while (widget && !controls_.contains(widget))
-        widget = widget->parentWidget();
+    for (; widget && !controls_.contains(widget); widget = widget->parentWidget()) {
+        if (controls_.contains(widget->focusProxy())) return widget->focusProxy();
+    }
     return widget;
 }
 

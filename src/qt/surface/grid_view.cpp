@@ -52,11 +52,12 @@ class CellDelegate : public QStyledItemDelegate {
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
-        if (!option->widget || option->widget->hasFocus()) return;
-        QPalette& palette = option->palette;
-        const QColor text = palette.color(QPalette::Text);
-        palette.setColor(QPalette::Highlight, mixed(text, palette.color(QPalette::Base), 0.2));
-        palette.setColor(QPalette::HighlightedText, text);
+        const bool isReached = option->widget && option->widget->hasFocus();
+        if (isReached || !option->state.testFlag(QStyle::State_Selected)) return;
+        option->state.setFlag(QStyle::State_Selected, false);
+        const QPalette& palette = option->palette;
+        option->backgroundBrush =
+            mixed(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.2);
     }
 };
 
@@ -187,6 +188,7 @@ bool GridView::eventFilter(QObject* watched, QEvent* event) {
         return event->type() == QEvent::KeyPress &&
                leaveEditor(static_cast<QWidget&>(*watched), static_cast<QKeyEvent&>(*event));
     }
+    if (event->type() == QEvent::Move) editors_.place();
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) fitCells();
     return ControlView::eventFilter(watched, event);
 }

@@ -31,9 +31,12 @@ bool InPlaceEditors::isEditor(const QWidget& widget) {
 }
 
 void InPlaceEditors::add(Control& control, QWidget& widget) {
-    widget.setParent(table_.viewport());
+    auto* frame = new QWidget(table_.parentWidget());
+    frame->setFocusProxy(&table_);
+    frame->setBackgroundRole(table_.viewport()->backgroundRole());
+    widget.setParent(frame);
     widget.setAutoFillBackground(true);
-    editors_.push_back(std::make_unique<Editor>(Editor{control, widget}));
+    editors_.push_back(std::make_unique<Editor>(Editor{control, widget, *frame}));
     Editor& editor = *editors_.back();
     subscriptions_ += control.appearanceChanged.subscribe([this, &editor] { follow(editor); });
     follow(editor);
@@ -45,6 +48,8 @@ void InPlaceEditors::follow(Editor& editor) {
         editor.left != editor.control.Left() || editor.top != editor.control.Top();
     if (shown && (!editor.shown || laidAnew)) editor.cell = cells_.currentCell();
     editor.shown = shown;
+    editor.frame.setVisible(shown);
+    editor.frame.raise();
     editor.left = editor.control.Left();
     editor.top = editor.control.Top();
     place(editor);
@@ -59,7 +64,12 @@ void InPlaceEditors::place(Editor& editor) {
     if (!editor.shown) return;
     // The row of the editor's cell was removed: the editor stays with the current cell.
     if (!editor.cell.isValid()) editor.cell = cells_.currentCell();
-    if (editor.cell.isValid()) editor.widget.setGeometry(table_.visualRect(editor.cell));
+    if (!editor.cell.isValid()) return;
+    const QWidget& area = *table_.viewport();
+    const QRect cell = table_.visualRect(editor.cell);
+    const QRect seen = cell & area.rect();
+    editor.frame.setGeometry(seen.translated(area.mapTo(table_.parentWidget(), QPoint())));
+    editor.widget.setGeometry(cell.translated(-seen.topLeft()));
 }
 
 Control& InPlaceEditors::controlOf(const QWidget& widget) const {

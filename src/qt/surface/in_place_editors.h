@@ -19,9 +19,10 @@ namespace headerdtc::qt {
 class GridModel;
 
 // The in-place editors of one grid. A form marks them with the dynamic property "cellColumn", the
-// column they are made for, and has them stand beside their table; here they move onto its
-// viewport, where an editor that shows covers its cell exactly, wherever scrolling, sizes or rows
-// above take that cell. The place that the model gives an editor is in the model's own measure.
+// column they are made for, and has them stand beside their table. There they stay, since to
+// assistive technology a table has cells and nothing else, each in a frame over what is seen of its
+// cell: an editor that shows covers its cell exactly, wherever scrolling, sizes or rows above take
+// that cell. The place that the model gives an editor is in the model's own measure.
 class InPlaceEditors : public QObject {
   public:
     InPlaceEditors(QTableView& table, const GridModel& cells);
@@ -45,6 +46,7 @@ class InPlaceEditors : public QObject {
     struct Editor {
         Control& control;
         QWidget& widget;
+        QWidget& frame;
         // Where the program laid the editor; another place means another cell.
         int left = 0;
         int top = 0;

@@ -1,10 +1,16 @@
 #include "qt/surface/shades.h"
 
+#include <QPainter>
+#include <QStyleOption>
 #include <algorithm>
 #include <cmath>
 
 namespace headerdtc::qt {
 namespace {
+
+// Of the guidelines for the web.
+constexpr double ReadableText = 4.5;
+constexpr double ReadableFrame = 3;
 
 double luminance(const QColor& colour) {
     const auto linear = [](double part) {
@@ -31,21 +37,53 @@ double contrast(const QColor& ink, const QColor& ground) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-QPalette withReadableGrey(QPalette palette) {
-    constexpr double Readable = 4.5;
-    constexpr double Faintest = 0.5;
+QColor readable(const QColor& ink, const QPalette& palette, double least) {
     const QColor window = palette.color(QPalette::Window);
     const QColor base = palette.color(QPalette::Base);
-    const auto isReadable = [&](const QColor& ink) {
-        return contrast(ink, window) >= Readable && contrast(ink, base) >= Readable;
-    };
-    QColor grey = palette.color(QPalette::PlaceholderText);
-    const QColor text = palette.color(QPalette::Text);
-    for (double share = Faintest; !isReadable(grey) && share <= 1; share += 0.05)
-        grey = mixed(text, window, share);
-    if (grey != palette.color(QPalette::PlaceholderText))
-        palette.setColor(QPalette::PlaceholderText, grey);
+    const QColor faint = mixed(ink, window, ink.alphaF());
+    QColor mix = ink;
+    for (double share = 0.1;
+         share <= 1 && std::min(contrast(mix, window), contrast(mix, base)) < least; share += 0.05)
+        mix = mixed(palette.color(QPalette::Text), faint, share);
+    return mix;
+}
+
+QColor frameColor(const QPalette& palette) {
+    return readable(palette.color(QPalette::Highlight), palette, ReadableFrame);
+}
+
+QPalette withReadableGrey(QPalette palette) {
+    const QColor grey = palette.color(QPalette::PlaceholderText);
+    const QColor better = readable(grey, palette, ReadableText);
+    if (better != grey) palette.setColor(QPalette::PlaceholderText, better);
     return palette;
+}
+
+void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                  QPainter* painter, const QWidget* widget) const {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (button && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)) {
+        const bool isBox = element == PE_IndicatorCheckBox;
+        // A ring is fainter than its ink.
+        const double least = isBox ? ReadableFrame : 1.3 * ReadableFrame;
+        const QPalette& palette = option->palette;
+        const QColor frame = readable(palette.color(QPalette::Window), palette, least);
+        QStyleOptionButton framed(*button);
+        // The frames are drawn so much darker than the window.
+        framed.palette.setColor(QPalette::Window, frame.lighter(isBox ? 128 : 150));
+        return QProxyStyle::drawPrimitive(element, &framed, painter, widget);
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_FrameFocusRect) {
+        painter->setPen(frameColor(option->palette));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
+}
+
+// A light shadow behind disabled text is doubled on a dark ground.
+int ReadableStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* returned) const {
+    return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
 }  // namespace headerdtc::qt

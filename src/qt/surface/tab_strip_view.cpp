@@ -2,6 +2,7 @@
 
 #include "qt/surface/focus_keeper.h"
 #include "qt/surface/mnemonics.h"
+#include "qt/surface/shades.h"
 #include "qt/surface/spoken_names.h"
 #include "qt/surface/text.h"
 
@@ -35,7 +36,7 @@ class TabStripView::Dots : public QWidget {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(palette().color(QPalette::Highlight));
+        painter.setBrush(frameColor(palette()));
         for (const int page : pages) {
             const QRect tab = bar_.tabRect(page);
             painter.drawEllipse(tab.right() - Margin - Size, tab.top() + Margin, Size, Size);

@@ -108,7 +108,7 @@ TEST_F(Editing, SourceIsWrittenAroundTheControlByteForByte) {
     settle();
     command(Command::Save);
     EXPECT_EQ("caf\xE9\rone\n\x81 two more\r\n\r\n" + control + after, site.read("page.asp"));
-    EXPECT_EQ("&Undo: source text", window->commands()[Command::Undo]->text());
+    EXPECT_EQ("&Undo: edit the source", window->commands()[Command::Undo]->text());
 }
 
 TEST_F(Editing, TheControlsLinesAreNotWrittenInTheSource) {
@@ -125,6 +125,12 @@ TEST_F(Editing, TheControlsLinesAreNotWrittenInTheSource) {
     EXPECT_FALSE(editor.page().isModified());
     EXPECT_EQ(source.lines()->text(), source.toPlainText());
     EXPECT_TRUE(editor.notices().shows("span"));
+    // Hidden again, it gives the focus back.
+    command(Command::FocusSource);
+    QToolButton* hide = editor.notices().findChildren<QToolButton*>().back();
+    hide->setFocus();
+    hide->click();
+    EXPECT_TRUE(source.hasFocus());
 }
 
 TEST_F(Editing, ACharacterThatTheCodePageLacksIsShownAsItIsWritten) {

@@ -217,7 +217,7 @@ TEST_F(Files, ClosingAsksAndSaysWhatWouldBeLost) {
     EXPECT_THAT(said, AllOf(HasSubstr("extra filters of HeaderDTC1"),
                             HasSubstr("ZEKO return fields of HeaderDTC1: + 2 - CUSTNO, "
                                       "\xE2\x88\x92 1 - ORDNO"),
-                            Not(HasSubstr("source text"))));
+                            Not(HasSubstr("text of the page"))));
     EXPECT_EQ(&editor, window->tabs().current());
     EXPECT_FALSE(window->close());
 
@@ -338,7 +338,7 @@ TEST_F(Recovery, AChangeOfTheFileSinceThenIsSaidAndDiscardedCopiesAreGone) {
         press(dialog, dialog.objectName() == "RecoveryDialog" ? "Discard..." : "Discard");
     });
     window->offerRecovery();
-    EXPECT_THAT(said, HasSubstr("file has changed since"));
+    EXPECT_THAT(said, HasSubstr("changed since"));
     EXPECT_EQ(0, copies());
     EXPECT_EQ(nullptr, window->tabs().current());
 }

@@ -112,7 +112,7 @@ TEST_F(Lists, MatchesAreWalkedThroughAndEnterAdds) {
     EXPECT_EQ(text, QApplication::focusWidget());
     QTest::keyClicks(text, "nowhere");
     EXPECT_EQ(
-        "nothing found",
+        "Not found",
         editor->findChild<QLabel*>(QString::fromStdString(list.name()) + "FindCount")->text());
     key(Qt::Key_Escape);
     EXPECT_EQ(&view(list), QApplication::focusWidget());

@@ -1,5 +1,6 @@
 // What assistive technology reads aloud of the windows around the control.
 
+#include "qt/editor/start/guide_window.h"
 #include "qt/editor/window_fixture.h"
 #include "qt/surface/shades.h"
 
@@ -32,29 +33,17 @@ class Names : public WindowTest {
     }
 };
 
-TEST_F(Names, EveryWidgetOfTheWindowHasAName) {
+// Menus, docks, the tabs of the control and what stands on each of them.
+TEST_F(Names, EveryWidgetHasANameAndNoTwoThingsTheSameLetter) {
     EXPECT_THAT(nameless(*window), IsEmpty()) << "at the start";
     PageEditor& editor = open("page.asp", ordersPage());
     editor.insertControl();  // for the choice between two
-    editor.find();
-    for (int tab = 0; tab < 6; ++tab) {
-        dtc(editor).SSTab1.clickTab(tab);
-        settle();
-        EXPECT_THAT(nameless(*window), IsEmpty()) << "tab " << tab;
-    }
-    open("plain.asp", "<html>\n</html>\n");
-    EXPECT_THAT(nameless(*window), IsEmpty()) << "without a control";
-}
-
-// Menus, docks, the tabs of the control and what stands on each of them.
-TEST_F(Names, NoTwoThingsInTheWindowHaveTheSameLetter) {
-    PageEditor& editor = open("page.asp", ordersPage());
-    editor.insertControl();
     editor.find();
     auto& tabs = *editor.findChild<QTabWidget*>("SSTab1");
     for (int tab = 0; tab < 6; ++tab) {
         dtc(editor).SSTab1.clickTab(tab);
         settle();
+        EXPECT_THAT(nameless(*window), IsEmpty()) << "tab " << tab;
         QStringList texts;
         for (const QAction* menu : window->menuBar()->actions())
             texts += menu->text();
@@ -77,6 +66,33 @@ TEST_F(Names, NoTwoThingsInTheWindowHaveTheSameLetter) {
         }
         EXPECT_EQ(letters.removeDuplicates(), 0) << letters.join(' ').toStdString();
     }
+    open("plain.asp", "<html>\n</html>\n");
+    EXPECT_THAT(nameless(*window), IsEmpty()) << "without a control";
+}
+
+TEST_F(Names, HelpIsTheChapterOnWhatHasTheFocus) {
+    PageEditor& editor = open("page.asp", ordersPage());
+    auto& guide = *window->findChild<GuideWindow*>();
+    const auto chapter = [&] {
+        return guide.findChild<QTextBrowser*>()->textCursor().block().text().toStdString();
+    };
+    const std::pair<const char*, const char*> chapters[] = {{"DataProvidersCombo", "General"},
+                                                            {"ZEKOFieldsList", "EAI and ZEKO"},
+                                                            {"SSTab1", "EAI and ZEKO"},
+                                                            {"SiteSearch", "The site"},
+                                                            {"PreviewText", "Generated text"}};
+    for (const auto& [part, expected] : chapters) {
+        guide.close();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), Patience));
+        dtc(editor).SSTab1.clickTab(*part == 'D' ? 0 : 2);
+        window->findChild<QWidget*>(part)->setFocus();
+        command(Command::Help);
+        EXPECT_EQ(expected, chapter());
+    }
+    for (const char* each : {"Back", "Back", "Contents", "Back"})
+        press(guide, each);
+    EXPECT_EQ("EAI and ZEKO", chapter());
 }
 
 TEST_F(Names, EveryWidgetOfTheDialogsHasAName) {
@@ -102,6 +118,26 @@ TEST(Shades, AGreyThatCannotBeReadIsMixedAnewAndOthersAreKept) {
     for (const auto ground : {QPalette::Window, QPalette::Base})
         EXPECT_GE(contrast(readable.color(QPalette::PlaceholderText), readable.color(ground)), 4.5);
     EXPECT_EQ(readable, withReadableGrey(readable));
+}
+
+TEST(Shades, WhatCanBeMarkedHasAFrameThatShowsOnEveryGround) {
+    const ReadableStyle style(QStringLiteral("fusion"));
+    for (const QColor ground : {QColor(0xef, 0xef, 0xef), QColor(0x2b, 0x2d, 0x30)}) {
+        for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+            QStyleOptionButton option;
+            option.palette = QPalette(ground);
+            option.rect = {0, 0, 16, 16};
+            option.state = QStyle::State_Enabled;
+            QImage drawn(option.rect.size(), QImage::Format_RGB32);
+            drawn.fill(ground);
+            QPainter painter(&drawn);
+            style.drawPrimitive(element, &option, &painter, nullptr);
+            double best = 0;
+            for (int x = 0; x < drawn.width(); ++x)
+                best = std::max(best, contrast(drawn.pixelColor(x, 8), ground));
+            EXPECT_GE(best, 3) << element << " on " << ground.name().toStdString();
+        }
+    }
 }
 
 }  // namespace headerdtc::qt::names_test

@@ -59,7 +59,7 @@ TEST_F(SiteWindow, ShowsOnlyThePagesAskedFor) {
 TEST_F(SiteWindow, GeneratesAllAndLeadsFromAMessageToThePage) {
     // An open page without changes follows what the run writes into its file.
     window->opener().openPage(site / "sub/stale.asp");
-    press(*window, "Generate all");
+    press(*window, "Generate all pages");
     finish();
     EXPECT_EQ("up to date", stateOf("sub/stale.asp"));
     EXPECT_EQ("", stateOfFolder("sub"));

@@ -29,7 +29,7 @@ constexpr StateLook StateLooks[] = {
     {QT_TRANSLATE_NOOP("PageState", "would lose something"), "dialog-warning"},
     {QT_TRANSLATE_NOOP("PageState", "cannot be generated"), "dialog-error"},
     {QT_TRANSLATE_NOOP("PageState", "cannot be read"), "dialog-error"},
-    {QT_TRANSLATE_NOOP("PageState", "wrong configuration"), "dialog-error"},
+    {QT_TRANSLATE_NOOP("PageState", "wrong settings"), "dialog-error"},
 };
 static_assert(std::size(StateLooks) == static_cast<std::size_t>(Verdict::NotConfigured) + 1);
 
@@ -79,9 +79,18 @@ std::vector<Message> messagesOf(const std::filesystem::path& page, const Inspect
     for (const Finding& finding : inspected.findings) {
         if (finding.rule == StaleRule) continue;
         const bool isError = finding.severity == Severity::Error;
+        const bool isLoss = inspected.verdict == Verdict::Losing;
+        // The rule tells what the command line can do.
+        const QString advice =
+            finding.rule != NotGeneratedRule ? toQt(finding.remark.advice)
+            : isLoss
+                ? QCoreApplication::translate(
+                      "PageState", "put back what is missing, or keep it stored by saving anyway")
+                : QCoreApplication::translate(
+                      "PageState", "correct that first; Site > Settings shows what the site lacks");
         messages.push_back(
             {isError ? Message::Severity::Error : Message::Severity::Warning,
-             toQt(finding.remark.text + ": " + finding.remark.advice), page, placeOf(finding),
+             toQt(finding.remark.text) + QLatin1String(": ") + advice, page, placeOf(finding),
              finding.rule == NotGeneratedRule && inspected.verdict == Verdict::Failing});
     }
     if (const auto& failure = inspected.failure)

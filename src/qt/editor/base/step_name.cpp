@@ -161,7 +161,7 @@ std::vector<ChangedPart> changedParts(const StoredProperties& before,
 
 QString describeChange(const StoredProperties& before, const StoredProperties& after) {
     const auto parts = changedParts(before, after);
-    if (parts.empty()) return StepName::tr("change the configuration");
+    if (parts.empty()) return StepName::tr("change the control");
     const QStringList& added = parts.front().added;
     const QStringList& removed = parts.front().removed;
     const QString caption = parts.front().caption();

@@ -2,6 +2,7 @@
 
 #include "qt/editor/base/icons.h"
 #include "qt/surface/selection_list.h"
+#include "qt/surface/shades.h"
 #include "qt/surface/text.h"
 
 #include <QAction>
@@ -71,13 +72,13 @@ class ListFinder::Frame : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setPen(QPen(frameColor(palette()), 2));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
 };
 
 ListFinder::ListFinder(ListBox& list, SelectionList& view, Ways ways)
-    : QFrame(&view), list_(list), view_(view), ways_(std::move(ways)) {
+    : QFrame(view.parentWidget()), list_(list), view_(view), ways_(std::move(ways)) {
     setObjectName(toQt(list.name()) + QStringLiteral("Finder"));
     setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     setAutoFillBackground(true);
@@ -94,6 +95,8 @@ ListFinder::ListFinder(ListBox& list, SelectionList& view, Ways ways)
     layout->setContentsMargins(2, 2, 4, 2);
     layout->addWidget(edit_, 1);
     layout->addWidget(count_);
+    setFocusProxy(&view);
+    QWidget::setTabOrder(&view, edit_);
     frame_ = new Frame(view.viewport());
     hide();
     edit_->installEventFilter(this);
@@ -113,7 +116,7 @@ void ListFinder::open(const QString& text) {
 
 void ListFinder::place() {
     // Beside the scroll bar, which would hide the count.
-    const QRect inner = view_.viewport()->geometry();
+    const QRect inner = view_.viewport()->geometry().translated(view_.pos());
     const int height = sizeHint().height();
     setGeometry(inner.left(), inner.bottom() - height + 1, inner.width(), height);
 }
@@ -122,7 +125,7 @@ void ListFinder::find() {
     matches_ = findInList(list_, fromQt(edit_->text()));
     current_ = -1;
     if (!matches_.empty()) return step(1);
-    count_->setText(edit_->text().trimmed().isEmpty() ? QString() : tr("nothing found"));
+    count_->setText(edit_->text().trimmed().isEmpty() ? QString() : tr("Not found"));
     frame_->hide();
 }
 
@@ -198,7 +201,7 @@ bool ListFinder::keyPressed(int key) {
 
 bool ListFinder::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &view_) {
-        if (event->type() == QEvent::Resize) place();
+        if (event->type() == QEvent::Resize || event->type() == QEvent::Move) place();
         return false;
     }
     if (watched == edit_ && event->type() == QEvent::KeyPress)

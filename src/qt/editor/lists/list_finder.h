@@ -38,7 +38,8 @@ class ListFinder : public QFrame {
         std::function<void()> use;
     };
 
-    // The list and its view outlive the finder, which is a child of the view.
+    // The list outlives the finder, which stands beside the view: to assistive technology a list
+    // has items and nothing else.
     ListFinder(ListBox& list, SelectionList& view, Ways ways);
 
     // Opens with a text, in place of what was sought before.

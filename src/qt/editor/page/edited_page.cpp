@@ -58,7 +58,7 @@ void EditedPage::step(std::string bytes, Step step) {
 
 void EditedPage::replaceText(const ByteRange& range, const std::string& bytes,
                              const QString& kind) {
-    step(content()->withText(range, bytes), {.name = tr("source text"), .kind = kind});
+    step(content()->withText(range, bytes), {.name = tr("edit the source"), .kind = kind});
 }
 
 void EditedPage::setProperties(std::size_t control, const StoredProperties& properties) {
@@ -71,11 +71,11 @@ void EditedPage::setProperties(std::size_t control, const StoredProperties& prop
 }
 
 void EditedPage::insertControl(std::optional<int> line) {
-    step(content()->withNewControl(line), {.name = tr("insertion of a control")});
+    step(content()->withNewControl(line), {.name = tr("insert a control")});
 }
 
 void EditedPage::removeControl(std::size_t control) {
-    step(content()->withoutControl(control), {.name = tr("removal of a control")});
+    step(content()->withoutControl(control), {.name = tr("remove the control")});
 }
 
 void EditedPage::recover(std::string base, std::string bytes) {
@@ -83,7 +83,7 @@ void EditedPage::recover(std::string base, std::string bytes) {
         saved_ = contentOf(std::move(base));
         stamp_ = {};
     }
-    step(std::move(bytes), {.name = tr("recovery")});
+    step(std::move(bytes), {.name = tr("recover the changes")});
 }
 
 void EditedPage::undo() {
@@ -184,14 +184,14 @@ WholeFile EditedPage::readTheirs() const {
 void EditedPage::takeTheirs(WholeFile theirs) {
     stamp_ = theirs.stamp;
     saved_ = contentOf(theirs.bytes);
-    step(std::move(theirs.bytes), {.name = tr("reload from disk")});
+    step(std::move(theirs.bytes), {.name = tr("read the page again")});
     Q_EMIT stateChanged();
     Q_EMIT readAgain();
 }
 
 void EditedPage::takeBoth(WholeFile theirs, std::string merged) {
     keepMine(std::move(theirs));
-    step(std::move(merged), {.name = tr("taking over what is on disk")});
+    step(std::move(merged), {.name = tr("take what is on disk")});
 }
 
 void EditedPage::keepMine(WholeFile theirs) {

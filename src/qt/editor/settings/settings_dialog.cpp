@@ -186,7 +186,7 @@ void SettingsDialog::showSetup(std::vector<Diagnosis> setup) {
     }
     ui_->LookAgainButton->setEnabled(true);
     ui_->SetupSummary->setText(toDo == 0 ? tr("Everything is there.")
-                                         : counted(toDo, "thing", "things") + tr(" to mend"));
+                                         : tr("%1 to mend").arg(counted(toDo, "thing", "things")));
 }
 
 // What of the form mends a link of the set-up: a button that chooses, or a field to write in.

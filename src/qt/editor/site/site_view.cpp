@@ -81,8 +81,6 @@ SiteView::SiteView(Sites& sites, QWidget* parent)
         const QString page = index.data(SiteModel::PageRole).toString();
         if (!page.isEmpty()) Q_EMIT pageActivated(page);
     });
-    connect(ui_->SiteCheckButton, &QPushButton::clicked, this, &SiteView::checkAll);
-    connect(ui_->SiteGenerateButton, &QPushButton::clicked, this, &SiteView::generateRequested);
     connect(ui_->SiteStopButton, &QPushButton::clicked, run_, &SiteRun::cancel);
     connectRun();
     showState();
@@ -199,10 +197,6 @@ void SiteView::showState() {
     const bool running = run_->isRunning();
     const bool any = !folder_.empty();
     if (!any) ui_->SiteTitle->setText(tr("No site open"));
-    ui_->SiteCheckButton->setVisible(!running);
-    ui_->SiteGenerateButton->setVisible(!running);
-    ui_->SiteCheckButton->setEnabled(any);
-    ui_->SiteGenerateButton->setEnabled(any);
     ui_->SiteStopButton->setVisible(running);
     ui_->SiteProgress->setVisible(running);
     if (running) {

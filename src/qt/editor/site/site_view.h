@@ -46,16 +46,13 @@ class SiteView : public QWidget {
     SiteRun& run() { return *run_; }
 
     void checkAll();
-    // Generates every page of the folder.
+    // Generates every page of the folder, from its file: open pages are saved before.
     void generateAll();
     // Checks one page of the folder again.
     void recheck(const std::filesystem::path& page);
 
   Q_SIGNALS:
     void pageActivated(const QString& file);
-    // "Generate all" was asked for: whoever has pages open saves them first and then calls
-    // generateAll().
-    void generateRequested();
     void folderRequested();
     // The messages of a page in the last run, in place of those it had before.
     void pageMessages(const std::filesystem::path& page,

@@ -10,11 +10,12 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTabWidget>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
 #include <QToolBar>
-#include <QUrl>
 #include <algorithm>
 
 namespace headerdtc::qt {
@@ -54,6 +55,12 @@ GuideWindow::GuideWindow(QWidget* parent) : QMainWindow(parent) {
     connect(search_, &QLineEdit::returnPressed, this, &GuideWindow::find);
     auto* bar = addToolBar(tr("Guide"));
     bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    back_ = bar->addAction(editorIcon("go-previous"), tr("Back"), this, &GuideWindow::goBack);
+    back_->setShortcut(QKeySequence::Back);
+    back_->setToolTip(tr("To what was read before (%1)")
+                          .arg(back_->shortcut().toString(QKeySequence::NativeText)));
+    back_->setEnabled(false);
     bar->addAction(editorIcon("help-contents"), tr("Contents"), this, [this] { showGuide(); });
     auto* gap = new QWidget;
     gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
@@ -70,11 +77,11 @@ GuideWindow::GuideWindow(QWidget* parent) : QMainWindow(parent) {
     resize(820, 720);
 }
 
-void GuideWindow::showGuide(const QString& heading) {
+void GuideWindow::showGuide(const QUrl& chapter) {
     show();
     raise();
     activateWindow();
-    follow(QUrl(QLatin1String(Guide) + QLatin1Char('#') + heading));
+    follow(chapter.isEmpty() ? QUrl(QLatin1String(Guide)) : chapter);
 }
 
 void GuideWindow::follow(const QUrl& link) {
@@ -82,16 +89,33 @@ void GuideWindow::follow(const QUrl& link) {
         QDesktopServices::openUrl(link);
         return;
     }
+    const Place before{shown_, text_->verticalScrollBar()->value()};
+    if (!read(link)) return;
+    if (!before.link.isEmpty()) before_ += before;
+    back_->setEnabled(!before_.isEmpty());
+}
+
+void GuideWindow::goBack() {
+    const Place before = before_.takeLast();
+    read(before.link);
+    text_->verticalScrollBar()->setValue(before.scrolled);
+    back_->setEnabled(!before_.isEmpty());
+}
+
+bool GuideWindow::read(const QUrl& link) {
     const QString name = QFileInfo(link.path()).fileName();
     if (!name.isEmpty()) {
         QFile file(QLatin1String(Folder) + name);
-        if (!file.open(QIODevice::ReadOnly)) return;
+        if (!file.open(QIODevice::ReadOnly)) return false;
         text_->document()->setMarkdown(QString::fromUtf8(file.readAll()));
         drawTables();
+        spaceHeadings();
         fitPictures();
         text_->moveCursor(QTextCursor::Start);
     }
+    shown_ = shown_.resolved(link);
     goTo(link.fragment());
+    return true;
 }
 
 // Borders and padding for table cells, which Markdown does not define.
@@ -108,6 +132,16 @@ void GuideWindow::drawTables() {
         format.setCellPadding(Padding);
         format.setCellSpacing(0);
         table->setFormat(format);
+    }
+}
+
+// A chapter begins apart from the one before.
+void GuideWindow::spaceHeadings() {
+    QTextBlockFormat spaced;
+    spaced.setTopMargin(fontMetrics().height());
+    QTextDocument& document = *text_->document();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 1) QTextCursor(block).mergeBlockFormat(spaced);
     }
 }
 
@@ -154,6 +188,16 @@ void GuideWindow::find() {
     if (text_->find(search_->text())) return;
     text_->moveCursor(QTextCursor::Start);
     text_->find(search_->text());
+}
+
+QUrl chapterOn(const QWidget* part) {
+    for (; part; part = part->parentWidget()) {
+        const auto* tabs = qobject_cast<const QTabWidget*>(part);
+        const QWidget* page = tabs ? tabs->currentWidget() : nullptr;
+        const QVariant chapter = (page ? page : part)->property("guideChapter");
+        if (chapter.isValid()) return QUrl(chapter.toString());
+    }
+    return {};
 }
 
 // ---- about --------------------------------------------------------------------------------------

@@ -24,12 +24,12 @@
 namespace headerdtc::qt {
 namespace {
 
-enum class Menu { File, Edit, View, Site, Help };
+enum class Menu { File, Edit, View, Site, Help, GoTo };
 
 constexpr const char* MenuTitles[] = {
     QT_TRANSLATE_NOOP("Commands", "&File"), QT_TRANSLATE_NOOP("Commands", "&Edit"),
     QT_TRANSLATE_NOOP("Commands", "&View"), QT_TRANSLATE_NOOP("Commands", "&Site"),
-    QT_TRANSLATE_NOOP("Commands", "&Help")};
+    QT_TRANSLATE_NOOP("Commands", "&Help"), QT_TRANSLATE_NOOP("Commands", "Go &to")};
 
 // When a command can be given.
 enum class Needs { Nothing, Page, Control, Site, Own };
@@ -51,42 +51,43 @@ struct Info {
 #define TEXT(words) QT_TRANSLATE_NOOP("Commands", words)
 // clang-format off
 constexpr Info Table[] = {
-    {Command::New, Menu::File, TEXT("&New page"), "document-new", "Ctrl+N", Needs::Nothing, InToolBar, TEXT("Begin a page with one new control")},
-    {Command::Open, Menu::File, TEXT("&Open..."), "document-open", "Ctrl+O", Needs::Nothing, InToolBar, TEXT("Open pages")},
-    {Command::OpenSite, Menu::File, TEXT("Open s&ite folder..."), "folder-open", "Ctrl+Shift+O", Needs::Nothing, Plain, TEXT("Show the pages of a web project")},
+    {Command::New, Menu::File, TEXT("&New page"), "document-new", "Ctrl+N", Needs::Nothing, Plain, TEXT("Begin a page with one new control")},
+    {Command::Open, Menu::File, TEXT("&Open..."), "document-open", "Ctrl+O", Needs::Nothing, Plain, TEXT("Open pages")},
+    {Command::OpenSite, Menu::File, TEXT("Open s&ite folder..."), "folder-open", "Ctrl+Shift+O", Needs::Nothing, Plain, TEXT("Show the pages of a site")},
     {Command::OpenDemo, Menu::File, TEXT("Try the &demo site..."), "system-run", "", Needs::Nothing, Plain, TEXT("Copy the demo site and open a page of it")},
     {Command::Save, Menu::File, TEXT("&Save"), "document-save", "Ctrl+S", Needs::Page, Separated | InToolBar, TEXT("Generate the page's controls and save it")},
-    {Command::SaveAs, Menu::File, TEXT("Save &as..."), "document-save-as", "Ctrl+Shift+S", Needs::Page, Plain, TEXT("Save the page into another file")},
+    {Command::SaveAs, Menu::File, TEXT("Save &as..."), "document-save-as", "Ctrl+Shift+S", Needs::Page, Plain, TEXT("Save the page under another name")},
     {Command::SaveAll, Menu::File, TEXT("Save a&ll"), "", "Ctrl+Alt+S", Needs::Page, Plain, TEXT("Save all open pages that have changes")},
-    {Command::Revert, Menu::File, TEXT("Re&load from disk"), "document-revert", "", Needs::Page, Plain, TEXT("Read the file again; undo brings the page back as it was")},
+    {Command::Revert, Menu::File, TEXT("Re&load from disk"), "document-revert", "", Needs::Page, Plain, TEXT("Read the page again; undo brings it back as it was")},
     {Command::Close, Menu::File, TEXT("&Close"), "window-close", "Ctrl+W", Needs::Page, Separated, TEXT("Close the page")},
     {Command::Quit, Menu::File, TEXT("&Quit"), "application-exit", "Ctrl+Q", Needs::Nothing, Plain, TEXT("Close all pages and end")},
-    {Command::Undo, Menu::Edit, TEXT("&Undo"), "edit-undo", "Ctrl+Z", Needs::Own, InToolBar | Separated, TEXT("Take the last change of the page back; what was written to the translation database stays")},
+    {Command::Undo, Menu::Edit, TEXT("&Undo"), "edit-undo", "Ctrl+Z", Needs::Own, InToolBar, TEXT("Take the last change of the page back; what was written to the translation database stays")},
     {Command::Redo, Menu::Edit, TEXT("&Redo"), "edit-redo", "Ctrl+Shift+Z", Needs::Own, InToolBar, TEXT("Make the change again")},
     {Command::Cut, Menu::Edit, TEXT("Cu&t"), "edit-cut", "Ctrl+X", Needs::Own, Separated | PassedOn, TEXT("Move the selected text to the clipboard")},
     {Command::Copy, Menu::Edit, TEXT("&Copy"), "edit-copy", "Ctrl+C", Needs::Own, PassedOn, TEXT("Copy what is selected to the clipboard")},
     {Command::Paste, Menu::Edit, TEXT("&Paste"), "edit-paste", "Ctrl+V", Needs::Own, PassedOn, TEXT("Insert the text of the clipboard")},
     {Command::SelectAll, Menu::Edit, TEXT("Select &all"), "", "Ctrl+A", Needs::Own, PassedOn, TEXT("Select everything in the text or list")},
     {Command::Find, Menu::Edit, TEXT("&Find in source..."), "edit-find", "Ctrl+F", Needs::Page, Separated, TEXT("Find text in the page's source")},
-    {Command::InsertControl, Menu::Edit, TEXT("&Insert control"), "list-add", "Ctrl+I", Needs::Page, Separated | InToolBar, TEXT("Insert a new control before the line of the caret, or at the head of the page where you have chosen none")},
+    {Command::InsertControl, Menu::Edit, TEXT("&Insert control"), "list-add", "Ctrl+I", Needs::Page, Separated, TEXT("Insert a new control before the line of the caret, or at the head of the page where you have chosen none")},
     {Command::RemoveControl, Menu::Edit, TEXT("Remove c&ontrol"), "list-remove", "", Needs::Control, Plain, TEXT("Take the shown control out of the page")},
-    {Command::ReplaceField, Menu::Edit, TEXT("Replace &missing field..."), "", "Ctrl+Shift+R", Needs::Own, Plain, TEXT("Put another field into the place of one that the catalogue no longer offers; can be given when there is one")},
+    {Command::ReplaceField, Menu::Edit, TEXT("Replace &missing field..."), "", "Ctrl+Shift+R", Needs::Own, Plain, TEXT("Put another field in the place of one that the catalogue no longer offers")},
     {Command::Record, Menu::Edit, TEXT("R&ecord what I do"), "media-record", "Ctrl+R", Needs::Own, Separated | Checkable, TEXT("Write down what is done at the control, as a script that does it again on any page")},
     {Command::ShowSource, Menu::View, TEXT("&Source"), "", "Ctrl+1", Needs::Nothing, Checkable, TEXT("Show the page's source beside the control")},
     {Command::ShowPreview, Menu::View, TEXT("&Generated text"), "", "Ctrl+2", Needs::Nothing, Checkable, TEXT("Show what would be generated")},
-    {Command::ToggleFold, Menu::View, TEXT("&Fold control in source"), "", "Ctrl+Shift+F", Needs::Control, Plain, TEXT("Hide or show the lines of the control in the source")},
-    {Command::NextChange, Menu::View, TEXT("&Next change of the generated text"), "go-down", "F8", Needs::Control, Plain, TEXT("Go to the next line that saving would change")},
-    {Command::PreviousChange, Menu::View, TEXT("&Previous change of the generated text"), "go-up", "Shift+F8", Needs::Control, Plain, TEXT("Go to the line before that saving would change")},
     {Command::Refresh, Menu::View, TEXT("&Refresh"), "view-refresh", "F5", Needs::Page, Plain, TEXT("Look again at files, template and catalogue")},
-    {Command::FocusControl, Menu::View, TEXT("Go to the &control"), "", "F6", Needs::Control, Separated, TEXT("Move the focus to the control")},
-    {Command::FocusSource, Menu::View, TEXT("Go to the s&ource"), "", "Shift+F6", Needs::Page, Plain, TEXT("Move the focus to the source")},
-    {Command::NextPage, Menu::View, TEXT("Ne&xt page"), "", "Ctrl+Tab", Needs::Page, Plain, TEXT("Show the next open page")},
-    {Command::PreviousPage, Menu::View, TEXT("Pre&vious page"), "", "Ctrl+Shift+Tab", Needs::Page, Plain, TEXT("Show the open page before")},
+    {Command::NextChange, Menu::GoTo, TEXT("&Next change of the generated text"), "go-down", "F8", Needs::Control, Plain, TEXT("Go to the next line that saving would change")},
+    {Command::PreviousChange, Menu::GoTo, TEXT("&Previous change of the generated text"), "go-up", "Shift+F8", Needs::Control, Plain, TEXT("Go to the previous line that saving would change")},
+    {Command::FocusControl, Menu::GoTo, TEXT("&Control"), "", "F6", Needs::Control, Separated, TEXT("Move the focus to the control")},
+    {Command::FocusSource, Menu::GoTo, TEXT("&Source"), "", "Shift+F6", Needs::Page, Plain, TEXT("Move the focus to the source")},
+    {Command::ToggleFold, Menu::GoTo, TEXT("&Fold or unfold the control in the source"), "", "Ctrl+Shift+F", Needs::Control, Plain, TEXT("Hide or show the lines of the control in the source")},
+    {Command::NextPage, Menu::GoTo, TEXT("Ne&xt page"), "", "Ctrl+Tab", Needs::Page, Separated, TEXT("Show the next open page")},
+    {Command::PreviousPage, Menu::GoTo, TEXT("Pre&vious page"), "", "Ctrl+Shift+Tab", Needs::Page, Plain, TEXT("Show the previous open page")},
     {Command::CheckSite, Menu::Site, TEXT("&Check all pages"), "view-refresh", "Ctrl+F5", Needs::Site, Plain, TEXT("Find out which pages are out of date; writes nothing")},
-    {Command::GenerateAll, Menu::Site, TEXT("&Generate all pages"), "system-run", "Ctrl+G", Needs::Site, InToolBar | Plain, TEXT("Write every page of the site that is out of date")},
-    {Command::PageSite, Menu::Site, TEXT("Show the site of this &page"), "folder", "", Needs::Page, Plain, TEXT("Show the web project that the page belongs to")},
+    {Command::GenerateAll, Menu::Site, TEXT("&Generate all pages"), "system-run", "Ctrl+G", Needs::Site, InToolBar, TEXT("Write every page of the site that is out of date")},
+    {Command::PageSite, Menu::Site, TEXT("Show the site of this &page"), "folder", "", Needs::Page, Plain, TEXT("Show the site that the page belongs to")},
     {Command::Settings, Menu::Site, TEXT("&Settings..."), "preferences-system", "", Needs::Own, Separated, TEXT("Folders, catalogue and database of the site")},
-    {Command::Guide, Menu::Help, TEXT("&Guide"), "help-contents", "F1", Needs::Nothing, Plain, TEXT("Open the guide")},
+    {Command::Help, Menu::Help, TEXT("&Help on this part"), "", "F1", Needs::Nothing, Plain, TEXT("Open the guide at the chapter on what has the focus")},
+    {Command::Guide, Menu::Help, TEXT("&Guide"), "help-contents", "", Needs::Nothing, Plain, TEXT("Open the guide at its beginning")},
     {Command::About, Menu::Help, TEXT("&About"), "help-about", "", Needs::Nothing, Separated, TEXT("What this program is")},
 };
 // clang-format on
@@ -95,6 +96,11 @@ constexpr Info Table[] = {
 // "&" is a letter in the name of a file.
 QString ofMenu(QString text) {
     return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString withKeys(const QString& text, const QAction& action) {
+    const QString keys = action.shortcut().toString(QKeySequence::NativeText);
+    return keys.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, keys);
 }
 
 constexpr bool isComplete() {
@@ -110,41 +116,44 @@ static_assert(isComplete(), "one row for each command, in their order");
 Commands::Commands(QMainWindow& window) : QObject(&window) {
     std::array<QMenu*, std::size(MenuTitles)> menus{};
     for (std::size_t i = 0; i < menus.size(); ++i)
-        menus[i] = window.menuBar()->addMenu(tr(MenuTitles[i]));
+        menus[i] = new QMenu(tr(MenuTitles[i]), window.menuBar());
+    QMenu* goTo = menus.back();
+    for (QMenu* menu : menus) {
+        if (menu != goTo) window.menuBar()->addMenu(menu);
+    }
     view_ = menus[static_cast<std::size_t>(Menu::View)];
     auto* toolBar = window.addToolBar(tr("Tools"));
     toolBar->setObjectName(QStringLiteral("ToolBar"));
     toolBar->setMovable(false);
+    toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
     for (const Info& info : Table) {
         auto* action = new QAction(tr(info.text), &window);
         if (*info.icon) action->setIcon(editorIcon(info.icon));
         if (*info.keys) action->setShortcut(QKeySequence(QLatin1String(info.keys)));
         action->setStatusTip(tr(info.tip));
-        QString toolTip = tr(info.tip);
-        if (*info.keys)
-            toolTip +=
-                QStringLiteral(" (%1)").arg(action->shortcut().toString(QKeySequence::NativeText));
-        action->setToolTip(toolTip);
+        action->setToolTip(withKeys(tr(info.tip), *action));
         action->setCheckable((info.flags & Checkable) != 0);
         if ((info.flags & PassedOn) != 0) {
             action->setShortcutContext(Qt::WidgetShortcut);
             connect(action, &QAction::triggered, this, [this, action] { passOn(*action); });
         }
         QMenu* menu = menus[static_cast<std::size_t>(info.menu)];
-        if ((info.flags & Separated) != 0) {
-            if (!menu->isEmpty()) menu->addSeparator();
-            if ((info.flags & InToolBar) != 0) toolBar->addSeparator();
-        }
+        if ((info.flags & Separated) != 0 && !menu->isEmpty()) menu->addSeparator();
         menu->addAction(action);
-        if ((info.flags & InToolBar) != 0) toolBar->addAction(action);
+        if ((info.flags & InToolBar) != 0) {
+            // There it stays short where the menu says more, as of undo.
+            action->setIconText(action->iconText());
+            toolBar->addAction(action);
+        }
         if (info.command == Command::Open) {
             recent_ = menu->addMenu(tr("Open &recent"));
         }
         actions_[static_cast<std::size_t>(info.command)] = action;
     }
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        if (now && !qobject_cast<QMenuBar*>(now)) focused_ = now;
+    view_->addMenu(goTo);
+    connect(qApp, &QApplication::focusChanged, this, [this, &window](QWidget*, QWidget* now) {
+        if (now && now->window() == &window && !qobject_cast<QMenuBar*>(now)) focused_ = now;
     });
     connect(menus[static_cast<std::size_t>(Menu::Edit)], &QMenu::aboutToShow, this, [this] {
         const bool writes = focused_ && focused_->testAttribute(Qt::WA_InputMethodEnabled);
@@ -190,12 +199,13 @@ void Commands::follow(const State& state) {
         (*this)[info.command]->setEnabled(enabled);
     }
     (*this)[Command::Settings]->setEnabled(state.page || state.site);
-    QAction* undo = (*this)[Command::Undo];
-    undo->setEnabled(!state.undo.isEmpty());
-    undo->setText(state.undo.isEmpty() ? tr("&Undo") : tr("&Undo: %1").arg(ofMenu(state.undo)));
-    QAction* redo = (*this)[Command::Redo];
-    redo->setEnabled(!state.redo.isEmpty());
-    redo->setText(state.redo.isEmpty() ? tr("&Redo") : tr("&Redo: %1").arg(ofMenu(state.redo)));
+    const auto name = [](QAction* action, const QString& words, const QString& step) {
+        action->setEnabled(!step.isEmpty());
+        action->setText(step.isEmpty() ? words : tr("%1: %2").arg(words, ofMenu(step)));
+        action->setToolTip(withKeys(step.isEmpty() ? action->statusTip() : step, *action));
+    };
+    name((*this)[Command::Undo], tr("&Undo"), state.undo);
+    name((*this)[Command::Redo], tr("&Redo"), state.redo);
 }
 
 // ---- on the page in front -----------------------------------------------------------------------

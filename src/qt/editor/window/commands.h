@@ -43,18 +43,19 @@ enum class Command {
     Record,
     ShowSource,
     ShowPreview,
-    ToggleFold,
+    Refresh,
     NextChange,
     PreviousChange,
-    Refresh,
     FocusControl,
     FocusSource,
+    ToggleFold,
     NextPage,
     PreviousPage,
     CheckSite,
     GenerateAll,
     PageSite,
     Settings,
+    Help,
     Guide,
     About,
     Count
@@ -73,6 +74,8 @@ class Commands : public QObject {
     // For the window to add entries that are no commands.
     QMenu* recentMenu() const { return recent_; }
     QMenu* viewMenu() const { return view_; }
+    // What has the focus, or had it before a menu was opened.
+    QWidget* focused() const { return focused_; }
 
     // Which commands make sense now.
     struct State {

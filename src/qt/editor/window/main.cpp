@@ -3,11 +3,13 @@
 #include "qt/editor/version.h"
 #include "qt/editor/window/main_window.h"
 #include "qt/editor/window/opener.h"
+#include "qt/surface/shades.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QStyle>
 #include <QTimer>
 #include <algorithm>
 #include <csignal>
@@ -93,6 +95,8 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(HEADERDTC_VERSION));
     if (!hasScreen(argc, argv)) return complainOfNoScreen(argc, argv);
     const QApplication application(argc, argv);
+    if (const QString style = QApplication::style()->name(); style == QLatin1String("fusion"))
+        QApplication::setStyle(new ReadableStyle(style));
     QApplication::setDesktopFileName(QStringLiteral("headerdtc-editor"));
     QApplication::setWindowIcon(applicationIcon());
     CommandLine commandLine;

@@ -60,7 +60,8 @@ MainWindow::MainWindow(const Options& options)
       saver_(*this),
       store_(options.recoveryFolder),
       tabs_(new PageTabs(sites_, saver_)),
-      recovery_(store_, [this] { return tabs_->editors(); }) {
+      recovery_(store_, [this] { return tabs_->editors(); }),
+      guide_(new GuideWindow(this)) {
     setObjectName(QStringLiteral("MainWindow"));
     QApplication::setPalette(withReadableGrey(QApplication::palette()));
     setWindowIcon(applicationIcon());
@@ -81,7 +82,7 @@ MainWindow::MainWindow(const Options& options)
     status_ = new PageStatus;
     addRecording();
     opener_ = new Opener(sites_, *tabs_, *site_, recent_, *this);
-    commands_->viewMenu()->insertSeparator((*commands_)[Command::ToggleFold]);
+    commands_->viewMenu()->insertSeparator((*commands_)[Command::Refresh]);
     statusBar()->addPermanentWidget(status_);
     statusBar()->addPermanentWidget(new MessageCount(messages_, *messagesDock_));
 
@@ -127,7 +128,7 @@ QDockWidget* MainWindow::addDock(const QString& title, const char* name, QWidget
     addDockWidget(area, dock);
     QAction* toggle = dock->toggleViewAction();
     toggle->setShortcut(QKeySequence(QLatin1String(keys)));
-    commands_->viewMenu()->insertAction((*commands_)[Command::ToggleFold], toggle);
+    commands_->viewMenu()->insertAction((*commands_)[Command::Refresh], toggle);
     return dock;
 }
 
@@ -156,10 +157,8 @@ void MainWindow::connectCommands() {
         PageEditor* editor = tabs_->current();
         editSettings(editor ? editor->page().file() : site_->folder());
     });
-    on(Command::Guide, [this] {
-        if (!guide_) guide_ = new GuideWindow(this);
-        guide_->showGuide();
-    });
+    on(Command::Help, [this] { guide_->showGuide(chapterOn(commands_->focused())); });
+    on(Command::Guide, [this] { guide_->showGuide(); });
     on(Command::About, [this] { showAbout(this); });
 }
 
@@ -211,7 +210,6 @@ void MainWindow::connectParts() {
     connect(site_, &SiteView::pageActivated, this,
             [this](const QString& file) { opener_->openPage(toPath(file)); });
     connect(site_, &SiteView::folderRequested, opener_, &Opener::chooseSite);
-    connect(site_, &SiteView::generateRequested, this, &MainWindow::generateAll);
     connect(site_, &SiteView::runFinished, this, [this] {
         tabs_->checkDisk();
         follow();
@@ -348,7 +346,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     settings.setValue(StateKey, atStart_ ? docksBesidePages_ : saveState());
     for (const RememberedPart& part : RememberedParts)
         settings.setValue(part.key, (*commands_)[part.command]->isChecked());
-    if (guide_) guide_->close();
+    guide_->close();
     event->accept();
 }
 

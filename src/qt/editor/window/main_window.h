@@ -89,7 +89,7 @@ class MainWindow : public QMainWindow {
     QByteArray docksBesidePages_;
     bool atStart_ = false;
     PageStatus* status_;
-    GuideWindow* guide_ = nullptr;
+    GuideWindow* guide_;
 };
 
 }  // namespace headerdtc::qt

@@ -15,6 +15,7 @@ namespace headerdtc::qt {
 
 MessagesPanel::MessagesPanel(MessageModel& messages, QWidget* parent)
     : QWidget(parent), messages_(messages) {
+    setProperty("guideChapter", QStringLiteral("editor.md#messages"));
     view_ = new QTreeView;
     view_->setObjectName(QStringLiteral("MessagesView"));
     view_->setAccessibleName(tr("Messages"));

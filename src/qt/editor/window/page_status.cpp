@@ -15,7 +15,7 @@ QString lineEndName(const std::string& lineEnd) {
 QString encodingName(const PageContent& content) {
     const bool hasMark = content.bytes().starts_with("\xEF\xBB\xBF");
     QString name = QString::fromStdString(content.codePage().name());
-    return hasMark ? name + PageStatus::tr(" with byte-order mark") : name;
+    return hasMark ? PageStatus::tr("%1 with byte-order mark").arg(name) : name;
 }
 
 QString inWordsOf(const PageContent& content) {

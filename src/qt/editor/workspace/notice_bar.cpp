@@ -2,6 +2,7 @@
 
 #include "qt/editor/base/icons.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -32,6 +33,10 @@ NoticeBar::NoticeBar(QWidget* parent) : QWidget(parent) {
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setSpacing(1);
     setVisible(false);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (parentWidget() && parentWidget()->isAncestorOf(now) && !isAncestorOf(now))
+            cameFrom_ = now;
+    });
 }
 
 void NoticeBar::show(const QString& key, Message::Severity severity, const QString& text,
@@ -84,8 +89,13 @@ void NoticeBar::remove(const QString& key) {
     // Deleted later: the click of its own button may be what removes it.
     QWidget* notice = found->second;
     notices_.erase(found);
-    if (const QWidget* focused = window()->focusWidget(); focused && notice->isAncestorOf(focused))
-        Q_EMIT focusLeft();
+    if (notice->isAncestorOf(window()->focusWidget())) {
+        if (cameFrom_ && cameFrom_->isVisible()) {
+            cameFrom_->setFocus();
+        } else {
+            Q_EMIT focusLeft();
+        }
+    }
     notice->hide();
     notice->deleteLater();
     setVisible(!notices_.empty());

@@ -2,6 +2,7 @@
 
 #include "qt/editor/base/message.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -32,12 +33,13 @@ class NoticeBar : public QWidget {
     bool shows(const QString& key) const { return notices_.contains(key); }
 
   Q_SIGNALS:
-    // A notice goes that has the focus, which has to go on somewhere.
+    // A notice goes that has the focus, which has to go on somewhere: it came from nowhere else.
     void focusLeft();
 
   private:
     QVBoxLayout* layout_;
     std::map<QString, QWidget*> notices_;
+    QPointer<QWidget> cameFrom_;  // what of the page had the focus last
 };
 
 }  // namespace headerdtc::qt

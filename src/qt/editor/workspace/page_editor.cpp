@@ -11,6 +11,7 @@
 #include "qt/surface/control_surface.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -27,8 +28,9 @@ constexpr int SealDelay = 1000;  // a pause this long ends a step of typing
 // Numbers the editors: a page can be renamed, but its messages have to keep their source name.
 int editorsMade = 0;
 
-QWidget* titled(const QString& title, QWidget* content) {
+QWidget* titled(const QString& title, QWidget* content, const char* chapter) {
     auto* part = new QWidget;
+    part->setProperty("guideChapter", QLatin1String(chapter));
     auto* label = new QLabel(title);
     QFont font = label->font();
     font.setBold(true);
@@ -63,10 +65,10 @@ PageEditor::PageEditor(std::unique_ptr<EditedPage> page, QWidget* parent)
     sourceLayout->setSpacing(0);
     sourceLayout->addWidget(source_);
     sourceLayout->addWidget(findBar_);
-    sourcePart_ = titled(tr("Source"), sourceAndFind);
+    sourcePart_ = titled(tr("Source"), sourceAndFind, "editor.md#source");
     beside_ = new QSplitter(Qt::Vertical);
     beside_->addWidget(sourcePart_);
-    beside_->addWidget(titled(tr("Generated text"), preview_));
+    beside_->addWidget(titled(tr("Generated text"), preview_, "editor.md#generated-text"));
     beside_->setSizes({400, 400});
     beside_->setChildrenCollapsible(false);
     auto* whole = new QSplitter(Qt::Horizontal);
@@ -188,6 +190,8 @@ void PageEditor::showRefusal(const InspectedPage& inspected) {
                             addRow(family);
                         }}};
     }
+    if (text.isEmpty() && page_->hasFile() && !QFileInfo(toName(page_->file())).isWritable())
+        text = tr("This page is read-only: save it under another name, or let it be written.");
     // A notice that the author has closed comes back only with another text.
     if (text == std::exchange(refusal_, text)) return;
     if (text.isEmpty()) return notices_->remove(key);

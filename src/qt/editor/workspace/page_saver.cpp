@@ -106,10 +106,10 @@ bool PageSaver::resolveChangeOnDisk(PageEditor& editor) {
     try {
         theirs = page.readTheirs();
     } catch (const FileError& error) {
-        QMessageBox box(QMessageBox::Question, tr("File is gone"),
-                        tr("The file of %1 can no longer be read. Save the page there again?")
-                            .arg(editor.title()),
-                        QMessageBox::Save | QMessageBox::Cancel, &window_);
+        QMessageBox box(
+            QMessageBox::Question, tr("Page is gone from the disk"),
+            tr("%1 can no longer be read from the disk. Save it there again?").arg(editor.title()),
+            QMessageBox::Save | QMessageBox::Cancel, &window_);
         box.setInformativeText(QString::fromStdString(error.what()));
         if (box.exec() != QMessageBox::Save) return false;
         page.keepWithoutFile();

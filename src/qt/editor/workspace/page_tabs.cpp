@@ -276,12 +276,13 @@ void PageTabs::checkDisk(PageEditor& editor) {
     try {
         theirs = page.readTheirs();
     } catch (const FileError&) {
-        editor.notices().show(key, Message::Severity::Warning,
-                              tr("The file is gone. What is open here is all there is of it."),
-                              {{tr("Save again"), [this, &editor] {
-                                    editor.page().keepWithoutFile();
-                                    saver_.save(editor);
-                                }}});
+        editor.notices().show(
+            key, Message::Severity::Warning,
+            tr("This page is gone from the disk. What is open here is all there is of it."),
+            {{tr("Save again"), [this, &editor] {
+                  editor.page().keepWithoutFile();
+                  saver_.save(editor);
+              }}});
         return;
     }
     if (theirs.bytes == page.saved()->bytes()) {
@@ -290,11 +291,11 @@ void PageTabs::checkDisk(PageEditor& editor) {
     } else if (!editor.isModified() && !editor.isBusy()) {
         page.takeTheirs(std::move(theirs));
         editor.notices().show(key, Message::Severity::Note,
-                              tr("The file has changed on disk and was read again; undo brings "
-                                 "back what was here before."));
+                              tr("This page was changed on disk and has been read again; undo "
+                                 "brings back what was here before."));
     } else if (!editor.notices().shows(key)) {
         editor.notices().show(key, Message::Severity::Warning,
-                              tr("The file has changed on disk, and so has the page here."),
+                              tr("This page was changed on disk, and here too."),
                               {{tr("Compare..."), [this, &editor] {
                                     if (!saver_.resolveChangeOnDisk(editor)) checkDisk(editor);
                                 }}});

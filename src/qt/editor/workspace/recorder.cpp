@@ -27,9 +27,8 @@ void Recorder::start(PageEditor& editor) {
     connect(live_, &QObject::destroyed, this, [this] {
         end();
         Q_EMIT ended(
-            tr("The recording has ended, because the control was made anew: undo, redo, "
-               "another text of the source and a closed page are nothing that a script "
-               "can do. What was recorded until then is kept."));
+            tr("The recording has ended: a script cannot undo, redo, edit the source or close the "
+               "page. What was recorded before is kept."));
     });
     takeLines();
 }

@@ -15,11 +15,10 @@ namespace {
 QString stateOf(const RecoveryCopy& copy) {
     if (!copy.hasFile) return RecoveryDialog::tr("never saved");
     try {
-        return readWholeFile(copy.page).bytes == copy.base
-                   ? RecoveryDialog::tr("file is as it was")
-                   : RecoveryDialog::tr("file has changed since");
+        return readWholeFile(copy.page).bytes == copy.base ? RecoveryDialog::tr("as it was")
+                                                           : RecoveryDialog::tr("changed since");
     } catch (const FileError&) {
-        return RecoveryDialog::tr("file is gone");
+        return RecoveryDialog::tr("gone");
     }
 }
 
