@@ -29,16 +29,7 @@ REGEDIT4
 [HKEY_LOCAL_MACHINE\SOFTWARE\Zarvik\Zarvik Velmora]
 "InstallDir"="C:\\Suite"
 END
-    cat >"$1/providers.json" <<'END'
-{"providers": [
-  {"name": "Ships",
-   "zeko": {"fields": [{"number": 1, "name": "IMO"}, {"number": 2, "name": "FLAG"},
-                       {"number": 3, "name": "BERTH"}], "keyFields": ["IMO", "BERTH"]},
-   "eai": {"groups": [{"name": "SHIP", "fields": ["IMO", "FLAG"]}], "keyFields": ["IMO"]}},
-  {"name": "Berths",
-   "zeko": {"fields": [{"number": 1, "name": "BERTH"}, {"number": 2, "name": "DEPTH"}],
-            "keyFields": ["BERTH"]}}]}
-END
+    cp "$project/tests/support/harbour.json" "$1/providers.json"
     cat >"$1/odbc.ini" <<'END'
 [Harbour]
 Driver = SQLite3

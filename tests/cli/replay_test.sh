@@ -65,5 +65,7 @@ warns 2 'saves no page' automate --over site <(echo '{"do":"tab","index":2}')
 warns 0 '0 pages would be changed, 0 not done' automate --over --control HeaderDTC9 site <(cat steps)
 check 3 "$headerdtc" automate --over --control HeaderDTC9 site/traffic/ships.asp steps
 check 3 "$headerdtc" automate --over site nowhere
+says 3 "control with the ID 'Other'" automate --control Other site/traffic/ships.asp </dev/null
+says 3 '{"ok":false,' automate nowhere.asp </dev/null
 
 finish

@@ -16,17 +16,16 @@ class ButtonTest : public ControlsTest {
 TEST_F(ButtonTest, AButtonIsPressedByMouseEnterAndBlank) {
     button.press();
     press(button, Enter, U' ', U'x');
-    EXPECT_THAT(events.take(),
-                ElementsAre("Button.GotFocus", "Button.Click", "Button.Click", "Button.Click"));
+    EXPECT_EQ(events.take(), "Button.GotFocus, Button.Click, Button.Click, Button.Click");
 }
 
 TEST_F(ButtonTest, ACheckBoxClicksWhenItsValueChangesAndAPersonTurnsAGreyOneOff) {
     check.Value(CheckState::Greyed);
     check.Value(CheckState::Greyed);
-    EXPECT_THAT(events.take(), ElementsAre("Check.Click"));
+    EXPECT_EQ(events.take(), "Check.Click");
     check.toggle();
     EXPECT_EQ(check.Value(), CheckState::Unchecked);
-    EXPECT_THAT(events.take(), ElementsAre("Check.GotFocus", "Check.Click"));
+    EXPECT_EQ(events.take(), "Check.GotFocus, Check.Click");
     press(check, U' ', Enter);
     EXPECT_EQ(check.Value(), CheckState::Checked);
 }
@@ -38,11 +37,11 @@ TEST_F(ButtonTest, ChoosingAnOptionDeselectsTheOthersBeforeItsClickAndWithoutThe
     one.Value(true);
     two.pick();
     two.pick();
-    EXPECT_THAT(events.take(), ElementsAre("One.Click", "Two.GotFocus", "Two.Click"));
+    EXPECT_EQ(events.take(), "One.Click, Two.GotFocus, Two.Click");
     EXPECT_TRUE(alone);
     two.Value(false);
     EXPECT_FALSE(two.Value());
-    EXPECT_THAT(events.take(), IsEmpty());
+    EXPECT_EQ(events.take(), "");
 }
 
 TEST_F(ButtonTest, ArrowsGoRoundTheOptionsThatCanBeUsed) {

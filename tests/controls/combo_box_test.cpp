@@ -19,10 +19,10 @@ TEST_F(ComboBoxTest, AssigningListIndexMakesTheItemTheTextAndClicks) {
     choice.ListIndex(1);
     choice.ListIndex(-1);
     EXPECT_EQ(choice.Text(), "");
-    EXPECT_THAT(events.take(), ElementsAre("Choice.Click", "Choice.Click", "Choice.Click"));
+    EXPECT_EQ(events.take(), "Choice.Click, Choice.Click, Choice.Click");
     editable.ListIndex(0);
     EXPECT_EQ(editable.SelLength(), 3);
-    EXPECT_THAT(events.take(), ElementsAre("Editable.Click"));
+    EXPECT_EQ(events.take(), "Editable.Click");
 }
 
 TEST_F(ComboBoxTest, TheTextOfADropDownListIsOneOfItsItems) {
@@ -32,18 +32,18 @@ TEST_F(ComboBoxTest, TheTextOfADropDownListIsOneOfItsItems) {
     EXPECT_EQ(choice.Text(), "orders");
     choice.Text("");
     EXPECT_EQ(choice.ListIndex(), -1);
-    EXPECT_THAT(events.take(), ElementsAre("Choice.Click", "Choice.Click"));
+    EXPECT_EQ(events.take(), "Choice.Click, Choice.Click");
 }
 
 TEST_F(ComboBoxTest, AnotherTextOfAnEditableComboLeavesTheList) {
     editable.ListIndex(1);
-    EXPECT_THAT(eventsOf([&] { editable.Text("TWO"); }), IsEmpty());
+    EXPECT_EQ(eventsOf([&] { editable.Text("TWO"); }), "");
     EXPECT_EQ(editable.ListIndex(), 1);
-    EXPECT_THAT(eventsOf([&] { editable.Text("THREE"); }), ElementsAre("Editable.Change"));
+    EXPECT_EQ(eventsOf([&] { editable.Text("THREE"); }), "Editable.Change");
     EXPECT_EQ(editable.Text(), "THREE");
     EXPECT_EQ(editable.ListIndex(), -1);
     editable.choose(0);
-    EXPECT_THAT(eventsOf([&] { editable.type("SLBDA2001"); }), ElementsAre("Editable.Change"));
+    EXPECT_EQ(eventsOf([&] { editable.type("SLBDA2001"); }), "Editable.Change");
     EXPECT_EQ(editable.Text(), "SLBDA2001");
     EXPECT_EQ(editable.ListIndex(), -1);
     EXPECT_EQ(editable.SelStart(), 9);
@@ -54,7 +54,7 @@ TEST_F(ComboBoxTest, AnotherTextOfAnEditableComboLeavesTheList) {
 TEST_F(ComboBoxTest, APersonChoosesWhatIsThere) {
     choice.choose("Stock");
     EXPECT_EQ(choice.ListIndex(), 1);
-    EXPECT_THAT(events.take(), ElementsAre("Choice.GotFocus", "Choice.Click"));
+    EXPECT_EQ(events.take(), "Choice.GotFocus, Choice.Click");
     EXPECT_TRUE(isRefused([&] { editable.choose(2); }));
     EXPECT_TRUE(isRefused([&] { editable.choose("THREE"); }));
     EXPECT_TRUE(isRefused([&] { editable.type("two\nlines"); }));
@@ -67,10 +67,9 @@ TEST_F(ComboBoxTest, KeysPickBesideOrByFirstCharacter) {
     EXPECT_EQ(choice.ListIndex(), 0);
     press(choice, Down);
     EXPECT_EQ(choice.ListIndex(), 1);
-    EXPECT_THAT(eventsOf([&] { press(choice, U'O'); }),
-                ElementsAre("Choice.KeyPress 79", "Choice.Click"));
+    EXPECT_EQ(eventsOf([&] { press(choice, U'O'); }), "Choice.KeyPress 79, Choice.Click");
     EXPECT_EQ(choice.ListIndex(), 2);
-    EXPECT_THAT(eventsOf([&] { press(choice, Down); }), IsEmpty()) << "at the last item already";
+    EXPECT_EQ(eventsOf([&] { press(choice, Down); }), "") << "at the last item already";
 }
 
 TEST_F(ComboBoxTest, KeysEditTheTextOfAnEditableComboUnlessAHandlerIsInTheirWay) {

@@ -18,7 +18,7 @@ struct ControlsTest : Test {
 
     // What an action raises.
     template <class Action>
-    std::vector<std::string> eventsOf(Action&& action) {
+    std::string eventsOf(Action&& action) {
         events.take();
         action();
         return events.take();

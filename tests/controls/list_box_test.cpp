@@ -19,11 +19,11 @@ class ListBoxTest : public ControlsTest {
 TEST_F(ListBoxTest, AssigningListIndexClicksAndSelectedDoesNot) {
     multi.Selected(2, true);
     single.Selected(1, true);
-    EXPECT_THAT(events.take(), IsEmpty());
+    EXPECT_EQ(events.take(), "");
     multi.ListIndex(0);
     multi.ListIndex(0);
     single.ListIndex(-1);
-    EXPECT_THAT(events.take(), ElementsAre("Multi.Click", "Multi.Click", "Single.Click"));
+    EXPECT_EQ(events.take(), "Multi.Click, Multi.Click, Single.Click");
     EXPECT_EQ(surface.ActiveControl(), nullptr);
 }
 
@@ -61,13 +61,12 @@ TEST_F(ListBoxTest, SeveralItemsAreSelectedAtOnceForTheViews) {
 
 TEST_F(ListBoxTest, ASelectionTakesTheFocusFirstAndClicksOnce) {
     button.SetFocus();
-    EXPECT_THAT(eventsOf([&] {
-                    multi.select({0, 2}, 2);
-                }),
-                ElementsAre("Button.LostFocus", "Multi.GotFocus", "Multi.Click"));
+    const std::vector<int> first{0, 2};
+    EXPECT_EQ(eventsOf([&] { multi.select(first, 2); }),
+              "Button.LostFocus, Multi.GotFocus, Multi.Click");
     EXPECT_THAT(selectedItemsOf(multi), ElementsAre("A", "C"));
     EXPECT_EQ(multi.ListIndex(), 2);
-    EXPECT_THAT(eventsOf([&] { multi.select({}, 1); }), ElementsAre("Multi.Click"));
+    EXPECT_EQ(eventsOf([&] { multi.select({}, 1); }), "Multi.Click");
     EXPECT_EQ(multi.SelCount(), 0);
     EXPECT_EQ(multi.ListIndex(), 1);
 }
@@ -87,14 +86,13 @@ TEST_F(ListBoxTest, ASelectionThatIsNotPossibleIsRefused) {
 
 TEST_F(ListBoxTest, ADoubleClickSelectsTheItemAloneAndClicksBefore) {
     multi.select({1, 2}, 2);
-    EXPECT_THAT(eventsOf([&] { multi.doubleClick(3); }),
-                ElementsAre("Multi.Click", "Multi.DblClick"));
+    EXPECT_EQ(eventsOf([&] { multi.doubleClick(3); }), "Multi.Click, Multi.DblClick");
     EXPECT_THAT(selectedItemsOf(multi), ElementsAre("D"));
-    EXPECT_THAT(eventsOf([&] { multi.doubleClickEmptyArea(); }), ElementsAre("Multi.DblClick"));
+    EXPECT_EQ(eventsOf([&] { multi.doubleClickEmptyArea(); }), "Multi.DblClick");
     EXPECT_EQ(multi.ListIndex(), 3);
     Form dialog(desktop, "Dialog", Form::Kind::Dialog);
     const auto open = multi.Click.subscribe([&] { dialog.ShowModal(); });
-    EXPECT_THAT(eventsOf([&] { multi.doubleClick(0); }), ElementsAre("Multi.Click"))
+    EXPECT_EQ(eventsOf([&] { multi.doubleClick(0); }), "Multi.Click")
         << "a dialog that the first press opens takes the second";
 }
 
@@ -103,10 +101,10 @@ TEST_F(ListBoxTest, KeysMoveTheOneSelectedItem) {
     EXPECT_THAT(selectedItemsOf(multi), ElementsAre("A"));
     press(multi, Down, Up);
     EXPECT_EQ(multi.ListIndex(), 0);
-    EXPECT_THAT(eventsOf([&] { press(multi, Up); }), IsEmpty()) << "at the first item already";
-    EXPECT_THAT(eventsOf([&] { press(multi, U'c'); }), ElementsAre("Multi.Click"));
+    EXPECT_EQ(eventsOf([&] { press(multi, Up); }), "") << "at the first item already";
+    EXPECT_EQ(eventsOf([&] { press(multi, U'c'); }), "Multi.Click");
     EXPECT_EQ(multi.Text(), "C");
-    EXPECT_THAT(eventsOf([&] { press(multi, U'z', Delete); }), IsEmpty());
+    EXPECT_EQ(eventsOf([&] { press(multi, U'z', Delete); }), "");
 }
 
 TEST_F(ListBoxTest, CharactersGoFromItemToItemAndRound) {
@@ -122,7 +120,7 @@ TEST_F(ListBoxTest, TheBlankSelectsAndDeselectsOneOfSeveral) {
     multi.select({0, 2}, 2);
     press(multi, U' ');
     EXPECT_THAT(selectedItemsOf(multi), ElementsAre("A"));
-    EXPECT_THAT(eventsOf([&] { press(multi, U' '); }), ElementsAre("Multi.Click"));
+    EXPECT_EQ(eventsOf([&] { press(multi, U' '); }), "Multi.Click");
     EXPECT_THAT(selectedItemsOf(multi), ElementsAre("A", "C"));
 }
 

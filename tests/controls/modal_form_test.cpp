@@ -39,19 +39,18 @@ class ModalFormTest : public ControlsTest {
 TEST_F(ModalFormTest, OpeningPaintsFocusesTheFirstUsableControlAndWaits) {
     then([this](Form&) { ok.press(); });
     open.press();
-    EXPECT_THAT(events.take(),
-                ElementsAre("Open.GotFocus", "Open.Click", "Load", "opened Dialog", "Paint",
-                            "Name.GotFocus", "Name.LostFocus", "OK.GotFocus", "OK.Click",
-                            "closed Dialog", "after the dialog"));
+    EXPECT_EQ(events.take(),
+              "Open.GotFocus, Open.Click, Load, opened Dialog, Paint, Name.GotFocus, "
+              "Name.LostFocus, OK.GotFocus, OK.Click, closed Dialog, after the dialog");
     open.press();
-    EXPECT_THAT(events.take(), ElementsAre("Open.Click", "opened Dialog", "Paint", "Name.GotFocus",
-                                           "closed Dialog", "after the dialog"))
+    EXPECT_EQ(events.take(),
+              "Open.Click, opened Dialog, Paint, Name.GotFocus, closed Dialog, after the dialog")
         << "loaded once, painted again";
     subscriptions += dialog.Paint.subscribe([this] { dialog.Hide(); });
     loop.formsShown.clear();
     open.press();
     EXPECT_THAT(loop.formsShown, IsEmpty()) << "hidden before it waits";
-    EXPECT_EQ(events.take().back(), "after the dialog");
+    EXPECT_THAT(events.take(), EndsWith("after the dialog"));
 }
 
 TEST_F(ModalFormTest, OnlyTheTopDialogCanBeReachedAndNoneIsOpenedTwice) {
@@ -86,16 +85,17 @@ TEST_F(ModalFormTest, AFailureInsideReachesWhoeverOpenedTheDialog) {
     EXPECT_EQ(numberOf([&] { open.press(); }), 61);
     EXPECT_FALSE(dialog.Visible());
     EXPECT_THAT(desktop.modalForms(), IsEmpty());
-    EXPECT_EQ(events.take().back(), "closed Dialog");
+    EXPECT_THAT(events.take(), EndsWith("closed Dialog"));
     open.focus();
     EXPECT_TRUE(open.hasFocus());
 }
 
 TEST_F(ModalFormTest, EnterAndEscapePressTheDialogsButtons) {
     then([this](Form&) { press(name, Enter); });
-    EXPECT_THAT(eventsOf([&] { open.press(); }), IsSupersetOf({"Name.LostFocus", "OK.Click"}));
+    EXPECT_THAT(eventsOf([&] { open.press(); }),
+                HasSubstr("Name.LostFocus, OK.GotFocus, OK.Click"));
     then([](Form& form) { form.dismiss(); });
-    EXPECT_THAT(eventsOf([&] { open.press(); }), Contains("Cancel.Click"));
+    EXPECT_THAT(eventsOf([&] { open.press(); }), HasSubstr("Cancel.Click"));
     then([this](Form& form) {
         press(grid, Enter);
         EXPECT_TRUE(form.Visible()) << "a grid keeps Enter for its cells";
@@ -105,11 +105,8 @@ TEST_F(ModalFormTest, EnterAndEscapePressTheDialogsButtons) {
         press(form, Escape);
         EXPECT_FALSE(form.Visible());
     });
-    EXPECT_THAT(eventsOf([&] {
-                    open.press();
-                    press(open, Escape);
-                }),
-                Contains("Cancel.Click").Times(1));
+    EXPECT_THAT(eventsOf([&] { open.press(); }), HasSubstr("Cancel.Click"));
+    EXPECT_EQ(eventsOf([&] { press(open, Escape); }), "");
 }
 
 TEST_F(ModalFormTest, AControlThatGoesLeavesItsForm) {

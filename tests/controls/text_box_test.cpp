@@ -21,7 +21,7 @@ TEST_F(TextBoxTest, AssigningAnotherTextRaisesChangeAndMovesTheCaretToTheStart) 
     box.Text("abc");
     box.SelStart(2);
     box.Text("abc");
-    EXPECT_THAT(events.take(), ElementsAre("Box.Change"));
+    EXPECT_EQ(events.take(), "Box.Change");
     EXPECT_EQ(shown(box), "ab|c");
     box.Text("xyz");
     EXPECT_EQ(shown(box), "|xyz");
@@ -40,9 +40,9 @@ TEST_F(TextBoxTest, PositionsCountCharactersAndEndWithTheText) {
 }
 
 TEST_F(TextBoxTest, TypingReplacesTheContentAndTakesTheFocus) {
-    EXPECT_THAT(eventsOf([&] { box.type("größe"); }), ElementsAre("Box.GotFocus", "Box.Change"));
+    EXPECT_EQ(eventsOf([&] { box.type("größe"); }), "Box.GotFocus, Box.Change");
     EXPECT_EQ(shown(box), "größe|");
-    EXPECT_THAT(eventsOf([&] { box.type("größe"); }), IsEmpty());
+    EXPECT_EQ(eventsOf([&] { box.type("größe"); }), "");
     lines.type("two\r\nlines");
     EXPECT_EQ(lines.Text(), "two\r\nlines");
 }
@@ -99,14 +99,13 @@ TEST_F(TextBoxTest, AKeyRaisesKeyDownThenKeyPressThenChange) {
     Key capital = Key::of(U'a');
     capital.shift = true;
     box.press(capital);
-    EXPECT_THAT(events.take(),
-                ElementsAre("Box.GotFocus", "Box.KeyDown 65 1", "Box.KeyPress 97", "Box.Change"));
-    EXPECT_THAT(eventsOf([&] { press(box, Delete, Enter); }),
-                ElementsAre("Box.KeyDown 46 0", "Box.KeyDown 13 0", "Box.KeyPress 13"));
+    EXPECT_EQ(events.take(), "Box.GotFocus, Box.KeyDown 65 1, Box.KeyPress 97, Box.Change");
+    EXPECT_EQ(eventsOf([&] { press(box, Delete, Enter); }),
+              "Box.KeyDown 46 0, Box.KeyDown 13 0, Box.KeyPress 13");
     // Characters whose codes are those of Delete and the arrows.
-    EXPECT_THAT(eventsOf([&] { press(box, U'.', U'&'); }),
-                ElementsAre("Box.KeyDown 0 0", "Box.KeyPress 46", "Box.Change", "Box.KeyDown 0 0",
-                            "Box.KeyPress 38", "Box.Change"));
+    EXPECT_EQ(eventsOf([&] { press(box, U'.', U'&'); }),
+              "Box.KeyDown 0 0, Box.KeyPress 46, Box.Change, Box.KeyDown 0 0, Box.KeyPress 38, "
+              "Box.Change");
     EXPECT_EQ(box.Text(), "a.&");
 }
 
@@ -115,9 +114,8 @@ TEST_F(TextBoxTest, AHandlerMaySwallowAKeyReplaceItOrMoveTheFocusOn) {
     press(box, U'x', U'a');
     EXPECT_EQ(box.Text(), "y");
     handler = box.KeyDown.subscribe([&](int, int) { lines.SetFocus(); });
-    EXPECT_THAT(
-        eventsOf([&] { press(box, U'b'); }),
-        ElementsAre("Box.KeyDown 66 0", "Box.LostFocus", "Lines.GotFocus", "Box.KeyPress 98"));
+    EXPECT_EQ(eventsOf([&] { press(box, U'b'); }),
+              "Box.KeyDown 66 0, Box.LostFocus, Lines.GotFocus, Box.KeyPress 98");
     EXPECT_EQ(box.Text() + lines.Text(), "y");
 }
 
@@ -125,7 +123,7 @@ TEST_F(TextBoxTest, AWindowThatEditsByItselfReportsWhatCameOfIt) {
     box.SetFocus();
     EXPECT_TRUE(box.keyDown(Key::of(U'a')));
     EXPECT_TRUE(box.keyPress(Key::of(U'a')));
-    EXPECT_THAT(eventsOf([&] { box.edited("größe", 7, 1); }), ElementsAre("Box.Change"));
+    EXPECT_EQ(eventsOf([&] { box.edited("größe", 7, 1); }), "Box.Change");
     EXPECT_EQ(shown(box), "größe|");
     const auto handler = box.KeyPress.subscribe([](int& code) { code = 0; });
     EXPECT_FALSE(box.keyPress(Key::of(U'a')));

@@ -8,18 +8,6 @@ OrderedPropertyBag written(HeaderDTC& dtc) {
     return bag;
 }
 
-// A page that stores these properties, in texts as pages do.
-OrderedPropertyBag page(std::initializer_list<std::pair<const char*, const char*>> properties) {
-    OrderedPropertyBag bag;
-    for (const auto& [name, value] : properties)
-        bag.set(name, std::string(value));
-    return bag;
-}
-
-std::string failedReading(const std::string& reason) {
-    return "Error in 'UserControl_ReadProperties': " + reason;
-}
-
 // What a control reads out of a bag.
 class PersistenceTest : public ControlTest {
   protected:
@@ -39,17 +27,6 @@ TEST_F(PersistenceTest, AFullControlComesBackAsItWas) {
         EXPECT_THAT(other.messages(), IsEmpty());
         EXPECT_EQ(written(other.dtc).entries, written(filled.dtc).entries);
     }
-}
-
-TEST_F(PersistenceTest, APageWithoutPropertiesGivesAnEmptyControl) {
-    dtc.linkedDataProvider = "Stock";
-    read({});
-    EXPECT_THAT(errors(), IsEmpty());
-    EXPECT_EQ(dtc.linkedDataProvider, "ZEKOLinkedDataProvidersCombo");
-    EXPECT_EQ(dtc.ZEKO.LinkedDataProvidersCombo.ListIndex(), -1);
-    EXPECT_EQ(dtc.ZEKO.LinksGrid.Rows(), 2);
-    EXPECT_EQ(dtc.EAI.CriteriaGrid.Rows(), 2);
-    EXPECT_EQ(dtc.XSLFilenameText.Text(), "");
 }
 
 // ---- order --------------------------------------------------------------------------------------
@@ -86,51 +63,14 @@ TEST_F(PersistenceTest, HandlersOfTheProvidersCombosFindTheNameAndWhatTheyClearI
     EXPECT_EQ(dtc.ZEKO.FromLinkFieldsCombo.ListCount(), 3);
 }
 
-TEST_F(PersistenceTest, ReadingOnceMoreReplacesItemsAndAddsFieldsToLinkFrom) {
-    OrderedPropertyBag stored = filledPage();
-    for (const char* dictionary :
-         {"ZEKOCriteriaCount", "EAICriteriaCount", "NrOfUserDefinedScripts"})
-        stored.set(dictionary, std::int16_t{0});
-    read(stored);
-    fill(dtc.IncludeASPList, {"beyond those stored.asp"});
-    read(stored);
-    EXPECT_THAT(errors(), IsEmpty());
-    EXPECT_EQ(dtc.ZEKO.SelectedFieldsList.ListCount(), 3);
-    EXPECT_EQ(dtc.ZEKO.FromLinkFieldsCombo.ListCount(), 6);
-    EXPECT_EQ(dtc.IncludeASPList.ListCount(), 2);
-}
-
 // ---- what goes wrong ----------------------------------------------------------------------------
-
-TEST_F(PersistenceTest, CountsAreConvertedOrEndTheReading) {
-    const std::tuple<std::vector<const char*>, int, const char*> cases[] = {
-        {{"2", " 2 ", "1.5", "2.5"}, 2, ""},
-        {{"-1"}, 0, ""},
-        {{"1e1"}, 10, ""},
-        {{"abc", "", "2x", "--2", "inf"}, 0, "Type mismatch (13)"},
-        {{"40000", "1e400", "-32769"}, 0, "Overflow (6)"},
-    };
-    for (const auto& [counts, items, error] : cases) {
-        for (const char* count : counts) {
-            SCOPED_TRACE(count);
-            TestControl control;
-            auto stored = page({{"EAIReturnFieldCount", count}, {"XSLFilename", "read.xsl"}});
-            control.dtc.UserControl_ReadProperties(stored);
-            EXPECT_EQ(control.dtc.EAI.SelectedFieldsList.ListCount(), items);
-            std::vector<std::string> errors;
-            if (*error) errors.push_back(failedReading(error));
-            EXPECT_EQ(control.errors(), errors);
-            EXPECT_EQ(control.dtc.XSLFilenameText.Text(),
-                      errors.empty() ? "read.xsl" : "xsl/Generic.xsl");
-        }
-    }
-}
 
 TEST_F(PersistenceTest, WhatWasReadBeforeAFailureStays) {
     OrderedPropertyBag stored = filledPage();
     stored.failingName = "ZEKOI18NFieldnames1";
     read(stored);
-    EXPECT_THAT(errors(), ElementsAre(failedReading("Device I/O error (57)")));
+    EXPECT_THAT(errors(),
+                ElementsAre("Error in 'UserControl_ReadProperties': Device I/O error (57)"));
     EXPECT_EQ(dtc.XSLFilenameText.Text(), "xsl/Orders.xsl");
     EXPECT_THAT(selectedItemsOf(dtc.ZEKO.I18NFieldnamesList), ElementsAre("1 - ORDNO"));
     EXPECT_EQ(dtc.EAI.I18NFieldnamesList.SelCount(), 0);
@@ -151,22 +91,6 @@ TEST_F(PersistenceTest, WhatWasWrittenBeforeAFailureStays) {
     EXPECT_FALSE(written(dtc).has("XSLFilename"));
     EXPECT_THAT(errors(), ElementsAre("Error in 'UserControl_WriteProperties': Overflow (6)"))
         << "a type that no page can hold";
-}
-
-// A page may claim what it likes. What is slower than in proportion to the counts would show here.
-TEST_F(PersistenceTest, CountsThatLieGiveEmptyItems) {
-    OrderedPropertyBag bag;
-    for (const char* count :
-         {"ZEKOReturnFieldCount", "EAIReturnFieldCount", "ZEKOCriteriaCount", "EAICriteriaCount",
-          "ZEKOAvailableFieldsCount", "EAIKeyFieldsCount", "NrOfExtraIncludes",
-          "NrOfZEKOI18NFieldnames", "NrOfEAII18NFieldValues", "NrOfLinkedZEKOFields"})
-        bag.set(count, std::int16_t{32767});
-    read(bag);
-    EXPECT_THAT(errors(), IsEmpty());
-    EXPECT_EQ(dtc.ZEKO.SelectedFieldsList.ListCount(), 32767);
-    EXPECT_EQ(dtc.ZEKO.I18NFieldnamesList.SelCount(), 32767);
-    EXPECT_EQ(dtc.EAI.CriteriaGrid.Rows(), 32767);
-    EXPECT_EQ(dtc.ZEKO.LinksGrid.Rows(), 32767);
 }
 
 }  // namespace headerdtc::persistence_test

@@ -15,13 +15,6 @@ TEST_F(SetUpTest, AFailureIsReportedUnderItsShortNameAndLeavesWhatWasSetUp) {
     EXPECT_EQ(other.XSLFilenameText.Text(), "xsl/Generic.xsl");
 }
 
-TEST_F(SetUpTest, EveryControlHasANameOfItsOwn) {
-    for (const Control* control : dtc.surface.controls())
-        EXPECT_EQ(dtc.surface.find(control->name()), control) << control->name();
-    EXPECT_NE(dtc.surface.find("ZEKOMoveUpLinkdFieldCommand"), nullptr);
-    EXPECT_NE(dtc.surface.find("EAIMoveUpLinkedField"), nullptr);
-}
-
 TEST_F(SetUpTest, ScriptsAreHandedOutAndReplacedAsOneObject) {
     const auto scripts = std::make_shared<ScriptDictionary>();
     dtc.UserDefinedScripts(scripts);

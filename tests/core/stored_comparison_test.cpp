@@ -13,6 +13,15 @@ std::vector<std::string> losses(const StoredTexts& stored, const StoredTexts& wr
     return lines;
 }
 
+StoredTexts writtenBy(HeaderDTC& dtc) {
+    testing::OrderedPropertyBag bag;
+    dtc.UserControl_WriteProperties(bag);
+    StoredTexts texts;
+    for (const auto& [name, value] : bag.entries)
+        texts.emplace_back(name, testing::OrderedPropertyBag::textOf(value));
+    return texts;
+}
+
 TEST(StoredComparisonTest, WhatSaysTheSameIsNoLoss) {
     EXPECT_THAT(losses({{"EnableExtraFilters", "TRUE"},
                         {"EAIReturnFieldCount", " 2.0 "},
@@ -83,21 +92,12 @@ TEST(StoredComparisonTest, ATextAnItemAMarkARowAScriptOrAKindThatMattersIsALoss)
 
 TEST(StoredComparisonTest, AControlThatOffersEverythingLosesNothing) {
     FilledControl filled;
-    testing::OrderedPropertyBag bag;
-    filled.dtc.UserControl_WriteProperties(bag);
-    StoredTexts page;
-    for (const auto& [name, value] : bag.entries)
-        page.emplace_back(name, testing::OrderedPropertyBag::textOf(value));
-
+    const StoredTexts page = writtenBy(filled.dtc);
     TestControl other;
     other.dtc.DataProvidersCombo.RemoveItem(0);
-    bag.asText = true;
+    auto bag = filledPage();
     other.dtc.UserControl_ReadProperties(bag);
-    testing::OrderedPropertyBag again;
-    other.dtc.UserControl_WriteProperties(again);
-    StoredTexts rewritten;
-    for (const auto& [name, value] : again.entries)
-        rewritten.emplace_back(name, testing::OrderedPropertyBag::textOf(value));
+    const StoredTexts rewritten = writtenBy(other.dtc);
     EXPECT_THAT(losses(page, rewritten), ElementsAre("DataProvider: Orders -> nothing"));
 }
 

@@ -1,5 +1,4 @@
-// What no person can bring about in a scenario: full lists, a scrolled grid, controls that a host
-// has disabled.
+// What no person can bring about in a scenario: a scrolled grid, controls that a host has disabled.
 
 #include "editor/editor.h"
 
@@ -18,44 +17,10 @@ class EditorTest : public ControlTest, public WithParamInterface<Family> {
 
     Editor editor{dtc};
     FamilyControls& family = dtc.family(GetParam());
-    ListBox& available = family.FieldsList;
-    ListBox& selected = family.SelectedFieldsList;
     Grid& grid = family.CriteriaGrid;
 };
 
 INSTANTIATE_TEST_SUITE_P(, EditorTest, ValuesIn(BothFamilies), nameOfFamily);
-
-// Reading every list anew for every field would show here.
-TEST_P(EditorTest, TheLargestListsAreAddedAndRemovedAtOnceAndAFullOneStopsTheRun) {
-    std::vector<int> all, everySecond;
-    for (int i = 0; i < MaxListCount; ++i) {
-        const std::string field = "GROUP.FIELD" + std::to_string(i);
-        available.AddItem(field);
-        family.LinkedFieldsList.AddItem(field);
-        all.push_back(i);
-        if (i % 2 == 1) everySecond.push_back(i);
-    }
-    available.select(all, all.back());
-    family.AddField.Enabled(true);
-    family.AddField.press();
-    EXPECT_EQ(selected.ListCount(), MaxListCount);
-    selected.select(everySecond, 0);
-    family.RemoveField.press();
-    EXPECT_EQ(available.List(0), "GROUP.FIELD32765");
-    for (const ListBox* list : {&selected, &family.I18NFieldnamesList, &family.I18NFieldValuesList,
-                                &family.LinkedFieldsList}) {
-        EXPECT_EQ(list->ListCount(), (MaxListCount + 1) / 2);
-        EXPECT_EQ(list->List(1), "GROUP.FIELD2");
-    }
-    family.FromLinkFieldsCombo.Clear();
-    while (selected.ListCount() < MaxListCount - 1)
-        selected.AddItem("field");
-    available.select({0, 1}, 0);
-    family.AddField.press();
-    EXPECT_THAT(errors(), ElementsAre("Error in '" + familyName(GetParam(), "AddField_Click") +
-                                      "': Overflow (6)"));
-    EXPECT_EQ(selected.List(MaxListCount - 1), "GROUP.FIELD32765");
-}
 
 TEST_P(EditorTest, AnEditorStandsInItsCellAndScrollingLeavesItWithItsValueWritten) {
     grid.doubleClickCell(2, 3);

@@ -76,16 +76,11 @@ TEST(ErrorTrapTest, ADatabaseFailureKeepsItsOwnNumberAndText) {
 }
 
 TEST(NearestName, IsTheOneThatMayHaveBeenMeant) {
-    for (const auto& [written, meant] : {std::pair{"chek", "check"},
-                                         {"GENERATE", "generate"},
-                                         {"hwere", "where"},
-                                         {"hsow", "show"},
-                                         {"hello", ""},
-                                         {"exit", "edit"},
-                                         {"FLAGG", "FLAG"},
-                                         {"remove", ""},
-                                         {"x", ""},
-                                         {"", ""}}) {
+    const char* const pairs =
+        "chek=check GENERATE=generate hwere=where hsow=show hello= exit=edit FLAGG=FLAG remove= x= "
+        "=";
+    for (const std::string_view pair : splitText(pairs, " ")) {
+        const auto written = splitText(pair, "=").front(), meant = splitText(pair, "=").back();
         NearestName nearest(written);
         for (const char* name : {"generate", "check", "where", "doctor", "new", "show", "edit",
                                  "FLAT", "FLAG", "FLAGS"})

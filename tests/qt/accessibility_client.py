@@ -80,13 +80,19 @@ def read(node, path=()):
 
 
 def find(role, words, within=None):
-    def fits(node):
-        return (node and node.getRoleName() == role
-                and (node.name.strip().startswith(words) or node.description == words)
-                and (role == "page tab" or node.getState().contains(pyatspi.STATE_SHOWING)))
+    """The one that is meant. Each word of an object is asked for over a bus, and controls have many
+    in them, so only what groups them is looked into."""
+    def found(node):
+        for child in filter(None, [node.getChildAtIndex(i) for i in range(node.childCount)]):
+            kind = child.getRoleName()
+            if (kind == role and (child.name.strip().startswith(words) or child.description == words)
+                    and (role == "page tab" or child.getState().contains(pyatspi.STATE_SHOWING))):
+                return child
+            if kind not in CONTROLS + ("menu bar",) and (inner := found(child)):
+                return inner
+        return None
 
-    return wait_for(lambda: pyatspi.findDescendant(within or editor(), fits)) or sys.exit(
-        f"there is no {role} '{words}'")
+    return wait_for(lambda: found(within or editor())) or sys.exit(f"there is no {role} '{words}'")
 
 
 def key(stroke):

@@ -23,7 +23,9 @@ cd "$HEADERDTC_IN_SESSION"
 cp -r "$project/demo" site
 site/make-translations
 export QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-openbox 2>/dev/null &
+# A window that is there before its manager is given no focus.
+openbox --startup "touch managed" 2>/dev/null &
+until [[ -e managed ]] || ! kill -0 $!; do sleep 0.1; done
 "$editor" site/customers/regions/overview.asp &
 pid=$!
 trap 'kill "$pid" 2>/dev/null || true' EXIT

@@ -4,8 +4,6 @@
 #include "qt/surface/form_dialog.h"
 #include "qt/surface_fixture.h"
 
-#include <set>
-
 namespace headerdtc::binding_test {
 
 TEST_F(SurfaceTest, EveryControlHasItsWidgetAndNoWidgetIsWithoutControl) {

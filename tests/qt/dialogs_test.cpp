@@ -44,7 +44,7 @@ TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
         press(window, Qt::Key_Tab);
         press(window, Qt::Key_Return);
     });
-    EXPECT_THAT(events.take(), Contains("OKButton.Click").Times(1));
+    EXPECT_THAT(events.take(), EndsWith(", OKButton.GotFocus, OKButton.Click"));
     EXPECT_EQ(label.LabelNameText.Text(), "SLBDA2001");
     show(label.form, [&](QWidget& window) {
         // What the window marks for overwriting the model knows.
@@ -52,9 +52,9 @@ TEST_F(DialogsTest, EnterEscapeAndTheWindowsOwnCloseAreTheForms) {
         EXPECT_EQ(label.LabelNameText.SelLength(), 9);
         press(window, Qt::Key_Escape);
     });
-    EXPECT_THAT(events.take(), Contains("CancelButton.Click").Times(1));
+    EXPECT_THAT(events.take(), EndsWith("LostFocus, CancelButton.GotFocus, CancelButton.Click"));
     show(label.form, [](QWidget& window) { window.close(); });
-    EXPECT_THAT(events.take(), Contains("CancelButton.Click").Times(1));
+    EXPECT_THAT(events.take(), EndsWith("LostFocus, CancelButton.GotFocus, CancelButton.Click"));
     // A form that does not want to close stays, and its window with it.
     label.CancelButton.Enabled(false);
     show(label.form, [&](QWidget& window) {

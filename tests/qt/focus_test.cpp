@@ -44,7 +44,7 @@ TEST_F(FocusTest, AnotherWindowTakesNoFocusFromTheModels) {
     surface.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&surface, Patience));
     EXPECT_EQ(qtFocused(), "IncludeASPText");
-    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "IncludeASPText.GotFocus"));
+    EXPECT_EQ(events.take(), "XSLFilenameText.LostFocus, IncludeASPText.GotFocus");
 }
 
 TEST_F(FocusTest, AControlThatIsDisabledUnderTheFocusHandsItToNobody) {
@@ -53,11 +53,11 @@ TEST_F(FocusTest, AControlThatIsDisabledUnderTheFocusHandsItToNobody) {
     events.take();
     dtc.EAI.AddField.Enabled(false);
     settle();
-    EXPECT_THAT(events.take(), ElementsAre("EAIAddField.LostFocus"));
+    EXPECT_EQ(events.take(), "EAIAddField.LostFocus");
     EXPECT_EQ(qtFocused(), "UserControl");
     // A key then reaches the surface itself, and Tab goes on from where the focus was.
     press(Qt::Key_X);
-    EXPECT_THAT(events.take(), ElementsAre("UserControl.KeyPress 120"));
+    EXPECT_EQ(events.take(), "UserControl.KeyPress 120");
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), "EAISelectedFieldsList") << "behind a button that is disabled";
 }
@@ -83,7 +83,7 @@ TEST_F(FocusTest, TabsTurnByKeysByAssistiveTechnologyAndByTheProgram) {
     events.take();
     dtc.SSTab1.Tab(1);
     settle();
-    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "SSTab1.Click 0"));
+    EXPECT_EQ(events.take(), "XSLFilenameText.LostFocus, SSTab1.Click 0");
     EXPECT_EQ(tabs.currentIndex(), 1);
     // Nor does Qt turn the page once more, after a handler that leads elsewhere.
     subscriptions += dtc.SSTab1.Click.subscribe([this](int) {
@@ -91,7 +91,7 @@ TEST_F(FocusTest, TabsTurnByKeysByAssistiveTechnologyAndByTheProgram) {
     });
     click(*tabs.tabBar(), tabs.tabBar()->tabRect(0).center());
     EXPECT_EQ(tabs.currentIndex(), 4);
-    EXPECT_THAT(events.take(), Contains(StartsWith("SSTab1.Click")).Times(2));
+    EXPECT_EQ(events.take(), "SSTab1.GotFocus, SSTab1.Click 1, SSTab1.Click 0");
 }
 
 TEST_F(FocusTest, AClickGoesOnAfterAMessageOfTheControlLeftBehind) {
@@ -100,8 +100,7 @@ TEST_F(FocusTest, AClickGoesOnAfterAMessageOfTheControlLeftBehind) {
     showBoxOn(dtc.XSLFilenameText.LostFocus);
     click(widget(dtc.SaveCommand));
     EXPECT_TRUE(isSaved(1));
-    EXPECT_THAT(events.take(), ElementsAre("XSLFilenameText.LostFocus", "SaveCommand.GotFocus",
-                                           "SaveCommand.Click"));
+    EXPECT_EQ(events.take(), "XSLFilenameText.LostFocus, SaveCommand.GotFocus, SaveCommand.Click");
 }
 
 TEST_F(FocusTest, ButtonsAreClickedByMouseSpaceEnterAndMnemonic) {

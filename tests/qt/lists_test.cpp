@@ -48,7 +48,7 @@ TEST_F(ListsTest, PressesBesideTheItemsLeaveTheSelection) {
     EXPECT_THAT(selectedItemsOf(fields), ElementsAre("B"));
     events.take();
     doubleClick(area, {20, area.height() - 5});
-    EXPECT_THAT(events.take(), Contains("EAIFieldsList.DblClick"));
+    EXPECT_THAT(events.take(), HasSubstr("EAIFieldsList.DblClick"));
 }
 
 TEST_F(ListsTest, WhatAProgramSelectsShowsAndRaisesNothingMore) {
@@ -60,10 +60,10 @@ TEST_F(ListsTest, WhatAProgramSelectsShowsAndRaisesNothingMore) {
     fields.AddItem("Z", 1);
     settle();
     EXPECT_THAT(shownAsSelected(fields), ElementsAre(4));
-    EXPECT_THAT(events.take(), ElementsAre());
+    EXPECT_EQ(events.take(), "");
     // The focus that comes by Tab selects nothing either.
     widget(dtc.EAI.FieldsList).setFocus(Qt::TabFocusReason);
-    EXPECT_THAT(events.take(), ElementsAre("SSTab1.LostFocus", "EAIFieldsList.GotFocus"));
+    EXPECT_EQ(events.take(), "SSTab1.LostFocus, EAIFieldsList.GotFocus");
     EXPECT_EQ(fields.ListIndex(), -1);
 }
 
@@ -108,7 +108,7 @@ TEST_F(ListsTest, AListOfMarksTogglesThemOneByOne) {
     events.take();
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Home, Qt::Key_Down})
         press(key);
-    EXPECT_THAT(events.take(), ElementsAre()) << "keys only move";
+    EXPECT_EQ(events.take(), "") << "keys only move";
     EXPECT_EQ(marks.ListIndex(), 1);
     press(Qt::Key_Space);
     clickItem(marks, 0);

@@ -2,7 +2,6 @@
 #include "qt/surface_fixture.h"
 
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 namespace headerdtc::random_actions_test {
 

@@ -77,9 +77,9 @@ TEST_F(SurfaceTest, ADropDownListIsChosenFromByKeysAndWheelOnlyWithTheFocus) {
     EXPECT_EQ(dtc.DataProvidersCombo.Text(), "Orders");
     type(surface, "s");
     EXPECT_EQ(dtc.DataProvidersCombo.Text(), "Stock");
-    EXPECT_THAT(events.take(),
-                ElementsAre("DataProvidersCombo.Click", "DataProvidersCombo.KeyPress 115",
-                            "DataProvidersCombo.Click"));
+    EXPECT_EQ(
+        events.take(),
+        "DataProvidersCombo.Click, DataProvidersCombo.KeyPress 115, DataProvidersCombo.Click");
     dtc.DataProvidersCombo.RemoveItem(1);
     EXPECT_EQ(combo.currentIndex(), -1);
     EXPECT_EQ(dtc.DataProvidersCombo.Text(), "");

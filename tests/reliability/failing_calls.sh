@@ -74,7 +74,7 @@ once() {
     ((begun)) || fail "$call never came"
 }
 
-for each in openat:EACCES openat:EMFILE pread64:EIO write:ENOSPC write:EINTR fchmod:EPERM fdatasync:EIO \
+for each in openat:EACCES openat:EMFILE pread64:EIO write:ENOSPC write:EDQUOT write:EINTR fchmod:EPERM fdatasync:EIO \
     fsync:EIO renameat2:EIO renameat2:EINVAL unlink:EACCES flock:ENOLCK faccessat2:EROFS clone3:EAGAIN; do
     once "${each%:*}" "error=${each#*:}"
 done

@@ -4,7 +4,6 @@
 #include "runtime/plain_expansion.h"
 #include "support/prologue.h"
 
-#include <cstdlib>
 
 namespace headerdtc::expansion_test {
 
@@ -45,7 +44,7 @@ TEST(Expansion, ValuesThatMultiplyEndBeforeTheMemoryDoes) {
     const std::string many = times(3000, "<B>"), more = times(3000, "<C>");
     const std::string wide = times(10, "<C>"), widest(100'000, 'x');
     for (const auto& [b, c] : {std::pair{more, std::string("x")}, std::pair{wide, widest}}) {
-        EXPECT_THROW(expanded("<A>", {{"<A>", many}, {"<B>", b}, {"<C>", c}}), RuntimeError);
+        EXPECT_EQ(numberOf([&] { expanded("<A>", {{"<A>", many}, {"<B>", b}, {"<C>", c}}); }), 14);
     }
     EXPECT_EQ(expanded("<A>", {{"<A>", many}, {"<B>", wide}, {"<C>", "x"}}),
               std::string(30'000, 'x'));

@@ -2,9 +2,7 @@
 
 #include "controls/keys.h"
 #include "controls/list_box.h"
-#include "support/failures.h"
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 

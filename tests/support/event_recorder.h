@@ -11,7 +11,6 @@
 
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace headerdtc::testing {
 
@@ -29,9 +28,9 @@ class EventRecorder : private ControlVisitor {
         }
         record(form, "KeyPress", form.KeyPress);
     }
-    void note(std::string event) { events_.push_back(std::move(event)); }
-    // What was noted since the last call.
-    std::vector<std::string> take() { return std::exchange(events_, {}); }
+    void note(const std::string& event) { events_ += (events_.empty() ? "" : ", ") + event; }
+    // What was noted since the last call, one after the other with ", " between.
+    std::string take() { return std::exchange(events_, {}); }
 
   private:
     void visit(Button& c) override { record(c, "Click", c.Click); }
@@ -56,12 +55,12 @@ class EventRecorder : private ControlVisitor {
         subscriptions_ += event.subscribe([this, text = named.name() + "." + name](Args... args) {
             std::string entry = text;
             ((entry += " " + std::to_string(args)), ...);
-            note(std::move(entry));
+            note(entry);
         });
         if constexpr (sizeof...(others) > 0) record(named, others...);
     }
 
-    std::vector<std::string> events_;
+    std::string events_;
     Subscriptions subscriptions_;
 };
 

@@ -81,16 +81,4 @@ TEST(Automation, AnswersEachLine) {
     converse(name, lines);
 }
 
-TEST(Automation, APageOrControlThatIsNotThereIsAnsweredOnce) {
-    const TempSite site;
-    for (const char* reason : {"page.asp", "Other"}) {
-        Sites sites;
-        std::istringstream in("{\"do\":\"save\"}\n");
-        std::ostringstream out;
-        EXPECT_FALSE(automatePage(sites, site / "page.asp", "Other", in, out));
-        EXPECT_TRUE(holds(Json::parse(out.str()), {{"ok", false}, {"error", reason}})) << out.str();
-        site.write("page.asp", TempSite::page(TempSite::ordersParams()));
-    }
-}
-
 }  // namespace headerdtc::automation_test

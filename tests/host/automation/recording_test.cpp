@@ -13,8 +13,6 @@
 #include "support/prologue.h"
 #include "support/temp_site.h"
 
-#include <iterator>
-#include <set>
 
 namespace headerdtc::recording_test {
 

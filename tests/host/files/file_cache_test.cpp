@@ -4,8 +4,6 @@
 #include "support/prologue.h"
 
 #include <atomic>
-#include <chrono>
-#include <thread>
 
 namespace headerdtc::file_cache_test {
 

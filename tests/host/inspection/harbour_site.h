@@ -11,15 +11,8 @@ namespace headerdtc::testing {
 class HarbourSite : public TempSite {
   public:
     HarbourSite() {
-        write("catalogue.json", R"({"providers": [
-  {"name": "Ships",
-   "zeko": {"fields": [{"number": 1, "name": "IMO"}, {"number": 2, "name": "FLAG"},
-                       {"number": 3, "name": "BERTH"}],
-            "keyFields": ["IMO", "BERTH"]},
-   "eai": {"groups": [{"name": "SHIP", "fields": ["IMO", "FLAG"]}], "keyFields": ["IMO"]}},
-  {"name": "Berths",
-   "zeko": {"fields": [{"number": 1, "name": "BERTH"}, {"number": 2, "name": "DEPTH"}],
-            "keyFields": ["BERTH"]}}]})");
+        fs::copy_file(HEADERDTC_SOURCE_DIR "/tests/support/harbour.json", *this / "catalogue.json",
+                      fs::copy_options::overwrite_existing);
         write("c/Suite/xsl/Generic.xsl", "<xsl/>");
         write("c/Suite/Include/Tides.asp",
               "<!--#include file=\"Clock.asp\" -->\n<%\n"

@@ -2,7 +2,6 @@
 
 #include "support/prologue.h"
 
-#include <set>
 
 namespace headerdtc::script_text_test {
 

@@ -1,4 +1,3 @@
-#include "support/prologue.h"
 #include "translation_database.h"
 
 #include <clocale>

@@ -1,9 +1,8 @@
-#include "translation_site.h"
+#include "translation_database.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
-#include <thread>
 
 namespace headerdtc::server_test {
 

@@ -7,7 +7,6 @@
 #include "host/odbc/odbc_metadata.h"
 #include "host/odbc/reading_database.h"
 #include "host/translations/translation_import.h"
-#include "support/prologue.h"
 #include "translation_database.h"
 
 namespace headerdtc::site_tools_database_test {

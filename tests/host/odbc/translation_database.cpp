@@ -2,13 +2,10 @@
 
 #include "host/files/whole_file.h"
 
-#include <iterator>
 #include <regex>
 
 namespace headerdtc::testing {
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string environment(const char* name) {
     const char* value = std::getenv(name);

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "host/odbc/odbc_database.h"
-#include "support/temp_folder.h"
-
-#include <string>
-#include <vector>
+#include "i18n/translation_store.h"
+#include "support/fake_surroundings.h"
+#include "support/prologue.h"
 
 namespace headerdtc::testing {
 
@@ -38,6 +37,25 @@ class TranslationDatabase {
 
   private:
     TempFolder folder_;
+};
+
+// The control's statements on a real database.
+class TranslationSite : public ::testing::Test {
+  protected:
+    // Another log-on for the statements that follow.
+    void logOn(const std::string& connectString) {
+        auto settings = translations.settings;
+        settings.connectString = settings.labelConnectString = connectString;
+        database = OdbcDatabase(settings);
+    }
+
+    TranslationDatabase translations;
+    OdbcDatabase database{translations.settings};
+    FakeSurroundings outside;
+    Surroundings surroundings{outside.messages,    outside.fileDialog, outside.registry,
+                              outside.dataSources, database,           outside.textFiles,
+                              outside.clock,       outside.changes};
+    TranslationStore store{surroundings};
 };
 
 }  // namespace headerdtc::testing

@@ -1,7 +1,5 @@
-#include "support/prologue.h"
-#include "translation_site.h"
+#include "translation_database.h"
 
-#include <thread>
 
 namespace headerdtc::translation_statements_test {
 

@@ -1,5 +1,6 @@
 #include "host/site/site_text_files.h"
 
+#include "host/site/site.h"
 #include "support/prologue.h"
 
 namespace headerdtc::site_text_files_test {
@@ -49,6 +50,24 @@ TEST_F(SiteTextFilesTest, FailuresHaveTheEstablishedNumbersAndTexts) {
     EXPECT_EQ(write("c:\\", "x"), 75);
     EXPECT_EQ(write("z:\\dev\\null", "x"), 75);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(ShortDate, HasFourDigitsOfTheYearAndNoZerosInTheAmericanOrder) {
+    std::tm date{};
+    date.tm_year = 100;
+    date.tm_mon = 3;
+    date.tm_mday = 6;
+    const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
+    const std::pair<std::string, std::string> cases[] = {
+        {"%m/%d/%y", "4/6/2000"},   {"%m/%d/%Y", "4/6/2000"},   {"%D", "4/6/2000"},
+        {"%d/%m/%y", "06/04/2000"}, {"%d.%m.%Y", "06.04.2000"}, {"%Y-%m-%d", "2000-04-06"},
+        {"%d %b %Y", "06 Apr 2000"}};
+    for (const auto& [pattern, text] : cases)
+        EXPECT_EQ(shortDate(date, pattern, plain), text);
+    date.tm_mon = 11;
+    date.tm_mday = 26;
+    EXPECT_EQ(shortDate(date, "%m/%d/%y", plain), "12/26/2000");
+    freelocale(plain);
 }
 
 }  // namespace headerdtc::site_text_files_test

@@ -2,8 +2,6 @@
 
 #include "support/prologue.h"
 
-#include <chrono>
-#include <thread>
 
 namespace headerdtc::windows_paths_test {
 

@@ -18,7 +18,6 @@
 
 #include <QTest>
 #include <QtWidgets>
-#include <functional>
 
 namespace headerdtc::qt {
 
