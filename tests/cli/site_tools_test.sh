@@ -30,11 +30,12 @@ check 0 "$headerdtc" check port
 check 0 "$headerdtc" translations check port
 warns 3 "--into" new port/web/ships.asp
 # What is there stays as it is, and what is missing is made again; a suite is not added to.
-rm "port/it's.sqlite" port/disk/Suite/xsl/Generic.xsl
+rm "port/it's.sqlite" port/disk/Suite/xsl/Generic.xsl port/velmora.reg
 echo '# mine' >>port/headerdtc.toml
 cp -r port before
-tells 0 init init --json --drive C=elsewhere port
-[[ $(diff -r port before) == "Only in port: it's.sqlite" ]] || fail "$(diff -r port before)"
+tells 0 init init --json --drive C=elsewhere --install-dir 'D:\Suite' port
+[[ $(diff -r port before | xargs -d '\n') == "Only in port: it's.sqlite Only in port: velmora.reg" ]] ||
+    fail "$(diff -r port before)"
 check 2 "$headerdtc" init --yes --drive c port/other
 says 3 'failed   catalogue' init --yes --catalogue 'DSN=Nowhere;PWD=quayside' port/other
 expect "$(<port/catalogue.json)" '{"number": 3, "name": "CITY"}'
@@ -42,6 +43,7 @@ sed -i 's/SQLite3/PostgreSQL/' port/odbc.ini && rm "port/it's.sqlite"
 check 1 "$headerdtc" init --yes port
 [[ ! -e "port/it's.sqlite" ]] || fail "a file was made for a server"
 says 3 'failed   configuration' init --yes /dev/null/port
+[[ $out != *'headerdtc.toml: cannot be read'* ]] || fail "what could not be made is not what is said: $out"
 rm -r port before
 
 # ---- where --------------------------------------------------------------------------------------

@@ -1,6 +1,5 @@
 #include "controls_fixture.h"
 
-
 // Views keep a copy in step by the changes that they are told. Here the copy is plain data, changed
 // only by what the events say, and compared with the model after every one of many random
 // operations, failing ones included.

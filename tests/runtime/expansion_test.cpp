@@ -4,7 +4,6 @@
 #include "runtime/plain_expansion.h"
 #include "support/prologue.h"
 
-
 namespace headerdtc::expansion_test {
 
 using Steps = std::vector<std::pair<std::string, std::string>>;  // placeholder, value

@@ -13,7 +13,6 @@
 #include "support/prologue.h"
 #include "support/temp_site.h"
 
-
 namespace headerdtc::recording_test {
 
 using Outcome = PageChange::Outcome;
@@ -148,6 +147,12 @@ TEST_F(RecordingTest, WritesTheCommandsThatDoTheSame) {
                     R"({"do":"type","control":"SpecifyCriteriumDialog.NameText","text":"First"})",
                     R"({"do":"click","control":"SpecifyCriteriumDialog.CancelButton"})"));
     EXPECT_THAT(person.recording.script(), HasSubstr("}\n{\"do\":\"save\"}\n"));
+    // Also where a double click is all that was done.
+    Recorded second(sites, site / "page.asp");
+    second.dtc().SSTab1.Tab(2);
+    second.dtc().ZEKO.CriteriaGrid.clickCell(1, criteria_column::Value);
+    second.dtc().ZEKO.CriteriaGrid.clickAgain();
+    EXPECT_THAT(second.recording.lines(), ElementsAre(HasSubstr("dblcell")));
 }
 
 // Another page has the items at other places. Only where texts would name others, places are told.

@@ -3,7 +3,6 @@
 #include "host/page/text_property_bag.h"
 #include "support/prologue.h"
 
-
 namespace headerdtc::page_markup_test {
 
 const std::string EndComment = "<!--METADATA TYPE=\"DesignerControl\" endspan-->";

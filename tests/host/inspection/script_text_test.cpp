@@ -2,7 +2,6 @@
 
 #include "support/prologue.h"
 
-
 namespace headerdtc::script_text_test {
 
 using TextForm = ScriptText::Form;

@@ -1,6 +1,5 @@
 #include "translation_database.h"
 
-
 namespace headerdtc::translation_statements_test {
 
 using Statements = TranslationSite;

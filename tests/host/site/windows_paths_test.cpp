@@ -2,7 +2,6 @@
 
 #include "support/prologue.h"
 
-
 namespace headerdtc::windows_paths_test {
 
 class WindowsPathsTest : public Test {

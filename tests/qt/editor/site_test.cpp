@@ -162,6 +162,8 @@ TEST_F(Settings, TellWhatIsNotFoundAndLeadToWhereItIsMended) {
 
 // Asked for where there is none: nothing of a page could be made.
 TEST_F(WindowTest, ANewPageWithoutASiteAsksForOne) {
+    EXPECT_EQ("No site open", window->findChild<QLabel*>("SiteTitle")->text());
+    EXPECT_FALSE(window->findChild<QWidget*>("SiteProgress")->isVisible());
     std::filesystem::remove(site / "headerdtc.toml");
     std::filesystem::remove(site / "catalogue.json");
     open("plain.asp", "<html>");
