@@ -191,7 +191,7 @@ void PageEditor::showRefusal(const InspectedPage& inspected) {
                         }}};
     }
     if (text.isEmpty() && page_->hasFile() && !QFileInfo(toName(page_->file())).isWritable())
-        text = tr("This page is read-only: save it under another name, or let it be written.");
+        text = tr("This page is read-only: save it under another name, or make its file writable.");
     // A notice that the author has closed comes back only with another text.
     if (text == std::exchange(refusal_, text)) return;
     if (text.isEmpty()) return notices_->remove(key);
