@@ -20,6 +20,11 @@ double luminance(const QColor& colour) {
            0.0722 * linear(colour.blueF());
 }
 
+void drawFrame(QPainter& painter, const QStyleOption& option, int margin) {
+    painter.setPen(frameColor(option.palette));
+    painter.drawRect(option.rect.adjusted(margin, margin, -margin - 1, -margin - 1));
+}
+
 }  // namespace
 
 QColor mixed(const QColor& one, const QColor& other, double share) {
@@ -74,10 +79,15 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
         return QProxyStyle::drawPrimitive(element, &framed, painter, widget);
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (element == PE_FrameFocusRect) {
-        painter->setPen(frameColor(option->palette));
-        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
-    }
+    if (element == PE_FrameFocusRect) drawFrame(*painter, *option, 0);
+}
+
+void ReadableStyle::drawControl(ControlElement element, const QStyleOption* option,
+                                QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    constexpr int Margin = 3;
+    if (element == CE_TabBarTabLabel && option->state.testFlag(State_HasFocus))
+        drawFrame(*painter, *option, Margin);
 }
 
 // A light shadow behind disabled text is doubled on a dark ground.

@@ -128,7 +128,7 @@ void GuideWindow::drawTables() {
         format.setBorderCollapse(true);
         format.setBorder(1);
         format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format.setBorderBrush(palette().mid());
+        format.setBorderBrush(palette().placeholderText());
         format.setCellPadding(Padding);
         format.setCellSpacing(0);
         table->setFormat(format);
@@ -139,10 +139,12 @@ void GuideWindow::drawTables() {
 void GuideWindow::spaceHeadings() {
     QTextBlockFormat spaced;
     spaced.setTopMargin(fontMetrics().height());
-    QTextDocument& document = *text_->document();
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    QTextCursor changes(text_->document());
+    changes.beginEditBlock();
+    for (QTextBlock block = changes.block(); block.isValid(); block = block.next()) {
         if (block.blockFormat().headingLevel() > 1) QTextCursor(block).mergeBlockFormat(spaced);
     }
+    changes.endEditBlock();
 }
 
 // No picture is wider than the window.
