@@ -22,7 +22,6 @@ TEST(SourceLines, ShowsEveryKindOfLineEndAsOne) {
     EXPECT_EQ("a\nb\nc\nd\n", lines.text());
     EXPECT_EQ(5, lines.count());
     EXPECT_EQ(1, lines.lineOfByte(3));
-    EXPECT_EQ(4, lines.positionOfLine(2));
 }
 
 TEST(SourceLines, AnEditLeavesAllOtherBytesAlone) {

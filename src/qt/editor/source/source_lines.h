@@ -32,8 +32,6 @@ class SourceLines {
     int lineOfByte(std::size_t byte) const;
     // Where a line begins and its content ends, in bytes.
     ByteRange bytesOfLine(int line) const;
-    // The position of text() at which a line begins.
-    int positionOfLine(int line) const { return lines_[static_cast<std::size_t>(line)].position; }
 
     // An exchange of bytes that makes another text of text().
     struct Edit {
