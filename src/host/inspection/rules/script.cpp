@@ -60,7 +60,9 @@ void forEachWritten(const StoredConfiguration& configuration, Use&& use) {
 }
 
 std::string placeOf(StoredRole role, const StoredItem& item) {
-    return std::string(nameOf(role)) + (item.row > 0 ? " " + std::to_string(item.row) : "");
+    std::string place(nameOf(role));
+    if (item.row > 0) place.append(" ").append(std::to_string(item.row));
+    return place;
 }
 
 std::string tooLong(int lines) {
