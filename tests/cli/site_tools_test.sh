@@ -136,6 +136,9 @@ jq -e '.runs[0] | . as $run | .results | length > 0 and all(.[]; . as $result |
     $run.tool.driver.rules[$result.ruleIndex].id == $result.ruleId)' out >wrong ||
     fail "a result names another rule than its index"
 tells 0 explain explain --json
+says 0 'end-punctuation' explain
+says 0 'stale' explain stale
+[[ $out != *end-punctuation* ]] || fail "other rules were explained than the one: $out"
 says 0 "unknown-field" check --rules
 
 # ---- what a site lives with ---------------------------------------------------------------------

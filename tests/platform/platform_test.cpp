@@ -131,6 +131,7 @@ TEST(TextTest, CountsCharactersNotBytesAndBringsThemBack) {
     EXPECT_EQ(utf8::first(""), 0U);
     for (const char32_t none : {char32_t{0xD800}, char32_t{0x110000}})
         EXPECT_EQ(utf8::encode(none), "\uFFFD");
+    EXPECT_EQ(utf8::fromUtf16Replacing(std::u16string(2, 0xDC00)), "\uFFFD\uFFFD");
 }
 
 TEST(TextTest, NarrowsToSixteenBitsOrOverflows) {
