@@ -127,7 +127,6 @@ TEST(Shades, WhatCanBeMarkedHasAFrameThatShowsOnEveryGround) {
             QStyleOptionButton option;
             option.palette = QPalette(ground);
             option.rect = {0, 0, 16, 16};
-            option.state = QStyle::State_Enabled;
             QImage drawn(option.rect.size(), QImage::Format_RGB32);
             drawn.fill(ground);
             QPainter painter(&drawn);
