@@ -128,6 +128,8 @@ class Setup {
     void attempt(const std::function<void()>& work) {
         try {
             work();
+        } catch (const fs::filesystem_error& error) {
+            parts_.back().problem = "its folder cannot be made or read: " + error.code().message();
         } catch (const std::exception& error) {
             parts_.back().problem = maskSecrets(error.what());
         }

@@ -19,7 +19,7 @@ namespace headerdtc::qt {
 PreviewPane::PreviewPane(QWidget* parent) : QWidget(parent) {
     summary_ = new QLabel;
     summary_->setObjectName(QStringLiteral("PreviewSummary"));
-    const auto button = [this](const char* icon, const QString& text) {
+    const auto button = [](const char* icon, const QString& text) {
         auto* made = new QToolButton;
         made->setIcon(editorIcon(icon));
         made->setToolTip(text);
