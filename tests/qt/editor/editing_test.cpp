@@ -82,6 +82,7 @@ TEST_F(Editing, AValueThatIsStillBeingTypedGetsIntoThePage) {
         edit->setFocus();
         QTest::keyClicks(edit, "100200");
         ways[i].second();
+        EXPECT_TRUE(i > 0 || window->focusWidget()->objectName() == "ZEKOCriteriaGrid");
         EXPECT_THAT(site.read(name), HasSubstr("NAME=\"ZEKOCriteria1_3\" VALUE=\"100200\""));
     }
 }

@@ -297,9 +297,14 @@ void ControlPane::takeChanges() {
 
 void ControlPane::finishEditing() {
     if (!live() || isBusy()) return;
-    const QPointer<QWidget> focused = QApplication::focusWidget();
+    const QPointer<QWidget> focused = window()->focusWidget();
     surface()->finishEditing();
-    if (focused && !surface()->isAncestorOf(focused)) focused->setFocus();
+    if (focused && !surface()->isAncestorOf(focused)) {
+        focused->setFocus();
+    } else if (focused && !focused->isVisible()) {
+        // An editor over a cell has gone; what it lay in leads to its grid.
+        if (QWidget* grid = focused->parentWidget()->focusProxy()) grid->setFocus();
+    }
     takeChanges();
 }
 
