@@ -80,14 +80,15 @@ const SiteFacts::Found& SiteFacts::findOnce(std::string_view sitePath) {
         // The drive is not mapped; the project may have the file all the same.
     }
     // With a slash at its front too it is a path below the root.
-    if (!file)
-        file = findAnyCase(site.projectRoot.string() + "/" + replaceAll(sitePath, "\\", "/"));
+    if (!file) {
+        const fs::path below = site.projectRoot.string() + "/" + replaceAll(sitePath, "\\", "/");
+        file = findAnyCase(below.lexically_normal());
+    }
     return found_.emplace(sitePath, std::move(file)).first->second;
 }
 
-// A file of the site, its components found without regard to case.
-SiteFacts::Found SiteFacts::findAnyCase(const fs::path& path) const {
-    const fs::path plain = path.lexically_normal();
+// A file of the site by its normal path, the components found without regard to case.
+SiteFacts::Found SiteFacts::findAnyCase(const fs::path& plain) const {
     if (!isOfSite(plain, *site_->configuration)) return std::nullopt;
     try {
         return ifFile(files_.toLocal("Z:" + plain.string()));
@@ -99,10 +100,10 @@ SiteFacts::Found SiteFacts::findAnyCase(const fs::path& path) const {
 SiteFacts::Found SiteFacts::findIncluded(const ScriptText::Include& include,
                                          const fs::path& includer) {
     if (include.isVirtual) return findOnce(include.path);
-    const fs::path path = includer.parent_path() / replaceAll(include.path, "\\", "/");
-    if (auto file = findAnyCase(path)) return file;
+    const fs::path plain =
+        (includer.parent_path() / replaceAll(include.path, "\\", "/")).lexically_normal();
+    if (auto file = findAnyCase(plain)) return file;
     // Published, the pages lie among the files of the installed site.
-    const fs::path plain = path.lexically_normal();
     const fs::path& root = site_->configuration->projectRoot;
     return isBelow(plain, root) ? findOnce(plain.lexically_relative(root).string()) : std::nullopt;
 }

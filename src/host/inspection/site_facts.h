@@ -68,7 +68,7 @@ class SiteFacts {
     // The mutex is held in what follows.
     using Found = std::optional<std::filesystem::path>;
     const Found& findOnce(std::string_view sitePath);
-    Found findAnyCase(const std::filesystem::path& path) const;
+    Found findAnyCase(const std::filesystem::path& plain) const;
     Found findIncluded(const ScriptText::Include& include, const std::filesystem::path& includer);
     void collect(const ScriptText& script, const std::filesystem::path& file, Contents& all,
                  std::vector<std::filesystem::path>& open, std::set<std::filesystem::path>& seen);
